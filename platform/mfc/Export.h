@@ -1,0 +1,5 @@
+// What a class or function carries that other modules may call.
+#pragma once
+
+#define AFX_EXT_CLASS __attribute__((visibility("default")))
+#define AFX_EXT_API __attribute__((visibility("default")))

@@ -1,0 +1,90 @@
+#include "platform/vmrd/VMRDEnv/DeletedStyles.h"
+
+#include <algorithm>
+
+#include "platform/vmrd/VMRDPub/VMRDPub.h"
+#include "platform/vmrd/VmHFCBaseU/Files.h"
+#include "platform/vmrd/VmHFCBaseU/Trace.h"
+#include "platform/windows/File.h"
+
+namespace {
+
+constexpr wchar_t kEnding[] = L".hds";
+
+CString InFolder(const CString& folder, const CString& file)
+{
+    return Format(L"%s\\%s", folder, file);
+}
+
+// A name in the folder of the deleted ones that no file has yet.
+CString FreeDeletedPath(const CString& file)
+{
+    const CString stem = file.substr(0, file.size() - std::size(kEnding) + 1);
+    CString path = InFolder(DeletedStylesFolder(), file);
+    for (int k = 1; PathFileExists(path); ++k)
+        path = InFolder(DeletedStylesFolder(), Format(L"%s(%d)%s", stem, k, kEnding));
+    return path;
+}
+
+} // namespace
+
+CString StylesFolder()
+{
+    return VMRDPub::GetCurPrjPath() + L"\\规范";
+}
+
+CString DeletedStylesFolder()
+{
+    return StylesFolder() + L"\\已删除";
+}
+
+bool SetStyleAside(const CStyles& styles, const CString& file, const GUID& id)
+{
+    const CString path = InFolder(StylesFolder(), file);
+    CStringArray names;
+    CArray<GUID> ids;
+    if (!styles.StyleNames(path.c_str(), names, ids)) return false;
+    if (!CreateFolder(DeletedStylesFolder())) return false;
+
+    const CString aside = FreeDeletedPath(file);
+    const bool alone =
+        std::all_of(ids.begin(), ids.end(), [&](const GUID& other) { return other == id; });
+    const bool done = alone ? MoveFile(path, aside)
+                            : CopyFile(path, aside) && styles.RemoveFromFile(path.c_str(), id);
+    if (done) TraceFile(TraceLevel::Note, path, 0, L"已移至 " + aside);
+    return done;
+}
+
+bool SetStyleAside(const CStyles& styles, const GUID& id)
+{
+    bool done = true;
+    for (const CString& file : FindFiles(StylesFolder(), kEnding)) {
+        CStringArray names;
+        CArray<GUID> ids;
+        if (!styles.StyleNames(InFolder(StylesFolder(), file).c_str(), names, ids)) continue;
+        if (std::find(ids.begin(), ids.end(), id) != ids.end())
+            done = SetStyleAside(styles, file, id) && done;
+    }
+    return done;
+}
+
+std::vector<DeletedStyle> DeletedStyles(const CStyles& styles)
+{
+    std::vector<DeletedStyle> deleted;
+    for (const CString& file : FindFiles(DeletedStylesFolder(), kEnding)) {
+        CStringArray names;
+        CArray<GUID> ids;
+        const CString path = InFolder(DeletedStylesFolder(), file);
+        if (styles.StyleNames(path.c_str(), names, ids) && !ids.empty())
+            deleted.push_back({file, names.front(), ids.front()});
+    }
+    return deleted;
+}
+
+bool BringStyleBack(const CString& file)
+{
+    const CString target = InFolder(StylesFolder(), file);
+    if (!PathFileExists(target)) return MoveFile(InFolder(DeletedStylesFolder(), file), target);
+    TraceFile(TraceLevel::Error, target, 0, L"无法恢复: 同名文件已存在");
+    return false;
+}

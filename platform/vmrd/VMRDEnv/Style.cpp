@@ -1,0 +1,3 @@
+#include "platform/vmrd/VMRDEnv/Style.h"
+
+IMPLEMENT_DYNAMIC(CStyle, CObject)

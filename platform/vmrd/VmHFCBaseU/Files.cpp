@@ -1,0 +1,21 @@
+#include "platform/vmrd/VmHFCBaseU/Files.h"
+
+#include <filesystem>
+
+#include "platform/vmrd/VmHFCBaseU/Trace.h"
+#include "platform/windows/File.h"
+
+bool FileExists(const CString& path)
+{
+    return PathFileExists(path);
+}
+
+bool CreateFolder(const CString& path)
+{
+    std::error_code error;
+    const std::filesystem::path folder = NativePath(path);
+    std::filesystem::create_directories(folder, error);
+    if (!error && std::filesystem::is_directory(folder, error)) return true;
+    TraceFile(TraceLevel::Error, path, 0, L"文件夹无法创建: " + ErrorText(error.value()));
+    return false;
+}

@@ -1,0 +1,34 @@
+#include "platform/vmrd/VmHFCBaseU/Trace.h"
+
+#include <cstdio>
+#include <utility>
+
+namespace {
+
+TraceSink& Sink()
+{
+    static TraceSink sink;
+    return sink;
+}
+
+} // namespace
+
+CString TraceLine::Text() const
+{
+    if (file.empty()) return text;
+    return line > 0 ? Format(L"%s:%d: %s", file, line, text) : Format(L"%s: %s", file, text);
+}
+
+TraceSink SetTraceSink(TraceSink sink)
+{
+    return std::exchange(Sink(), std::move(sink));
+}
+
+void TraceFile(TraceLevel level, const CString& file, int line, const CString& text)
+{
+    const TraceLine traced{level, file, line, text};
+    if (Sink())
+        Sink()(traced);
+    else
+        std::fprintf(stderr, "%s\n", ToUtf8(traced.Text()).c_str());
+}

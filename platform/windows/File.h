@@ -1,0 +1,38 @@
+// Files and folders. Paths are the module's own: "/" and "\" both separate. Every function that
+// fails leaves a trace line with the file and the cause, unless it says otherwise.
+#pragma once
+
+#include <string>
+
+#include "platform/mfc/Text.h"
+
+// The path for the operating system: UTF-8, with "/" for both separators.
+AFX_EXT_API std::string NativePath(const CString& path);
+
+// What an error number of the operating system means, for a reader.
+AFX_EXT_API CString ErrorText(int error);
+
+// True when something is there, whatever it is. No trace line.
+AFX_EXT_API bool PathFileExists(const CString& path);
+// True when both paths lead to one and the same file. No trace line.
+AFX_EXT_API bool IsSameFile(const CString& a, const CString& b);
+
+// Names (without folder) of what stands in `folder` and ends in `ending`, ignoring case; sorted,
+// ignoring case. Folders of such a name are among them. Empty when there is no folder.
+AFX_EXT_API CStringArray FindFiles(const CString& folder, std::wstring_view ending);
+
+// Reads a whole file. False when it cannot be read or is larger than `limit` bytes.
+AFX_EXT_API bool ReadWholeFile(const CString& path, std::string& bytes, size_t limit);
+
+// Puts `bytes` in place of the file, or makes it: a temporary file in the same folder is written,
+// flushed to disk and renamed over the target. After a failure or a crash at any point the
+// target holds its old content, whole; at the worst a temporary file stays behind
+// (IsTemporaryFile).
+AFX_EXT_API bool WriteWholeFile(const CString& path, std::string_view bytes);
+AFX_EXT_API bool IsTemporaryFile(std::wstring_view name);
+
+// Copies a file over the target, in the same safe way.
+AFX_EXT_API bool CopyFile(const CString& source, const CString& target);
+AFX_EXT_API bool MoveFile(const CString& source, const CString& target);
+// False when it is there and cannot be deleted, or when it is not there (no trace line for that).
+AFX_EXT_API bool DeleteFile(const CString& path);

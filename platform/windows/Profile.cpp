@@ -1,0 +1,170 @@
+#include "platform/windows/Profile.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "platform/vmrd/VmHFCBaseU/Trace.h"
+#include "platform/windows/Encoding.h"
+#include "platform/windows/File.h"
+
+namespace {
+
+constexpr size_t kSizeLimit = 1 << 20; // a settings file holds a handful of lines
+constexpr std::wstring_view kNewline = L"\r\n";
+
+// A settings file as its lines, each with its own line end, and the way it is encoded.
+class ProfileText {
+public:
+    // An empty profile, as a new file begins.
+    ProfileText() = default;
+
+    bool Load(const CString& file)
+    {
+        std::string bytes;
+        if (!ReadWholeFile(file, bytes, kSizeLimit)) return false;
+        m_encoding = EncodingByMark(bytes, m_markSize);
+        const std::string_view content = std::string_view(bytes).substr(m_markSize);
+        m_mark = bytes.substr(0, m_markSize);
+        std::string utf8;
+        bool decoded = DecodeText(content, m_encoding, utf8);
+        if (!decoded && m_markSize == 0) {
+            utf8.clear();
+            m_encoding = TextEncoding::Gb18030;
+            decoded = DecodeText(content, m_encoding, utf8);
+        }
+        if (!decoded) {
+            TraceFile(TraceLevel::Error, file, LineAt(utf8), L"设置文件的编码无法识别");
+            return false;
+        }
+        Split(ToWide(utf8));
+        return true;
+    }
+
+    bool Save(const CString& file) const
+    {
+        CString text;
+        for (const CString& line : m_lines)
+            text += line;
+        std::string bytes;
+        if (!EncodeText(ToUtf8(text), m_encoding, bytes)) {
+            TraceFile(TraceLevel::Error, file, 0, L"设置文件的编码无法表示新的内容");
+            return false;
+        }
+        return WriteWholeFile(file, m_mark + bytes);
+    }
+
+    std::optional<CString> Get(std::wstring_view section, std::wstring_view key) const
+    {
+        const Place place = Find(section, key);
+        if (!place.keyFound) return std::nullopt;
+        const CString& line = m_lines[place.line];
+        CString value = Trim(std::wstring_view(line).substr(line.find(L'=') + 1));
+        if (value.size() >= 2 && value.front() == value.back() &&
+            (value.front() == L'"' || value.front() == L'\''))
+            value = value.substr(1, value.size() - 2);
+        return value;
+    }
+
+    void Set(std::wstring_view section, std::wstring_view key, std::wstring_view value)
+    {
+        const Place place = Find(section, key);
+        CString line = Format(L"%s=%s", key, value).append(kNewline);
+        if (place.keyFound) {
+            const CString& old = m_lines[place.line];
+            line = old.substr(0, old.find(L'=') + 1).append(value).append(LineEnd(old));
+            m_lines[place.line] = line;
+            return;
+        }
+        if (place.line > 0 && LineEnd(m_lines[place.line - 1]).empty())
+            m_lines[place.line - 1] += kNewline;
+        const auto at = m_lines.begin() + static_cast<std::ptrdiff_t>(place.line);
+        if (place.sectionFound)
+            m_lines.insert(at, line);
+        else
+            m_lines.insert(at, {Format(L"[%s]", section).append(kNewline), line});
+    }
+
+private:
+    struct Place {
+        bool sectionFound = false;
+        bool keyFound = false;
+        size_t line = 0; // of the key, or where it would go: behind the section's last text
+    };
+
+    Place Find(std::wstring_view section, std::wstring_view key) const
+    {
+        Place place;
+        bool inside = false;
+        for (size_t i = 0; i < m_lines.size(); ++i) {
+            const CString line = Trim(m_lines[i]);
+            if (line.starts_with(L'[')) {
+                if (place.sectionFound) break;
+                inside = EqualNoCase(Trim(std::wstring_view(line).substr(1, line.find(L']') - 1)),
+                                     section);
+                place.sectionFound = inside;
+                if (inside) place.line = i + 1;
+            } else if (inside && !line.empty()) {
+                place.line = i + 1;
+                const size_t equals = line.find(L'=');
+                if (line.front() != L';' && line.front() != L'#' && equals != CString::npos &&
+                    EqualNoCase(Trim(std::wstring_view(line).substr(0, equals)), key)) {
+                    place.line = i;
+                    place.keyFound = true;
+                    return place;
+                }
+            }
+        }
+        if (!place.sectionFound) place.line = m_lines.size();
+        return place;
+    }
+
+    void Split(const CString& text)
+    {
+        size_t start = 0;
+        while (start < text.size()) {
+            size_t end = text.find_first_of(L"\r\n", start);
+            if (end == CString::npos)
+                end = text.size();
+            else
+                end += text.compare(end, 2, kNewline) == 0 ? 2U : 1U;
+            m_lines.push_back(text.substr(start, end - start));
+            start = end;
+        }
+    }
+
+    static CString LineEnd(const CString& line)
+    {
+        const size_t last = line.find_last_not_of(L"\r\n");
+        return line.substr(last == CString::npos ? 0 : last + 1);
+    }
+
+    static int LineAt(std::string_view textBefore)
+    {
+        return 1 + static_cast<int>(std::count(textBefore.begin(), textBefore.end(), '\n'));
+    }
+
+    TextEncoding m_encoding = TextEncoding::Utf16LE;
+    size_t m_markSize = 2;
+    std::string m_mark = "\xFF\xFE";
+    CStringArray m_lines;
+};
+
+} // namespace
+
+CString GetPrivateProfileString(const wchar_t* section, const wchar_t* key, const wchar_t* missing,
+                                const CString& file)
+{
+    ProfileText profile;
+    if (!PathFileExists(file) || !profile.Load(file)) return missing;
+    return profile.Get(section, key).value_or(missing);
+}
+
+bool WritePrivateProfileString(const wchar_t* section, const wchar_t* key, const wchar_t* value,
+                               const CString& file)
+{
+    ProfileText profile;
+    if (PathFileExists(file) && !profile.Load(file)) return false;
+    if (profile.Get(section, key) == value) return true;
+    profile.Set(section, key, value);
+    return profile.Save(file);
+}

@@ -1,0 +1,20 @@
+// Private profiles: settings files of sections and keys (INI).
+//
+// Changing one key edits its line and no other: the rest of the file, its comments and its
+// encoding stay as they are. The kept INI libraries write a file anew and drop the lines that
+// they do not understand, which is why this one is our own.
+#pragma once
+
+#include "platform/mfc/Text.h"
+
+// The value of `key` in `section` of the file, without blanks and one pair of quotes around it;
+// `missing` when the file, the section or the key is not there. Names are compared ignoring case.
+// Reads UTF-16 with a byte-order mark, UTF-8 and GB18030. Trace line when the file is there and
+// cannot be read.
+AFX_EXT_API CString GetPrivateProfileString(const wchar_t* section, const wchar_t* key,
+                                            const wchar_t* missing, const CString& file);
+
+// Sets the value. A file that holds it already is not written. A new file is UTF-16LE with a
+// byte-order mark. False, with a trace line, when the file cannot be read or written.
+AFX_EXT_API bool WritePrivateProfileString(const wchar_t* section, const wchar_t* key,
+                                           const wchar_t* value, const CString& file);

@@ -1,0 +1,376 @@
+#include "platform/xtp/PropExchange.h"
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+
+#include <pugixml.hpp>
+
+#include "platform/vmrd/VmHFCBaseU/Trace.h"
+#include "platform/windows/Encoding.h"
+#include "platform/windows/File.h"
+#include "platform/windows/Number.h"
+
+// A document with the text it was read from, which is only kept to count lines in.
+struct XmlDocument {
+    pugi::xml_document tree;
+    bool storing = false;
+    CString file;
+    std::string source;
+    std::vector<ExchangeProblem> problems;
+
+    int LineAt(std::ptrdiff_t offset) const
+    {
+        if (offset < 0 || source.empty()) return 0;
+        const auto end = std::min(static_cast<size_t>(offset), source.size());
+        return 1 + static_cast<int>(std::count(source.data(), source.data() + end, '\n'));
+    }
+};
+
+// The text of a value that is in the document, and its place in the source.
+struct CXTPPropExchange::Stored {
+    const char* text = nullptr;
+    std::ptrdiff_t offset = -1;
+};
+
+namespace {
+
+constexpr size_t kSizeLimit = 32 << 20;
+
+// One step of a section path.
+struct PathStep {
+    std::string name;
+    std::string attribute; // empty: any element of that name
+    std::string value;
+};
+
+// Takes the first step off `path`: NAME or NAME[@ATTRIBUTE="VALUE"].
+PathStep TakeStep(std::wstring_view& path)
+{
+    PathStep step;
+    const size_t nameEnd = std::min(path.find_first_of(L"/["), path.size());
+    step.name = ToUtf8(path.substr(0, nameEnd));
+    path.remove_prefix(nameEnd);
+    if (path.starts_with(L"[@")) {
+        const size_t equals = path.find(L"=\"");
+        const size_t end = path.find(L"\"]");
+        if (equals == std::wstring_view::npos || end == std::wstring_view::npos) {
+            path = {};
+            return step;
+        }
+        step.attribute = ToUtf8(path.substr(2, equals - 2));
+        step.value = ToUtf8(path.substr(equals + 2, end - equals - 2));
+        path.remove_prefix(end + 2);
+    }
+    if (path.starts_with(L'/')) path.remove_prefix(1);
+    return step;
+}
+
+pugi::xml_node FindStep(pugi::xml_node parent, const PathStep& step)
+{
+    return step.attribute.empty()
+               ? parent.child(step.name.c_str())
+               : parent.find_child_by_attribute(step.name.c_str(), step.attribute.c_str(),
+                                                step.value.c_str());
+}
+
+// Keys of values are ASCII; compared without making a string.
+bool SameName(const char* name, const wchar_t* key)
+{
+    while (*name && static_cast<wchar_t>(static_cast<unsigned char>(*name)) == *key) {
+        ++name;
+        ++key;
+    }
+    return *name == 0 && *key == 0;
+}
+
+pugi::xml_node FindChild(pugi::xml_node parent, const wchar_t* key)
+{
+    for (pugi::xml_node child : parent.children())
+        if (SameName(child.name(), key)) return child;
+    return {};
+}
+
+// XML 1.0 has no place for most control characters, nor for what is no character at all.
+std::string WithoutForbidden(std::wstring_view text)
+{
+    CString allowed(text);
+    for (wchar_t& c : allowed) {
+        const bool control = c >= 0 && c < 0x20 && c != L'\t' && c != L'\n' && c != L'\r';
+        const bool surrogate = c >= 0xD800 && c <= 0xDFFF;
+        if (control || surrogate || c == 0xFFFE || c == 0xFFFF) c = 0xFFFD;
+    }
+    return ToUtf8(allowed);
+}
+
+// The encoding that the XML declaration names; nothing without one.
+std::optional<std::string_view> DeclaredEncoding(std::string_view text)
+{
+    if (!text.starts_with("<?xml")) return std::nullopt;
+    const std::string_view declaration = text.substr(0, text.find("?>"));
+    size_t at = declaration.find("encoding");
+    if (at == std::string_view::npos) return std::nullopt;
+    at = declaration.find_first_of("\"'", at);
+    if (at == std::string_view::npos) return std::nullopt;
+    const size_t end = declaration.find(declaration[at], at + 1);
+    if (end == std::string_view::npos) return std::nullopt;
+    return declaration.substr(at + 1, end - at - 1);
+}
+
+// The file's text as UTF-8: by its byte-order mark, else by its declaration, else UTF-8. Returns
+// what is wrong, or an empty text; `utf8` then ends where it went wrong.
+CString DecodeXml(std::string_view bytes, std::string& utf8)
+{
+    using namespace std::string_view_literals;
+    size_t markSize = 0;
+    TextEncoding encoding = EncodingByMark(bytes, markSize);
+    if (markSize == 0) {
+        if (bytes.starts_with("<\0"sv)) {
+            encoding = TextEncoding::Utf16LE;
+        } else if (bytes.starts_with("\0<"sv)) {
+            encoding = TextEncoding::Utf16BE;
+        } else if (const auto name = DeclaredEncoding(bytes)) {
+            if (!EncodingByName(*name, encoding))
+                return Format(L"声明的编码“%s”不受支持", ToWide(*name));
+            if (encoding == TextEncoding::Utf16LE || encoding == TextEncoding::Utf16BE)
+                return Format(L"内容不是声明的编码“%s”", ToWide(*name));
+        }
+    }
+    if (!DecodeText(bytes.substr(markSize), encoding, utf8)) return L"内容不符合文件的编码";
+    const size_t nul = utf8.find('\0');
+    if (nul == std::string::npos) return {};
+    utf8.resize(nul);
+    return L"含有空字符(NUL)";
+}
+
+struct StringWriter : pugi::xml_writer {
+    std::string bytes;
+    void write(const void* data, size_t size) override
+    {
+        bytes.append(static_cast<const char*>(data), size);
+    }
+};
+
+} // namespace
+
+bool CXTPPropExchange::IsStoring() const
+{
+    return m_document && m_document->storing;
+}
+
+CXTPPropExchange CXTPPropExchange::GetSection(const wchar_t* path) const
+{
+    if (IsLoading()) return FindSection(path);
+    pugi::xml_node node(m_node);
+    for (std::wstring_view rest = path; node && !rest.empty();) {
+        const PathStep step = TakeStep(rest);
+        pugi::xml_node child = FindStep(node, step);
+        if (!child) {
+            child = node.append_child(step.name.c_str());
+            if (!step.attribute.empty())
+                child.append_attribute(step.attribute.c_str()).set_value(step.value.c_str());
+        }
+        node = child;
+    }
+    return {m_document, node.internal_object(), m_compact};
+}
+
+CXTPPropExchange CXTPPropExchange::FindSection(const wchar_t* path) const
+{
+    pugi::xml_node node(m_node);
+    for (std::wstring_view rest = path; node && !rest.empty();)
+        node = FindStep(node, TakeStep(rest));
+    return {m_document, node.internal_object(), m_compact};
+}
+
+CXTPPropExchange CXTPPropExchange::AppendSection(const wchar_t* name) const
+{
+    pugi::xml_node child = pugi::xml_node(m_node).append_child(ToUtf8(name).c_str());
+    return {m_document, child.internal_object(), m_compact};
+}
+
+CXTPPropExchange CXTPPropExchange::ReplaceSection(const wchar_t* name) const
+{
+    pugi::xml_node node(m_node);
+    while (node.remove_child(ToUtf8(name).c_str())) {
+    }
+    return AppendSection(name);
+}
+
+void CXTPPropExchange::RemoveSection()
+{
+    pugi::xml_node node(m_node);
+    node.parent().remove_child(node);
+    m_node = nullptr;
+}
+
+CXTPPropExchangeEnumerator CXTPPropExchange::GetEnumerator(const wchar_t* path) const
+{
+    CXTPPropExchangeEnumerator enumerator;
+    enumerator.m_next = FindSection(path);
+    return enumerator;
+}
+
+CXTPPropExchange CXTPPropExchangeEnumerator::GetNext()
+{
+    CXTPPropExchange current = m_next;
+    const pugi::xml_node node(m_next.m_node);
+    m_next.m_node = node.next_sibling(node.name()).internal_object();
+    return current;
+}
+
+CXTPPropExchange::Stored CXTPPropExchange::FindValue(const wchar_t* key) const
+{
+    const pugi::xml_node node(m_node);
+    if (m_compact) {
+        for (pugi::xml_attribute attribute : node.attributes())
+            if (SameName(attribute.name(), key))
+                return {attribute.value(), node.offset_debug() + (attribute.name() - node.name())};
+        return {};
+    }
+    const pugi::xml_node child = FindChild(node, key);
+    return child ? Stored{child.child_value(), child.offset_debug()} : Stored{};
+}
+
+void CXTPPropExchange::WriteValue(const wchar_t* key, const std::string& text) const
+{
+    pugi::xml_node node(m_node);
+    const std::string name = ToUtf8(key);
+    if (m_compact) {
+        pugi::xml_attribute attribute = node.attribute(name.c_str());
+        if (!attribute) attribute = node.append_attribute(name.c_str());
+        attribute.set_value(text.c_str());
+        return;
+    }
+    pugi::xml_node child = node.child(name.c_str());
+    if (!child) child = node.append_child(name.c_str());
+    child.text().set(text.c_str());
+}
+
+template <class T, class Parse>
+bool CXTPPropExchange::ReadNumber(const wchar_t* key, T& value, Parse parse,
+                                  const wchar_t* kind) const
+{
+    const Stored stored = FindValue(key);
+    if (!stored.text) return false;
+    if (parse(stored.text, value)) return true;
+    m_document->problems.push_back(
+        {m_document->LineAt(stored.offset),
+         Format(L"%s 的 %s 为“%s”,不是%s", ToWide(pugi::xml_node(m_node).name()), key,
+                ToWide(stored.text), kind)});
+    return false;
+}
+
+bool CXTPPropExchange::ExchangeText(const wchar_t* key, CString& value) const
+{
+    if (IsStoring()) {
+        WriteValue(key, WithoutForbidden(value));
+        return true;
+    }
+    const Stored stored = FindValue(key);
+    if (stored.text) value = ToWide(stored.text);
+    return stored.text != nullptr;
+}
+
+bool CXTPPropExchange::ExchangeInt(const wchar_t* key, int& value) const
+{
+    if (IsLoading()) return ReadNumber(key, value, ParseInt, L"整数");
+    WriteValue(key, std::to_string(value));
+    return true;
+}
+
+bool CXTPPropExchange::ExchangeDouble(const wchar_t* key, double& value) const
+{
+    if (IsLoading()) return ReadNumber(key, value, ParseDouble, L"数");
+    WriteValue(key, DoubleToText(value));
+    return true;
+}
+
+bool CXTPPropExchange::ExchangeBool(const wchar_t* key, int& value) const
+{
+    if (IsLoading()) return ReadNumber(key, value, ParseBool, L"是非值(0 或 1)");
+    WriteValue(key, value ? "1" : "0");
+    return true;
+}
+
+CString CXTPPropExchange::Attribute(const wchar_t* key) const
+{
+    return ToWide(pugi::xml_node(m_node).attribute(ToUtf8(key).c_str()).value());
+}
+
+int CXTPPropExchange::Line() const
+{
+    return m_document ? m_document->LineAt(pugi::xml_node(m_node).offset_debug()) : 0;
+}
+
+std::vector<ExchangeProblem> CXTPPropExchange::TakeProblems() const
+{
+    return m_document ? std::exchange(m_document->problems, {}) : std::vector<ExchangeProblem>();
+}
+
+CXTPPropExchangeXMLNode::CXTPPropExchangeXMLNode(bool loading, const wchar_t* rootName)
+    : CXTPPropExchange(std::make_shared<XmlDocument>(), nullptr, false), m_rootName(rootName)
+{
+    m_document->storing = !loading;
+    m_node = m_document->tree.append_child(ToUtf8(rootName).c_str()).internal_object();
+}
+
+bool CXTPPropExchangeXMLNode::LoadFromFile(const wchar_t* path)
+{
+    std::string bytes;
+    return ReadWholeFile(path, bytes, kSizeLimit) && LoadFromBytes(bytes, path);
+}
+
+bool CXTPPropExchangeXMLNode::LoadFromBytes(std::string_view bytes, const CString& name)
+{
+    XmlDocument& document = *m_document;
+    document.file = name;
+    document.source.clear();
+    m_node = nullptr;
+    const auto fail = [&](std::ptrdiff_t offset, const CString& cause) {
+        TraceFile(TraceLevel::Error, name, document.LineAt(offset), cause);
+        document.tree.reset();
+        m_node = nullptr;
+        return false;
+    };
+    if (bytes.empty()) return fail(-1, L"文件是空的");
+    const CString wrong = DecodeXml(bytes, document.source);
+    if (!wrong.empty()) {
+        if (document.source.empty()) document.source = " "; // wrong from the first byte: line 1
+        return fail(static_cast<std::ptrdiff_t>(document.source.size()), wrong);
+    }
+    const pugi::xml_parse_result result = document.tree.load_buffer(
+        document.source.data(), document.source.size(),
+        pugi::parse_default | pugi::parse_doctype | pugi::parse_comments | pugi::parse_pi,
+        pugi::encoding_utf8);
+    if (!result) return fail(result.offset, L"XML 格式错误: " + ToWide(result.description()));
+    for (pugi::xml_node node : document.tree.children()) {
+        if (node.type() == pugi::node_doctype)
+            return fail(node.offset_debug(), L"不允许文档类型声明(DOCTYPE)");
+        if (node.type() != pugi::node_element) continue;
+        if (m_node) return fail(node.offset_debug(), L"XML 格式错误: 有多个根元素");
+        m_node = node.internal_object();
+    }
+    const pugi::xml_node root(m_node);
+    if (ToWide(root.name()) != m_rootName)
+        return fail(root.offset_debug(),
+                    Format(L"根元素为 %s,应为 %s", ToWide(root.name()), m_rootName));
+    return true;
+}
+
+std::string CXTPPropExchangeXMLNode::SaveToBytes() const
+{
+    pugi::xml_document& tree = m_document->tree;
+    pugi::xml_node declaration = tree.prepend_child(pugi::node_declaration);
+    declaration.append_attribute("version").set_value("1.0");
+    declaration.append_attribute("encoding").set_value("UTF-8");
+    StringWriter writer;
+    tree.save(writer, "  ", pugi::format_indent, pugi::encoding_utf8);
+    tree.remove_child(declaration);
+    return std::move(writer.bytes);
+}
+
+bool CXTPPropExchangeXMLNode::SaveToFile(const wchar_t* path) const
+{
+    return WriteWholeFile(path, SaveToBytes());
+}

@@ -1,0 +1,149 @@
+// The property exchange: one pass over an object's fields that stores them into a section of an
+// XML document or loads them from it, as the exchange was opened.
+//
+// A section is one element. A value is an attribute of the section (compact mode on) or the text
+// of a child element (compact mode off). Sections are light handles; the document lives as long
+// as one of them does.
+#pragma once
+
+#include <memory>
+
+#include "platform/mfc/Text.h"
+
+namespace pugi {
+struct xml_node_struct;
+}
+
+class CXTPPropExchangeEnumerator;
+struct XmlDocument;
+
+// Something that a document holds and that cannot be taken as it stands.
+struct ExchangeProblem {
+    int line = 0; // 1-based line in the file
+    CString text;
+};
+
+class AFX_EXT_CLASS CXTPPropExchange {
+public:
+    CXTPPropExchange() = default;
+
+    bool IsStoring() const;
+    bool IsLoading() const { return !IsStoring(); }
+    // False for a section that was asked for while loading and is not in the document. Values
+    // exchanged with it stay as they are.
+    bool IsSectionExists() const { return m_node != nullptr; }
+
+    void EnableCompactMode(bool enable) { m_compact = enable; }
+    bool IsCompactMode() const { return m_compact; }
+
+    // The section at a path of steps joined by "/": NAME or NAME[@ATTRIBUTE="VALUE"]. What is
+    // missing is made when storing. The new section is in the same mode as this one.
+    CXTPPropExchange GetSection(const wchar_t* path) const;
+    // The same, but nothing is ever made.
+    CXTPPropExchange FindSection(const wchar_t* path) const;
+    // A new child element, behind the others. Storing only.
+    CXTPPropExchange AppendSection(const wchar_t* name) const;
+    // A new, empty child element in place of all of that name. Storing only.
+    CXTPPropExchange ReplaceSection(const wchar_t* name) const;
+    // Takes the section out of its document. Storing only.
+    void RemoveSection();
+
+    // The child sections at a path, in document order; the last step is their name.
+    CXTPPropExchangeEnumerator GetEnumerator(const wchar_t* path) const;
+
+    // Each returns false when loading and there is no such value; `value` then stays as it is.
+    // A value that is there but cannot be read leaves `value` too, returns false, and is kept
+    // among the document's problems.
+    bool ExchangeText(const wchar_t* key, CString& value) const;
+    bool ExchangeInt(const wchar_t* key, int& value) const;
+    bool ExchangeDouble(const wchar_t* key, double& value) const;
+    bool ExchangeBool(const wchar_t* key, int& value) const;
+
+    // An attribute's text, whichever way the exchange goes; empty when it is missing.
+    CString Attribute(const wchar_t* key) const;
+
+    // 1-based line of the section in its file; 0 when it is not from a file.
+    int Line() const;
+    // The problems met so far, taken out of the document.
+    std::vector<ExchangeProblem> TakeProblems() const;
+
+protected:
+    friend class CXTPPropExchangeEnumerator;
+    CXTPPropExchange(std::shared_ptr<XmlDocument> document, pugi::xml_node_struct* node,
+                     bool compact)
+        : m_document(std::move(document)), m_node(node), m_compact(compact)
+    {
+    }
+
+    std::shared_ptr<XmlDocument> m_document;
+    pugi::xml_node_struct* m_node = nullptr;
+    bool m_compact = false;
+
+private:
+    struct Stored; // where a value's text stands
+    Stored FindValue(const wchar_t* key) const;
+    void WriteValue(const wchar_t* key, const std::string& text) const;
+    template <class T, class Parse>
+    bool ReadNumber(const wchar_t* key, T& value, Parse parse, const wchar_t* kind) const;
+};
+
+class AFX_EXT_CLASS CXTPPropExchangeEnumerator {
+public:
+    bool HasNext() const { return m_next.IsSectionExists(); }
+    // The next section; one that does not exist at the end.
+    CXTPPropExchange GetNext();
+
+private:
+    friend class CXTPPropExchange;
+    CXTPPropExchange m_next;
+};
+
+// The exchange with a whole document.
+class AFX_EXT_CLASS CXTPPropExchangeXMLNode : public CXTPPropExchange {
+public:
+    CXTPPropExchangeXMLNode() = default;
+    // An empty document with that root element.
+    CXTPPropExchangeXMLNode(bool loading, const wchar_t* rootName);
+
+    // Reads a file in place of the document. False, with a trace line that names file, line and
+    // cause, when it cannot be read, is not well-formed, is no text in the encoding it declares,
+    // holds a document type declaration, is larger than 32 MiB or has another root.
+    bool LoadFromFile(const wchar_t* path);
+    // The same for a file's bytes; `name` is how trace lines name them.
+    bool LoadFromBytes(std::string_view bytes, const CString& name);
+
+    // Writes the document: UTF-8, indented, whole or not at all (see WriteWholeFile). False, with
+    // a trace line, when that failed.
+    bool SaveToFile(const wchar_t* path) const;
+    std::string SaveToBytes() const;
+
+private:
+    CString m_rootName;
+};
+
+// The exchange of one value, as DoPropExchange writes it. The forms with a default give that to
+// `value` when loading and the value is missing.
+inline void PX_String(CXTPPropExchange* pPX, const wchar_t* key, CString& value)
+{
+    pPX->ExchangeText(key, value);
+}
+inline void PX_Int(CXTPPropExchange* pPX, const wchar_t* key, int& value)
+{
+    pPX->ExchangeInt(key, value);
+}
+inline void PX_Int(CXTPPropExchange* pPX, const wchar_t* key, int& value, int missing)
+{
+    if (!pPX->ExchangeInt(key, value)) value = missing;
+}
+inline void PX_Double(CXTPPropExchange* pPX, const wchar_t* key, double& value)
+{
+    pPX->ExchangeDouble(key, value);
+}
+inline void PX_Double(CXTPPropExchange* pPX, const wchar_t* key, double& value, double missing)
+{
+    if (!pPX->ExchangeDouble(key, value)) value = missing;
+}
+inline void PX_Bool(CXTPPropExchange* pPX, const wchar_t* key, int& value)
+{
+    pPX->ExchangeBool(key, value);
+}
