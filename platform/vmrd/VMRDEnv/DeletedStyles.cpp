@@ -47,7 +47,9 @@ bool SetStyleAside(const CStyles& styles, const CString& file, const GUID& id)
     if (!CreateFolder(DeletedStylesFolder())) return false;
 
     const CString aside = FreeDeletedPath(file);
+    // A style without a readable identity has another one each time it is read.
     const bool alone =
+        ids.size() <= 1 ||
         std::all_of(ids.begin(), ids.end(), [&](const GUID& other) { return other == id; });
     const bool done = alone ? MoveFile(path, aside)
                             : CopyFile(path, aside) && styles.RemoveFromFile(path.c_str(), id);

@@ -83,6 +83,12 @@ bool CStyles::HasID(const CXTPPropExchange& style, const GUID& id)
     return VMRDPub::ParseGUID(style.Attribute(L"ID"), found) && found == id;
 }
 
+CString CStyles::StylesPath() const
+{
+    const CString name = Name();
+    return Format(L"%s/Styles[@Name=\"%s\"]", GroupPath(name.c_str()), name);
+}
+
 bool CStyles::CreateStylesNode(const wchar_t* path, const wchar_t* groupName,
                                CXTPPropExchangeXMLNode& root, CXTPPropExchange& styles) const
 {

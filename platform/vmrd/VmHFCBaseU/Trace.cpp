@@ -3,6 +3,8 @@
 #include <cstdio>
 #include <utility>
 
+#include "platform/windows/File.h"
+
 namespace {
 
 TraceSink& Sink()
@@ -26,7 +28,7 @@ TraceSink SetTraceSink(TraceSink sink)
 
 void TraceFile(TraceLevel level, const CString& file, int line, const CString& text)
 {
-    const TraceLine traced{level, file, line, text};
+    const TraceLine traced{level, ToWide(NativePath(file)), line, text};
     const TraceSink sink = Sink(); // the sink may set another one
     if (sink)
         sink(traced);
