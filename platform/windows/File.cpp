@@ -16,6 +16,7 @@ namespace {
 
 constexpr std::string_view kTemporaryStart = ".designspec-";
 constexpr std::string_view kTemporaryEnd = ".tmp";
+constexpr size_t kLongestName = 255; // bytes
 constexpr size_t kCopyLimit = 256 << 20;
 
 bool Fail(const CString& path, const wchar_t* what, int error)
@@ -115,6 +116,13 @@ std::string NativePath(const CString& path)
     std::string native = ToUtf8(path);
     std::replace(native.begin(), native.end(), '\\', '/');
     return native;
+}
+
+bool IsFileName(std::wstring_view name)
+{
+    return !name.empty() && name != L"." && name != L".." &&
+           name.find_first_of(std::wstring_view(L"/\\\0", 3)) == std::wstring_view::npos &&
+           ToUtf8(name).size() <= kLongestName;
 }
 
 CString ErrorText(int error)

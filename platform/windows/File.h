@@ -10,6 +10,10 @@
 // The path for the operating system: UTF-8, with "/" for both separators.
 AFX_EXT_API std::string NativePath(const CString& path);
 
+// True for the name of one thing in a folder, which a path can be made of without leaving that
+// folder: no separator, no NUL, neither "." nor "..", not empty, at most 255 bytes.
+AFX_EXT_API bool IsFileName(std::wstring_view name);
+
 // What an error number of the operating system means, for a reader.
 AFX_EXT_API CString ErrorText(int error);
 

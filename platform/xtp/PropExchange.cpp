@@ -120,8 +120,10 @@ PathStep TakeStep(std::wstring_view& path)
     return step;
 }
 
+// An empty step, as before a "/" that a path begins with, stays where it is.
 pugi::xml_node FindStep(pugi::xml_node parent, const PathStep& step)
 {
+    if (step.name.empty()) return parent;
     return step.attribute.empty()
                ? parent.child(step.name.c_str())
                : parent.find_child_by_attribute(step.name.c_str(), step.attribute.c_str(),

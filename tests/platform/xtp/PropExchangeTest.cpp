@@ -332,7 +332,18 @@ TEST_F(PropExchange, APathThatIsNoneEndsWhereItCannotBeRead)
         root.GetSection(path);
         root.FindSection(path);
         EXPECT_LT(root.SaveToBytes().size(), 150U) << ToUtf8(path);
+        EXPECT_EQ(Complaint(root.SaveToBytes()), "") << ToUtf8(path);
     }
+}
+
+TEST_F(PropExchange, AnEmptyStepStaysWhereItIs)
+{
+    CXTPPropExchangeXMLNode root(false, kRoot);
+    root.GetSection(L"/A//B/");
+    EXPECT_TRUE(root.FindSection(L"A/B").IsSectionExists());
+    EXPECT_TRUE(root.GetSection(L"").IsSectionExists());
+    EXPECT_NE(root.SaveToBytes().find("<StyleLibrary>\n  <A>\n    <B />\n  </A>"),
+              std::string::npos);
 }
 
 TEST_F(PropExchange, AppendSectionAddsBehindTheOthers)
