@@ -5,6 +5,7 @@
 #include <cstring>
 #include <filesystem>
 #include <random>
+#include <utility>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -21,6 +22,18 @@ bool Fail(const CString& path, const wchar_t* what, int error)
 {
     TraceFile(TraceLevel::Error, path, 0, Format(L"%s: %s", what, ErrorText(error)));
     return false;
+}
+
+FileChangeListener& Listener()
+{
+    static FileChangeListener listener;
+    return listener;
+}
+
+bool Changed(const CString& path)
+{
+    if (Listener()) Listener()(path);
+    return true;
 }
 
 // Closes its descriptor at the end of the scope.
@@ -219,6 +232,7 @@ bool WriteWholeFile(const CString& path, std::string_view bytes)
         unlink(temporary.c_str());
         return Fail(path, kWhat, error);
     }
+    Changed(path);
     error = FlushFolder(folder);
     return error == 0 || Fail(path, kWhat, error);
 }
@@ -236,12 +250,18 @@ bool CopyFile(const CString& source, const CString& target)
 
 bool MoveFile(const CString& source, const CString& target)
 {
-    if (rename(NativePath(source).c_str(), NativePath(target).c_str()) == 0) return true;
-    return Fail(source, L"无法移动", errno);
+    if (rename(NativePath(source).c_str(), NativePath(target).c_str()) != 0)
+        return Fail(source, L"无法移动", errno);
+    return Changed(source) && Changed(target);
 }
 
 bool DeleteFile(const CString& path)
 {
-    if (unlink(NativePath(path).c_str()) == 0) return true;
+    if (unlink(NativePath(path).c_str()) == 0) return Changed(path);
     return errno == ENOENT ? false : Fail(path, L"无法删除", errno);
+}
+
+FileChangeListener SetFileChangeListener(FileChangeListener listener)
+{
+    return std::exchange(Listener(), std::move(listener));
 }
