@@ -42,6 +42,9 @@ public:
     // Makes the style of that identity the default one. False when there is none.
     virtual bool SetDefaultItem(const GUID& id);
     virtual void SetDefaultItem(int index);
+    // Writes the style of that index, which an import added or changed, to the library's own
+    // files. False when that failed, or the library has no such files.
+    virtual bool SaveItem(int index);
 
     // Takes the style of that identity out of a file; what else the file holds stays. False when
     // the file could not be read or written.
