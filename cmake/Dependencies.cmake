@@ -6,6 +6,7 @@ find_package(fmt REQUIRED)                         # printf-style formats for wi
 pkg_check_modules(utf8proc REQUIRED IMPORTED_TARGET libutf8proc) # UTF-8, case folding
 find_package(CLI11 REQUIRED)                       # the command's options and help
 find_package(nlohmann_json REQUIRED)               # --json output
+find_package(Qt6 REQUIRED COMPONENTS Widgets)      # the windows
 
 if(DESIGNSPEC_TESTS)
     find_package(GTest REQUIRED)                   # tests
