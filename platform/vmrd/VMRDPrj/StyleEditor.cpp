@@ -31,6 +31,15 @@ bool CStyleEditor::OnCommand(unsigned, CStyle*)
     return false;
 }
 
+void CStyleEditor::Refurbish()
+{
+    CStyles* styles = GetStyles();
+    if (!styles) return;
+    styles->CStyles::SetDefaultItem(-1);
+    styles->Update();
+    styles->Refurbish();
+}
+
 void CStyleEditor::View(CStyle*) {}
 
 void CStyleEditor::Snapshot(CStyle*, const Picture&) {}

@@ -4,12 +4,10 @@
 #include <functional>
 
 #include "platform/vmrd/VMRDEnv/Styles.h"
+#include "platform/vmrd/VMRDPrj/StyleCommand.h"
 
 class CMenu;
 class QWidget;
-
-// Menu commands that the style manager and the editors know by number.
-inline constexpr unsigned kCommandSetAsDefaultStyle = 4106;
 
 class AFX_EXT_CLASS CStyleEditor : public CObject {
     DECLARE_DYNAMIC(CStyleEditor)
@@ -46,6 +44,9 @@ public:
     // A command of the context menu that the style manager does not know. True when it was one of
     // the editor's.
     virtual bool OnCommand(unsigned command, CStyle* style);
+
+    // Reads the library anew. Its default style is the one that its files name now, or none.
+    void Refurbish();
 
     // Shows the style to the user without letting him change it.
     virtual void View(CStyle* style);

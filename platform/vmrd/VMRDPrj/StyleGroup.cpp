@@ -77,13 +77,8 @@ bool CStyleGroup::OnCommand(unsigned)
 
 void CStyleGroup::Refurbish()
 {
-    for (const auto& editor : m_editors) {
-        CStyles* styles = editor->GetStyles();
-        if (!styles) continue;
-        styles->CStyles::SetDefaultItem(-1);
-        styles->Update();
-        styles->Refurbish();
-    }
+    for (const auto& editor : m_editors)
+        editor->Refurbish();
     for (const auto& child : m_children)
         child->Refurbish();
 }

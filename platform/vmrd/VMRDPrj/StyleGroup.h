@@ -35,8 +35,7 @@ public:
     virtual bool OnCommand(unsigned command);
 
     // Reads the libraries of the group and of those below it anew: the first load, another
-    // project, files that were changed by someone else. A library's default style is the one
-    // that its files name now, or none.
+    // project, files that were changed by someone else.
     void Refurbish();
 
 private:
