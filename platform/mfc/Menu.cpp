@@ -29,11 +29,7 @@ void CMenu::AppendMenu(UINT flags, UINT id, const CString& text)
         m_menu->addSeparator();
         return;
     }
-    QAction* const action = m_menu->addAction(ToQString(text));
-    action->setData(id);
-    action->setEnabled(!(flags & MF_GRAYED));
-    action->setCheckable(flags & MF_CHECKED);
-    action->setChecked(flags & MF_CHECKED);
+    SetItem(*m_menu->addAction(QString()), flags, id, text);
 }
 
 void CMenu::AppendMenu(UINT flags, CMenu subMenu, const CString& text)
@@ -42,6 +38,28 @@ void CMenu::AppendMenu(UINT flags, CMenu subMenu, const CString& text)
     menu->setParent(m_menu.get(), menu->windowFlags());
     menu->setTitle(ToQString(text));
     m_menu->addMenu(menu)->setEnabled(!(flags & MF_GRAYED));
+}
+
+void CMenu::SetItem(QAction& action, UINT flags, UINT id, const CString& text)
+{
+    action.setText(ToQString(text));
+    action.setData(id);
+    action.setEnabled(!(flags & MF_GRAYED));
+    action.setCheckable(flags & MF_CHECKED);
+    action.setChecked(flags & MF_CHECKED);
+}
+
+bool CMenu::ModifyMenu(UINT id, UINT flags, UINT newId, const CString& text)
+{
+    QAction* const action = FindItem(*m_menu, id);
+    if (action) SetItem(*action, flags, newId, text);
+    return action != nullptr;
+}
+
+CString CMenu::GetMenuString(UINT id) const
+{
+    const QAction* const action = FindItem(*m_menu, id);
+    return action ? FromQString(action->text()) : CString();
 }
 
 bool CMenu::EnableMenuItem(UINT id, bool enable)

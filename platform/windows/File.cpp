@@ -5,6 +5,7 @@
 #include <cstring>
 #include <filesystem>
 #include <random>
+#include <utility>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -29,6 +30,18 @@ bool Fail(const CString& path, const wchar_t* what, int error)
 bool IsCutShort(const CString& path)
 {
     return path.find(L'\0') != CString::npos;
+}
+
+FileChangeListener& Listener()
+{
+    static FileChangeListener listener;
+    return listener;
+}
+
+bool Changed(const CString& path)
+{
+    if (Listener()) Listener()(path);
+    return true;
 }
 
 // Closes its descriptor at the end of the scope.
@@ -239,6 +252,7 @@ bool WriteWholeFile(const CString& path, std::string_view bytes)
         unlink(temporary.c_str());
         return Fail(path, kWhat, error);
     }
+    Changed(path);
     error = FlushFolder(folder);
     return error == 0 || Fail(path, kWhat, error);
 }
@@ -258,14 +272,20 @@ bool MoveFile(const CString& source, const CString& target)
 {
     static constexpr wchar_t kWhat[] = L"无法移动";
     if (IsCutShort(source) || IsCutShort(target)) return Fail(source, kWhat, EINVAL);
-    if (rename(NativePath(source).c_str(), NativePath(target).c_str()) == 0) return true;
-    return Fail(source, kWhat, errno);
+    if (rename(NativePath(source).c_str(), NativePath(target).c_str()) != 0)
+        return Fail(source, kWhat, errno);
+    return Changed(source) && Changed(target);
 }
 
 bool DeleteFile(const CString& path)
 {
     static constexpr wchar_t kWhat[] = L"无法删除";
     if (IsCutShort(path)) return Fail(path, kWhat, EINVAL);
-    if (unlink(NativePath(path).c_str()) == 0) return true;
+    if (unlink(NativePath(path).c_str()) == 0) return Changed(path);
     return errno == ENOENT ? false : Fail(path, kWhat, errno);
+}
+
+FileChangeListener SetFileChangeListener(FileChangeListener listener)
+{
+    return std::exchange(Listener(), std::move(listener));
 }

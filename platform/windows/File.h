@@ -3,6 +3,7 @@
 // NUL in it names nothing: it is refused, never cut short.
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "platform/mfc/Text.h"
@@ -43,3 +44,8 @@ AFX_EXT_API bool CopyFile(const CString& source, const CString& target);
 AFX_EXT_API bool MoveFile(const CString& source, const CString& target);
 // False when it is there and cannot be deleted, or when it is not there (no trace line for that).
 AFX_EXT_API bool DeleteFile(const CString& path);
+
+using FileChangeListener = std::function<void(const CString& path)>;
+// Told of each file that one of these functions wrote, moved (both paths) or deleted, right after
+// it did: what else happens to files was done by somebody else. Returns the listener before.
+AFX_EXT_API FileChangeListener SetFileChangeListener(FileChangeListener listener);
