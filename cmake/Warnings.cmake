@@ -11,6 +11,10 @@ if(DESIGNSPEC_SANITIZE)
     target_link_options(designspec_options INTERFACE -fsanitize=address,undefined)
 endif()
 
+if(DESIGNSPEC_FUZZ)
+    target_compile_options(designspec_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
 find_program(CCACHE_PROGRAM ccache)
 if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
     set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE_PROGRAM})
