@@ -103,6 +103,15 @@ std::string WithoutForbidden(std::wstring_view text)
     return ToUtf8(allowed);
 }
 
+// A reader of XML takes a carriage return in an element's text for a line end of the file and
+// drops it; as a character reference it stays.
+std::string WithReturnsKept(std::string xml)
+{
+    for (size_t at = 0; (at = xml.find('\r', at)) != std::string::npos;)
+        xml.replace(at, 1, "&#13;");
+    return xml;
+}
+
 // The encoding that the XML declaration names; nothing without one.
 std::optional<std::string_view> DeclaredEncoding(std::string_view text)
 {
@@ -115,6 +124,19 @@ std::optional<std::string_view> DeclaredEncoding(std::string_view text)
     const size_t end = declaration.find(declaration[at], at + 1);
     if (end == std::string_view::npos) return std::nullopt;
     return declaration.substr(at + 1, end - at - 1);
+}
+
+// Where a character reference to NUL stands ("&#0;", "&#x00;"); npos without one. XML forbids it,
+// and it would cut the value short.
+size_t FindNulReference(std::string_view xml)
+{
+    for (size_t at = 0; (at = xml.find("&#", at)) != std::string_view::npos; ++at) {
+        const bool isHex = xml.substr(at + 2).starts_with('x');
+        const size_t digits = at + (isHex ? 3 : 2);
+        const size_t end = std::min(xml.find_first_not_of('0', digits), xml.size());
+        if (end > digits && xml.substr(end).starts_with(';')) return at;
+    }
+    return std::string_view::npos;
 }
 
 // The file's text as UTF-8: by its byte-order mark, else by its declaration, else UTF-8. Returns
@@ -137,7 +159,7 @@ CString DecodeXml(std::string_view bytes, std::string& utf8)
         }
     }
     if (!DecodeText(bytes.substr(markSize), encoding, utf8)) return L"内容不符合文件的编码";
-    const size_t nul = utf8.find('\0');
+    const size_t nul = std::min(utf8.find('\0'), FindNulReference(utf8));
     if (nul == std::string::npos) return {};
     utf8.resize(nul);
     return L"含有空字符(NUL)";
@@ -367,7 +389,7 @@ std::string CXTPPropExchangeXMLNode::SaveToBytes() const
     StringWriter writer;
     tree.save(writer, "  ", pugi::format_indent, pugi::encoding_utf8);
     tree.remove_child(declaration);
-    return std::move(writer.bytes);
+    return WithReturnsKept(std::move(writer.bytes));
 }
 
 bool CXTPPropExchangeXMLNode::SaveToFile(const wchar_t* path) const
