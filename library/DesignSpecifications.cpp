@@ -229,7 +229,12 @@ bool CDesignSpecifications::SetOtherFilesAside(const GUID& id, const CString& fi
     for (const Origin& origin : m_origins) {
         if (!(origin.id == id) || origin.file == file) continue;
         const CString path = FolderPath() + L"\\" + origin.file;
-        if (PathFileExists(path) && !IsSameFile(path, FolderPath() + L"\\" + file))
+        if (!PathFileExists(path) || IsSameFile(path, FolderPath() + L"\\" + file)) continue;
+        CStringArray names;
+        CArray<GUID> ids;
+        if (!StyleNames(path.c_str(), names, ids))
+            done = false;
+        else if (ids.size() == 1 || std::find(ids.begin(), ids.end(), id) != ids.end())
             done = SetStyleAside(*this, origin.file, id) && done;
     }
     // The file holds this specification alone now.
@@ -238,6 +243,14 @@ bool CDesignSpecifications::SetOtherFilesAside(const GUID& id, const CString& fi
     });
     m_origins.push_back({id, file});
     return done;
+}
+
+CString CDesignSpecifications::FileOf(const CDesignSpecification& specification) const
+{
+    const auto found =
+        std::find_if(m_origins.rbegin(), m_origins.rend(),
+                     [&](const Origin& origin) { return origin.id == specification.ID(); });
+    return found == m_origins.rend() ? CString() : found->file;
 }
 
 const CDesignSpecification* CDesignSpecifications::FindForExport(const CString& name) const

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <filesystem>
 #include <random>
+#include <utility>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -16,6 +17,7 @@ namespace {
 
 constexpr std::string_view kTemporaryStart = ".designspec-";
 constexpr std::string_view kTemporaryEnd = ".tmp";
+constexpr size_t kLongestName = 255; // bytes
 constexpr size_t kCopyLimit = 256 << 20;
 
 bool Fail(const CString& path, const wchar_t* what, int error)
@@ -28,6 +30,18 @@ bool Fail(const CString& path, const wchar_t* what, int error)
 bool IsCutShort(const CString& path)
 {
     return path.find(L'\0') != CString::npos;
+}
+
+FileChangeListener& Listener()
+{
+    static FileChangeListener listener;
+    return listener;
+}
+
+bool Changed(const CString& path)
+{
+    if (Listener()) Listener()(path);
+    return true;
 }
 
 // Closes its descriptor at the end of the scope.
@@ -121,6 +135,13 @@ std::string NativePath(const CString& path)
     std::string native = ToUtf8(path);
     std::replace(native.begin(), native.end(), '\\', '/');
     return native;
+}
+
+bool IsFileName(std::wstring_view name)
+{
+    return !name.empty() && name != L"." && name != L".." &&
+           name.find_first_of(std::wstring_view(L"/\\\0", 3)) == std::wstring_view::npos &&
+           ToUtf8(name).size() <= kLongestName;
 }
 
 CString ErrorText(int error)
@@ -237,6 +258,7 @@ bool WriteWholeFile(const CString& path, std::string_view bytes)
         unlink(temporary.c_str());
         return Fail(path, kWhat, error);
     }
+    Changed(path);
     return FlushFolderOf(path, kWhat);
 }
 
@@ -263,6 +285,8 @@ bool MoveFile(const CString& source, const CString& target)
     if (IsCutShort(source) || IsCutShort(target)) return Fail(source, kWhat, EINVAL);
     if (rename(NativePath(source).c_str(), NativePath(target).c_str()) != 0)
         return Fail(source, kWhat, errno);
+    Changed(source);
+    Changed(target);
     return FlushFolderOf(target, kWhat) && FlushFolderOf(source, kWhat);
 }
 
@@ -270,6 +294,14 @@ bool DeleteFile(const CString& path)
 {
     static constexpr wchar_t kWhat[] = L"无法删除";
     if (IsCutShort(path)) return Fail(path, kWhat, EINVAL);
-    if (unlink(NativePath(path).c_str()) == 0) return FlushFolderOf(path, kWhat);
+    if (unlink(NativePath(path).c_str()) == 0) {
+        Changed(path);
+        return FlushFolderOf(path, kWhat);
+    }
     return errno == ENOENT ? false : Fail(path, kWhat, errno);
+}
+
+FileChangeListener SetFileChangeListener(FileChangeListener listener)
+{
+    return std::exchange(Listener(), std::move(listener));
 }

@@ -3,12 +3,17 @@
 // NUL in it names nothing: it is refused, never cut short.
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "platform/mfc/Text.h"
 
 // The path for the operating system: UTF-8, with "/" for both separators.
 AFX_EXT_API std::string NativePath(const CString& path);
+
+// True for the name of one thing in a folder, which a path can be made of without leaving that
+// folder: no separator, no NUL, neither "." nor "..", not empty, at most 255 bytes.
+AFX_EXT_API bool IsFileName(std::wstring_view name);
 
 // What an error number of the operating system means, for a reader.
 AFX_EXT_API CString ErrorText(int error);
@@ -42,3 +47,8 @@ AFX_EXT_API bool CopyFile(const CString& source, const CString& target);
 AFX_EXT_API bool MoveFile(const CString& source, const CString& target);
 // False when it is there and cannot be deleted, or when it is not there (no trace line for that).
 AFX_EXT_API bool DeleteFile(const CString& path);
+
+using FileChangeListener = std::function<void(const CString& path)>;
+// Told of each file that one of these functions wrote, moved (both paths) or deleted, right after
+// it did: what else happens to files was done by somebody else. Returns the listener before.
+AFX_EXT_API FileChangeListener SetFileChangeListener(FileChangeListener listener);

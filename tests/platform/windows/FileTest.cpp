@@ -25,7 +25,7 @@ protected:
     {
         ASSERT_EQ(m_trace.Lines().size(), 1U) << ToUtf8(m_trace.Text());
         EXPECT_EQ(m_trace.Lines()[0].level, TraceLevel::Error);
-        EXPECT_EQ(m_trace.Lines()[0].file, path);
+        EXPECT_EQ(m_trace.Lines()[0].file, ToWide(NativePath(path)));
         EXPECT_EQ(ToUtf8(m_trace.Lines()[0].text), ToUtf8(text));
         m_trace.Clear();
     }
@@ -66,6 +66,17 @@ ino_t InodeOf(const fs::path& path)
 TEST_F(File, NativePathTakesBothSeparators)
 {
     EXPECT_EQ(NativePath(L"\\项目\\规范/a.hds"), "/项目/规范/a.hds");
+}
+
+TEST_F(File, AFileNameStaysInItsFolder)
+{
+    for (const CString& name : {CString(L"规范.hds"), CString(L"a..b"), CString(L"..."),
+                                CString(L" "), CString(255, L'a'), CString(85, L'规')})
+        EXPECT_TRUE(IsFileName(name)) << ToUtf8(name);
+    for (const CString& name :
+         {CString(), CString(L"."), CString(L".."), CString(L"a/b"), CString(L"a\\b"),
+          CString(L"a\0", 2), CString(256, L'a'), CString(86, L'规')})
+        EXPECT_FALSE(IsFileName(name)) << ToUtf8(name);
 }
 
 TEST_F(File, WritesANewFileAndNothingElse)
