@@ -92,14 +92,17 @@ pugi::xml_node FindChild(pugi::xml_node parent, const wchar_t* key)
 }
 
 // XML 1.0 has no place for most control characters, nor for what is no character at all.
+bool IsXmlCharacter(wchar_t c)
+{
+    if (c >= 0 && c < 0x20) return c == L'\t' || c == L'\n' || c == L'\r';
+    return (c < 0xD800 || c > 0xDFFF) && c != 0xFFFE && c != 0xFFFF;
+}
+
 std::string WithoutForbidden(std::wstring_view text)
 {
     CString allowed(text);
-    for (wchar_t& c : allowed) {
-        const bool control = c >= 0 && c < 0x20 && c != L'\t' && c != L'\n' && c != L'\r';
-        const bool surrogate = c >= 0xD800 && c <= 0xDFFF;
-        if (control || surrogate || c == 0xFFFE || c == 0xFFFF) c = 0xFFFD;
-    }
+    std::replace_if(
+        allowed.begin(), allowed.end(), [](wchar_t c) { return !IsXmlCharacter(c); }, 0xFFFD);
     return ToUtf8(allowed);
 }
 
@@ -152,6 +155,11 @@ struct StringWriter : pugi::xml_writer {
 };
 
 } // namespace
+
+bool IsXmlText(std::wstring_view text)
+{
+    return std::all_of(text.begin(), text.end(), IsXmlCharacter);
+}
 
 bool CXTPPropExchange::IsStoring() const
 {
@@ -296,6 +304,11 @@ bool CXTPPropExchange::ExchangeBool(const wchar_t* key, int& value) const
 CString CXTPPropExchange::Attribute(const wchar_t* key) const
 {
     return ToWide(pugi::xml_node(m_node).attribute(ToUtf8(key).c_str()).value());
+}
+
+CString CXTPPropExchange::Name() const
+{
+    return ToWide(pugi::xml_node(m_node).name());
 }
 
 int CXTPPropExchange::Line() const

@@ -53,7 +53,7 @@ bool SetStyleAside(const CStyles& styles, const CString& file, const GUID& id)
         std::all_of(ids.begin(), ids.end(), [&](const GUID& other) { return other == id; });
     const bool done = alone ? MoveFile(path, aside)
                             : CopyFile(path, aside) && styles.RemoveFromFile(path.c_str(), id);
-    if (done) TraceFile(TraceLevel::Note, path, 0, L"已移至 " + aside);
+    if (done) TraceFile(TraceLevel::Note, path, 0, L"已移至 " + ToWide(NativePath(aside)));
     return done;
 }
 
