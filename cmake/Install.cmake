@@ -28,4 +28,10 @@ install(FILES
     ${CMAKE_BINARY_DIR}/designspecConfigVersion.cmake
     DESTINATION ${DESIGNSPEC_PACKAGE})
 
+install(TARGETS designspec_cli RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(FILES cli/designspec.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES cli/designspec.bash-completion
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
+    RENAME designspec)
+
 install(FILES docs/designspec.xsd DESTINATION ${CMAKE_INSTALL_DOCDIR})

@@ -32,3 +32,12 @@ LonGradMaxLen.QueryVal: 300
 SuperElevation.QuerySuperElevation: 4
 CurveWidening.QueryWidening: 0.55
 ANSWERS
+
+# The command finds the library beside it, wherever both have been put.
+mv "$prefix" "$work/moved"
+answer=$("$work/moved/bin/designspec" --project "$source/examples/project" \
+    query CircularCurveRad.SuperelevationMinRad --speed 60)
+[ "$answer" = 150 ]
+for file in share/man/man1/designspec.1 share/bash-completion/completions/designspec; do
+    [ -s "$work/moved/$file" ] || { echo "not installed: $file"; exit 1; }
+done
