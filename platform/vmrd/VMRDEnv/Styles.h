@@ -42,6 +42,9 @@ public:
     // Makes the style of that identity the default one. False when there is none.
     virtual bool SetDefaultItem(const GUID& id);
     virtual void SetDefaultItem(int index);
+    // Writes the style of that index, which an import added or changed, to the library's own
+    // files. False when that failed, or the library has no such files.
+    virtual bool SaveItem(int index);
 
     // Path from the root of a file to the section that holds the styles of this library.
     CString StylesPath() const;
