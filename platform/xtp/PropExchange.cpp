@@ -336,7 +336,7 @@ bool CXTPPropExchangeXMLNode::LoadFromBytes(std::string_view bytes, const CStrin
     if (bytes.empty()) return fail(-1, L"文件是空的");
     const CString wrong = DecodeXml(bytes, document.source);
     if (!wrong.empty()) {
-        if (document.source.empty()) document.source = " "; // wrong from the first byte: line 1
+        if (document.source.empty()) document.source.assign(1, ' '); // wrong from the first byte: line 1
         return fail(static_cast<std::ptrdiff_t>(document.source.size()), wrong);
     }
     const pugi::xml_parse_result result = document.tree.load_buffer(
