@@ -25,9 +25,9 @@ template <class Make> auto MakeQuestions(Make make)
     const auto number = [&random](int low, int high) {
         return std::uniform_int_distribution(low, high)(random);
     };
-    std::vector<decltype(make(size_t{0}, number))> questions;
+    std::vector<decltype(make(number))> questions;
     for (size_t i = 0; i < kQuestions; ++i)
-        questions.push_back(make(i, number));
+        questions.push_back(make(number));
     return questions;
 }
 

@@ -76,13 +76,27 @@ template <class T> bool SlowerFirst(const SpeedEntry<T>& a, const SpeedEntry<T>&
 
 } // namespace
 
-template <class T> bool CopyAndSort<T>::Query(int speed, QueryMode mode, T& value) const
+template <class T> void QuickSort::Sort(SpeedEntry<T>* entries, size_t count)
+{
+    std::qsort(entries, count, sizeof(SpeedEntry<T>), [](const void* a, const void* b) {
+        return static_cast<const SpeedEntry<T>*>(a)->speed -
+               static_cast<const SpeedEntry<T>*>(b)->speed;
+    });
+}
+
+template <class T> void StdSort::Sort(SpeedEntry<T>* entries, size_t count)
+{
+    std::sort(entries, entries + count, SlowerFirst<T>);
+}
+
+template <class T, class Sorting>
+bool CopyAndSort<T, Sorting>::Query(int speed, QueryMode mode, T& value) const
 {
     if (m_table->count == 0) return false;
     const auto count = static_cast<size_t>(m_table->count);
     auto* copy = static_cast<SpeedEntry<T>*>(std::malloc(count * sizeof(SpeedEntry<T>)));
     std::copy_n(m_table->entries, count, copy);
-    std::sort(copy, copy + count, SlowerFirst<T>);
+    Sorting::Sort(copy, count);
     const auto* at = copy;
     while (at != copy + count && at->speed < speed)
         ++at;
@@ -183,8 +197,10 @@ template <class T> bool SqlTable<T>::Query(int speed, QueryMode mode, T& value) 
     return Choose(low, high, speed, mode, value);
 }
 
-template class CopyAndSort<int>;
-template class CopyAndSort<double>;
+template class CopyAndSort<int, QuickSort>;
+template class CopyAndSort<double, QuickSort>;
+template class CopyAndSort<int, StdSort>;
+template class CopyAndSort<double, StdSort>;
 template class SpeedMap<int>;
 template class SpeedMap<double>;
 template class SortedVector<int>;

@@ -11,8 +11,18 @@
 
 template <class T> using SpeedTable = GrowArray<SpeedEntry<T>>;
 
-// A sorted copy, made for each query.
-template <class T> class AFX_EXT_CLASS CopyAndSort {
+// The C library's sort, with the difference of two speeds as the comparison.
+struct AFX_EXT_CLASS QuickSort {
+    template <class T> static void Sort(SpeedEntry<T>* entries, size_t count);
+};
+
+// The C++ library's sort, which inlines the comparison.
+struct AFX_EXT_CLASS StdSort {
+    template <class T> static void Sort(SpeedEntry<T>* entries, size_t count);
+};
+
+// A copy of the table, made and sorted for each query.
+template <class T, class Sorting> class AFX_EXT_CLASS CopyAndSort {
 public:
     explicit CopyAndSort(const SpeedTable<T>& table) : m_table(&table) {}
     bool Query(int speed, QueryValue::QueryMode mode, T& value) const;
@@ -57,8 +67,10 @@ private:
     SqlStatement m_exact;
 };
 
-extern template class CopyAndSort<int>;
-extern template class CopyAndSort<double>;
+extern template class CopyAndSort<int, QuickSort>;
+extern template class CopyAndSort<double, QuickSort>;
+extern template class CopyAndSort<int, StdSort>;
+extern template class CopyAndSort<double, StdSort>;
 extern template class SpeedMap<int>;
 extern template class SpeedMap<double>;
 extern template class SortedVector<int>;

@@ -77,10 +77,9 @@ int Truncate(double value)
 {
     constexpr int kMin = std::numeric_limits<int>::min();
     constexpr int kMax = std::numeric_limits<int>::max();
+    if (value > kMin && value < kMax) return static_cast<int>(value);
     if (std::isnan(value)) return 0;
-    if (value <= kMin) return kMin;
-    if (value >= kMax) return kMax;
-    return static_cast<int>(value);
+    return value < 0 ? kMin : kMax;
 }
 
 std::int32_t Between(const SpeedEntry<std::int32_t>& lower, const SpeedEntry<std::int32_t>& upper,
@@ -99,15 +98,15 @@ double Between(const SpeedEntry<double>& lower, const SpeedEntry<double>& upper,
                              Distance(lower.speed, upper.speed);
 }
 
-// Interpolates for any speed; beyond the ends and at a speed of the table the nearest entry
-// answers, and what is computed beside it has no meaning.
+// Beyond the ends and at a speed of the table the one neighbour answers that is there.
 template <class T>
 T Interpolate(const GrowArray<SpeedEntry<T>>& table, const Neighbours& found, std::int32_t speed)
 {
-    const bool isBetween = found.HasAbove() & found.HasBelow() & !found.HasExact();
-    const T between =
-        Between(table.entries[Place(found.below)], table.entries[Place(found.above)], speed);
-    return Choose(isBetween, table.entries[Place(Nearest(found))].value, between);
+    const SpeedEntry<T>& below = table.entries[Place(found.below)];
+    const SpeedEntry<T>& above = table.entries[Place(found.above)];
+    const bool isBetween = found.HasBelow() & (Difference(found.above) > 0);
+    if (isBetween) return Between(below, above, speed);
+    return Choose(found.HasAbove(), below.value, above.value);
 }
 
 // Leaves `value` when there is no answer.
