@@ -9,8 +9,8 @@ int main(int argc, char** argv)
     AddSpeedQueries();
     // AddCompoundQueries();
     // AddNamedQueries();
-    // AddFiles();
-    // AddMemory();
+    AddFiles();
+    AddMemory();
     // AddCommand();
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();
