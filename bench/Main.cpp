@@ -7,11 +7,11 @@ int main(int argc, char** argv)
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 2;
     AddSpeedQueries();
-    // AddCompoundQueries();
-    // AddNamedQueries();
+    AddCompoundQueries();
+    AddNamedQueries();
     AddFiles();
     AddMemory();
-    // AddCommand();
+    AddCommand();
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();
 }
