@@ -213,6 +213,14 @@ void CDesignSpecifications::SetOtherFilesAside(const GUID& id, const CString& fi
     m_origins.push_back({id, file});
 }
 
+CString CDesignSpecifications::FileOf(const CDesignSpecification& specification) const
+{
+    const auto found =
+        std::find_if(m_origins.rbegin(), m_origins.rend(),
+                     [&](const Origin& origin) { return origin.id == specification.ID(); });
+    return found == m_origins.rend() ? CString() : found->file;
+}
+
 const CDesignSpecification* CDesignSpecifications::FindForExport(const CString& name) const
 {
     if (m_pSaving) return m_pSaving->specification;

@@ -53,6 +53,10 @@ public:
     // the one under the old name goes.
     bool SaveRenamed(const CDesignSpecification* specification, const CString& oldName);
 
+    // Name of the file in the library folder that the specification was last loaded from or saved
+    // to; empty when there is none.
+    CString FileOf(const CDesignSpecification& specification) const;
+
     bool Export(const wchar_t* path, const CStringArray& names, const wchar_t* unused) override;
     bool Import(const wchar_t* path, const CStringArray& names, const wchar_t* unused,
                 bool overwrite) override;

@@ -46,7 +46,8 @@ void CStyles::SetDefaultItem(int index)
 
 void CStyles::Refurbish()
 {
-    if (Listener()) Listener()(*this);
+    const RefurbishListener listener = Listener(); // it may set another one
+    if (listener) listener(*this);
 }
 
 CStyles::RefurbishListener CStyles::SetRefurbishListener(RefurbishListener listener)
@@ -66,9 +67,9 @@ CString CStyles::GroupPath(const wchar_t* groupName)
 
 bool CStyles::RemoveFromFile(const wchar_t* path, const GUID& id) const
 {
-    CXTPPropExchangeXMLNode root;
-    CXTPPropExchange styles;
-    if (!CreateStylesNode(path, Name().c_str(), root, styles)) return false;
+    CXTPPropExchangeXMLNode root(false, kStyleLibraryRoot);
+    if (!root.LoadFromFile(path)) return false;
+    const CXTPPropExchange styles = root.FindSection(StylesPath().c_str());
     CXTPPropExchangeEnumerator all = styles.GetEnumerator(L"Style");
     while (all.HasNext()) {
         CXTPPropExchange style = all.GetNext();

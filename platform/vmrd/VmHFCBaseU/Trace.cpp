@@ -29,8 +29,9 @@ TraceSink SetTraceSink(TraceSink sink)
 void TraceFile(TraceLevel level, const CString& file, int line, const CString& text)
 {
     const TraceLine traced{level, ToWide(NativePath(file)), line, text};
-    if (Sink())
-        Sink()(traced);
+    const TraceSink sink = Sink(); // the sink may set another one
+    if (sink)
+        sink(traced);
     else
         std::fprintf(stderr, "%s\n", ToUtf8(traced.Text()).c_str());
 }
