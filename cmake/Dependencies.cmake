@@ -7,9 +7,18 @@ pkg_check_modules(utf8proc REQUIRED IMPORTED_TARGET libutf8proc) # UTF-8, case f
 find_package(CLI11 REQUIRED)                       # the command's options and help
 find_package(nlohmann_json REQUIRED)               # --json output
 
+if(DESIGNSPEC_GUI)
+    find_package(Qt6 6.4 REQUIRED COMPONENTS
+        Widgets                                    # windows, tables, dialogs, undo
+        UiTools                                    # dialog resources are forms loaded at run time
+        Svg)                                       # icons, sharp at every scale
+endif()
 if(DESIGNSPEC_TESTS)
     find_package(GTest REQUIRED)                   # tests
     include(GoogleTest)
+    if(DESIGNSPEC_GUI)
+        find_package(Qt6 6.4 REQUIRED COMPONENTS Test) # keys, mouse, model checks
+    endif()
 endif()
 if(DESIGNSPEC_BENCH)
     find_package(benchmark REQUIRED)               # benchmarks

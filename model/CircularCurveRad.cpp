@@ -11,7 +11,7 @@ std::span<const Field> CDSCircularCurveRad::Fields()
 {
     using C = CDSCircularCurveRad;
     static constexpr Field kFields[] = {
-        MakeField<&C::MaxRad>(L"MaxRad", L"圆曲线最大半径", L"m"),
+        ZeroMeans(MakeField<&C::MaxRad>(L"MaxRad", L"圆曲线最大半径", L"m"), L"不限"),
         MakeField<&C::MaxRadCriterion>(L"MaxRadCriterion", L"圆曲线最大半径的数据来源"),
         MakeField<&C::MinRadCriterion>(L"MinRadCriterion", L"圆曲线最小半径的数据来源"),
         MakeField<&C::noSuperelevationMinRad>(L"noSuperelevationMinRad", L"不设超高最小半径", L"m"),

@@ -24,6 +24,8 @@ struct Field {
     bool (*isUsed)(const void* criterion) = nullptr;
     // An empty table leaves no element.
     bool skipEmpty = false;
+    // What a value of 0 says, for people; null when it is a value like any other.
+    const wchar_t* zeroMeans = nullptr;
     // A value that is missing in a file is 0, rather than what it was.
     bool zeroWhenMissing = false;
 
@@ -86,6 +88,13 @@ template <auto Member> constexpr Field MakeBool(const wchar_t* key, const wchar_
 {
     Field field = MakeField<Member>(key, label);
     field.kind = FieldKind::Bool;
+    return field;
+}
+
+// The same field, for which 0 says something of its own.
+constexpr Field ZeroMeans(Field field, const wchar_t* meaning)
+{
+    field.zeroMeans = meaning;
     return field;
 }
 

@@ -9,7 +9,7 @@ constexpr Field OnSnowField()
     Field field =
         MakeField<&C::MaxSuperElevOnSFR>(L"MaxSuperElevOnSFR", L"积雪冰冻地区最大超高", L"%");
     field.zeroWhenMissing = true;
-    return field;
+    return ZeroMeans(field, L"未设");
 }
 
 } // namespace

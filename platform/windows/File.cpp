@@ -5,6 +5,7 @@
 #include <cstring>
 #include <filesystem>
 #include <random>
+#include <utility>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -29,6 +30,18 @@ bool Fail(const CString& path, const wchar_t* what, int error)
 bool IsCutShort(const CString& path)
 {
     return path.find(L'\0') != CString::npos;
+}
+
+FileChangeListener& Listener()
+{
+    static FileChangeListener listener;
+    return listener;
+}
+
+bool Changed(const CString& path)
+{
+    if (Listener()) Listener()(path);
+    return true;
 }
 
 // Closes its descriptor at the end of the scope.
@@ -99,14 +112,20 @@ int WriteTemporary(const std::string& temporary, const std::string& target, std:
     return file.Close() ? 0 : errno;
 }
 
-// Makes a rename in the folder last through a power failure. Some file systems cannot flush a
-// folder (EINVAL), some folders may be written but not opened (EACCES): nothing more can be done
-// there.
-int FlushFolder(const std::string& folder)
+// Makes what happened to a name in the folder last through a power failure. Some file systems
+// cannot flush a folder (EINVAL), some folders may be written but not opened (EACCES): nothing
+// more can be done there. 0, or the error number.
+int FlushNative(const std::string& folder)
 {
     const Descriptor opened(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (!opened.IsOpen()) return errno == EACCES ? 0 : errno;
     return fsync(opened.Get()) == 0 || errno == EINVAL ? 0 : errno;
+}
+
+bool FlushFolderOf(const CString& path, const wchar_t* what)
+{
+    const int error = FlushNative(FolderOf(NativePath(path)));
+    return error == 0 || Fail(path, what, error);
 }
 
 } // namespace
@@ -239,8 +258,14 @@ bool WriteWholeFile(const CString& path, std::string_view bytes)
         unlink(temporary.c_str());
         return Fail(path, kWhat, error);
     }
-    error = FlushFolder(folder);
-    return error == 0 || Fail(path, kWhat, error);
+    Changed(path);
+    return FlushFolderOf(path, kWhat);
+}
+
+bool FlushFolder(const CString& folder)
+{
+    const int error = FlushNative(NativePath(folder));
+    return error == 0 || Fail(folder, L"无法写入", error);
 }
 
 bool IsTemporaryFile(std::wstring_view name)
@@ -258,14 +283,25 @@ bool MoveFile(const CString& source, const CString& target)
 {
     static constexpr wchar_t kWhat[] = L"无法移动";
     if (IsCutShort(source) || IsCutShort(target)) return Fail(source, kWhat, EINVAL);
-    if (rename(NativePath(source).c_str(), NativePath(target).c_str()) == 0) return true;
-    return Fail(source, kWhat, errno);
+    if (rename(NativePath(source).c_str(), NativePath(target).c_str()) != 0)
+        return Fail(source, kWhat, errno);
+    Changed(source);
+    Changed(target);
+    return FlushFolderOf(target, kWhat) && FlushFolderOf(source, kWhat);
 }
 
 bool DeleteFile(const CString& path)
 {
     static constexpr wchar_t kWhat[] = L"无法删除";
     if (IsCutShort(path)) return Fail(path, kWhat, EINVAL);
-    if (unlink(NativePath(path).c_str()) == 0) return true;
+    if (unlink(NativePath(path).c_str()) == 0) {
+        Changed(path);
+        return FlushFolderOf(path, kWhat);
+    }
     return errno == ENOENT ? false : Fail(path, kWhat, errno);
+}
+
+FileChangeListener SetFileChangeListener(FileChangeListener listener)
+{
+    return std::exchange(Listener(), std::move(listener));
 }

@@ -63,6 +63,8 @@ public:
     // An attribute's text, whichever way the exchange goes; empty when it is missing.
     CString Attribute(const wchar_t* key) const;
 
+    // The section's element name.
+    CString Name() const;
     // 1-based line of the section in its file; 0 when it is not from a file.
     int Line() const;
     // The problems met so far, taken out of the document: the first thousand, and one that says
@@ -99,6 +101,10 @@ private:
     friend class CXTPPropExchange;
     CXTPPropExchange m_next;
 };
+
+// True when every character can stand in an XML document. Storing a text puts U+FFFD in place of
+// those that cannot: most control characters, lone surrogates.
+AFX_EXT_API bool IsXmlText(std::wstring_view text);
 
 // The exchange with a whole document.
 class AFX_EXT_CLASS CXTPPropExchangeXMLNode : public CXTPPropExchange {

@@ -44,6 +44,11 @@ void CStyles::SetDefaultItem(int index)
     m_nDefaultItem = index;
 }
 
+bool CStyles::SaveItem(int)
+{
+    return false;
+}
+
 void CStyles::Refurbish()
 {
     const RefurbishListener listener = Listener(); // it may set another one

@@ -42,7 +42,12 @@ public:
     // Makes the style of that identity the default one. False when there is none.
     virtual bool SetDefaultItem(const GUID& id);
     virtual void SetDefaultItem(int index);
+    // Writes the style of that index, which an import added or changed, to the library's own
+    // files. False when that failed, or the library has no such files.
+    virtual bool SaveItem(int index);
 
+    // Path from the root of a file to the section that holds the styles of this library.
+    CString StylesPath() const;
     // Takes the style of that identity out of a file; what else the file holds stays. False when
     // the file could not be read or written.
     bool RemoveFromFile(const wchar_t* path, const GUID& id) const;
@@ -59,8 +64,6 @@ protected:
     // `groupName`, split at "/" and "\") / Styles. False when a file is there and cannot be read.
     bool CreateStylesNode(const wchar_t* path, const wchar_t* groupName,
                           CXTPPropExchangeXMLNode& root, CXTPPropExchange& styles) const;
-    // Path from the root to the section that holds the styles of this library.
-    CString StylesPath() const;
     // True when the style's section bears that identity, in whatever form it is written.
     static bool HasID(const CXTPPropExchange& style, const GUID& id);
     // Path of a group's section: Group[@Name="…"] for each level, joined by "/".

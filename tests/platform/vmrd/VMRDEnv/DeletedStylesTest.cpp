@@ -67,8 +67,8 @@ TEST_F(Deleted, AStyleWithAFileOfItsOwnGoesWithItsFile)
     EXPECT_EQ(m_folder.Read("规范/已删除/甲.hds"), bytes);
     ASSERT_EQ(m_trace.Lines().size(), 1U);
     EXPECT_EQ(m_trace.Lines()[0].level, TraceLevel::Note);
-    EXPECT_EQ(ToUtf8(m_trace.Text()),
-              ToUtf8(m_folder.Path(L"规范/甲.hds: 已移至 ") + DeletedStylesFolder() + L"\\甲.hds"));
+    EXPECT_EQ(ToUtf8(m_trace.Text()), ToUtf8(m_folder.Path(L"规范/甲.hds: 已移至 ")) +
+                                          NativePath(DeletedStylesFolder() + L"\\甲.hds"));
 }
 
 TEST_F(Deleted, AFileOfSeveralStylesKeepsTheOthers)

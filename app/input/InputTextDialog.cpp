@@ -1,0 +1,35 @@
+#include "app/input/InputTextDialog.h"
+
+#include <QLineEdit>
+
+namespace {
+
+constexpr UINT kDialogResource = 114;
+constexpr int kEdit = 108;
+constexpr int kLabel = 119;
+
+} // namespace
+
+CInputTextDialog::CInputTextDialog(const CString& title, const CString& label, QWidget* parent)
+    : CDialog(kDialogResource, parent), m_title(title), m_label(label)
+{
+}
+
+bool CInputTextDialog::OnInitDialog()
+{
+    SetDlgItemText(kEdit, m_text);
+    SetWindowText(m_title);
+    SetDlgItemText(kLabel, m_label);
+    if (auto* const edit = GetDlgItem<QLineEdit>(kEdit); edit && m_readOnly)
+        edit->setReadOnly(true);
+    return CDialog::OnInitDialog();
+}
+
+void CInputTextDialog::OnOK()
+{
+    if (!m_readOnly) {
+        if (!GetDlgItem(kEdit)) return;
+        m_text = GetDlgItemText(kEdit);
+    }
+    CDialog::OnOK();
+}

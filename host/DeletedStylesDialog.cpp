@@ -1,0 +1,90 @@
+#include "host/DeletedStylesDialog.h"
+
+#include <QDialogButtonBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+#include "host/ControlIds.h"
+#include "platform/mfc/Dialog.h"
+#include "platform/mfc/QtText.h"
+#include "platform/vmrd/VMRDPrj/StyleEditor.h"
+
+namespace {
+
+QTreeWidget* MakeList()
+{
+    auto* list = new QTreeWidget;
+    SetControlId(list, ControlId::Deleted);
+    list->setHeaderLabels({QObject::tr("名称"), QObject::tr("文件")});
+    list->setRootIsDecorated(false);
+    list->setUniformRowHeights(true);
+    list->setTextElideMode(Qt::ElideMiddle);
+    list->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    return list;
+}
+
+} // namespace
+
+DeletedStylesDialog::DeletedStylesDialog(CStyleEditor& editor, QWidget* parent)
+    : QDialog(parent), m_editor(editor), m_list(MakeList()), m_message(new QLabel)
+{
+    setWindowTitle(tr("已删除的样式"));
+    m_message->setWordWrap(true);
+    auto* buttons = new QDialogButtonBox;
+    m_bringBack = buttons->addButton(tr("恢复(&R)"), QDialogButtonBox::ActionRole);
+    SetControlId(m_bringBack, ControlId::BringBack);
+    m_bringBack->setDefault(true);
+    SetControlId(buttons->addButton(tr("关闭"), QDialogButtonBox::RejectRole), IDCANCEL);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(m_list);
+    layout->addWidget(m_message);
+    layout->addWidget(buttons);
+    connect(m_list, &QTreeWidget::itemSelectionChanged, this, &DeletedStylesDialog::EnableButton);
+    connect(m_bringBack, &QPushButton::clicked, this, &DeletedStylesDialog::BringBack);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    Fill();
+    resize(fontMetrics().averageCharWidth() * 80, fontMetrics().height() * 20);
+}
+
+void DeletedStylesDialog::Fill()
+{
+    m_list->clear();
+    const CStyles* const styles = m_editor.GetStyles();
+    if (!styles) return;
+    for (const DeletedStyle& deleted : DeletedStyles(*styles)) {
+        const QString file = ToQString(deleted.file);
+        auto* item = new QTreeWidgetItem(m_list, {ToQString(deleted.name), file});
+        item->setToolTip(1, file);
+        if (!styles->Item(deleted.id)) continue;
+        item->setDisabled(true);
+        item->setText(0, tr("%1  (库中已有)").arg(item->text(0)));
+        item->setToolTip(0, tr("库中有同一标识的样式; 先删除它才能恢复这一份"));
+    }
+    m_list->header()->resizeSection(0, m_list->fontMetrics().averageCharWidth() * 36);
+    m_list->setCurrentItem(m_list->topLevelItem(0));
+    if (m_list->topLevelItemCount() == 0) m_message->setText(tr("没有已删除的样式。"));
+    EnableButton();
+}
+
+void DeletedStylesDialog::EnableButton()
+{
+    m_bringBack->setEnabled(!m_list->selectedItems().isEmpty());
+}
+
+void DeletedStylesDialog::BringBack()
+{
+    QStringList done;
+    QStringList failed;
+    for (const QTreeWidgetItem* item : m_list->selectedItems())
+        (BringStyleBack(FromQString(item->text(1))) ? done : failed) << item->text(0);
+    m_editor.Refurbish();
+    Fill();
+    QStringList message;
+    if (!done.isEmpty()) message << tr("已恢复: %1").arg(done.join(u'、'));
+    if (!failed.isEmpty()) message << tr("无法恢复: %1。原因见跟踪面板。").arg(failed.join(u'、'));
+    m_message->setText(message.join(u'\n'));
+}

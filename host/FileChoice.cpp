@@ -1,0 +1,39 @@
+#include "host/FileChoice.h"
+
+#include <QFileDialog>
+
+namespace {
+
+QString Run(QFileDialog& dialog)
+{
+    if (dialog.exec() != QDialog::Accepted) return {};
+    return dialog.selectedFiles().value(0);
+}
+
+} // namespace
+
+QString AskFileToOpen(QWidget* owner, const QString& title, const QString& filter)
+{
+    QFileDialog dialog(owner, title, {}, filter);
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    return Run(dialog);
+}
+
+QString AskFileToSave(QWidget* owner, const QString& title, const QString& filter,
+                      const QString& ending, const QString& proposed)
+{
+    QFileDialog dialog(owner, title, {}, filter);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    dialog.setDefaultSuffix(ending);
+    dialog.selectFile(proposed);
+    return Run(dialog);
+}
+
+QString AskFolder(QWidget* owner, const QString& title, const QString& start)
+{
+    QFileDialog dialog(owner, title, start);
+    dialog.setFileMode(QFileDialog::Directory);
+    dialog.setOption(QFileDialog::ShowDirsOnly);
+    return Run(dialog);
+}

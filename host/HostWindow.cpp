@@ -1,0 +1,232 @@
+#include "host/HostWindow.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDir>
+#include <QDockWidget>
+#include <QMenuBar>
+#include <QSettings>
+#include <QToolBar>
+#include <QVBoxLayout>
+
+#include "host/ControlIds.h"
+#include "host/Icons.h"
+#include "host/MessageBar.h"
+#include "host/ModulePanel.h"
+#include "host/ProjectFolders.h"
+#include "host/ProjectMenu.h"
+#include "host/StyleManagerView.h"
+#include "host/TracePanel.h"
+#include "platform/arx/Frame.h"
+#include "platform/mfc/MessageBox.h"
+#include "platform/mfc/QtText.h"
+#include "platform/vmrd/VMRDEnv/DeletedStyles.h"
+#include "platform/vmrd/VMRDPrj/PrjManager.h"
+#include "platform/vmrd/VMRDPub/VMRDPub.h"
+
+namespace {
+
+const QString kGeometryKey = QStringLiteral("window/geometry");
+const QString kStateKey = QStringLiteral("window/state");
+constexpr int kMostNames = 3; // of changed files, in a message
+
+QString ShortList(const QStringList& names)
+{
+    const QString shown = names.mid(0, kMostNames).join(u'、');
+    return names.size() <= kMostNames ? shown
+                                      : QObject::tr("%1 等 %2 个").arg(shown).arg(names.size());
+}
+
+} // namespace
+
+HostWindow::HostWindow()
+{
+    acedSetAcadFrame(this);
+    setWindowTitle(QApplication::applicationDisplayName());
+    setCentralWidget(MakeCenter());
+    MakePanels();
+    MakeToolBar();
+    MakeMenus();
+    Connect();
+    ShowNoProject();
+    const int character = fontMetrics().averageCharWidth();
+    resize(character * 130, fontMetrics().height() * 38);
+    const QSettings settings;
+    restoreGeometry(settings.value(kGeometryKey).toByteArray());
+    restoreState(settings.value(kStateKey).toByteArray());
+}
+
+HostWindow::~HostWindow()
+{
+    m_modules.UnloadAll();
+}
+
+QWidget* HostWindow::MakeCenter()
+{
+    m_errorBar = new MessageBar(MessageBar::Kind::Error, ControlId::ErrorBar);
+    m_changeBar = new MessageBar(MessageBar::Kind::Change, ControlId::ChangeBar);
+    m_noteBar = new MessageBar(MessageBar::Kind::Note, ControlId::NoteBar);
+    m_styles = new StyleManagerView;
+    auto* center = new QWidget;
+    auto* layout = new QVBoxLayout(center);
+    for (MessageBar* bar : {m_errorBar, m_changeBar, m_noteBar})
+        layout->addWidget(bar);
+    layout->addWidget(m_styles, 1);
+    return center;
+}
+
+QDockWidget* HostWindow::MakePanel(const QString& title, const QString& name, QWidget* panel,
+                                   Qt::DockWidgetArea area)
+{
+    auto* dock = new QDockWidget(title, this);
+    dock->setObjectName(name);
+    dock->setWidget(panel);
+    addDockWidget(area, dock);
+    dock->hide();
+    return dock;
+}
+
+void HostWindow::MakePanels()
+{
+    m_tracePanel = MakePanel(tr("跟踪"), QStringLiteral("trace"), new TracePanel(m_log),
+                             Qt::BottomDockWidgetArea);
+    m_modulePanel = MakePanel(tr("模块"), QStringLiteral("modules"), new ModulePanel(m_modules),
+                              Qt::BottomDockWidgetArea);
+    tabifyDockWidget(m_tracePanel, m_modulePanel);
+}
+
+void HostWindow::MakeToolBar()
+{
+    auto* bar = addToolBar(tr("样式"));
+    SetControlId(bar, ControlId::ToolBar);
+    bar->setObjectName(QStringLiteral("styles"));
+    bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    bar->setMovable(false);
+    m_styles->Actions().AddToToolBar(bar);
+}
+
+void HostWindow::MakeMenus()
+{
+    m_projects = new ProjectMenu(this);
+    menuBar()->addMenu(m_projects);
+    m_styles->Actions().AddTo(menuBar()->addMenu(tr("样式(&S)")));
+    QMenu* const view = menuBar()->addMenu(tr("视图(&V)"));
+    QAction* const modules = m_modulePanel->toggleViewAction();
+    modules->setShortcut(QKeySequence(tr("Ctrl+M")));
+    view->addAction(modules);
+    QAction* const trace = m_tracePanel->toggleViewAction();
+    trace->setShortcut(QKeySequence(tr("Ctrl+T")));
+    view->addAction(trace);
+    for (QDockWidget* panel : {m_modulePanel, m_tracePanel})
+        connect(panel->toggleViewAction(), &QAction::triggered, panel, [panel](bool shown) {
+            if (shown) panel->raise();
+        });
+}
+
+void HostWindow::Connect()
+{
+    connect(&m_log, &TraceLog::LineAdded, this, &HostWindow::ShowError);
+    connect(&m_watcher, &LibraryWatcher::ChangedOutside, this, &HostWindow::KeepChange);
+    connect(m_projects, &ProjectMenu::Open, this, &HostWindow::OpenProject);
+    connect(m_projects, &ProjectMenu::New, this, &HostWindow::NewProject);
+    connect(&m_styles->Commands(), &StyleCommands::Note, this,
+            [this](const QString& text) { m_noteBar->Show(text); });
+    connect(&m_styles->Commands(), &StyleCommands::Failed, this, &HostWindow::ShowFailure);
+}
+
+void HostWindow::ShowNoProject()
+{
+    m_styles->SetHint(tr("还没有打开项目。项目是含有“规范”文件夹的文件夹。"), tr("打开项目…"),
+                      [this] { m_projects->AskOpen(); });
+}
+
+bool HostWindow::OpenProject(const QString& folder)
+{
+    if (!IsProject(folder)) {
+        RecentProjects().Remove(folder);
+        m_errorBar->Show(tr("不是项目, 没有“规范”文件夹: %1").arg(folder), tr("在此新建项目"),
+                         [this, folder] { NewProject(folder); });
+        return false;
+    }
+    for (MessageBar* bar : {m_errorBar, m_changeBar, m_noteBar})
+        bar->hide();
+    const QString path = QDir(folder).absolutePath();
+    VMRDPub::SetCurPrjPath(FromQString(path));
+    RecentProjects().Add(path);
+    setWindowTitle(tr("%1 — %2").arg(QDir(path).dirName(), QApplication::applicationDisplayName()));
+    m_styles->SetHint({});
+    m_watcher.Watch(StylesFolder());
+    Reload();
+    return true;
+}
+
+bool HostWindow::NewProject(const QString& folder)
+{
+    return CreateProject(folder) && OpenProject(folder);
+}
+
+void HostWindow::Reload()
+{
+    m_changed.clear();
+    m_watcher.Acknowledge();
+    if (CPrjManager* const project = CPrjManager::GetInstance())
+        project->GetStyleManager()->Refurbish();
+}
+
+void HostWindow::ShowError(const TraceLine& line)
+{
+    if (line.level != TraceLevel::Error) return;
+    m_errors = m_errorBar->isHidden() ? 1 : m_errors + 1;
+    const QString text = ToQString(line.Text());
+    m_errorBar->Show(m_errors == 1 ? text : tr("%1\n(另有 %2 条)").arg(text).arg(m_errors - 1),
+                     tr("详情"), [this] { ShowTrace(); });
+}
+
+// What failed was told to the trace before, with its cause; this says what it means.
+void HostWindow::ShowFailure(const QString& text)
+{
+    const QString cause = m_errorBar->isHidden() ? QString() : u'\n' + m_errorBar->Text();
+    m_errorBar->Show(text + cause, tr("详情"), [this] { ShowTrace(); });
+}
+
+void HostWindow::ShowTrace()
+{
+    m_tracePanel->show();
+    m_tracePanel->raise();
+}
+
+void HostWindow::KeepChange(const QStringList& names)
+{
+    m_changed << names;
+    m_changed.removeDuplicates();
+    ShowChange();
+}
+
+// Under an open dialog the list must stay what it is: the message waits until the dialog is gone.
+void HostWindow::ShowChange()
+{
+    if (m_changed.isEmpty() || QApplication::activeModalWidget()) return;
+    m_changeBar->Show(tr("“规范”中的文件在外部有变化: %1").arg(ShortList(m_changed)),
+                      tr("重新加载"), [this] { Reload(); });
+}
+
+bool HostWindow::event(QEvent* event)
+{
+    const bool done = QMainWindow::event(event);
+    if (event->type() == QEvent::WindowUnblocked) ShowChange();
+    return done;
+}
+
+void HostWindow::changeEvent(QEvent* event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && m_projects) m_projects->RenewIcons();
+}
+
+void HostWindow::closeEvent(QCloseEvent* event)
+{
+    QSettings settings;
+    settings.setValue(kGeometryKey, saveGeometry());
+    settings.setValue(kStateKey, saveState());
+    QMainWindow::closeEvent(event);
+}

@@ -1,0 +1,66 @@
+// The host's main window: holds its parts together, and nothing more.
+#pragma once
+
+#include <QMainWindow>
+
+#include "host/HostModules.h"
+#include "host/LibraryWatcher.h"
+#include "host/TraceLog.h"
+
+class MessageBar;
+class ProjectMenu;
+class QDockWidget;
+class StyleManagerView;
+
+class HostWindow : public QMainWindow {
+    Q_OBJECT
+
+public:
+    HostWindow();
+    ~HostWindow() override;
+
+    // Makes the folder the current project, reads its libraries and remembers it. False, with a
+    // message, when it is no project.
+    bool OpenProject(const QString& folder);
+    bool NewProject(const QString& folder);
+    // Loads the modules of the start list.
+    void LoadModules() { m_modules.LoadAtStart(); }
+
+    StyleManagerView& Styles() { return *m_styles; }
+    void ShowTrace();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    bool event(QEvent* event) override;
+
+private:
+    QWidget* MakeCenter();
+    QDockWidget* MakePanel(const QString& title, const QString& name, QWidget* panel,
+                           Qt::DockWidgetArea area);
+    void MakePanels();
+    void MakeMenus();
+    void MakeToolBar();
+    void Connect();
+
+    void ShowNoProject();
+    void ShowError(const TraceLine& line);
+    void ShowFailure(const QString& text);
+    void KeepChange(const QStringList& names);
+    void ShowChange();
+    void Reload();
+
+    TraceLog m_log;
+    HostModules m_modules;
+    LibraryWatcher m_watcher;
+    QStringList m_changed; // files changed outside that the user was not told of yet
+    int m_errors = 0;      // since the error bar was shown
+
+    StyleManagerView* m_styles = nullptr;
+    MessageBar* m_errorBar = nullptr;
+    MessageBar* m_changeBar = nullptr;
+    MessageBar* m_noteBar = nullptr;
+    ProjectMenu* m_projects = nullptr;
+    QDockWidget* m_modulePanel = nullptr;
+    QDockWidget* m_tracePanel = nullptr;
+};

@@ -1,0 +1,37 @@
+// Shows the modules and their state, loads and unloads them.
+#pragma once
+
+#include <QWidget>
+
+#include "platform/arx/Modules.h"
+
+class HostModules;
+class QPushButton;
+class QTreeWidget;
+class QTreeWidgetItem;
+
+class ModulePanel : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit ModulePanel(HostModules& modules, QWidget* parent = nullptr);
+    ~ModulePanel() override;
+
+private:
+    QPushButton* AddButton(int id, const QString& caption, const QString& tip);
+    void Fill();
+    void AddRow(const QString& name, const ArxModule* module);
+    void Adjust();
+    void Load();
+    void Unload();
+    void AddFile();
+    void Remove();
+    QString Selected() const;
+
+    HostModules& m_modules;
+    QTreeWidget* m_list;
+    QPushButton* m_load;
+    QPushButton* m_unload;
+    QPushButton* m_remove;
+    ArxModuleListener m_before;
+};

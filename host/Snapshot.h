@@ -1,0 +1,15 @@
+// Writes pictures of every window, without a user.
+#pragma once
+
+#include <QString>
+
+class HostWindow;
+
+struct SnapshotOptions {
+    QString folder; // made if it is missing
+    QString spec;   // name or GUID of the style to show; empty: the default one, or the first
+};
+
+// Prints each file's path to standard output. 0; 2 when there is no such style; 3 when a picture
+// could not be written.
+int WriteSnapshots(HostWindow& window, const SnapshotOptions& options);

@@ -1,0 +1,192 @@
+#include "host/StyleCommands.h"
+
+#include <QDir>
+#include <QWidget>
+
+#include "host/DeletedStylesDialog.h"
+#include "host/FileChoice.h"
+#include "host/ImportDialog.h"
+#include "host/StyleImport.h"
+#include "platform/mfc/MessageBox.h"
+#include "platform/mfc/QtText.h"
+#include "platform/vmrd/VMRDEnv/DeletedStyles.h"
+
+namespace {
+
+const QString kFilter = QObject::tr("样式文件 (*.hds);;所有文件 (*)");
+
+} // namespace
+
+StyleCommands::StyleCommands(QWidget* window) : QObject(window), m_window(window) {}
+
+CStyle* StyleCommands::Only(const Selection& selected) const
+{
+    const CStyles* const styles = Styles();
+    return styles && selected.size() == 1 ? styles->Item(selected.front()) : nullptr;
+}
+
+bool StyleCommands::IsDefault(const CStyle* style) const
+{
+    return style && Styles()->DefaultItem() == style;
+}
+
+bool StyleCommands::IsEnabled(unsigned command, const Selection& selected) const
+{
+    const CStyles* const styles = Styles();
+    if (!styles) return false;
+    const CStyle* const only = Only(selected);
+    switch (command) {
+    case kCommandNewStyle:
+        return m_editor->EnableNew();
+    case kCommandNewStyleFrom:
+        return only && m_editor->EnableNewFrom();
+    case kCommandEditStyle:
+    case kCommandRenameStyle:
+        return only && m_editor->EnableEdit();
+    case kCommandViewStyle:
+        return only && m_editor->EnableView();
+    case kCommandDeleteStyle:
+        return !selected.empty() && m_editor->EnableDel();
+    case kCommandSetAsDefaultStyle:
+        return only && !IsDefault(only) && m_editor->EnableAsDefaultStyle();
+    case kCommandExportStyles:
+        return styles->Count() > 0 && m_editor->EnableExport();
+    default:
+        return true;
+    }
+}
+
+void StyleCommands::Run(unsigned command, const Selection& selected)
+{
+    if (!IsEnabled(command, selected)) return;
+    switch (command) {
+    case kCommandNewStyle:
+        return New(nullptr);
+    case kCommandNewStyleFrom:
+        return New(Only(selected));
+    case kCommandEditStyle:
+    case kCommandRenameStyle: // the name is a field of the editor's dialog
+        m_editor->Edit(Only(selected));
+        break;
+    case kCommandViewStyle:
+        return m_editor->View(Only(selected));
+    case kCommandDeleteStyle:
+        return Delete(selected);
+    case kCommandSetAsDefaultStyle:
+        m_editor->SetAsDefaultStyle(Only(selected));
+        break;
+    case kCommandImportStyles:
+        return Import();
+    case kCommandExportStyles:
+        return Export(selected);
+    case kCommandSaveAsTemplate:
+        return SaveAsTemplate();
+    case kCommandDeletedStyles:
+        return ShowDeleted();
+    case kCommandReload:
+        return m_editor->Refurbish();
+    default:
+        m_editor->OnCommand(command, Only(selected));
+        break;
+    }
+    emit Listed();
+}
+
+void StyleCommands::New(CStyle* from)
+{
+    const CStyle* const made = m_editor->New(from);
+    emit Listed();
+    if (made) emit Made(made->ID());
+}
+
+bool StyleCommands::ConfirmDelete(const Selection& selected) const
+{
+    const CStyle* const only = Only(selected);
+    const CString question = only ? Format(L"要删除“%s”吗?", only->Name())
+                                  : Format(L"要删除选中的 %d 个样式吗?", selected.size());
+    return MessageBox(m_window, question + L"\n\n删除后可以用“已删除…”恢复。", L"删除",
+                      MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2) == IDYES;
+}
+
+void StyleCommands::Delete(const Selection& selected)
+{
+    if (!ConfirmDelete(selected)) return;
+    CStyles* const styles = Styles();
+    const CStyle* const standard = styles->DefaultItem();
+    const std::optional<GUID> before = standard ? std::optional(standard->ID()) : std::nullopt;
+    int deleted = 0;
+    for (const GUID& id : selected) {
+        CStyle* const style = styles->Item(id);
+        if (!style || !m_editor->Delete(style)) continue;
+        ++deleted;
+        if (!SetStyleAside(*styles, id))
+            emit Failed(tr("样式已从列表中删除, 但它的文件没有移走。"));
+    }
+    if (deleted > 0) emit Note(tr("已删除 %1 个样式, 可以用“已删除…”恢复。").arg(deleted));
+    KeepDefault(before);
+    emit Listed();
+}
+
+// The library knows its default style by index, which a deletion before it moves.
+void StyleCommands::KeepDefault(const std::optional<GUID>& before)
+{
+    CStyles* const styles = Styles();
+    if (!before || styles->CStyles::SetDefaultItem(*before)) return;
+    styles->CStyles::SetDefaultItem(-1);
+    emit Note(tr("默认样式已删除, 请另设一个默认样式。"));
+}
+
+void StyleCommands::Import()
+{
+    CStyles* const styles = Styles();
+    const QString path = AskFileToOpen(m_window, tr("导入样式"), kFilter);
+    if (path.isEmpty()) return;
+    CStringArray names;
+    CArray<GUID> ids;
+    if (!styles->StyleNames(FromQString(path).c_str(), names, ids))
+        return emit Failed(tr("无法导入: %1").arg(path));
+    if (names.empty())
+        return emit Failed(tr("文件中没有“%1”的样式: %2").arg(ToQString(styles->Name()), path));
+
+    ImportDialog dialog(*styles, names, ids, m_window);
+    if (dialog.exec() != QDialog::Accepted) return;
+    const ImportResult result =
+        ImportStyles(*styles, FromQString(path), dialog.Names(), dialog.Overwrite());
+    emit Listed();
+    if (!result.read)
+        emit Failed(tr("无法导入: %1").arg(path));
+    else if (result.failed > 0)
+        emit Failed(tr("已导入, 但有 %1 个样式没有保存到库中。").arg(result.failed));
+    else
+        emit Note(tr("已导入: 新增 %1 个, 覆盖 %2 个。").arg(result.added).arg(result.overwritten));
+}
+
+void StyleCommands::Export(const Selection& selected)
+{
+    const CStyles* const styles = Styles();
+    CStringArray names;
+    for (const GUID& id : selected)
+        if (const CStyle* const style = styles->Item(id)) names.push_back(style->Name());
+    const CString proposed = names.size() == 1 ? names.front() : styles->Name();
+    const QString path = AskFileToSave(m_window, tr("导出样式 (已有的文件保留其他样式)"), kFilter,
+                                       QStringLiteral("hds"), ToQString(proposed));
+    if (path.isEmpty()) return;
+    if (!m_editor->Export(FromQString(path).c_str(), names))
+        return emit Failed(tr("无法导出: %1").arg(path));
+    emit Note(tr("已导出: %1").arg(path));
+}
+
+void StyleCommands::SaveAsTemplate()
+{
+    const QString folder = AskFolder(m_window, tr("另存为模板"), QDir::homePath());
+    if (folder.isEmpty()) return;
+    if (!Styles()->SaveAsTemplate(FromQString(folder).c_str()))
+        return emit Failed(tr("模板没有完整保存到: %1").arg(folder));
+    emit Note(tr("模板已保存到: %1").arg(folder));
+}
+
+void StyleCommands::ShowDeleted()
+{
+    DeletedStylesDialog(*m_editor, m_window).exec();
+    emit Listed();
+}

@@ -1,0 +1,53 @@
+// What the style manager's commands do with the styles of one editor.
+#pragma once
+
+#include <optional>
+
+#include <QObject>
+
+#include "platform/vmrd/VMRDPrj/StyleEditor.h"
+
+class QWidget;
+
+class StyleCommands : public QObject {
+    Q_OBJECT
+
+public:
+    using Selection = std::vector<GUID>;
+
+    // Dialogs belong to `window`.
+    explicit StyleCommands(QWidget* window);
+
+    // Null: no command can be given.
+    void SetEditor(CStyleEditor* editor) { m_editor = editor; }
+    CStyleEditor* Editor() const { return m_editor; }
+
+    // Whether the command can be given for that selection.
+    bool IsEnabled(unsigned command, const Selection& selected) const;
+    // Does it; one that is not the host's own goes to the editor. Does nothing when it cannot be
+    // given.
+    void Run(unsigned command, const Selection& selected);
+
+signals:
+    void Made(const GUID& id); // a new style, to be selected
+    void Note(const QString& text);
+    void Failed(const QString& text);
+    void Listed(); // the library may show another list or default now
+
+private:
+    CStyles* Styles() const { return m_editor ? m_editor->GetStyles() : nullptr; }
+    CStyle* Only(const Selection& selected) const;
+    bool IsDefault(const CStyle* style) const;
+
+    void New(CStyle* from);
+    void Delete(const Selection& selected);
+    bool ConfirmDelete(const Selection& selected) const;
+    void KeepDefault(const std::optional<GUID>& before);
+    void Import();
+    void Export(const Selection& selected);
+    void SaveAsTemplate();
+    void ShowDeleted();
+
+    QWidget* m_window;
+    CStyleEditor* m_editor = nullptr;
+};

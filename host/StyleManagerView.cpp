@@ -1,0 +1,308 @@
+#include "host/StyleManagerView.h"
+
+#include <algorithm>
+
+#include <QContextMenuEvent>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSettings>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QTableView>
+#include <QToolBar>
+#include <QVBoxLayout>
+
+#include "host/ControlIds.h"
+#include "host/StyleGroupTree.h"
+#include "host/StyleListModel.h"
+#include "platform/vmrd/VMRDPrj/PrjManager.h"
+
+namespace {
+
+const QString kSplitterKey = QStringLiteral("styleManager/splitter");
+const QString kColumnsKey = QStringLiteral("styleManager/columns");
+
+} // namespace
+
+StyleManagerView::StyleManagerView(QWidget* parent)
+    : QWidget(parent), m_list(new StyleListModel(this)), m_shown(new StyleSortFilter(this)),
+      m_commands(new StyleCommands(this)), m_actions(new StyleActions(*m_commands, this)),
+      m_groups(new StyleGroupTree), m_table(new QTableView), m_filter(new QLineEdit),
+      m_stack(new QStackedWidget), m_splitter(new QSplitter), m_hint(new QLabel),
+      m_hintButton(new QPushButton)
+{
+    m_shown->setSourceModel(m_list);
+    MakeTable();
+    MakeFilter();
+    m_splitter->addWidget(m_groups);
+    m_splitter->addWidget(MakeRight());
+    m_splitter->setStretchFactor(1, 1);
+    m_splitter->setChildrenCollapsible(false);
+    const int character = fontMetrics().averageCharWidth();
+    m_splitter->setSizes({character * 26, character * 90});
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins({});
+    layout->addWidget(m_splitter);
+    RestoreLayout();
+    Connect();
+    ShowGroups();
+}
+
+StyleManagerView::~StyleManagerView()
+{
+    SaveLayout();
+    CStyles::SetRefurbishListener(m_refurbishBefore);
+    CStyleManager::SetChangeListener(m_changeBefore);
+}
+
+void StyleManagerView::MakeTable()
+{
+    SetControlId(m_table, ControlId::Styles);
+    m_table->setModel(m_shown);
+    m_table->setAccessibleName(tr("样式"));
+    m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    m_table->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    m_table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_table->setTabKeyNavigation(false);
+    m_table->setShowGrid(false);
+    m_table->setAlternatingRowColors(true);
+    m_table->setWordWrap(false);
+    m_table->setSortingEnabled(true);
+    m_table->sortByColumn(StyleListModel::NameColumn, Qt::AscendingOrder);
+    m_table->verticalHeader()->hide();
+    m_table->verticalHeader()->setDefaultSectionSize(m_table->fontMetrics().height() * 8 / 5);
+    QHeaderView* const header = m_table->horizontalHeader();
+    header->setHighlightSections(false);
+    header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    header->setStretchLastSection(true);
+    const int character = m_table->fontMetrics().averageCharWidth();
+    header->resizeSection(StyleListModel::NameColumn, character * 40);
+    header->resizeSection(StyleListModel::DefaultColumn, character * 14);
+    for (QAction* action :
+         {m_actions->Action(kCommandEditStyle), m_actions->Action(kCommandDeleteStyle)})
+        m_table->addAction(action);
+    m_table->installEventFilter(this);
+}
+
+void StyleManagerView::MakeFilter()
+{
+    SetControlId(m_filter, ControlId::Filter);
+    m_filter->setPlaceholderText(tr("按名称筛选 (Ctrl+F)"));
+    m_filter->setAccessibleName(tr("按名称筛选"));
+    m_filter->setClearButtonEnabled(true);
+    m_filter->installEventFilter(this);
+    auto* find = new QAction(this);
+    find->setShortcut(QKeySequence::Find);
+    connect(find, &QAction::triggered, this, [this] {
+        m_filter->setFocus(Qt::ShortcutFocusReason);
+        m_filter->selectAll();
+    });
+    addAction(find);
+}
+
+QWidget* StyleManagerView::MakeHint()
+{
+    SetControlId(m_hint, ControlId::Hint);
+    SetControlId(m_hintButton, ControlId::HintButton);
+    m_hint->setAlignment(Qt::AlignCenter);
+    m_hint->setWordWrap(true);
+    m_hint->setTextFormat(Qt::PlainText);
+    auto* page = new QWidget;
+    auto* layout = new QVBoxLayout(page);
+    layout->addStretch();
+    layout->addWidget(m_hint);
+    layout->addSpacing(fontMetrics().height() / 2);
+    layout->addWidget(m_hintButton, 0, Qt::AlignHCenter);
+    layout->addStretch();
+    return page;
+}
+
+QWidget* StyleManagerView::MakeRight()
+{
+    m_stack->addWidget(m_table);
+    m_stack->addWidget(MakeHint());
+    auto* right = new QWidget;
+    auto* layout = new QVBoxLayout(right);
+    layout->setContentsMargins({});
+    layout->addWidget(m_filter);
+    layout->addWidget(m_stack, 1);
+    return right;
+}
+
+void StyleManagerView::Connect()
+{
+    connect(m_groups, &StyleGroupTree::CurrentEditorChanged, this, &StyleManagerView::ShowEditor);
+    connect(m_filter, &QLineEdit::textChanged, this, [this](const QString& text) {
+        m_shown->setFilterFixedString(text);
+        ShowHint();
+        Adjust();
+    });
+    connect(m_table, &QTableView::doubleClicked, this,
+            [this] { m_commands->Run(kCommandEditStyle, Selected()); });
+    connect(m_table->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &StyleManagerView::Adjust);
+    connect(m_actions, &StyleActions::Triggered, this,
+            [this](unsigned command) { m_commands->Run(command, Selected()); });
+    connect(m_commands, &StyleCommands::Made, this, &StyleManagerView::Select);
+    connect(m_commands, &StyleCommands::Listed, this, &StyleManagerView::Refresh);
+    m_refurbishBefore = CStyles::SetRefurbishListener([this](CStyles&) { Refresh(); });
+    m_changeBefore = CStyleManager::SetChangeListener([this] { ShowGroups(); });
+}
+
+void StyleManagerView::ShowGroups()
+{
+    CPrjManager* const project = CPrjManager::GetInstance();
+    m_groups->Show(project ? project->GetStyleManager() : nullptr);
+}
+
+void StyleManagerView::ShowEditor(CStyleEditor* editor)
+{
+    m_commands->SetEditor(editor);
+    Refresh();
+}
+
+void StyleManagerView::Refresh()
+{
+    const StyleCommands::Selection selected = Selected();
+    const std::optional<GUID> current = Current();
+    const CStyleEditor* const editor = m_commands->Editor();
+    m_list->Show(editor ? editor->GetStyles() : nullptr);
+    SelectAll(selected, current);
+    ShowHint();
+    Adjust();
+}
+
+StyleCommands::Selection StyleManagerView::Selected() const
+{
+    QModelIndexList rows = m_table->selectionModel()->selectedRows();
+    std::sort(rows.begin(), rows.end(),
+              [](const QModelIndex& a, const QModelIndex& b) { return a.row() < b.row(); });
+    StyleCommands::Selection ids;
+    for (const QModelIndex& row : rows)
+        ids.push_back(m_list->IdAt(m_shown->mapToSource(row).row()));
+    return ids;
+}
+
+std::optional<GUID> StyleManagerView::Current() const
+{
+    const QModelIndex current = m_shown->mapToSource(m_table->currentIndex());
+    if (!current.isValid()) return {};
+    return m_list->IdAt(current.row());
+}
+
+void StyleManagerView::SelectAll(const StyleCommands::Selection& ids,
+                                 const std::optional<GUID>& current)
+{
+    QItemSelection selection;
+    QModelIndex shown;
+    for (int row = 0; row < m_shown->rowCount(); ++row) {
+        const QModelIndex index = m_shown->index(row, 0);
+        const GUID id = m_list->IdAt(m_shown->mapToSource(index).row());
+        if (std::find(ids.begin(), ids.end(), id) != ids.end()) selection.select(index, index);
+        if (current == id) shown = index;
+    }
+    QItemSelectionModel* const model = m_table->selectionModel();
+    model->setCurrentIndex(shown, QItemSelectionModel::NoUpdate);
+    model->select(selection, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    if (shown.isValid()) m_table->scrollTo(shown);
+}
+
+void StyleManagerView::Select(const GUID& id)
+{
+    SelectAll({id}, id);
+    if (!m_table->currentIndex().isValid() && !m_filter->text().isEmpty()) {
+        m_filter->clear();
+        SelectAll({id}, id);
+    }
+}
+
+void StyleManagerView::SetHint(const QString& text, const QString& caption,
+                               std::function<void()> action)
+{
+    m_hostHint = text;
+    m_hostCaption = caption;
+    m_hostAction = std::move(action);
+    ShowHint();
+}
+
+void StyleManagerView::ShowHint()
+{
+    QString text = m_hostHint;
+    QString caption = m_hostCaption;
+    std::function<void()> action = m_hostAction;
+    if (text.isEmpty() && !m_commands->Editor()) {
+        text = tr("没有可以管理的样式。");
+        caption.clear();
+    } else if (text.isEmpty() && m_list->rowCount() == 0) {
+        text = tr("这个项目还没有样式。");
+        caption = m_commands->IsEnabled(kCommandNewStyle, {}) ? tr("新建") : QString();
+        action = [this] { m_commands->Run(kCommandNewStyle, {}); };
+    } else if (text.isEmpty() && m_shown->rowCount() == 0) {
+        text = tr("没有名称含“%1”的样式。").arg(m_filter->text());
+        caption = tr("清除筛选");
+        action = [this] { m_filter->clear(); };
+    }
+    m_hint->setText(text);
+    m_hintButton->setText(caption);
+    m_hintButton->setVisible(!caption.isEmpty());
+    m_hintButton->disconnect(this);
+    connect(m_hintButton, &QPushButton::clicked, this, [action] {
+        if (action) action();
+    });
+    m_stack->setCurrentIndex(text.isEmpty() ? 0 : 1);
+}
+
+void StyleManagerView::Adjust()
+{
+    m_actions->Adjust(Selected());
+}
+
+void StyleManagerView::ShowContextMenu(const QPoint& position)
+{
+    const UINT command = m_actions->MakeContextMenu(Selected()).TrackPopupMenu(position, m_table);
+    if (command != 0) m_commands->Run(command, Selected());
+}
+
+bool StyleManagerView::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_table && event->type() == QEvent::ContextMenu) {
+        ShowContextMenu(static_cast<QContextMenuEvent*>(event)->globalPos());
+        return true;
+    }
+    if (watched == m_filter && event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Escape) m_filter->clear();
+        const bool toList = key == Qt::Key_Down || key == Qt::Key_Escape || key == Qt::Key_Return ||
+                            key == Qt::Key_Enter;
+        if (toList) m_table->setFocus(Qt::TabFocusReason);
+        if (toList && !m_table->currentIndex().isValid() && m_shown->rowCount() > 0)
+            m_table->selectRow(0);
+        return toList;
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void StyleManagerView::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) m_actions->RenewIcons();
+}
+
+void StyleManagerView::RestoreLayout()
+{
+    const QSettings settings;
+    m_splitter->restoreState(settings.value(kSplitterKey).toByteArray());
+    m_table->horizontalHeader()->restoreState(settings.value(kColumnsKey).toByteArray());
+    const QHeaderView* const header = m_table->horizontalHeader();
+    m_table->sortByColumn(header->sortIndicatorSection(), header->sortIndicatorOrder());
+}
+
+void StyleManagerView::SaveLayout() const
+{
+    QSettings settings;
+    settings.setValue(kSplitterKey, m_splitter->saveState());
+    settings.setValue(kColumnsKey, m_table->horizontalHeader()->saveState());
+}

@@ -1,0 +1,81 @@
+// The style manager window: groups on the left, the styles of the chosen one on the right, and
+// what can be done with them.
+#pragma once
+
+#include <functional>
+
+#include <QWidget>
+
+#include "host/StyleActions.h"
+#include "platform/vmrd/VMRDPrj/StyleManager.h"
+
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QSplitter;
+class QStackedWidget;
+class QTableView;
+class StyleGroupTree;
+class StyleListModel;
+class StyleSortFilter;
+
+class StyleManagerView : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit StyleManagerView(QWidget* parent = nullptr);
+    ~StyleManagerView() override;
+
+    // What stands in place of an empty list while nothing can be done with it, and a button for
+    // the way out; an empty text when the list is to be shown.
+    void SetHint(const QString& text, const QString& caption = {},
+                 std::function<void()> action = {});
+
+    StyleGroupTree& Groups() { return *m_groups; }
+    StyleCommands& Commands() { return *m_commands; }
+    StyleActions& Actions() { return *m_actions; }
+
+    // The identities of the selected styles, from top to bottom.
+    StyleCommands::Selection Selected() const;
+    // Selects one, and takes a filter away that hides it.
+    void Select(const GUID& id);
+
+protected:
+    void changeEvent(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    QWidget* MakeRight();
+    void MakeTable();
+    void MakeFilter();
+    QWidget* MakeHint();
+    void Connect();
+
+    void ShowGroups();
+    void ShowEditor(CStyleEditor* editor);
+    void Refresh();
+    void SelectAll(const StyleCommands::Selection& ids, const std::optional<GUID>& current);
+    std::optional<GUID> Current() const;
+    void ShowHint();
+    void Adjust();
+    void ShowContextMenu(const QPoint& position);
+    void RestoreLayout();
+    void SaveLayout() const;
+
+    StyleListModel* m_list;
+    StyleSortFilter* m_shown;
+    StyleCommands* m_commands;
+    StyleActions* m_actions;
+    StyleGroupTree* m_groups;
+    QTableView* m_table;
+    QLineEdit* m_filter;
+    QStackedWidget* m_stack;
+    QSplitter* m_splitter;
+    QLabel* m_hint;
+    QPushButton* m_hintButton;
+    QString m_hostHint; // empty: the list is shown
+    QString m_hostCaption;
+    std::function<void()> m_hostAction;
+    CStyles::RefurbishListener m_refurbishBefore;
+    CStyleManager::ChangeListener m_changeBefore;
+};

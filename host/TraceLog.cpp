@@ -1,0 +1,69 @@
+#include "host/TraceLog.h"
+
+#include <utility>
+
+#include "platform/mfc/QtText.h"
+
+TraceLog::TraceLog(QObject* parent) : QAbstractTableModel(parent)
+{
+    m_before = SetTraceSink([this](const TraceLine& line) { Add(line); });
+}
+
+TraceLog::~TraceLog()
+{
+    SetTraceSink(m_before);
+}
+
+void TraceLog::Add(const TraceLine& line)
+{
+    const int row = rowCount();
+    beginInsertRows({}, row, row);
+    m_entries.push_back({QDateTime::currentDateTime(), line});
+    endInsertRows();
+    emit LineAdded(line);
+}
+
+int TraceLog::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(m_entries.size());
+}
+
+int TraceLog::columnCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : ColumnCount;
+}
+
+QString TraceLog::Text(const Entry& entry, int column) const
+{
+    switch (column) {
+    case TimeColumn:
+        return entry.time.toString(QStringLiteral("hh:mm:ss"));
+    case LevelColumn:
+        return entry.line.level == TraceLevel::Error ? tr("错误") : tr("提示");
+    case FileColumn:
+        return ToQString(entry.line.file);
+    case LineColumn:
+        return entry.line.line > 0 ? QString::number(entry.line.line) : QString();
+    default:
+        return ToQString(entry.line.text);
+    }
+}
+
+QVariant TraceLog::data(const QModelIndex& index, int role) const
+{
+    if (!index.isValid()) return {};
+    const Entry& entry = m_entries[static_cast<size_t>(index.row())];
+    if (role == Qt::DisplayRole || role == Qt::ToolTipRole) return Text(entry, index.column());
+    if (role == IsErrorRole) return entry.line.level == TraceLevel::Error;
+    if (role == Qt::TextAlignmentRole && index.column() == LineColumn)
+        return QVariant(Qt::AlignRight | Qt::AlignVCenter);
+    return {};
+}
+
+QVariant TraceLog::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (role != Qt::DisplayRole || orientation != Qt::Horizontal) return {};
+    static const QString kTitles[ColumnCount] = {tr("时间"), tr("级别"), tr("文件"), tr("行"),
+                                                 tr("说明")};
+    return kTitles[section];
+}

@@ -1,0 +1,105 @@
+// roadhost: the desktop host of the road-design modules.
+#include <cstdio>
+
+#include <optional>
+#include <string>
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QSettings>
+#include <QTemporaryDir>
+
+#include "host/Appearance.h"
+#include "host/HostWindow.h"
+#include "host/ProjectFolders.h"
+#include "host/Snapshot.h"
+#include "platform/vmrd/VmHFCBaseU/Trace.h"
+
+namespace {
+
+constexpr char kSnapshotOption[] = "snapshot";
+
+bool HasOption(int argc, char** argv, const std::string& name)
+{
+    for (int i = 1; i < argc; ++i)
+        if (std::string_view(argv[i]).starts_with("--" + name)) return true;
+    return false;
+}
+
+// Pictures need no display, and a window that flashes by serves nobody.
+void ChoosePlatform(bool snapshot)
+{
+    if (snapshot && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+}
+
+// Pictures are the same whatever the user has set, and leave his settings alone.
+void UseSettingsIn(const QTemporaryDir& folder)
+{
+    QSettings::setDefaultFormat(QSettings::IniFormat);
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, folder.path());
+}
+
+bool HasDisplay()
+{
+    return qEnvironmentVariableIsSet("QT_QPA_PLATFORM") || qEnvironmentVariableIsSet("DISPLAY") ||
+           qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
+}
+
+void AddOptions(QCommandLineParser& parser)
+{
+    parser.setApplicationDescription(QObject::tr("道路设计主机: 管理项目的样式库。"));
+    parser.addHelpOption();
+    parser.addVersionOption();
+    parser.addPositionalArgument(QStringLiteral("PROJECT"),
+                                 QObject::tr("项目文件夹 (含有“规范”); 没有时打开上次的项目"),
+                                 QStringLiteral("[PROJECT]"));
+    parser.addOption({QString::fromLatin1(kSnapshotOption),
+                      QObject::tr("把每个窗口的图片写入 DIR, 不需要显示器"),
+                      QStringLiteral("DIR")});
+    parser.addOption({QStringLiteral("spec"), QObject::tr("图片中显示的样式: 名称或标识"),
+                      QStringLiteral("NAME")});
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const bool snapshot = HasOption(argc, argv, kSnapshotOption);
+    ChoosePlatform(snapshot);
+    if (!HasDisplay()) {
+        std::fputs("没有显示器。可以用 --snapshot DIR 输出各窗口的图片。\n", stderr);
+        return 2;
+    }
+    QApplication application(argc, argv);
+    QCoreApplication::setOrganizationName(QStringLiteral("roadhost"));
+    QCoreApplication::setApplicationName(QStringLiteral("roadhost"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(HOST_VERSION));
+    QGuiApplication::setApplicationDisplayName(QObject::tr("道路设计"));
+    const bool chinese = SetAppearance();
+
+    QCommandLineParser parser;
+    AddOptions(parser);
+    parser.process(application);
+
+    std::optional<QTemporaryDir> settings;
+    if (snapshot) UseSettingsIn(settings.emplace());
+    HostWindow window;
+    if (!chinese)
+        TraceFile(TraceLevel::Error, {}, 0, L"系统没有中文字体, 请安装一种 (如 fonts-noto-cjk)");
+    const QString asked = parser.positionalArguments().value(0);
+    const QString project = asked.isEmpty() ? RecentProjects().List().value(0) : asked;
+    const bool opened = !project.isEmpty() && window.OpenProject(project);
+    window.LoadModules();
+
+    if (snapshot) {
+        if (!opened) {
+            std::fprintf(stderr, "没有可以打开的项目: %s\n", qUtf8Printable(project));
+            return 3;
+        }
+        return WriteSnapshots(window, {parser.value(QString::fromLatin1(kSnapshotOption)),
+                                       parser.value(QStringLiteral("spec"))});
+    }
+    window.show();
+    return QApplication::exec();
+}

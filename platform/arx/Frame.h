@@ -1,0 +1,10 @@
+// The host's main window, which a module's dialogs have as their parent.
+#pragma once
+
+#include "platform/mfc/Export.h"
+
+class QWidget;
+
+// Null until the host has named one, and after that one is gone.
+AFX_EXT_API QWidget* acedGetAcadFrame();
+AFX_EXT_API void acedSetAcadFrame(QWidget* frame);

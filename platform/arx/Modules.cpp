@@ -1,0 +1,164 @@
+#include "platform/arx/Modules.h"
+
+#include <list>
+#include <utility>
+
+#include <dlfcn.h>
+
+#include "platform/arx/AppMessages.h"
+#include "platform/vmrd/VMRDPub/VMRDPub.h"
+#include "platform/vmrd/VmHFCBaseU/Trace.h"
+#include "platform/windows/File.h"
+
+namespace {
+
+using EntryPoint = AcRx::AppRetCode (*)(AcRx::AppMsgCode, void*);
+
+struct Module {
+    ArxModule shown;
+    CString path;
+    void* handle = nullptr;
+    EntryPoint entry = nullptr;
+
+    AcRx::AppRetCode Send(AcRx::AppMsgCode message) { return entry(message, shown.name.data()); }
+};
+
+// A module may load others while it is told that it is loaded, so entries never move.
+std::list<Module>& Modules()
+{
+    static std::list<Module> modules;
+    return modules;
+}
+
+ArxModuleListener& Listener()
+{
+    static ArxModuleListener listener;
+    return listener;
+}
+
+void TellListener()
+{
+    if (Listener()) Listener()();
+}
+
+CString FileName(const CString& name)
+{
+    const size_t separator = name.find_last_of(L"/\\");
+    return separator == CString::npos ? name : name.substr(separator + 1);
+}
+
+Module* Find(const CString& name)
+{
+    const CString file = FileName(name);
+    for (Module& module : Modules())
+        if (EqualNoCase(module.shown.name, file)) return &module;
+    return nullptr;
+}
+
+Module& FindOrMake(const CString& name)
+{
+    if (Module* module = Find(name)) return *module;
+    Module module;
+    module.shown.name = FileName(name);
+    return Modules().emplace_back(std::move(module));
+}
+
+void Close(Module& module)
+{
+    if (module.handle) dlclose(module.handle);
+    module.handle = nullptr;
+    module.entry = nullptr;
+    module.shown.count = 0;
+}
+
+bool Fail(Module& module, const CString& reason)
+{
+    Close(module);
+    module.shown.state = ArxModuleState::Failed;
+    module.shown.reason = reason;
+    TraceFile(TraceLevel::Error, module.path, 0, L"模块未加载: " + reason);
+    TellListener();
+    return false;
+}
+
+bool Load(Module& module)
+{
+    if (!PathFileExists(module.path)) return Fail(module, L"文件不存在");
+    module.handle = dlopen(NativePath(module.path).c_str(), RTLD_NOW | RTLD_LOCAL);
+    if (!module.handle) return Fail(module, ToWide(dlerror()));
+    module.entry = reinterpret_cast<EntryPoint>(dlsym(module.handle, "acrxEntryPoint"));
+    if (!module.entry) return Fail(module, L"不是模块: 没有导出 acrxEntryPoint");
+
+    module.shown.state = ArxModuleState::Loaded;
+    module.shown.count = 1;
+    module.shown.reason.clear();
+    const int answer = module.Send(AcRx::kInitAppMsg);
+    if (answer != AcRx::kRetOK) return Fail(module, Format(L"模块拒绝初始化 (返回值 %d)", answer));
+    TellListener();
+    return true;
+}
+
+} // namespace
+
+bool acrxLoadModule(const wchar_t* name, bool printIt, bool)
+{
+    Module& module = FindOrMake(name);
+    if (module.shown.count > 0) {
+        ++module.shown.count;
+        TellListener();
+        return true;
+    }
+    const CString given = name;
+    module.path = FileName(given) == given ? VMRDPub::GetInstallPath() + L"\\" + given : given;
+    if (!Load(module)) return false;
+    if (printIt) TraceFile(TraceLevel::Note, module.path, 0, L"模块已加载");
+    return true;
+}
+
+bool acrxUnloadModule(const wchar_t* name, bool)
+{
+    Module* module = Find(name);
+    if (!module || module->shown.count == 0) {
+        TraceFile(TraceLevel::Error, name, 0, L"模块未卸载: 没有加载");
+        return false;
+    }
+    if (module->shown.count == 1) {
+        const int answer = module->Send(AcRx::kUnloadAppMsg);
+        if (answer != AcRx::kRetOK) {
+            TraceFile(TraceLevel::Error, module->path, 0,
+                      Format(L"模块未卸载: 模块拒绝卸载 (返回值 %d)", answer));
+            return false;
+        }
+        Close(*module);
+        module->shown.state = ArxModuleState::Unloaded;
+    } else {
+        --module->shown.count;
+    }
+    TellListener();
+    return true;
+}
+
+bool acrxModuleLoaded(const wchar_t* name)
+{
+    const Module* module = Find(name);
+    return module && module->shown.count > 0;
+}
+
+void* acrxModuleFunction(const wchar_t* name, const char* function)
+{
+    const Module* module = Find(name);
+    return module && module->handle ? dlsym(module->handle, function) : nullptr;
+}
+
+std::vector<ArxModule> acrxModules()
+{
+    std::vector<ArxModule> shown;
+    for (const Module& module : Modules())
+        shown.push_back(module.shown);
+    return shown;
+}
+
+ArxModuleListener acrxSetModuleListener(ArxModuleListener listener)
+{
+    return std::exchange(Listener(), std::move(listener));
+}

@@ -1,0 +1,43 @@
+// Modules: shared objects that are loaded, told so, counted, and unloaded by file name.
+#pragma once
+
+#include <functional>
+
+#include "platform/mfc/Text.h"
+
+// Loads the module, or counts one more user of it when it is loaded. A name without a folder is
+// looked for in the install path; two names are the same module when their file names are, in any
+// case. `printIt` leaves a trace line when it was loaded. `asCommand` is for the host's command
+// line, which this one has not.
+// False, with a trace line and the reason kept (see acrxModules), when the file is not there or
+// no module, or when the module refused: it answered kInitAppMsg with anything but kRetOK.
+AFX_EXT_API bool acrxLoadModule(const wchar_t* name, bool printIt, bool asCommand);
+
+// Takes one user off; the last one unloads the module. False, with a trace line, when it is not
+// loaded, or answered kUnloadAppMsg with anything but kRetOK: then it stays.
+AFX_EXT_API bool acrxUnloadModule(const wchar_t* name, bool asCommand);
+
+AFX_EXT_API bool acrxModuleLoaded(const wchar_t* name);
+
+// A function that a loaded module exports; null when the module or the function is not there.
+AFX_EXT_API void* acrxModuleFunction(const wchar_t* name, const char* function);
+
+enum class ArxModuleState {
+    Loaded,
+    Unloaded,
+    Failed, // the last load did not succeed
+};
+
+struct ArxModule {
+    CString name; // file name, as first asked for
+    ArxModuleState state = ArxModuleState::Unloaded;
+    int count = 0;  // users
+    CString reason; // why it failed
+};
+
+// Every module that was ever asked for, in that order.
+AFX_EXT_API std::vector<ArxModule> acrxModules();
+
+using ArxModuleListener = std::function<void()>;
+// Told after each change of that list. Returns the listener before.
+AFX_EXT_API ArxModuleListener acrxSetModuleListener(ArxModuleListener listener);

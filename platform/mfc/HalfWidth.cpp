@@ -1,0 +1,31 @@
+#include "platform/mfc/HalfWidth.h"
+
+namespace {
+
+wchar_t HalfWidthOf(wchar_t c)
+{
+    if (c >= L'０' && c <= L'９') return L'0' + (c - L'０');
+    switch (c) {
+    case L'．':
+        return L'.';
+    case L'，':
+        return L',';
+    case L'／':
+        return L'/';
+    case L'～':
+    case L'〜':
+        return L'~';
+    default:
+        return c;
+    }
+}
+
+} // namespace
+
+CString ToHalfWidth(std::wstring_view text)
+{
+    CString result(text);
+    for (wchar_t& c : result)
+        c = HalfWidthOf(c);
+    return result;
+}

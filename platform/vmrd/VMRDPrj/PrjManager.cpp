@@ -1,0 +1,27 @@
+#include "platform/vmrd/VMRDPrj/PrjManager.h"
+
+#include <utility>
+
+#include "platform/vmrd/VMRDPub/VMRDPub.h"
+
+namespace {
+CPrjManager* g_manager = nullptr;
+}
+
+CPrjManager* CPrjManager::GetInstance()
+{
+    return g_manager;
+}
+
+void CPrjManager::Create()
+{
+    StyleGroupConfig config;
+    config.Load(VMRDPub::GetInstallPath() + L"\\" + kStyleGroupsFile);
+    Destroy();
+    g_manager = new CPrjManager(std::move(config));
+}
+
+void CPrjManager::Destroy()
+{
+    delete std::exchange(g_manager, nullptr);
+}

@@ -1,0 +1,45 @@
+#include "platform/vmrd/VMRDPrj/StyleEditor.h"
+
+IMPLEMENT_DYNAMIC(CStyleEditor, CObject)
+
+void CStyleEditor::SetAsDefaultStyle(CStyle* style)
+{
+    CStyles* styles = GetStyles();
+    if (!styles) return;
+    for (int i = 0; i < styles->Count(); ++i) {
+        if (styles->Item(i) == style) {
+            styles->SetDefaultItem(i);
+            styles->Refurbish();
+            return;
+        }
+    }
+}
+
+bool CStyleEditor::AdjustContextMenu(CMenu*)
+{
+    return false;
+}
+
+bool CStyleEditor::Export(const wchar_t* path, const CStringArray& names)
+{
+    CStyles* styles = GetStyles();
+    return styles && styles->Export(path, names, nullptr);
+}
+
+bool CStyleEditor::OnCommand(unsigned, CStyle*)
+{
+    return false;
+}
+
+void CStyleEditor::Refurbish()
+{
+    CStyles* styles = GetStyles();
+    if (!styles) return;
+    styles->CStyles::SetDefaultItem(-1);
+    styles->Update();
+    styles->Refurbish();
+}
+
+void CStyleEditor::View(CStyle*) {}
+
+void CStyleEditor::Snapshot(CStyle*, const Picture&) {}

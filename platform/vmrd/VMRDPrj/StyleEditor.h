@@ -1,0 +1,59 @@
+// What the style manager can do with the styles of one library.
+#pragma once
+
+#include <functional>
+
+#include "platform/vmrd/VMRDEnv/Styles.h"
+#include "platform/vmrd/VMRDPrj/StyleCommand.h"
+
+class CMenu;
+class QWidget;
+
+class AFX_EXT_CLASS CStyleEditor : public CObject {
+    DECLARE_DYNAMIC(CStyleEditor)
+
+public:
+    CStyleEditor() = default;
+    CStyleEditor(const CStyleEditor&) = delete;
+    CStyleEditor& operator=(const CStyleEditor&) = delete;
+
+    // The library; null when there is none now. It is not the editor's.
+    virtual CStyles* GetStyles() const = 0;
+    // Lets the user make a style, as a copy of `from` unless that is null. The new style, which
+    // the library holds, or null when none was made.
+    virtual CStyle* New(CStyle* from) = 0;
+    // Takes the style out of its library. False when it is not in there.
+    virtual bool Delete(CStyle* style) = 0;
+    // Lets the user change the style, its name too.
+    virtual void Edit(CStyle* style) = 0;
+    // Makes it the library's default one; one that is not in the library changes nothing.
+    virtual void SetAsDefaultStyle(CStyle* style);
+    // May change the captions of the style manager's commands. True when it changed something.
+    virtual bool AdjustContextMenu(CMenu* menu);
+
+    // What the style manager offers.
+    virtual bool EnableNew() const { return true; }
+    virtual bool EnableEdit() const { return true; }
+    virtual bool EnableNewFrom() const { return true; }
+    virtual bool EnableAsDefaultStyle() const { return true; }
+    virtual bool EnableDel() const { return true; }
+    virtual bool EnableExport() const { return true; }
+
+    // Writes the named styles, or all when no name is given, into a file.
+    virtual bool Export(const wchar_t* path, const CStringArray& names);
+    // A command of the context menu that the style manager does not know. True when it was one of
+    // the editor's.
+    virtual bool OnCommand(unsigned command, CStyle* style);
+
+    // Reads the library anew. Its default style is the one that its files name now, or none.
+    void Refurbish();
+
+    // Shows the style to the user without letting him change it.
+    virtual void View(CStyle* style);
+    virtual bool EnableView() const { return false; }
+
+    // Shows each of the editor's windows with that style, one after the other, to `picture`, with
+    // a name that can be a file's. Nothing waits for the user.
+    using Picture = std::function<void(QWidget* window, const CString& name)>;
+    virtual void Snapshot(CStyle* style, const Picture& picture);
+};

@@ -1,0 +1,84 @@
+#include "platform/vmrd/VMRDPrj/StyleGroup.h"
+
+IMPLEMENT_DYNAMIC(CStyleGroup, CObject)
+
+namespace {
+
+template <class T> T* At(const std::vector<std::unique_ptr<T>>& owned, int index)
+{
+    const bool within = index >= 0 && static_cast<size_t>(index) < owned.size();
+    return within ? owned[static_cast<size_t>(index)].get() : nullptr;
+}
+
+template <class T> void Delete(std::vector<std::unique_ptr<T>>& owned, const T* object)
+{
+    std::erase_if(owned, [object](const std::unique_ptr<T>& one) { return one.get() == object; });
+}
+
+} // namespace
+
+CStyleGroup::CStyleGroup() = default;
+CStyleGroup::~CStyleGroup() = default;
+
+QIcon CStyleGroup::Icon() const
+{
+    return {};
+}
+
+bool CStyleGroup::HasStyles() const
+{
+    return false;
+}
+
+void CStyleGroup::AddChild(CStyleGroup* child)
+{
+    if (child) m_children.emplace_back(child);
+}
+
+void CStyleGroup::DeleteChild(CStyleGroup* child)
+{
+    Delete(m_children, child);
+}
+
+int CStyleGroup::ChildrenCount() const
+{
+    return static_cast<int>(m_children.size());
+}
+
+CStyleGroup* CStyleGroup::GetChild(int index) const
+{
+    return At(m_children, index);
+}
+
+void CStyleGroup::AddStyles(CStyleEditor* editor)
+{
+    if (editor) m_editors.emplace_back(editor);
+}
+
+void CStyleGroup::DeleteStyles(CStyleEditor* editor)
+{
+    Delete(m_editors, editor);
+}
+
+int CStyleGroup::StylesCount() const
+{
+    return static_cast<int>(m_editors.size());
+}
+
+CStyleEditor* CStyleGroup::GetStyles(int index) const
+{
+    return At(m_editors, index);
+}
+
+bool CStyleGroup::OnCommand(unsigned)
+{
+    return false;
+}
+
+void CStyleGroup::Refurbish()
+{
+    for (const auto& editor : m_editors)
+        editor->Refurbish();
+    for (const auto& child : m_children)
+        child->Refurbish();
+}

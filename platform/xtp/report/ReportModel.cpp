@@ -1,0 +1,81 @@
+#include "platform/xtp/report/ReportModel.h"
+
+#include "platform/mfc/QtText.h"
+#include "platform/xtp/report/ReportControl.h"
+
+CXTPReportModel::CXTPReportModel(CXTPReportControl* control)
+    : QAbstractTableModel(control), m_control(control)
+{
+}
+
+void CXTPReportModel::Reload()
+{
+    beginResetModel();
+    m_columns = m_control->GetColumns();
+    m_records = m_control->GetRecords();
+    endResetModel();
+}
+
+void CXTPReportModel::Refresh()
+{
+    if (rowCount() == 0 || columnCount() == 0) return;
+    emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
+}
+
+CXTPReportRecord* CXTPReportModel::Record(int row) const
+{
+    return m_records.GetAt(row);
+}
+
+CXTPReportColumn* CXTPReportModel::Column(int column) const
+{
+    return m_columns.GetAt(column);
+}
+
+CXTPReportRecordItem* CXTPReportModel::Item(const QModelIndex& index) const
+{
+    if (!index.isValid()) return nullptr;
+    const CXTPReportRecord* const record = Record(index.row());
+    const CXTPReportColumn* const column = Column(index.column());
+    return record && column ? record->GetItem(column->GetItemIndex()) : nullptr;
+}
+
+int CXTPReportModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : m_records.GetCount();
+}
+
+int CXTPReportModel::columnCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : m_columns.GetCount();
+}
+
+QVariant CXTPReportModel::data(const QModelIndex& index, int role) const
+{
+    if (role != Qt::DisplayRole && role != Qt::EditRole) return {};
+    const CXTPReportRecordItem* const item = Item(index);
+    return item ? ToQString(item->GetCaption()) : QVariant();
+}
+
+bool CXTPReportModel::setData(const QModelIndex& index, const QVariant& value, int role)
+{
+    if (role != Qt::EditRole || !(flags(index) & Qt::ItemIsEditable)) return false;
+    m_control->EnterText(index, FromQString(value.toString()));
+    return true;
+}
+
+QVariant CXTPReportModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    const CXTPReportColumn* const column = Column(section);
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole || !column) return {};
+    return ToQString(column->GetCaption());
+}
+
+Qt::ItemFlags CXTPReportModel::flags(const QModelIndex& index) const
+{
+    if (!index.isValid()) return Qt::NoItemFlags;
+    const CXTPReportRecordItem* const item = Item(index);
+    const Qt::ItemFlags shown = Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
+    return item && item->IsEditable() && m_control->IsAllowEdit() ? shown | Qt::ItemIsEditable
+                                                                  : shown;
+}

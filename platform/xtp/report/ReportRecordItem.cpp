@@ -1,0 +1,33 @@
+#include "platform/xtp/report/ReportRecordItem.h"
+
+#include <QPainter>
+
+#include "platform/mfc/QtText.h"
+
+IMPLEMENT_DYNCREATE(CXTPReportRecordItem, CObject)
+
+void CXTPReportRecordItem::OnEditChanged(CXTPReportControl*, const CString& newText)
+{
+    SetCaption(newText);
+}
+
+CXTPReportItemState CXTPReportRecordItem::SaveState() const
+{
+    return {m_caption, m_itemData, {}};
+}
+
+void CXTPReportRecordItem::RestoreState(const CXTPReportItemState& state)
+{
+    m_caption = state.caption;
+    m_itemData = state.itemData;
+}
+
+void CXTPReportRecordItem::Draw(QPainter& painter, const CXTPReportItemDraw& draw) const
+{
+    constexpr int kMargin = 3;
+    painter.fillRect(draw.rect, draw.selected ? draw.palette.highlight() : draw.palette.base());
+    const QPalette::ColorRole role = draw.selected ? QPalette::HighlightedText : QPalette::Text;
+    painter.setPen(draw.palette.color(role));
+    painter.drawText(draw.rect.adjusted(kMargin, 0, -kMargin, 0), Qt::AlignCenter,
+                     ToQString(GetCaption()));
+}

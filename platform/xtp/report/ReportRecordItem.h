@@ -1,0 +1,65 @@
+// A cell of the report grid.
+#pragma once
+
+#include <vector>
+
+#include <QPalette>
+#include <QRect>
+
+#include "platform/mfc/Object.h"
+#include "platform/mfc/Text.h"
+
+class CXTPReportControl;
+class QPainter;
+
+// All that a cell holds, for undo.
+struct CXTPReportItemState {
+    CString caption;
+    unsigned itemData = 0;
+    std::vector<double> values; // what a derived cell keeps, in an order of its own
+
+    bool operator==(const CXTPReportItemState&) const = default;
+};
+
+// How a cell is drawn; `rect` is the cell without its grid lines.
+struct CXTPReportItemDraw {
+    const CXTPReportControl* control = nullptr;
+    QRect rect;
+    QPalette palette;
+    bool selected = false;
+    bool focused = false; // the cell that keys act on
+};
+
+class AFX_EXT_CLASS CXTPReportRecordItem : public CObject {
+    DECLARE_DYNCREATE(CXTPReportRecordItem)
+
+public:
+    CXTPReportRecordItem() = default;
+    explicit CXTPReportRecordItem(const CString& caption) : m_caption(caption) {}
+
+    // The text that the cell shows, copies and offers for editing.
+    virtual CString GetCaption() const { return m_caption; }
+    virtual void SetCaption(const CString& caption) { m_caption = caption; }
+
+    // A number that the cell's owner may keep here.
+    unsigned GetItemData() const { return m_itemData; }
+    void SetItemData(unsigned itemData) { m_itemData = itemData; }
+    bool IsEditable() const { return m_editable; }
+    void SetEditable(bool editable) { m_editable = editable; }
+
+    // The user has entered `newText`, by editing, pasting or deleting; full-width digits and
+    // signs are ASCII already. The cell decides what becomes of it; here it is the caption.
+    virtual void OnEditChanged(CXTPReportControl* control, const CString& newText);
+
+    // The cell's whole state, and back. A derived cell adds its values.
+    virtual CXTPReportItemState SaveState() const;
+    virtual void RestoreState(const CXTPReportItemState& state);
+
+    // Here: the caption in the middle, on the selection's colour when the cell is selected.
+    virtual void Draw(QPainter& painter, const CXTPReportItemDraw& draw) const;
+
+private:
+    CString m_caption;
+    unsigned m_itemData = 0;
+    bool m_editable = true;
+};

@@ -1,0 +1,31 @@
+#include "platform/xtp/report/ReportRightClick.h"
+
+#include <utility>
+
+#include <QContextMenuEvent>
+#include <QMouseEvent>
+#include <QWidget>
+
+CXTPReportRightClick::CXTPReportRightClick(QWidget* viewport, Callback callback)
+    : QObject(viewport), m_callback(std::move(callback))
+{
+    viewport->installEventFilter(this);
+}
+
+bool CXTPReportRightClick::eventFilter(QObject*, QEvent* event)
+{
+    if (event->type() == QEvent::ContextMenu) {
+        const auto* const menu = static_cast<QContextMenuEvent*>(event);
+        m_pressed = false;
+        m_callback(menu->pos(), menu->globalPos());
+        return true;
+    }
+    if (event->type() != QEvent::MouseButtonPress && event->type() != QEvent::MouseButtonRelease)
+        return false;
+    const auto* const mouse = static_cast<QMouseEvent*>(event);
+    if (mouse->button() != Qt::RightButton) return false;
+    const bool clicked = event->type() == QEvent::MouseButtonRelease && m_pressed;
+    m_pressed = event->type() == QEvent::MouseButtonPress;
+    if (clicked) m_callback(mouse->position().toPoint(), mouse->globalPosition().toPoint());
+    return false;
+}
