@@ -414,7 +414,7 @@ bool CXTPPropExchangeXMLNode::LoadFromBytes(std::string_view bytes, const CStrin
     const CString wrong = DecodeXml(bytes, source);
     if (!wrong.empty()) {
         const auto end = static_cast<std::ptrdiff_t>(source.size());
-        if (source.empty()) source = " "; // wrong from the first byte: line 1
+        if (source.empty()) source.assign(1, ' '); // wrong from the first byte: line 1
         document.SetSource(std::move(source));
         return fail(end, wrong);
     }
