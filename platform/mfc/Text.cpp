@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <cstring>
+#include <functional>
 
 #include <utf8proc.h>
 
@@ -186,4 +187,12 @@ int CompareNoCase(std::wstring_view a, std::wstring_view b)
 bool EqualNoCase(std::wstring_view a, std::wstring_view b)
 {
     return CompareNoCase(a, b) == 0;
+}
+
+NoCaseKey::NoCaseKey(std::wstring_view text)
+{
+    FoldedReader reader(text);
+    for (std::int32_t c = reader.Next(); c >= 0; c = reader.Next())
+        m_folded.push_back(static_cast<wchar_t>(c));
+    m_hash = std::hash<CString>()(m_folded);
 }
