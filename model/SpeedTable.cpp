@@ -157,8 +157,10 @@ void ExchangeValue(CXTPPropExchange* pPX, double& value)
 
 template <class T> void SortTable(GrowArray<SpeedEntry<T>>& table)
 {
-    std::stable_sort(table.begin(), table.end(),
-                     [](const auto& a, const auto& b) { return a.speed > b.speed; });
+    // Files are stored in that order; a stable sort takes memory to find nothing to do.
+    const auto higherFirst = [](const auto& a, const auto& b) { return a.speed > b.speed; };
+    if (std::is_sorted(table.begin(), table.end(), higherFirst)) return;
+    std::stable_sort(table.begin(), table.end(), higherFirst);
 }
 
 template <class T> void ExchangeTable(CXTPPropExchange* pPX, GrowArray<SpeedEntry<T>>& table)
