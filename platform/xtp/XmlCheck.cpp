@@ -100,16 +100,14 @@ private:
     // each character is quicker here than a search for the next of interest.
     size_t TagEnd() const
     {
-        char quote = 0;
         for (size_t at = m_at; at < m_xml.size(); ++at) {
             const char c = m_xml[at];
-            if (quote != 0) {
-                if (c == quote) quote = 0;
-            } else if (c == '>') {
-                return at;
-            } else if (c == '"' || c == '\'') {
-                quote = c;
-            }
+            if (c > '>') continue; // letters, for the most part
+            if (c == '>') return at;
+            if (c != '"' && c != '\'') continue;
+            do
+                ++at;
+            while (at < m_xml.size() && m_xml[at] != c);
         }
         return m_xml.size();
     }
