@@ -117,8 +117,9 @@ CStyle* CDesignSpecifications::Item(int index) const
 
 CDesignSpecification* CDesignSpecifications::Item(const wchar_t* name) const
 {
+    const NoCaseKey key(name);
     for (const auto& item : m_items)
-        if (EqualNoCase(item->Name(), name)) return item.get();
+        if (item->IsNamed(key)) return item.get();
     return nullptr;
 }
 
