@@ -1,0 +1,48 @@
+// The callback of a page whose criterion is one member of a specification.
+#pragma once
+
+#include "pages/framework/CriterionPage.h"
+
+template <auto Member> class CDSPageCallback;
+
+template <class Criterion, Criterion CDesignSpecification::*Member>
+class CDSPageCallback<Member> : public CDSCallback {
+public:
+    explicit CDSPageCallback(CCriterionPage<Criterion>* page) : CDSCallback(page), m_page(*page) {}
+
+    void Load(const wchar_t* name) override
+    {
+        m_strName = name;
+        if (const CDesignSpecification* found = Specification()) m_page.LoadStep(found->*Member);
+    }
+
+    void Rename(const wchar_t* name) override { m_strName = name; }
+
+    bool Validate(CString& message) override
+    {
+        m_page.CommitGrids();
+        Criterion scratch;
+        return m_page.StoreStep(scratch, message);
+    }
+
+    bool Save() override
+    {
+        CDesignSpecification* const found = Specification();
+        CString unused;
+        return found && m_page.StoreStep(found->*Member, unused);
+    }
+
+    bool RenameAndSave(const wchar_t* name) override
+    {
+        m_strName = name;
+        return Save();
+    }
+
+    void OnShow() override
+    {
+        if (IsViewMode()) m_page.MakeReadOnly();
+    }
+
+private:
+    CCriterionPage<Criterion>& m_page;
+};
