@@ -165,14 +165,36 @@ bool CDesignSpecifications::Save(const CDesignSpecification* specification)
         TraceFile(TraceLevel::Error, FolderPath(), 0, Format(L"“%s”无法保存: %s", name, problem));
         return false;
     }
-    if (!CreateFolder(FolderPath())) return false;
+    if (!CreateFolder(FolderPath()) || !MoveOthersOut(FileNameOf(path), specification->ID()))
+        return false;
+    return Write({path, specification, true}) &&
+           SetOtherFilesAside(specification->ID(), FileNameOf(path));
+}
 
-    const Saving saving{path, specification};
+bool CDesignSpecifications::Write(const Saving& saving)
+{
     m_pSaving = &saving;
-    const bool done = Export(path.c_str(), {name}, nullptr);
+    const bool done = Export(saving.path.c_str(), {saving.specification->Name()}, nullptr);
     m_pSaving = nullptr;
-    if (done) SetOtherFilesAside(specification->ID(), FileNameOf(path));
     return done;
+}
+
+// A file that goes or gets a single content may be the only one that holds another specification
+// as well: that gets its own file first.
+bool CDesignSpecifications::MoveOthersOut(const CString& file, const GUID& id)
+{
+    for (Origin& origin : m_origins) {
+        const CDesignSpecification* other = Find(origin.id);
+        if (origin.file != file || origin.id == id || !other) continue;
+        const auto elsewhere = [&](const Origin& one) {
+            return one.id == origin.id && one.file != file;
+        };
+        if (std::any_of(m_origins.begin(), m_origins.end(), elsewhere)) continue;
+        const CString path = FilePath(other->Name(), origin.id);
+        if (!FileNameProblem(other->Name()).empty() || !Write({path, other, false})) return false;
+        origin.file = FileNameOf(path);
+    }
+    return true;
 }
 
 bool CDesignSpecifications::Rename(const wchar_t* name, const wchar_t*)
@@ -186,31 +208,41 @@ bool CDesignSpecifications::Rename(const wchar_t* name, const wchar_t*)
 bool CDesignSpecifications::SaveRenamed(const CDesignSpecification* specification,
                                         const CString& oldName)
 {
+    if (!FileNameProblem(oldName).empty()) return Save(specification);
     const CString oldPath = FilePath(oldName, specification->ID());
-    const bool oldNameIsUsable = FileNameProblem(oldName).empty();
     const CString newPath = FilePath(specification->Name(), specification->ID());
-    if (oldNameIsUsable)
-        std::erase_if(m_origins, [file = FileNameOf(oldPath)](const Origin& origin) {
-            return origin.file == file;
-        });
-    if (!Save(specification)) return false;
-    const bool isAnother =
-        oldNameIsUsable && PathFileExists(oldPath) && !IsSameFile(oldPath, newPath);
-    return !isAnother || DeleteFile(oldPath);
+    const Origin old{specification->ID(), FileNameOf(oldPath)};
+    if (!MoveOthersOut(old.file, old.id)) return false;
+    // It is deleted below, not set aside.
+    std::erase_if(m_origins, [&](const Origin& origin) { return origin == old; });
+    const bool done = Save(specification) && (!PathFileExists(oldPath) ||
+                                              IsSameFile(oldPath, newPath) || DeleteFile(oldPath));
+    if (!done) m_origins.push_back(old);
+    return done;
 }
 
 // Whatever else held the specification would be read as well the next time, and could win over
 // the file just written.
-void CDesignSpecifications::SetOtherFilesAside(const GUID& id, const CString& file)
+bool CDesignSpecifications::SetOtherFilesAside(const GUID& id, const CString& file)
 {
+    bool done = true;
     for (const Origin& origin : m_origins) {
         if (!(origin.id == id) || origin.file == file) continue;
         const CString path = FolderPath() + L"\\" + origin.file;
-        if (PathFileExists(path) && !IsSameFile(path, FolderPath() + L"\\" + file))
-            SetStyleAside(*this, origin.file, id);
+        if (!PathFileExists(path) || IsSameFile(path, FolderPath() + L"\\" + file)) continue;
+        CStringArray names;
+        CArray<GUID> ids;
+        if (!StyleNames(path.c_str(), names, ids))
+            done = false;
+        else if (ids.size() == 1 || std::find(ids.begin(), ids.end(), id) != ids.end())
+            done = SetStyleAside(*this, origin.file, id) && done;
     }
-    std::erase_if(m_origins, [&](const Origin& origin) { return origin.id == id; });
+    // The file holds this specification alone now.
+    std::erase_if(m_origins, [&](const Origin& origin) {
+        return origin.file == file || (done && origin.id == id);
+    });
     m_origins.push_back({id, file});
+    return done;
 }
 
 CString CDesignSpecifications::FileOf(const CDesignSpecification& specification) const
@@ -245,7 +277,7 @@ void CDesignSpecifications::ExportStyle(const CXTPPropExchange& styles,
 
 bool CDesignSpecifications::Export(const wchar_t* path, const CStringArray& names, const wchar_t*)
 {
-    const bool anew = m_pSaving && m_pSaving->path == path;
+    const bool anew = m_pSaving && m_pSaving->anew;
     CXTPPropExchangeXMLNode root;
     CXTPPropExchange styles;
     if (!CreateStylesNode(anew ? L"" : path, kLibraryName, root, styles)) return false;

@@ -42,8 +42,10 @@ public:
     void SetDefaultItem(const CDesignSpecification* specification);
 
     // Writes the specification's file: one that holds it alone, in place of what was there. After
-    // that, other files of the folder that it was loaded from are set aside. False, with a trace
-    // line, when its name cannot be a file's or writing failed; the old file is then whole.
+    // that, other files of the folder that it was loaded from are set aside. Other specifications
+    // that were loaded from that file get files of their own first. False, with a trace line, when
+    // its name cannot be a file's or a file resists; what is then on disk is the old content or the
+    // new one, whole.
     bool Save(const CDesignSpecification* specification);
     // Writes the file of the specification of that name anew; one under `name` as passed goes
     // when the specification's own name makes another. Does not change the name; the second
@@ -69,11 +71,13 @@ private:
     struct Origin {
         GUID id;
         CString file;
+        bool operator==(const Origin&) const = default;
     };
-    // The one write that must not keep what the file held before.
+    // The write of one specification that is going on.
     struct Saving {
         CString path;
         const CDesignSpecification* specification;
+        bool anew; // does not keep what the file held before
     };
 
     CDesignSpecifications() = default;
@@ -86,7 +90,9 @@ private:
     void ExportStyle(const CXTPPropExchange& styles, const CDesignSpecification& specification);
     const CDesignSpecification* FindForExport(const CString& name) const;
     void RestoreDefault();
-    void SetOtherFilesAside(const GUID& id, const CString& file);
+    bool Write(const Saving& saving);
+    bool MoveOthersOut(const CString& file, const GUID& id);
+    bool SetOtherFilesAside(const GUID& id, const CString& file);
 
     static CDesignSpecifications* s_pInstance;
 

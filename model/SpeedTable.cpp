@@ -2,42 +2,84 @@
 
 #include <cmath>
 #include <limits>
+#include <utility>
 
 #include "model/Nested.h"
 
 namespace {
 
-// The entries next to a speed: the highest below it and the lowest above it; null where there is
-// none. With `exact` set, the speed itself stands in the table.
-template <class T> struct Neighbours {
-    const SpeedEntry<T>* exact = nullptr;
-    const SpeedEntry<T>* lower = nullptr;
-    const SpeedEntry<T>* upper = nullptr;
+// How far an entry's speed is from the asked one, and its place in the table, in one number, so
+// that the nearest of many is the least or the greatest number: the difference of the speeds
+// (negative below the asked one) above bit 31, the place below it.
+using Step = std::uint64_t;
+constexpr int kPlaceBits = 31;
+
+std::int64_t Difference(Step step)
+{
+    return static_cast<std::int64_t>(step) >> kPlaceBits;
+}
+
+size_t Place(Step step)
+{
+    return step & ((Step{1} << kPlaceBits) - 1);
+}
+
+struct Neighbours {
+    Step above = ~Step{0}; // the lowest speed at or above the asked one; none if it is below
+    Step below = 0;        // the highest speed below the asked one; none if it is not below
+
+    bool HasExact() const { return Difference(above) == 0; }
+    bool HasAbove() const { return Difference(above) >= 0; }
+    bool HasBelow() const { return Difference(below) < 0; }
 };
 
-// One pass instead of a sorted copy: the answer is the same, and nothing is allocated.
+// One pass over the table as it stands, whatever its order: the answer is that of a sorted copy,
+// and nothing is allocated. Steps are compared as unsigned numbers: those of the speeds below are
+// then greater than all others, so that the greatest step is the nearest below and the least one
+// the nearest above.
 template <class T>
-Neighbours<T> FindNeighbours(const GrowArray<SpeedEntry<T>>& table, std::int32_t speed)
+Neighbours FindNeighbours(const GrowArray<SpeedEntry<T>>& table, std::int32_t speed)
 {
-    Neighbours<T> found;
+    Neighbours found;
+    Step base = Step{0} - (static_cast<Step>(speed) << kPlaceBits);
     for (const SpeedEntry<T>& entry : table) {
-        if (entry.speed == speed) {
-            found.exact = &entry;
-            return found;
-        }
-        if (entry.speed < speed) {
-            if (!found.lower || entry.speed > found.lower->speed) found.lower = &entry;
-        } else if (!found.upper || entry.speed < found.upper->speed) {
-            found.upper = &entry;
-        }
+        const Step step = (static_cast<Step>(entry.speed) << kPlaceBits) + base++;
+        found.above = std::min(found.above, step);
+        found.below = std::max(found.below, step);
     }
     return found;
 }
 
-// How far apart two speeds are, for any pair of 32-bit speeds.
-std::int64_t Distance(std::int32_t lower, std::int32_t upper)
+// One of two, without a branch: which one it is follows the numbers of the table and the asked
+// speed, and a processor that guesses wrong loses more time than the whole query takes.
+template <class V> V Choose(bool second, V first, V other)
 {
-    return std::int64_t{upper} - lower;
+    const V both[] = {first, other};
+    return both[second];
+}
+
+// The nearer neighbour; the one above at equal distance. The distance of one that is not there is
+// greater than any, as an unsigned number.
+Step Nearest(const Neighbours& found)
+{
+    const auto above = static_cast<Step>(Difference(found.above));
+    const auto below = static_cast<Step>(-Difference(found.below));
+    return Choose(above > below, found.above, found.below);
+}
+
+// How far apart two speeds are, for any pair of 32-bit speeds.
+double Distance(std::int32_t lower, std::int32_t upper)
+{
+    return static_cast<double>(std::int64_t{upper} - lower);
+}
+
+int Truncate(double value)
+{
+    constexpr int kMin = std::numeric_limits<int>::min();
+    constexpr int kMax = std::numeric_limits<int>::max();
+    if (value > kMin && value < kMax) return static_cast<int>(value);
+    if (std::isnan(value)) return 0;
+    return value < 0 ? kMin : kMax;
 }
 
 std::int32_t Between(const SpeedEntry<std::int32_t>& lower, const SpeedEntry<std::int32_t>& upper,
@@ -47,63 +89,60 @@ std::int32_t Between(const SpeedEntry<std::int32_t>& lower, const SpeedEntry<std
     const auto bits = [](std::int32_t value) { return static_cast<std::uint32_t>(value); };
     const auto product = static_cast<std::int32_t>((bits(upper.value) - bits(lower.value)) *
                                                    (bits(speed) - bits(lower.speed)));
-    const auto span = static_cast<double>(Distance(lower.speed, upper.speed));
-    return TruncateToInt(product / span + lower.value + 0.5);
+    return Truncate(product / Distance(lower.speed, upper.speed) + lower.value + 0.5);
 }
 
 double Between(const SpeedEntry<double>& lower, const SpeedEntry<double>& upper, std::int32_t speed)
 {
-    return lower.value + (upper.value - lower.value) *
-                             static_cast<double>(Distance(lower.speed, speed)) /
-                             static_cast<double>(Distance(lower.speed, upper.speed));
+    return lower.value + (upper.value - lower.value) * Distance(lower.speed, speed) /
+                             Distance(lower.speed, upper.speed);
 }
 
+// Beyond the ends and at a speed of the table the one neighbour answers that is there.
 template <class T>
-bool QueryBetween(const SpeedEntry<T>& lower, const SpeedEntry<T>& upper, std::int32_t speed,
-                  QueryValue::QueryMode mode, T& value)
+T Interpolate(const GrowArray<SpeedEntry<T>>& table, const Neighbours& found, std::int32_t speed)
 {
-    switch (mode) {
-    case QueryValue::Nearest: {
-        const bool lowerIsNearer = Distance(speed, upper.speed) > Distance(lower.speed, speed);
-        value = lowerIsNearer ? lower.value : upper.value;
-        break;
-    }
-    case QueryValue::Upper:
-        value = upper.value;
-        break;
-    case QueryValue::Lower:
-        value = lower.value;
-        break;
-    case QueryValue::Interpolate:
-        value = Between(lower, upper, speed);
-        break;
-    case QueryValue::Exact:
-        return false;
-    }
-    return true;
+    const SpeedEntry<T>& below = table.entries[Place(found.below)];
+    const SpeedEntry<T>& above = table.entries[Place(found.above)];
+    const bool isBetween = found.HasBelow() & (Difference(found.above) > 0);
+    if (isBetween) return Between(below, above, speed);
+    return Choose(found.HasAbove(), below.value, above.value);
+}
+
+// Leaves `value` when there is no answer.
+template <class T> bool Answer(bool answers, const T& answer, T& value)
+{
+    value = *Choose(answers, &std::as_const(value), &answer);
+    return answers;
 }
 
 template <class T>
 bool Query(const GrowArray<SpeedEntry<T>>& table, std::int32_t speed, QueryValue::QueryMode mode,
            T& value)
 {
-    const Neighbours<T> found = FindNeighbours(table, speed);
-    if (found.exact) {
-        value = found.exact->value;
-        return true;
+    if (table.IsEmpty()) return false;
+    const Neighbours found = FindNeighbours(table, speed);
+    const auto valueOf = [&table](Step step) -> const T& {
+        return table.entries[Place(step)].value;
+    };
+    switch (mode) {
+    case QueryValue::Nearest:
+        return Answer(true, valueOf(Nearest(found)), value);
+    case QueryValue::Upper:
+        return Answer(found.HasAbove(), valueOf(found.above), value);
+    case QueryValue::Lower: {
+        const Step atOrBelow = Choose(found.HasExact(), found.below, found.above);
+        return Answer(found.HasExact() | found.HasBelow(), valueOf(atOrBelow), value);
     }
-    if (mode == QueryValue::Exact) return false;
-    if (found.lower && found.upper)
-        return QueryBetween(*found.lower, *found.upper, speed, mode, value);
-    if (found.upper && mode != QueryValue::Lower) {
-        value = found.upper->value;
-        return true;
+    case QueryValue::Interpolate:
+        return Answer(true, Interpolate(table, found, speed), value);
+    case QueryValue::Exact:
+        return Answer(found.HasExact(), valueOf(found.above), value);
     }
-    if (found.lower && mode != QueryValue::Upper) {
-        value = found.lower->value;
-        return true;
-    }
-    return false;
+    // No such mode: it has nothing to say between two speeds.
+    const bool isBetween = found.HasAbove() && found.HasBelow() && !found.HasExact();
+    Answer(!isBetween, valueOf(Nearest(found)), value);
+    return true;
 }
 
 void ExchangeValue(CXTPPropExchange* pPX, std::int32_t& value)
@@ -142,12 +181,7 @@ void ExchangeKey(CXTPPropExchange* pPX, const wchar_t* key, GrowArray<SpeedEntry
 
 int TruncateToInt(double value)
 {
-    constexpr int kMin = std::numeric_limits<int>::min();
-    constexpr int kMax = std::numeric_limits<int>::max();
-    if (std::isnan(value)) return 0;
-    if (value <= kMin) return kMin;
-    if (value >= kMax) return kMax;
-    return static_cast<int>(value);
+    return Truncate(value);
 }
 
 bool QueryValue::QueryIntValBySpeed(const SpeedToIntValues* table, int speed, QueryMode mode,

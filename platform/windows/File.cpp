@@ -112,14 +112,20 @@ int WriteTemporary(const std::string& temporary, const std::string& target, std:
     return file.Close() ? 0 : errno;
 }
 
-// Makes a rename in the folder last through a power failure. Some file systems cannot flush a
-// folder (EINVAL), some folders may be written but not opened (EACCES): nothing more can be done
-// there.
-int FlushFolder(const std::string& folder)
+// Makes what happened to a name in the folder last through a power failure. Some file systems
+// cannot flush a folder (EINVAL), some folders may be written but not opened (EACCES): nothing
+// more can be done there. 0, or the error number.
+int FlushNative(const std::string& folder)
 {
     const Descriptor opened(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (!opened.IsOpen()) return errno == EACCES ? 0 : errno;
     return fsync(opened.Get()) == 0 || errno == EINVAL ? 0 : errno;
+}
+
+bool FlushFolderOf(const CString& path, const wchar_t* what)
+{
+    const int error = FlushNative(FolderOf(NativePath(path)));
+    return error == 0 || Fail(path, what, error);
 }
 
 } // namespace
@@ -253,8 +259,13 @@ bool WriteWholeFile(const CString& path, std::string_view bytes)
         return Fail(path, kWhat, error);
     }
     Changed(path);
-    error = FlushFolder(folder);
-    return error == 0 || Fail(path, kWhat, error);
+    return FlushFolderOf(path, kWhat);
+}
+
+bool FlushFolder(const CString& folder)
+{
+    const int error = FlushNative(NativePath(folder));
+    return error == 0 || Fail(folder, L"无法写入", error);
 }
 
 bool IsTemporaryFile(std::wstring_view name)
@@ -274,14 +285,19 @@ bool MoveFile(const CString& source, const CString& target)
     if (IsCutShort(source) || IsCutShort(target)) return Fail(source, kWhat, EINVAL);
     if (rename(NativePath(source).c_str(), NativePath(target).c_str()) != 0)
         return Fail(source, kWhat, errno);
-    return Changed(source) && Changed(target);
+    Changed(source);
+    Changed(target);
+    return FlushFolderOf(target, kWhat) && FlushFolderOf(source, kWhat);
 }
 
 bool DeleteFile(const CString& path)
 {
     static constexpr wchar_t kWhat[] = L"无法删除";
     if (IsCutShort(path)) return Fail(path, kWhat, EINVAL);
-    if (unlink(NativePath(path).c_str()) == 0) return Changed(path);
+    if (unlink(NativePath(path).c_str()) == 0) {
+        Changed(path);
+        return FlushFolderOf(path, kWhat);
+    }
     return errno == ENOENT ? false : Fail(path, kWhat, errno);
 }
 

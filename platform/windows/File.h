@@ -36,11 +36,14 @@ AFX_EXT_API bool ReadWholeFile(const CString& path, std::string& bytes, size_t l
 // whole, or the new one, whole, when only the folder could not be flushed. A crash may leave a
 // temporary file behind (IsTemporaryFile).
 AFX_EXT_API bool WriteWholeFile(const CString& path, std::string_view bytes);
+// Flushes the names in a folder to disk.
+AFX_EXT_API bool FlushFolder(const CString& folder);
 AFX_EXT_API bool IsTemporaryFile(std::wstring_view name);
 
 // Copies a file of at most 256 MiB over the target, in the same safe way.
 AFX_EXT_API bool CopyFile(const CString& source, const CString& target);
-// Gives a file another path on the same disk; a file that is there is replaced.
+// Gives a file another path on the same disk; a file that is there is replaced. Flushed to disk,
+// as deleting is: what was moved or deleted does not come back after a power failure.
 AFX_EXT_API bool MoveFile(const CString& source, const CString& target);
 // False when it is there and cannot be deleted, or when it is not there (no trace line for that).
 AFX_EXT_API bool DeleteFile(const CString& path);

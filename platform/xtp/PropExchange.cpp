@@ -201,6 +201,15 @@ std::optional<XmlFault> ParseXml(const std::string& source, pugi::xml_document& 
     return std::nullopt;
 }
 
+// A reader of XML takes a carriage return in an element's text for a line end of the file and
+// drops it; as a character reference it stays.
+std::string WithReturnsKept(std::string xml)
+{
+    for (size_t at = 0; (at = xml.find('\r', at)) != std::string::npos;)
+        xml.replace(at, 1, "&#13;");
+    return xml;
+}
+
 struct StringWriter : pugi::xml_writer {
     std::string bytes;
     void write(const void* data, size_t size) override
@@ -213,9 +222,8 @@ struct StringWriter : pugi::xml_writer {
 
 bool IsXmlText(std::wstring_view text)
 {
-    return std::all_of(text.begin(), text.end(), [](wchar_t c) {
-        return IsXmlCharacter(static_cast<char32_t>(c));
-    });
+    return std::all_of(text.begin(), text.end(),
+                       [](wchar_t c) { return IsXmlCharacter(static_cast<char32_t>(c)); });
 }
 
 bool CXTPPropExchange::IsStoring() const
@@ -406,7 +414,7 @@ bool CXTPPropExchangeXMLNode::LoadFromBytes(std::string_view bytes, const CStrin
     const CString wrong = DecodeXml(bytes, source);
     if (!wrong.empty()) {
         const auto end = static_cast<std::ptrdiff_t>(source.size());
-        if (source.empty()) source = " "; // wrong from the first byte: line 1
+        if (source.empty()) source.assign(1, ' '); // wrong from the first byte: line 1
         document.SetSource(std::move(source));
         return fail(end, wrong);
     }
@@ -430,7 +438,7 @@ std::string CXTPPropExchangeXMLNode::SaveToBytes() const
     StringWriter writer;
     tree.save(writer, "  ", pugi::format_indent, pugi::encoding_utf8);
     tree.remove_child(declaration);
-    return std::move(writer.bytes);
+    return WithReturnsKept(std::move(writer.bytes));
 }
 
 bool CXTPPropExchangeXMLNode::SaveToFile(const wchar_t* path) const

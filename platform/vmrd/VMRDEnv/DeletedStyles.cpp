@@ -75,9 +75,12 @@ bool SetStyleAside(const CStyles& styles, const GUID& id)
     for (const CString& file : FindFiles(StylesFolder(), kEnding)) {
         CStringArray names;
         CArray<GUID> ids;
-        if (!styles.StyleNames(InFolder(StylesFolder(), file).c_str(), names, ids)) continue;
-        if (std::find(ids.begin(), ids.end(), id) != ids.end())
+        if (!styles.StyleNames(InFolder(StylesFolder(), file).c_str(), names, ids)) {
+            // By its name, the style was saved there.
+            if (file.find(VMRDPub::GUIDToStr(id)) != CString::npos) done = false;
+        } else if (std::find(ids.begin(), ids.end(), id) != ids.end()) {
             done = SetStyleAside(styles, file, id) && done;
+        }
     }
     return done;
 }

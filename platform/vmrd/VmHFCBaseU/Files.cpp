@@ -13,9 +13,11 @@ bool FileExists(const CString& path)
 bool CreateFolder(const CString& path)
 {
     std::error_code error = std::make_error_code(std::errc::invalid_argument);
+    bool isNew = false;
     if (path.find(L'\0') == CString::npos)
-        std::filesystem::create_directories(NativePath(path), error);
-    if (!error && std::filesystem::is_directory(NativePath(path), error)) return true;
+        isNew = std::filesystem::create_directories(NativePath(path), error);
+    if (!error && std::filesystem::is_directory(NativePath(path), error))
+        return !isNew || FlushFolder(path + L"/..");
     TraceFile(TraceLevel::Error, path, 0, L"文件夹无法创建: " + ErrorText(error.value()));
     return false;
 }
