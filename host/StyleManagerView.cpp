@@ -277,9 +277,8 @@ bool StyleManagerView::eventFilter(QObject* watched, QEvent* event)
         if (key == Qt::Key_Escape) m_filter->clear();
         const bool toList = key == Qt::Key_Down || key == Qt::Key_Escape || key == Qt::Key_Return ||
                             key == Qt::Key_Enter;
+        if (toList && Selected().empty() && m_shown->rowCount() > 0) m_table->selectRow(0);
         if (toList) m_table->setFocus(Qt::TabFocusReason);
-        if (toList && !m_table->currentIndex().isValid() && m_shown->rowCount() > 0)
-            m_table->selectRow(0);
         return toList;
     }
     return QWidget::eventFilter(watched, event);
