@@ -4,7 +4,6 @@
 #include <array>
 #include <cerrno>
 #include <iconv.h>
-#include <strings.h>
 #include <utility>
 
 #include "platform/mfc/Text.h"
@@ -72,15 +71,15 @@ TextEncoding EncodingByMark(std::string_view bytes, size_t& markSize)
 
 bool EncodingByName(std::string_view name, TextEncoding& encoding)
 {
-    static constexpr std::pair<const char*, TextEncoding> kNames[] = {
-        {"UTF-8", TextEncoding::Utf8},       {"US-ASCII", TextEncoding::Utf8},
-        {"UTF-16", TextEncoding::Utf16LE},   {"UTF-16LE", TextEncoding::Utf16LE},
-        {"UTF-16BE", TextEncoding::Utf16BE}, {"GB2312", TextEncoding::Gb18030},
-        {"GBK", TextEncoding::Gb18030},      {"GB18030", TextEncoding::Gb18030},
+    static constexpr std::pair<std::wstring_view, TextEncoding> kNames[] = {
+        {L"UTF-8", TextEncoding::Utf8},       {L"US-ASCII", TextEncoding::Utf8},
+        {L"UTF-16", TextEncoding::Utf16LE},   {L"UTF-16LE", TextEncoding::Utf16LE},
+        {L"UTF-16BE", TextEncoding::Utf16BE}, {L"GB2312", TextEncoding::Gb18030},
+        {L"GBK", TextEncoding::Gb18030},      {L"GB18030", TextEncoding::Gb18030},
     };
-    const std::string wanted(name);
+    const CString wanted = ToWide(name);
     for (const auto& [known, value] : kNames) {
-        if (strcasecmp(known, wanted.c_str()) == 0) {
+        if (EqualNoCase(known, wanted)) {
             encoding = value;
             return true;
         }

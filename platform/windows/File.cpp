@@ -17,11 +17,19 @@ namespace {
 
 constexpr std::string_view kTemporaryStart = ".designspec-";
 constexpr std::string_view kTemporaryEnd = ".tmp";
+constexpr size_t kLongestName = 255; // bytes
+constexpr size_t kCopyLimit = 256 << 20;
 
 bool Fail(const CString& path, const wchar_t* what, int error)
 {
     TraceFile(TraceLevel::Error, path, 0, Format(L"%s: %s", what, ErrorText(error)));
     return false;
+}
+
+// For the operating system a path ends at its first NUL: it would reach another file.
+bool IsCutShort(const CString& path)
+{
+    return path.find(L'\0') != CString::npos;
 }
 
 FileChangeListener& Listener()
@@ -104,13 +112,20 @@ int WriteTemporary(const std::string& temporary, const std::string& target, std:
     return file.Close() ? 0 : errno;
 }
 
-// Makes a rename in the folder last through a power failure. Some file systems cannot flush a
-// folder; they say EINVAL, and nothing more can be done there.
-int FlushFolder(const std::string& folder)
+// Makes what happened to a name in the folder last through a power failure. Some file systems
+// cannot flush a folder (EINVAL), some folders may be written but not opened (EACCES): nothing
+// more can be done there. 0, or the error number.
+int FlushNative(const std::string& folder)
 {
     const Descriptor opened(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (!opened.IsOpen()) return errno;
+    if (!opened.IsOpen()) return errno == EACCES ? 0 : errno;
     return fsync(opened.Get()) == 0 || errno == EINVAL ? 0 : errno;
+}
+
+bool FlushFolderOf(const CString& path, const wchar_t* what)
+{
+    const int error = FlushNative(FolderOf(NativePath(path)));
+    return error == 0 || Fail(path, what, error);
 }
 
 } // namespace
@@ -120,6 +135,13 @@ std::string NativePath(const CString& path)
     std::string native = ToUtf8(path);
     std::replace(native.begin(), native.end(), '\\', '/');
     return native;
+}
+
+bool IsFileName(std::wstring_view name)
+{
+    return !name.empty() && name != L"." && name != L".." &&
+           name.find_first_of(std::wstring_view(L"/\\\0", 3)) == std::wstring_view::npos &&
+           ToUtf8(name).size() <= kLongestName;
 }
 
 CString ErrorText(int error)
@@ -149,6 +171,8 @@ CString ErrorText(int error)
         return L"读写出错";
     case EEXIST:
         return L"已存在";
+    case EINVAL:
+        return L"文件名无效";
     default:
         return ToWide(std::strerror(error));
     }
@@ -157,15 +181,16 @@ CString ErrorText(int error)
 bool PathFileExists(const CString& path)
 {
     struct stat status = {};
-    return path.find(L'\0') == CString::npos && lstat(NativePath(path).c_str(), &status) == 0;
+    return !IsCutShort(path) && lstat(NativePath(path).c_str(), &status) == 0;
 }
 
 bool IsSameFile(const CString& a, const CString& b)
 {
     struct stat first = {};
     struct stat second = {};
-    return stat(NativePath(a).c_str(), &first) == 0 && stat(NativePath(b).c_str(), &second) == 0 &&
-           first.st_dev == second.st_dev && first.st_ino == second.st_ino;
+    return !IsCutShort(a) && !IsCutShort(b) && stat(NativePath(a).c_str(), &first) == 0 &&
+           stat(NativePath(b).c_str(), &second) == 0 && first.st_dev == second.st_dev &&
+           first.st_ino == second.st_ino;
 }
 
 CStringArray FindFiles(const CString& folder, std::wstring_view ending)
@@ -191,6 +216,7 @@ CStringArray FindFiles(const CString& folder, std::wstring_view ending)
 bool ReadWholeFile(const CString& path, std::string& bytes, size_t limit)
 {
     static constexpr wchar_t kWhat[] = L"无法读取";
+    if (IsCutShort(path)) return Fail(path, kWhat, EINVAL);
     // Without O_NONBLOCK, a pipe of that name would hold the caller until somebody writes to it.
     const Descriptor file(open(NativePath(path).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     if (!file.IsOpen()) return Fail(path, kWhat, errno);
@@ -221,7 +247,7 @@ bool ReadWholeFile(const CString& path, std::string& bytes, size_t limit)
 bool WriteWholeFile(const CString& path, std::string_view bytes)
 {
     static constexpr wchar_t kWhat[] = L"无法写入";
-    if (path.find(L'\0') != CString::npos) return Fail(path, kWhat, EINVAL);
+    if (IsCutShort(path)) return Fail(path, kWhat, EINVAL);
     const std::string target = NativePath(path);
     const std::string folder = FolderOf(target);
     const std::string temporary = folder + '/' + TemporaryName();
@@ -233,8 +259,13 @@ bool WriteWholeFile(const CString& path, std::string_view bytes)
         return Fail(path, kWhat, error);
     }
     Changed(path);
-    error = FlushFolder(folder);
-    return error == 0 || Fail(path, kWhat, error);
+    return FlushFolderOf(path, kWhat);
+}
+
+bool FlushFolder(const CString& folder)
+{
+    const int error = FlushNative(NativePath(folder));
+    return error == 0 || Fail(folder, L"无法写入", error);
 }
 
 bool IsTemporaryFile(std::wstring_view name)
@@ -245,20 +276,29 @@ bool IsTemporaryFile(std::wstring_view name)
 bool CopyFile(const CString& source, const CString& target)
 {
     std::string bytes;
-    return ReadWholeFile(source, bytes, bytes.max_size()) && WriteWholeFile(target, bytes);
+    return ReadWholeFile(source, bytes, kCopyLimit) && WriteWholeFile(target, bytes);
 }
 
 bool MoveFile(const CString& source, const CString& target)
 {
+    static constexpr wchar_t kWhat[] = L"无法移动";
+    if (IsCutShort(source) || IsCutShort(target)) return Fail(source, kWhat, EINVAL);
     if (rename(NativePath(source).c_str(), NativePath(target).c_str()) != 0)
-        return Fail(source, L"无法移动", errno);
-    return Changed(source) && Changed(target);
+        return Fail(source, kWhat, errno);
+    Changed(source);
+    Changed(target);
+    return FlushFolderOf(target, kWhat) && FlushFolderOf(source, kWhat);
 }
 
 bool DeleteFile(const CString& path)
 {
-    if (unlink(NativePath(path).c_str()) == 0) return Changed(path);
-    return errno == ENOENT ? false : Fail(path, L"无法删除", errno);
+    static constexpr wchar_t kWhat[] = L"无法删除";
+    if (IsCutShort(path)) return Fail(path, kWhat, EINVAL);
+    if (unlink(NativePath(path).c_str()) == 0) {
+        Changed(path);
+        return FlushFolderOf(path, kWhat);
+    }
+    return errno == ENOENT ? false : Fail(path, kWhat, errno);
 }
 
 FileChangeListener SetFileChangeListener(FileChangeListener listener)

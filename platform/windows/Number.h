@@ -6,7 +6,8 @@
 #include "platform/mfc/Text.h"
 
 // The run-time library's lenient readings: blanks, then as much of a number as stands there.
-// 0 when there is none. A whole number outside 32 bits is held at the nearer end.
+// 0 when there is none. A whole number outside 32 bits is held at the nearer end; a double outside
+// its range, an infinity and "nan" read as 0.
 AFX_EXT_API int Wtoi(std::wstring_view text);
 AFX_EXT_API double Wtof(std::wstring_view text);
 

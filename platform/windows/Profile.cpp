@@ -32,7 +32,10 @@ public:
             m_encoding = TextEncoding::Gb18030;
             decoded = DecodeText(content, m_encoding, utf8);
         }
-        if (!decoded) {
+        // UTF-16 without its mark passes for UTF-8 full of NULs.
+        const size_t nul = utf8.find('\0');
+        if (nul != std::string::npos) utf8.resize(nul);
+        if (!decoded || nul != std::string::npos) {
             TraceFile(TraceLevel::Error, file, LineAt(utf8), L"设置文件的编码无法识别");
             return false;
         }
@@ -68,20 +71,20 @@ public:
     void Set(std::wstring_view section, std::wstring_view key, std::wstring_view value)
     {
         const Place place = Find(section, key);
-        CString line = Format(L"%s=%s", key, value).append(kNewline);
         if (place.keyFound) {
-            const CString& old = m_lines[place.line];
-            line = old.substr(0, old.find(L'=') + 1).append(value).append(LineEnd(old));
-            m_lines[place.line] = line;
+            CString& line = m_lines[place.line];
+            line = line.substr(0, line.find(L'=') + 1).append(value).append(LineEnd(line));
             return;
         }
+        const CString newline = Newline();
         if (place.line > 0 && LineEnd(m_lines[place.line - 1]).empty())
-            m_lines[place.line - 1] += kNewline;
+            m_lines[place.line - 1] += newline;
+        const CString line = Format(L"%s=%s", key, value) + newline;
         const auto at = m_lines.begin() + static_cast<std::ptrdiff_t>(place.line);
         if (place.sectionFound)
             m_lines.insert(at, line);
         else
-            m_lines.insert(at, {Format(L"[%s]", section).append(kNewline), line});
+            m_lines.insert(at, {Format(L"[%s]", section) + newline, line});
     }
 
 private:
@@ -132,6 +135,13 @@ private:
         }
     }
 
+    // The line end of new lines: that of the file's first line.
+    CString Newline() const
+    {
+        const CString first = m_lines.empty() ? CString() : LineEnd(m_lines.front());
+        return first.empty() ? CString(kNewline) : first;
+    }
+
     static CString LineEnd(const CString& line)
     {
         const size_t last = line.find_last_not_of(L"\r\n");
@@ -162,6 +172,10 @@ CString GetPrivateProfileString(const wchar_t* section, const wchar_t* key, cons
 bool WritePrivateProfileString(const wchar_t* section, const wchar_t* key, const wchar_t* value,
                                const CString& file)
 {
+    if (std::wstring_view(value).find_first_of(L"\r\n") != std::wstring_view::npos) {
+        TraceFile(TraceLevel::Error, file, 0, L"设置的内容不能含有换行");
+        return false;
+    }
     ProfileText profile;
     if (PathFileExists(file) && !profile.Load(file)) return false;
     if (profile.Get(section, key) == value) return true;

@@ -15,6 +15,7 @@ AFX_EXT_API CString GetPrivateProfileString(const wchar_t* section, const wchar_
                                             const wchar_t* missing, const CString& file);
 
 // Sets the value. A file that holds it already is not written. A new file is UTF-16LE with a
-// byte-order mark. False, with a trace line, when the file cannot be read or written.
+// byte-order mark. False, with a trace line, when the file cannot be read or written, or when the
+// value holds a line break.
 AFX_EXT_API bool WritePrivateProfileString(const wchar_t* section, const wchar_t* key,
                                            const wchar_t* value, const CString& file);

@@ -10,21 +10,64 @@
 #include "platform/windows/Encoding.h"
 #include "platform/windows/File.h"
 #include "platform/windows/Number.h"
+#include "platform/xtp/XmlCheck.h"
+
+namespace {
+
+constexpr size_t kSizeLimit = 32 << 20;
+constexpr size_t kProblemLimit = 1000; // nobody reads more; a hostile file may hold millions
+constexpr size_t kQuoteLimit = 60;     // characters of a wrong value that a problem quotes
+
+// The start of a value, as a problem quotes it.
+CString Quotable(const char* utf8)
+{
+    CString text = ToWide(std::string_view(utf8).substr(0, kQuoteLimit * 4 + 4));
+    if (text.size() > kQuoteLimit) text.replace(kQuoteLimit, CString::npos, L"…");
+    return text;
+}
+
+} // namespace
 
 // A document with the text it was read from, which is only kept to count lines in.
 struct XmlDocument {
     pugi::xml_document tree;
     bool storing = false;
-    CString file;
-    std::string source;
     std::vector<ExchangeProblem> problems;
 
-    int LineAt(std::ptrdiff_t offset) const
+    void SetSource(std::string text)
     {
-        if (offset < 0 || source.empty()) return 0;
-        const auto end = std::min(static_cast<size_t>(offset), source.size());
-        return 1 + static_cast<int>(std::count(source.data(), source.data() + end, '\n'));
+        m_source = std::move(text);
+        m_place = 0;
+        m_line = 1;
     }
+
+    // 1-based; 0 for what is not from the source. Counts from the place asked for last: questions
+    // come roughly in the document's order, and there may be many.
+    int LineAt(std::ptrdiff_t offset)
+    {
+        if (offset < 0 || m_source.empty()) return 0;
+        const size_t place = std::min(static_cast<size_t>(offset), m_source.size());
+        const auto [from, to] = std::minmax(place, m_place);
+        const auto between =
+            static_cast<int>(std::count(m_source.data() + from, m_source.data() + to, '\n'));
+        m_line += place >= m_place ? between : -between;
+        m_place = place;
+        return m_line;
+    }
+
+    void AddProblem(std::ptrdiff_t offset, const char* element, const wchar_t* key,
+                    const char* value, const wchar_t* kind)
+    {
+        if (problems.size() == kProblemLimit) problems.push_back({0, L"其余的问题不再列出"});
+        if (problems.size() > kProblemLimit) return;
+        problems.push_back({LineAt(offset), Format(L"%s 的 %s 为“%s”,不是%s", ToWide(element), key,
+                                                   Quotable(value), kind)});
+    }
+
+private:
+    std::string m_source;
+    size_t m_place = 0;
+    int m_line = 1;
 };
 
 // The text of a value that is in the document, and its place in the source.
@@ -35,8 +78,6 @@ struct CXTPPropExchange::Stored {
 
 namespace {
 
-constexpr size_t kSizeLimit = 32 << 20;
-
 // One step of a section path.
 struct PathStep {
     std::string name;
@@ -44,7 +85,17 @@ struct PathStep {
     std::string value;
 };
 
-// Takes the first step off `path`: NAME or NAME[@ATTRIBUTE="VALUE"].
+// XML 1.0 has no place for most control characters, nor for what is no character at all.
+std::string WithoutForbidden(std::wstring_view text)
+{
+    CString allowed(text);
+    for (wchar_t& c : allowed)
+        if (!IsXmlCharacter(static_cast<char32_t>(c))) c = 0xFFFD;
+    return ToUtf8(allowed);
+}
+
+// Takes the first step off `path`: NAME or NAME[@ATTRIBUTE="VALUE"]. What cannot be read as steps
+// is dropped.
 PathStep TakeStep(std::wstring_view& path)
 {
     PathStep step;
@@ -53,21 +104,26 @@ PathStep TakeStep(std::wstring_view& path)
     path.remove_prefix(nameEnd);
     if (path.starts_with(L"[@")) {
         const size_t equals = path.find(L"=\"");
-        const size_t end = path.find(L"\"]");
-        if (equals == std::wstring_view::npos || end == std::wstring_view::npos) {
+        const size_t end =
+            equals == std::wstring_view::npos ? equals : path.find(L"\"]", equals + 2);
+        if (end == std::wstring_view::npos) {
             path = {};
             return step;
         }
         step.attribute = ToUtf8(path.substr(2, equals - 2));
-        step.value = ToUtf8(path.substr(equals + 2, end - equals - 2));
+        step.value = WithoutForbidden(path.substr(equals + 2, end - equals - 2));
         path.remove_prefix(end + 2);
+    } else if (path.starts_with(L'[')) {
+        path = {};
     }
     if (path.starts_with(L'/')) path.remove_prefix(1);
     return step;
 }
 
+// An empty step, as before a "/" that a path begins with, stays where it is.
 pugi::xml_node FindStep(pugi::xml_node parent, const PathStep& step)
 {
+    if (step.name.empty()) return parent;
     return step.attribute.empty()
                ? parent.child(step.name.c_str())
                : parent.find_child_by_attribute(step.name.c_str(), step.attribute.c_str(),
@@ -91,22 +147,10 @@ pugi::xml_node FindChild(pugi::xml_node parent, const wchar_t* key)
     return {};
 }
 
-// XML 1.0 has no place for most control characters, nor for what is no character at all.
-std::string WithoutForbidden(std::wstring_view text)
-{
-    CString allowed(text);
-    for (wchar_t& c : allowed) {
-        const bool control = c >= 0 && c < 0x20 && c != L'\t' && c != L'\n' && c != L'\r';
-        const bool surrogate = c >= 0xD800 && c <= 0xDFFF;
-        if (control || surrogate || c == 0xFFFE || c == 0xFFFF) c = 0xFFFD;
-    }
-    return ToUtf8(allowed);
-}
-
 // The encoding that the XML declaration names; nothing without one.
 std::optional<std::string_view> DeclaredEncoding(std::string_view text)
 {
-    if (!text.starts_with("<?xml")) return std::nullopt;
+    if (!text.starts_with("<?xml") || text.find_first_of(" \t\r\n") != 5) return std::nullopt;
     const std::string_view declaration = text.substr(0, text.find("?>"));
     size_t at = declaration.find("encoding");
     if (at == std::string_view::npos) return std::nullopt;
@@ -136,11 +180,34 @@ CString DecodeXml(std::string_view bytes, std::string& utf8)
                 return Format(L"内容不是声明的编码“%s”", ToWide(*name));
         }
     }
-    if (!DecodeText(bytes.substr(markSize), encoding, utf8)) return L"内容不符合文件的编码";
-    const size_t nul = utf8.find('\0');
-    if (nul == std::string::npos) return {};
-    utf8.resize(nul);
-    return L"含有空字符(NUL)";
+    return DecodeText(bytes.substr(markSize), encoding, utf8) ? CString() : L"内容不符合文件的编码";
+}
+
+// Makes the tree of a text, or tells what is wrong with it.
+std::optional<XmlFault> ParseXml(const std::string& source, pugi::xml_document& tree)
+{
+    if (const auto fault = CheckXml(source)) return fault;
+    const auto result = tree.load_buffer(
+        source.data(), source.size(), pugi::parse_default | pugi::parse_comments | pugi::parse_pi,
+        pugi::encoding_utf8);
+    if (!result)
+        return XmlFault{static_cast<size_t>(result.offset),
+                        L"XML 格式错误: " + ToWide(result.description())};
+    const pugi::xml_node root = tree.document_element();
+    for (pugi::xml_node node = root.next_sibling(); node; node = node.next_sibling())
+        if (node.type() == pugi::node_element)
+            return XmlFault{static_cast<size_t>(node.offset_debug()),
+                            L"XML 格式错误: 有多个根元素"};
+    return std::nullopt;
+}
+
+// A reader of XML takes a carriage return in an element's text for a line end of the file and
+// drops it; as a character reference it stays.
+std::string WithReturnsKept(std::string xml)
+{
+    for (size_t at = 0; (at = xml.find('\r', at)) != std::string::npos;)
+        xml.replace(at, 1, "&#13;");
+    return xml;
 }
 
 struct StringWriter : pugi::xml_writer {
@@ -152,6 +219,12 @@ struct StringWriter : pugi::xml_writer {
 };
 
 } // namespace
+
+bool IsXmlText(std::wstring_view text)
+{
+    return std::all_of(text.begin(), text.end(),
+                       [](wchar_t c) { return IsXmlCharacter(static_cast<char32_t>(c)); });
+}
 
 bool CXTPPropExchange::IsStoring() const
 {
@@ -254,10 +327,7 @@ bool CXTPPropExchange::ReadNumber(const wchar_t* key, T& value, Parse parse,
     const Stored stored = FindValue(key);
     if (!stored.text) return false;
     if (parse(stored.text, value)) return true;
-    m_document->problems.push_back(
-        {m_document->LineAt(stored.offset),
-         Format(L"%s 的 %s 为“%s”,不是%s", ToWide(pugi::xml_node(m_node).name()), key,
-                ToWide(stored.text), kind)});
+    m_document->AddProblem(stored.offset, pugi::xml_node(m_node).name(), key, stored.text, kind);
     return false;
 }
 
@@ -298,6 +368,11 @@ CString CXTPPropExchange::Attribute(const wchar_t* key) const
     return ToWide(pugi::xml_node(m_node).attribute(ToUtf8(key).c_str()).value());
 }
 
+CString CXTPPropExchange::Name() const
+{
+    return ToWide(pugi::xml_node(m_node).name());
+}
+
 int CXTPPropExchange::Line() const
 {
     return m_document ? m_document->LineAt(pugi::xml_node(m_node).offset_debug()) : 0;
@@ -324,8 +399,9 @@ bool CXTPPropExchangeXMLNode::LoadFromFile(const wchar_t* path)
 bool CXTPPropExchangeXMLNode::LoadFromBytes(std::string_view bytes, const CString& name)
 {
     XmlDocument& document = *m_document;
-    document.file = name;
-    document.source.clear();
+    document.SetSource({});
+    document.problems.clear();
+    document.tree.reset();
     m_node = nullptr;
     const auto fail = [&](std::ptrdiff_t offset, const CString& cause) {
         TraceFile(TraceLevel::Error, name, document.LineAt(offset), cause);
@@ -334,27 +410,22 @@ bool CXTPPropExchangeXMLNode::LoadFromBytes(std::string_view bytes, const CStrin
         return false;
     };
     if (bytes.empty()) return fail(-1, L"文件是空的");
-    const CString wrong = DecodeXml(bytes, document.source);
+    std::string source;
+    const CString wrong = DecodeXml(bytes, source);
     if (!wrong.empty()) {
-        if (document.source.empty()) document.source = " "; // wrong from the first byte: line 1
-        return fail(static_cast<std::ptrdiff_t>(document.source.size()), wrong);
+        const auto end = static_cast<std::ptrdiff_t>(source.size());
+        if (source.empty()) source.assign(1, ' '); // wrong from the first byte: line 1
+        document.SetSource(std::move(source));
+        return fail(end, wrong);
     }
-    const pugi::xml_parse_result result = document.tree.load_buffer(
-        document.source.data(), document.source.size(),
-        pugi::parse_default | pugi::parse_doctype | pugi::parse_comments | pugi::parse_pi,
-        pugi::encoding_utf8);
-    if (!result) return fail(result.offset, L"XML 格式错误: " + ToWide(result.description()));
-    for (pugi::xml_node node : document.tree.children()) {
-        if (node.type() == pugi::node_doctype)
-            return fail(node.offset_debug(), L"不允许文档类型声明(DOCTYPE)");
-        if (node.type() != pugi::node_element) continue;
-        if (m_node) return fail(node.offset_debug(), L"XML 格式错误: 有多个根元素");
-        m_node = node.internal_object();
-    }
-    const pugi::xml_node root(m_node);
+    const auto fault = ParseXml(source, document.tree);
+    document.SetSource(std::move(source));
+    if (fault) return fail(static_cast<std::ptrdiff_t>(fault->offset), fault->cause);
+    const pugi::xml_node root = document.tree.document_element();
     if (ToWide(root.name()) != m_rootName)
         return fail(root.offset_debug(),
                     Format(L"根元素为 %s,应为 %s", ToWide(root.name()), m_rootName));
+    m_node = root.internal_object();
     return true;
 }
 
@@ -367,7 +438,7 @@ std::string CXTPPropExchangeXMLNode::SaveToBytes() const
     StringWriter writer;
     tree.save(writer, "  ", pugi::format_indent, pugi::encoding_utf8);
     tree.remove_child(declaration);
-    return std::move(writer.bytes);
+    return WithReturnsKept(std::move(writer.bytes));
 }
 
 bool CXTPPropExchangeXMLNode::SaveToFile(const wchar_t* path) const

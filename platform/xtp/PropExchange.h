@@ -36,8 +36,9 @@ public:
     void EnableCompactMode(bool enable) { m_compact = enable; }
     bool IsCompactMode() const { return m_compact; }
 
-    // The section at a path of steps joined by "/": NAME or NAME[@ATTRIBUTE="VALUE"]. What is
-    // missing is made when storing. The new section is in the same mode as this one.
+    // The section at a path of steps joined by "/": NAME or NAME[@ATTRIBUTE="VALUE"], where VALUE
+    // is any text without "] in it. What is missing is made when storing. The new section is in
+    // the same mode as this one.
     CXTPPropExchange GetSection(const wchar_t* path) const;
     // The same, but nothing is ever made.
     CXTPPropExchange FindSection(const wchar_t* path) const;
@@ -62,9 +63,12 @@ public:
     // An attribute's text, whichever way the exchange goes; empty when it is missing.
     CString Attribute(const wchar_t* key) const;
 
+    // The section's element name.
+    CString Name() const;
     // 1-based line of the section in its file; 0 when it is not from a file.
     int Line() const;
-    // The problems met so far, taken out of the document.
+    // The problems met so far, taken out of the document: the first thousand, and one that says
+    // so when there were more.
     std::vector<ExchangeProblem> TakeProblems() const;
 
 protected:
@@ -98,6 +102,10 @@ private:
     CXTPPropExchange m_next;
 };
 
+// True when every character can stand in an XML document. Storing a text puts U+FFFD in place of
+// those that cannot: most control characters, lone surrogates.
+AFX_EXT_API bool IsXmlText(std::wstring_view text);
+
 // The exchange with a whole document.
 class AFX_EXT_CLASS CXTPPropExchangeXMLNode : public CXTPPropExchange {
 public:
@@ -107,7 +115,8 @@ public:
 
     // Reads a file in place of the document. False, with a trace line that names file, line and
     // cause, when it cannot be read, is not well-formed, is no text in the encoding it declares,
-    // holds a document type declaration, is larger than 32 MiB or has another root.
+    // holds a document type declaration, nests elements deeper than 64, is larger than 32 MiB or
+    // has another root. Then there is no document: no section exists.
     bool LoadFromFile(const wchar_t* path);
     // The same for a file's bytes; `name` is how trace lines name them.
     bool LoadFromBytes(std::string_view bytes, const CString& name);

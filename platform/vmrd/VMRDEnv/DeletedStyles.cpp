@@ -16,6 +16,12 @@ CString InFolder(const CString& folder, const CString& file)
     return Format(L"%s\\%s", folder, file);
 }
 
+bool Refuse(const CString& path, const wchar_t* why)
+{
+    TraceFile(TraceLevel::Error, path, 0, why);
+    return false;
+}
+
 // A name in the folder of the deleted ones that no file has yet.
 CString FreeDeletedPath(const CString& file)
 {
@@ -40,19 +46,27 @@ CString DeletedStylesFolder()
 
 bool SetStyleAside(const CStyles& styles, const CString& file, const GUID& id)
 {
+    if (!IsFileName(file)) return Refuse(StylesFolder(), L"文件名无效");
     const CString path = InFolder(StylesFolder(), file);
     CStringArray names;
     CArray<GUID> ids;
     if (!styles.StyleNames(path.c_str(), names, ids)) return false;
+    // A style without a readable identity has another one each time it is read.
+    const auto others =
+        std::count_if(ids.begin(), ids.end(), [&](const GUID& other) { return other != id; });
+    const bool alone = ids.size() == 1 || others == 0;
+    if (ids.empty() || (!alone && others == std::ssize(ids)))
+        return Refuse(path, L"文件中没有要删除的样式");
     if (!CreateFolder(DeletedStylesFolder())) return false;
 
     const CString aside = FreeDeletedPath(file);
-    const bool alone =
-        std::all_of(ids.begin(), ids.end(), [&](const GUID& other) { return other == id; });
-    const bool done = alone ? MoveFile(path, aside)
-                            : CopyFile(path, aside) && styles.RemoveFromFile(path.c_str(), id);
-    if (done) TraceFile(TraceLevel::Note, path, 0, L"已移至 " + aside);
-    return done;
+    if (alone ? !MoveFile(path, aside) : !CopyFile(path, aside)) return false;
+    if (!alone && !styles.RemoveFromFile(path.c_str(), id)) {
+        DeleteFile(aside);
+        return false;
+    }
+    TraceFile(TraceLevel::Note, path, 0, L"已移至 " + ToWide(NativePath(aside)));
+    return true;
 }
 
 bool SetStyleAside(const CStyles& styles, const GUID& id)
@@ -61,9 +75,12 @@ bool SetStyleAside(const CStyles& styles, const GUID& id)
     for (const CString& file : FindFiles(StylesFolder(), kEnding)) {
         CStringArray names;
         CArray<GUID> ids;
-        if (!styles.StyleNames(InFolder(StylesFolder(), file).c_str(), names, ids)) continue;
-        if (std::find(ids.begin(), ids.end(), id) != ids.end())
+        if (!styles.StyleNames(InFolder(StylesFolder(), file).c_str(), names, ids)) {
+            // By its name, the style was saved there.
+            if (file.find(VMRDPub::GUIDToStr(id)) != CString::npos) done = false;
+        } else if (std::find(ids.begin(), ids.end(), id) != ids.end()) {
             done = SetStyleAside(styles, file, id) && done;
+        }
     }
     return done;
 }
@@ -83,8 +100,8 @@ std::vector<DeletedStyle> DeletedStyles(const CStyles& styles)
 
 bool BringStyleBack(const CString& file)
 {
+    if (!IsFileName(file)) return Refuse(DeletedStylesFolder(), L"文件名无效");
     const CString target = InFolder(StylesFolder(), file);
     if (!PathFileExists(target)) return MoveFile(InFolder(DeletedStylesFolder(), file), target);
-    TraceFile(TraceLevel::Error, target, 0, L"无法恢复: 同名文件已存在");
-    return false;
+    return Refuse(target, L"无法恢复: 同名文件已存在");
 }

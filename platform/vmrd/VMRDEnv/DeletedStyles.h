@@ -16,9 +16,10 @@ AFX_EXT_API CString StylesFolder();
 AFX_EXT_API CString DeletedStylesFolder();
 
 // Sets the style of a file of the library folder aside. A file that holds other styles too keeps
-// them: a copy of it goes to the deleted ones, and the style is taken out of it. A file of that
-// name set aside earlier stays: the new one gets "(1)", "(2)" … behind its name. False, with a
-// trace line, when that failed; then the file is where it was.
+// them: a copy of it goes to the deleted ones, and the style is taken out of it. A file that
+// holds but one style is taken to hold that one. A file of that name set aside earlier stays: the
+// new one gets "(1)", "(2)" … behind its name. False, with a trace line, when that failed or the
+// file does not hold the style; then the file is where it was.
 AFX_EXT_API bool SetStyleAside(const CStyles& styles, const CString& file, const GUID& id);
 
 // Does so for each file of the library folder that holds the style. True when none is left.

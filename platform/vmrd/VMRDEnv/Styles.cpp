@@ -51,7 +51,8 @@ bool CStyles::SaveItem(int)
 
 void CStyles::Refurbish()
 {
-    if (Listener()) Listener()(*this);
+    const RefurbishListener listener = Listener(); // it may set another one
+    if (listener) listener(*this);
 }
 
 CStyles::RefurbishListener CStyles::SetRefurbishListener(RefurbishListener listener)
@@ -71,9 +72,9 @@ CString CStyles::GroupPath(const wchar_t* groupName)
 
 bool CStyles::RemoveFromFile(const wchar_t* path, const GUID& id) const
 {
-    CXTPPropExchangeXMLNode root;
-    CXTPPropExchange styles;
-    if (!CreateStylesNode(path, Name().c_str(), root, styles)) return false;
+    CXTPPropExchangeXMLNode root(false, kStyleLibraryRoot);
+    if (!root.LoadFromFile(path)) return false;
+    const CXTPPropExchange styles = root.FindSection(StylesPath().c_str());
     CXTPPropExchangeEnumerator all = styles.GetEnumerator(L"Style");
     while (all.HasNext()) {
         CXTPPropExchange style = all.GetNext();
@@ -86,6 +87,12 @@ bool CStyles::HasID(const CXTPPropExchange& style, const GUID& id)
 {
     GUID found;
     return VMRDPub::ParseGUID(style.Attribute(L"ID"), found) && found == id;
+}
+
+CString CStyles::StylesPath() const
+{
+    const CString name = Name();
+    return Format(L"%s/Styles[@Name=\"%s\"]", GroupPath(name.c_str()), name);
 }
 
 bool CStyles::CreateStylesNode(const wchar_t* path, const wchar_t* groupName,

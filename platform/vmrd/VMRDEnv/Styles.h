@@ -46,6 +46,8 @@ public:
     // files. False when that failed, or the library has no such files.
     virtual bool SaveItem(int index);
 
+    // Path from the root of a file to the section that holds the styles of this library.
+    CString StylesPath() const;
     // Takes the style of that identity out of a file; what else the file holds stays. False when
     // the file could not be read or written.
     bool RemoveFromFile(const wchar_t* path, const GUID& id) const;

@@ -3,6 +3,8 @@
 #include <cstdio>
 #include <utility>
 
+#include "platform/windows/File.h"
+
 namespace {
 
 TraceSink& Sink()
@@ -26,9 +28,10 @@ TraceSink SetTraceSink(TraceSink sink)
 
 void TraceFile(TraceLevel level, const CString& file, int line, const CString& text)
 {
-    const TraceLine traced{level, file, line, text};
-    if (Sink())
-        Sink()(traced);
+    const TraceLine traced{level, ToWide(NativePath(file)), line, text};
+    const TraceSink sink = Sink(); // the sink may set another one
+    if (sink)
+        sink(traced);
     else
         std::fprintf(stderr, "%s\n", ToUtf8(traced.Text()).c_str());
 }

@@ -1,0 +1,84 @@
+// A query by the name of a specification, in libraries of several sizes, beside an index of names
+// kept at hand.
+#include <map>
+
+#include <benchmark/benchmark.h>
+
+#include "bench/Bench.h"
+#include "library/DesignSpecifications.h"
+
+namespace {
+
+struct NoCase {
+    using is_transparent = void;
+    bool operator()(std::wstring_view a, std::wstring_view b) const
+    {
+        return CompareNoCase(a, b) < 0;
+    }
+};
+using Index = std::map<CString, const CDesignSpecification*, NoCase>;
+
+CString NameOf(int i)
+{
+    return Format(L"城市道路设计规范%d", i + 1);
+}
+
+// Fills the library with so many specifications, none of which has a file.
+CDesignSpecifications& Fill(int count)
+{
+    CDesignSpecifications::Destroy();
+    auto& library = *CDesignSpecifications::GetInstance();
+    for (int i = 0; i < count; ++i) {
+        auto* made = new CDesignSpecification;
+        made->SetName(NameOf(i).c_str());
+        library.Add(made);
+    }
+    return library;
+}
+
+template <class Find> void Measure(benchmark::State& state, int count, Find find)
+{
+    const auto names = MakeQuestions([count](auto number) { return NameOf(number(0, count - 1)); });
+    const auto speeds = MakeQuestions([](auto number) { return number(20, 120); });
+    size_t i = 0;
+    for (auto _ : state) {
+        const CDesignSpecification* found = find(names[i % kQuestions].c_str());
+        Require(found != nullptr, "a specification was not found by its name");
+        int value = 0;
+        QueryValue::QueryIntValBySpeed(&found->CircularCurveRad.SuperelevationMinRad,
+                                       speeds[i % kQuestions], QueryValue::Nearest, value);
+        benchmark::DoNotOptimize(value);
+        ++i;
+    }
+}
+
+void AskLibrary(benchmark::State& state, int count)
+{
+    const auto& library = Fill(count);
+    Measure(state, count, [&](const wchar_t* name) { return library.Item(name); });
+}
+
+void AskIndex(benchmark::State& state, int count)
+{
+    const auto& library = Fill(count);
+    Index index;
+    for (int i = 0; i < count; ++i)
+        index[library.Item(i)->Name()] = static_cast<const CDesignSpecification*>(library.Item(i));
+    Measure(state, count, [&](const wchar_t* name) {
+        const auto found = index.find(std::wstring_view(name));
+        return found == index.end() ? nullptr : found->second;
+    });
+}
+
+} // namespace
+
+void AddNamedQueries()
+{
+    for (int count : {1, 10, 1000}) {
+        const std::string row = "Query by name/library of " + std::to_string(count) + '/';
+        benchmark::RegisterBenchmark((row + "designspec").c_str(),
+                                     [count](auto& state) { AskLibrary(state, count); });
+        benchmark::RegisterBenchmark((row + "std::map of names").c_str(),
+                                     [count](auto& state) { AskIndex(state, count); });
+    }
+}

@@ -1,0 +1,177 @@
+#include <limits>
+
+#include "cli/JsonText.h"
+#include "platform/windows/Number.h"
+
+namespace {
+
+QueryValue::QueryMode ParseMode(const Arguments& arguments)
+{
+    if (!arguments.mode) return QueryValue::Nearest;
+    static constexpr std::pair<const wchar_t*, QueryValue::QueryMode> kModes[] = {
+        {L"nearest", QueryValue::Nearest}, {L"upper", QueryValue::Upper},
+        {L"lower", QueryValue::Lower},     {L"interpolate", QueryValue::Interpolate},
+        {L"exact", QueryValue::Exact},
+    };
+    for (const auto& [name, mode] : kModes)
+        if (EqualNoCase(name, ToWide(*arguments.mode))) return mode;
+    Refuse(Format(L"没有取值方式“%s”。可选: nearest upper lower interpolate exact",
+                  ToWide(*arguments.mode)));
+}
+
+// Options that a query takes, so that none that it does not take goes unnoticed.
+struct OptionUse {
+    const wchar_t* name;
+    const std::optional<std::string> Arguments::*option;
+    bool required;
+};
+
+using Uses = std::initializer_list<OptionUse>;
+
+void CheckOptions(const Arguments& arguments, const std::wstring& query, const Uses& uses)
+{
+    static constexpr std::pair<const wchar_t*, std::optional<std::string> Arguments::*> kAll[] = {
+        {L"--speed", &Arguments::speed},   {L"--mode", &Arguments::mode},
+        {L"--grad", &Arguments::grad},     {L"--max-super", &Arguments::maxSuper},
+        {L"--radius", &Arguments::radius}, {L"--tolerance", &Arguments::tolerance},
+        {L"--car", &Arguments::car},
+    };
+    for (const auto& [name, option] : kAll) {
+        const OptionUse* use = nullptr;
+        for (const OptionUse& one : uses)
+            if (EqualNoCase(one.name, name)) use = &one;
+        if (!use && arguments.*option) Refuse(Format(L"查询 %s 不用 %s", query, CString(name)));
+        if (use && use->required && !(arguments.*option))
+            Refuse(Format(L"查询 %s 需要 %s", query, CString(name)));
+    }
+}
+
+constexpr OptionUse kNeedSpeed = {L"--speed", &Arguments::speed, true};
+constexpr OptionUse kNeedRadius = {L"--radius", &Arguments::radius, true};
+constexpr OptionUse kTakeMode = {L"--mode", &Arguments::mode, false};
+
+// What a query gave: a value, or none and the code that tells why.
+struct Answer {
+    Json value; // null: no answer
+    int code = 0;
+};
+
+int SpeedOf(const Arguments& arguments)
+{
+    return IntArgument(*arguments.speed, L"车速");
+}
+
+Answer QueryField(const Arguments& arguments, const FieldPath& path, const void* object)
+{
+    const Field& field = *path.field;
+    const std::wstring query = ToWide(arguments.path);
+    if (!field.IsTable()) {
+        CheckOptions(arguments, query, {});
+        return {ToJson(field, object)};
+    }
+    CheckOptions(arguments, query, {kNeedSpeed, kTakeMode});
+    const int speed = SpeedOf(arguments);
+    const QueryValue::QueryMode mode = ParseMode(arguments);
+    Answer answer;
+    if (field.kind == FieldKind::IntTable) {
+        int value = 0;
+        if (QueryValue::QueryIntValBySpeed(&field.Of<SpeedToIntValues>(object), speed, mode, value))
+            answer.value = value;
+    } else {
+        double value = 0;
+        if (QueryValue::QueryDoubleValBySpeed(&field.Of<SpeedToDoubleValues>(object), speed, mode,
+                                              value))
+            answer.value = value;
+    }
+    return answer;
+}
+
+Answer QueryGradeLength(const Arguments& arguments, const CDSLonGradMaxLen& criterion)
+{
+    CheckOptions(arguments, L"LonGradMaxLen",
+                 {kNeedSpeed, {L"--grad", &Arguments::grad, true}, kTakeMode});
+    int value = 0;
+    Answer answer;
+    if (criterion.QueryVal(DoubleArgument(*arguments.grad, L"坡度"), SpeedOf(arguments),
+                           ParseMode(arguments), value))
+        answer.value = value;
+    return answer;
+}
+
+Answer QuerySuperElevation(const Arguments& arguments, const CDSSuperElevation& criterion)
+{
+    CheckOptions(arguments, L"SuperElevation",
+                 {{L"--max-super", &Arguments::maxSuper, true},
+                  kNeedSpeed,
+                  kNeedRadius,
+                  {L"--tolerance", &Arguments::tolerance, false},
+                  kTakeMode});
+    // One result of 0 leaves the value as it was: that is no answer either.
+    constexpr int kUnwritten = std::numeric_limits<int>::min();
+    int value = kUnwritten;
+    Answer answer;
+    answer.code = criterion.QuerySuperElevation(
+        IntArgument(*arguments.maxSuper, L"最大超高"), SpeedOf(arguments), ParseMode(arguments),
+        IntArgument(arguments.tolerance.value_or("0"), L"车速容差"),
+        IntArgument(*arguments.radius, L"半径"), value);
+    if (answer.code == 0 && value != kUnwritten) answer.value = value;
+    return answer;
+}
+
+Answer QueryWidening(const Arguments& arguments, const CDSCurveWidening& criterion)
+{
+    CheckOptions(arguments, L"CurveWidening", {{L"--car", &Arguments::car, true}, kNeedRadius});
+    double value = 0;
+    Answer answer;
+    answer.code = criterion.QueryWidening(ToWide(*arguments.car).c_str(),
+                                          IntArgument(*arguments.radius, L"半径"), value);
+    if (answer.code == 0) answer.value = value;
+    return answer;
+}
+
+Answer Ask(const Arguments& arguments, CDesignSpecification& specification)
+{
+    const FieldPath path = ParseFieldPath(arguments.path);
+    const void* object = path.criterion->get(specification);
+    if (path.field) return QueryField(arguments, path, object);
+    if (object == &specification.LonGradMaxLen)
+        return QueryGradeLength(arguments, specification.LonGradMaxLen);
+    if (object == &specification.SuperElevation)
+        return QuerySuperElevation(arguments, specification.SuperElevation);
+    if (object == &specification.CurveWidening)
+        return QueryWidening(arguments, specification.CurveWidening);
+    Refuse(Format(L"请指定 %s 的字段", CString(path.criterion->name)));
+}
+
+void PrintAnswer(const Json& value)
+{
+    if (value.is_string())
+        PrintLine(ToWide(value.get<std::string>()));
+    else if (value.is_boolean())
+        PrintLine(value.get<bool>() ? L"1" : L"0");
+    else if (value.is_number_float())
+        PrintLine(ToWide(DoubleToText(value.get<double>())));
+    else
+        PrintLine(ToWide(value.dump()));
+}
+
+} // namespace
+
+Status RunQuery(const Arguments& arguments)
+{
+    ParseFieldPath(arguments.path); // a wrong path is told before any file is read
+    CDesignSpecification& specification = ChosenSpecification(OpenProject(arguments), arguments);
+    const Answer answer = Ask(arguments, specification);
+    if (arguments.json) {
+        Json json = {{"specification", ToJson(specification)}, {"query", arguments.path}};
+        json["value"] = answer.value;
+        json["code"] = answer.code;
+        PrintJson(json);
+    } else if (!answer.value.is_null()) {
+        PrintAnswer(answer.value);
+    }
+    if (answer.code != 0) Complain(Format(L"结果代码 %d", answer.code));
+    if (!answer.value.is_null()) return kDone;
+    Complain(L"没有符合条件的值");
+    return kNoAnswer;
+}

@@ -1,0 +1,51 @@
+#include "cli/TextTable.h"
+
+#include <algorithm>
+
+#include <utf8proc.h>
+
+namespace {
+
+constexpr int kGap = 2; // columns between two columns of the table
+
+CString Blanks(int count)
+{
+    return CString(static_cast<size_t>(std::max(count, 0)), L' ');
+}
+
+} // namespace
+
+int DisplayWidth(const CString& text)
+{
+    int width = 0;
+    for (wchar_t c : text)
+        width += utf8proc_charwidth(c);
+    return width;
+}
+
+std::vector<int> TextTable::Widths() const
+{
+    std::vector<int> widths;
+    for (const CStringArray& row : m_rows) {
+        widths.resize(std::max(widths.size(), row.size()));
+        for (size_t i = 0; i < row.size(); ++i)
+            widths[i] = std::max(widths[i], DisplayWidth(row[i]));
+    }
+    return widths;
+}
+
+CStringArray TextTable::Lines(int indent) const
+{
+    const std::vector<int> widths = Widths();
+    CStringArray lines;
+    for (const CStringArray& row : m_rows) {
+        CString line = Blanks(indent);
+        for (size_t i = 0; i < row.size(); ++i) {
+            const CString padding = Blanks(widths[i] - DisplayWidth(row[i]));
+            if (i > 0) line += Blanks(kGap);
+            line += i > 0 && m_alignRight ? padding + row[i] : row[i] + padding;
+        }
+        lines.push_back(TrimRight(line, L" "));
+    }
+    return lines;
+}

@@ -1,0 +1,24 @@
+// Tables of text with aligned columns on a terminal, where a Chinese character takes two columns.
+#pragma once
+
+#include "platform/mfc/Text.h"
+
+// Columns that the text takes on a terminal.
+int DisplayWidth(const CString& text);
+
+class TextTable {
+public:
+    // `alignRight` is how the columns behind the first one stand; the first stands left.
+    explicit TextTable(bool alignRight = true) : m_alignRight(alignRight) {}
+
+    void AddRow(CStringArray cells) { m_rows.push_back(std::move(cells)); }
+    bool IsEmpty() const { return m_rows.empty(); }
+    // The lines, each with `indent` blanks before it and none at its end.
+    CStringArray Lines(int indent) const;
+
+private:
+    std::vector<int> Widths() const;
+
+    bool m_alignRight;
+    std::vector<CStringArray> m_rows;
+};

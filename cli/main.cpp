@@ -1,0 +1,10 @@
+#include <csignal>
+
+#include "cli/CommandLine.h"
+
+int main(int argc, char** argv)
+{
+    // A write beyond the size limit of files is to fail with a message, not to end the process.
+    std::signal(SIGXFSZ, SIG_IGN);
+    return RunCommandLine(argc, argv);
+}

@@ -1,0 +1,81 @@
+// Asks the default specification of a project each of the library's queries once.
+//
+//   consumer PROJECT        PROJECT is the folder that holds 规范
+#include <iostream>
+
+#include "library/DesignSpecifications.h"
+#include "platform/vmrd/VMRDPub/VMRDPub.h"
+
+namespace {
+
+constexpr int kSpeed = 55;    // km/h, between two speeds of the tables
+constexpr int kRadius = 180;  // m
+constexpr double kGrad = 6.5; // %
+
+void Print(const char* what, bool answered, double value)
+{
+    std::cout << what << ": ";
+    if (answered)
+        std::cout << value << '\n';
+    else
+        std::cout << "no answer\n";
+}
+
+void AskSpeedTables(const CDesignSpecification& specification)
+{
+    int radius = 0;
+    bool answered =
+        QueryValue::QueryIntValBySpeed(&specification.CircularCurveRad.noSuperelevationMinRad,
+                                       kSpeed, QueryValue::Interpolate, radius);
+    Print("QueryIntValBySpeed", answered, radius);
+
+    double grad = 0;
+    answered = QueryValue::QueryDoubleValBySpeed(&specification.LonGrad.MaxGradRecommendedValues,
+                                                 kSpeed, QueryValue::Upper, grad);
+    Print("QueryDoubleValBySpeed", answered, grad);
+
+    const SpeedToDoubleValues& cityRoad =
+        specification.MaxResultantGrad.Item(CDSMaxResultantGrad::CityRoad);
+    answered = QueryValue::QueryDoubleValBySpeed(&cityRoad, 60, QueryValue::Exact, grad);
+    Print("MaxResultantGrad.Item", answered, grad);
+}
+
+void AskCompoundTables(const CDesignSpecification& specification)
+{
+    int length = 0;
+    const bool answered =
+        specification.LonGradMaxLen.QueryVal(kGrad, 50, QueryValue::Nearest, length);
+    Print("LonGradMaxLen.QueryVal", answered, length);
+
+    int superElevation = 0;
+    int code = specification.SuperElevation.QuerySuperElevation(4, 60, QueryValue::Nearest, 10,
+                                                                kRadius, superElevation);
+    Print("SuperElevation.QuerySuperElevation", code == 0, superElevation);
+
+    double widening = 0;
+    code = specification.CurveWidening.QueryWidening(L"铰接车", kRadius, widening);
+    Print("CurveWidening.QueryWidening", code == 0, widening);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    if (argc != 2) {
+        std::cerr << "usage: consumer PROJECT\n";
+        return 2;
+    }
+    VMRDPub::SetCurPrjPath(ToWide(argv[1]));
+    CDesignSpecifications& library = *CDesignSpecifications::GetInstance();
+    library.Update();
+    const auto* specification = dynamic_cast<const CDesignSpecification*>(library.DefaultItem());
+    if (!specification) {
+        std::cerr << "no default specification\n";
+        return 1;
+    }
+    std::cout << ToUtf8(specification->Name()) << '\n';
+    AskSpeedTables(*specification);
+    AskCompoundTables(*specification);
+    CDesignSpecifications::Destroy();
+    return 0;
+}

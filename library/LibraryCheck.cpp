@@ -1,0 +1,108 @@
+#include "library/LibraryCheck.h"
+
+#include "library/DesignSpecifications.h"
+#include "model/Criteria.h"
+#include "platform/vmrd/VMRDEnv/DeletedStyles.h"
+#include "platform/vmrd/VMRDPub/VMRDPub.h"
+#include "platform/windows/File.h"
+
+namespace {
+
+// Collects what is odd in one file.
+class FileCheck {
+public:
+    FileCheck(CString path, std::vector<TraceLine>& findings)
+        : m_path(std::move(path)), m_findings(findings)
+    {
+    }
+
+    void CheckFile(const CString& file)
+    {
+        CXTPPropExchangeXMLNode root(true, kStyleLibraryRoot);
+        // That it cannot be read has been told when the library was loaded.
+        const TraceSink sink = SetTraceSink([](const TraceLine&) {});
+        const bool loaded = root.LoadFromFile(m_path.c_str());
+        SetTraceSink(sink);
+        if (!loaded) return;
+        const CString path = CDesignSpecifications::GetInstance()->StylesPath() + L"/Style";
+        CXTPPropExchangeEnumerator styles = root.GetEnumerator(path.c_str());
+        while (styles.HasNext()) {
+            const CXTPPropExchange style = styles.GetNext();
+            CheckName(style, file);
+            CheckTables(style);
+        }
+    }
+
+private:
+    void Find(const CXTPPropExchange& section, const CString& text)
+    {
+        m_findings.push_back({TraceLevel::Note, ToWide(NativePath(m_path)), section.Line(), text});
+    }
+
+    void CheckName(const CXTPPropExchange& style, const CString& file)
+    {
+        GUID id;
+        if (!VMRDPub::ParseGUID(style.Attribute(L"ID"), id)) return;
+        const CString expected = style.Attribute(L"Name") + VMRDPub::GUIDToStr(id) + L".hds";
+        if (file != expected) Find(style, Format(L"文件名与名称和标识不符,应为 %s", expected));
+    }
+
+    void CheckTables(const CXTPPropExchange& style)
+    {
+        for (const CriterionInfo& criterion : Criteria()) {
+            const CXTPPropExchange section = style.FindSection(criterion.name);
+            for (const Field& field : criterion.fields)
+                if (field.IsTable()) CheckKeys(section, field.key, L"Item", L"speed", true);
+        }
+        CheckKeys(style, L"LonGradMaxLen/maxLens", L"Item", L"Grad", false);
+        CheckEach(style, L"LonGradMaxLen/maxLens/Item", L"Item", L"speed");
+        CheckEach(style, L"SuperElevation/SuperElevDefs/SuperElevDef", L"Items", L"speed");
+    }
+
+    void CheckEach(const CXTPPropExchange& style, const wchar_t* path, const wchar_t* item,
+                   const wchar_t* key)
+    {
+        CXTPPropExchangeEnumerator sections = style.GetEnumerator(path);
+        while (sections.HasNext())
+            CheckKeys(sections.GetNext(), L"", item, key, true);
+    }
+
+    // The keys of a table must fall from item to item, or rise.
+    void CheckKeys(const CXTPPropExchange& parent, const wchar_t* path, const wchar_t* item,
+                   const wchar_t* key, bool falling)
+    {
+        const CXTPPropExchange table = parent.FindSection(path);
+        CXTPPropExchangeEnumerator items = table.GetEnumerator(item);
+        std::vector<double> keys;
+        bool ordered = true;
+        while (items.HasNext()) {
+            CXTPPropExchange one = items.GetNext();
+            one.EnableCompactMode(true);
+            double value = 0;
+            PX_Double(&one, key, value, 0);
+            if (std::find(keys.begin(), keys.end(), value) != keys.end())
+                Find(one, Format(L"%s 中 %s=%g 出现两次", table.Name(), CString(key), value));
+            else if (!keys.empty() && (falling ? value > keys.back() : value < keys.back()))
+                ordered = false;
+            keys.push_back(value);
+        }
+        if (!ordered) Find(table, Format(L"%s 的各项未按 %s 排序", table.Name(), CString(key)));
+    }
+
+    CString m_path;
+    std::vector<TraceLine>& m_findings;
+};
+
+} // namespace
+
+std::vector<TraceLine> CheckLibraryFiles()
+{
+    std::vector<TraceLine> findings;
+    for (const CString& file : FindFiles(StylesFolder(), L".hds"))
+        FileCheck(StylesFolder() + L"\\" + file, findings).CheckFile(file);
+    for (const CString& file : FindFiles(StylesFolder(), L".tmp"))
+        if (IsTemporaryFile(file))
+            findings.push_back({TraceLevel::Note, ToWide(NativePath(StylesFolder() + L"\\" + file)),
+                                0, L"中断的保存留下的临时文件,可以删除"});
+    return findings;
+}

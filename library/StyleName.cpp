@@ -1,0 +1,29 @@
+#include "library/StyleName.h"
+
+namespace {
+
+constexpr wchar_t kForbidden[] = L"<>/\\\":;=|,*?'";
+constexpr size_t kLongestFileName = 255;   // bytes
+constexpr size_t kAroundName = 36 + 2 + 4; // identity, braces, ".hds"
+
+} // namespace
+
+CString StyleNameProblem(const CDesignSpecifications& library, const CString& name,
+                         const CString& openedName)
+{
+    if (name.empty()) return L"样式名不能为空!";
+    if (name.find_first_of(kForbidden) != CString::npos)
+        return CString(L"样式名中不允许出现如下字符: ") + kForbidden;
+    const bool keepsItsName = !openedName.empty() && EqualNoCase(name, openedName);
+    if (library.Item(name.c_str()) && !keepsItsName) return L"和已有样式重名!";
+    return {};
+}
+
+CString FileNameProblem(const CString& name)
+{
+    if (name.find_first_of(std::wstring_view(L"/\\\0", 3)) != CString::npos ||
+        name.find(L"..") != CString::npos)
+        return L"名称含有路径分隔符、“..”或空字符,不能用作文件名";
+    if (ToUtf8(name).size() + kAroundName > kLongestFileName) return L"名称过长,不能用作文件名";
+    return {};
+}

@@ -1,0 +1,53 @@
+// The thirteen criteria of a specification, in their order in files.
+#pragma once
+
+#include <span>
+#include <tuple>
+
+#include "model/DesignSpecification.h"
+
+// One criterion of the specification class: its member and what it is called.
+template <class C> struct CriterionMember {
+    C CDesignSpecification::*member;
+    const wchar_t* name;  // of the member, and of its element in files
+    const wchar_t* label; // for people
+};
+
+inline constexpr auto kCriteria = std::tuple{
+    CriterionMember{&CDesignSpecification::BeelineLen, L"BeelineLen", L"直线长度"},
+    CriterionMember{&CDesignSpecification::CircularCurveRad, L"CircularCurveRad", L"圆曲线半径"},
+    CriterionMember{&CDesignSpecification::CurveMinLen, L"CurveMinLen", L"平曲线与圆曲线最小长度"},
+    CriterionMember{&CDesignSpecification::SmallAngleCurveMinLen, L"SmallAngleCurveMinLen",
+                    L"小转角平曲线最小长度"},
+    CriterionMember{&CDesignSpecification::TransitionCurveMinLen, L"TransitionCurveMinLen",
+                    L"缓和曲线最小长度"},
+    CriterionMember{&CDesignSpecification::LonGrad, L"LonGrad", L"纵坡坡度"},
+    CriterionMember{&CDesignSpecification::MaxResultantGrad, L"MaxResultantGrad", L"最大合成坡度"},
+    CriterionMember{&CDesignSpecification::LonGradMaxLen, L"LonGradMaxLen", L"纵坡最大坡长"},
+    CriterionMember{&CDesignSpecification::LonGradMinLen, L"LonGradMinLen", L"纵坡最小坡长"},
+    CriterionMember{&CDesignSpecification::VerticalCurveMinRadAndLen, L"VerticalCurveMinRadAndLen",
+                    L"竖曲线最小半径和长度"},
+    CriterionMember{&CDesignSpecification::MaxSuperElev, L"MaxSuperElev", L"超高规范"},
+    CriterionMember{&CDesignSpecification::SuperElevation, L"SuperElevation", L"超高"},
+    CriterionMember{&CDesignSpecification::CurveWidening, L"CurveWidening", L"加宽"},
+};
+
+// Calls `visit(member)` for each criterion in order.
+template <class Visit> constexpr void ForEachCriterion(Visit visit)
+{
+    std::apply([&visit](const auto&... criterion) { (visit(criterion), ...); }, kCriteria);
+}
+
+// The same criteria for callers that choose one at run time.
+struct CriterionInfo {
+    const wchar_t* name;
+    const wchar_t* label;
+    std::span<const Field> fields;
+    void* (*get)(CDesignSpecification& specification); // what a Field's member function takes
+};
+
+// In file order.
+AFX_EXT_API std::span<const CriterionInfo> Criteria();
+// The criterion, or the field of one, of that name, ignoring case; null when there is none.
+AFX_EXT_API const CriterionInfo* FindCriterion(std::wstring_view name);
+AFX_EXT_API const Field* FindField(const CriterionInfo& criterion, std::wstring_view key);

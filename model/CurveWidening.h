@@ -1,0 +1,45 @@
+// Widening of a lane on circular curves.
+#pragma once
+
+#include "model/Field.h"
+
+struct Widening {
+    CString carType;     // name of the design vehicle
+    double widening = 0; // m
+
+    bool operator==(const Widening&) const = default;
+};
+
+struct WideningRange {
+    std::int32_t min = 0; // radius, m
+    std::int32_t max = 0; // radius, m
+    GrowArray<Widening> widenings;
+
+    bool operator==(const WideningRange&) const = default;
+};
+
+class AFX_EXT_CLASS CDSCurveWidening {
+public:
+    GrowArray<WideningRange> ranges;
+    // True: a range holds min < radius <= max; false: min <= radius < max.
+    BOOL IsGMinAndLEMaxMode = 1;
+    CString Criterion; // data source
+
+    CDSCurveWidening();
+
+    // The widening (m) of a lane for a design vehicle, whose name is compared ignoring case, on a
+    // curve of `radius` (m). Returns 0 when `widening` was written, otherwise:
+    //   -1  the radius lies in a range that has no entry for the vehicle
+    //   -2  the radius is at or above the largest max
+    //   -3  the radius is at or below the smallest min
+    //   -4  no ranges, a gap between ranges, or a largest max of 0
+    int QueryWidening(const wchar_t* carType, int radius, double& widening) const;
+
+    void DoPropExchange(CXTPPropExchange* pPX);
+    static std::span<const Field> Fields(); // without the ranges
+    bool operator==(const CDSCurveWidening&) const = default;
+
+private:
+    bool Holds(const WideningRange& range, int radius) const;
+    int WhyNoRange(int radius) const;
+};

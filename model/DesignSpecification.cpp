@@ -1,0 +1,69 @@
+#include "model/DesignSpecification.h"
+
+#include "model/Criteria.h"
+#include "platform/vmrd/VMRDPub/VMRDPub.h"
+
+IMPLEMENT_DYNAMIC(CDesignSpecification, CStyle)
+
+CDesignSpecification::CDesignSpecification() : m_id(CoCreateGuid()) {}
+
+CDesignSpecification::CDesignSpecification(const CDesignSpecification&) = default;
+
+CDesignSpecification::~CDesignSpecification() = default;
+
+const CDesignSpecification& CDesignSpecification::operator=(const CDesignSpecification& other)
+{
+    if (this == &other) return *this;
+    m_strName = other.m_strName;
+    m_id = other.m_id;
+    CopyCriteria(other);
+    return *this;
+}
+
+CString CDesignSpecification::Name() const
+{
+    return m_strName;
+}
+
+GUID CDesignSpecification::ID() const
+{
+    return m_id;
+}
+
+void CDesignSpecification::SetName(const wchar_t* name)
+{
+    m_strName = name;
+}
+
+void CDesignSpecification::CopyCriteria(const CDesignSpecification& other)
+{
+    ForEachCriterion([&](const auto& one) { this->*one.member = other.*one.member; });
+}
+
+bool CDesignSpecification::operator==(const CDesignSpecification& other) const
+{
+    bool same = m_strName == other.m_strName && m_id == other.m_id;
+    ForEachCriterion(
+        [&](const auto& one) { same = same && this->*one.member == other.*one.member; });
+    return same;
+}
+
+void CDesignSpecification::DoPropExchange(CXTPPropExchange* pPX)
+{
+    pPX->EnableCompactMode(true);
+    PX_String(pPX, L"Name", m_strName);
+    CString id = VMRDPub::GUIDToStr(m_id);
+    if (pPX->IsLoading()) id.clear();
+    PX_String(pPX, L"ID", id);
+    if (pPX->IsLoading()) m_id = VMRDPub::StrToGUID(id);
+
+    ForEachCriterion([&](const auto& one) {
+        auto& criterion = this->*one.member;
+        CXTPPropExchange section =
+            pPX->IsStoring() ? pPX->ReplaceSection(one.name) : pPX->FindSection(one.name);
+        if (section.IsSectionExists())
+            criterion.DoPropExchange(&section);
+        else
+            criterion = std::remove_reference_t<decltype(criterion)>();
+    });
+}

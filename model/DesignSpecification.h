@@ -1,0 +1,60 @@
+// One design specification (设计规范): a style with a name, an identity and thirteen criteria.
+#pragma once
+
+#include "model/BeelineLen.h"
+#include "model/CircularCurveRad.h"
+#include "model/CurveMinLen.h"
+#include "model/CurveWidening.h"
+#include "model/LonGrad.h"
+#include "model/LonGradLen.h"
+#include "model/MaxSuperElevation.h"
+#include "model/ResultantGrad.h"
+#include "model/SuperElevation.h"
+#include "model/TransitionCurveMinLen.h"
+#include "model/VerticalCurve.h"
+#include "platform/vmrd/VMRDEnv/Style.h"
+
+class AFX_EXT_CLASS CDesignSpecification : public CStyle {
+    DECLARE_DYNAMIC(CDesignSpecification)
+
+private:
+    CString m_strName; // unique in its library
+    GUID m_id;
+
+public:
+    // Public: other modules read the limits here and query the tables.
+    CDSBeelineLen BeelineLen;
+    CDSCircularCurveRad CircularCurveRad;
+    CDSCurveMinLen CurveMinLen;
+    CSmallAngleCurveMinLen SmallAngleCurveMinLen;
+    CTransitionCurveMinLen TransitionCurveMinLen;
+    CDSLonGrad LonGrad;
+    CDSMaxResultantGrad MaxResultantGrad;
+    CDSLonGradMaxLen LonGradMaxLen;
+    CDSLonGradMinLen LonGradMinLen;
+    CDSVerticalCurveMinRadAndLen VerticalCurveMinRadAndLen;
+    CDSMaxSuperElevation MaxSuperElev;
+    CDSSuperElevation SuperElevation;
+    CDSCurveWidening CurveWidening;
+
+    // No name, a new identity, and the built-in limits of a city-road design standard.
+    CDesignSpecification();
+    // A copy is the same specification: name, identity and criteria are the source's.
+    CDesignSpecification(const CDesignSpecification& other);
+    const CDesignSpecification& operator=(const CDesignSpecification& other);
+    ~CDesignSpecification() override;
+
+    CString Name() const override;
+    GUID ID() const override;
+    void SetName(const wchar_t* name); // the library sees to it that names are unique
+
+    // Takes the other's criteria; name and identity stay.
+    void CopyCriteria(const CDesignSpecification& other);
+    // True when name, identity and all criteria are the same.
+    bool operator==(const CDesignSpecification& other) const;
+
+    // Stores into the specification's own element, or loads from it. A missing criterion is reset
+    // to the built-in limits; a missing name leaves the name, a missing or malformed identity
+    // gives a fresh one.
+    void DoPropExchange(CXTPPropExchange* pPX);
+};

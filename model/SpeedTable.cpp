@@ -1,0 +1,222 @@
+#include "model/SpeedTable.h"
+
+#include <cmath>
+#include <limits>
+#include <utility>
+
+#include "model/Nested.h"
+
+namespace {
+
+// How far an entry's speed is from the asked one, and its place in the table, in one number, so
+// that the nearest of many is the least or the greatest number: the difference of the speeds
+// (negative below the asked one) above bit 31, the place below it.
+using Step = std::uint64_t;
+constexpr int kPlaceBits = 31;
+
+std::int64_t Difference(Step step)
+{
+    return static_cast<std::int64_t>(step) >> kPlaceBits;
+}
+
+size_t Place(Step step)
+{
+    return step & ((Step{1} << kPlaceBits) - 1);
+}
+
+struct Neighbours {
+    Step above = ~Step{0}; // the lowest speed at or above the asked one; none if it is below
+    Step below = 0;        // the highest speed below the asked one; none if it is not below
+
+    bool HasExact() const { return Difference(above) == 0; }
+    bool HasAbove() const { return Difference(above) >= 0; }
+    bool HasBelow() const { return Difference(below) < 0; }
+};
+
+// One pass over the table as it stands, whatever its order: the answer is that of a sorted copy,
+// and nothing is allocated. Steps are compared as unsigned numbers: those of the speeds below are
+// then greater than all others, so that the greatest step is the nearest below and the least one
+// the nearest above.
+template <class T>
+Neighbours FindNeighbours(const GrowArray<SpeedEntry<T>>& table, std::int32_t speed)
+{
+    Neighbours found;
+    Step base = Step{0} - (static_cast<Step>(speed) << kPlaceBits);
+    for (const SpeedEntry<T>& entry : table) {
+        const Step step = (static_cast<Step>(entry.speed) << kPlaceBits) + base++;
+        found.above = std::min(found.above, step);
+        found.below = std::max(found.below, step);
+    }
+    return found;
+}
+
+// One of two, without a branch: which one it is follows the numbers of the table and the asked
+// speed, and a processor that guesses wrong loses more time than the whole query takes.
+template <class V> V Choose(bool second, V first, V other)
+{
+    const V both[] = {first, other};
+    return both[second];
+}
+
+// The nearer neighbour; the one above at equal distance. The distance of one that is not there is
+// greater than any, as an unsigned number.
+Step Nearest(const Neighbours& found)
+{
+    const auto above = static_cast<Step>(Difference(found.above));
+    const auto below = static_cast<Step>(-Difference(found.below));
+    return Choose(above > below, found.above, found.below);
+}
+
+// How far apart two speeds are, for any pair of 32-bit speeds.
+double Distance(std::int32_t lower, std::int32_t upper)
+{
+    return static_cast<double>(std::int64_t{upper} - lower);
+}
+
+int Truncate(double value)
+{
+    constexpr int kMin = std::numeric_limits<int>::min();
+    constexpr int kMax = std::numeric_limits<int>::max();
+    if (value > kMin && value < kMax) return static_cast<int>(value);
+    if (std::isnan(value)) return 0;
+    return value < 0 ? kMin : kMax;
+}
+
+std::int32_t Between(const SpeedEntry<std::int32_t>& lower, const SpeedEntry<std::int32_t>& upper,
+                     std::int32_t speed)
+{
+    // The product is taken in 32 bits and wraps, as other modules have always seen it.
+    const auto bits = [](std::int32_t value) { return static_cast<std::uint32_t>(value); };
+    const auto product = static_cast<std::int32_t>((bits(upper.value) - bits(lower.value)) *
+                                                   (bits(speed) - bits(lower.speed)));
+    return Truncate(product / Distance(lower.speed, upper.speed) + lower.value + 0.5);
+}
+
+double Between(const SpeedEntry<double>& lower, const SpeedEntry<double>& upper, std::int32_t speed)
+{
+    return lower.value + (upper.value - lower.value) * Distance(lower.speed, speed) /
+                             Distance(lower.speed, upper.speed);
+}
+
+// Beyond the ends and at a speed of the table the one neighbour answers that is there.
+template <class T>
+T Interpolate(const GrowArray<SpeedEntry<T>>& table, const Neighbours& found, std::int32_t speed)
+{
+    const SpeedEntry<T>& below = table.entries[Place(found.below)];
+    const SpeedEntry<T>& above = table.entries[Place(found.above)];
+    const bool isBetween = found.HasBelow() & (Difference(found.above) > 0);
+    if (isBetween) return Between(below, above, speed);
+    return Choose(found.HasAbove(), below.value, above.value);
+}
+
+// Leaves `value` when there is no answer.
+template <class T> bool Answer(bool answers, const T& answer, T& value)
+{
+    value = *Choose(answers, &std::as_const(value), &answer);
+    return answers;
+}
+
+template <class T>
+bool Query(const GrowArray<SpeedEntry<T>>& table, std::int32_t speed, QueryValue::QueryMode mode,
+           T& value)
+{
+    if (table.IsEmpty()) return false;
+    const Neighbours found = FindNeighbours(table, speed);
+    const auto valueOf = [&table](Step step) -> const T& {
+        return table.entries[Place(step)].value;
+    };
+    switch (mode) {
+    case QueryValue::Nearest:
+        return Answer(true, valueOf(Nearest(found)), value);
+    case QueryValue::Upper:
+        return Answer(found.HasAbove(), valueOf(found.above), value);
+    case QueryValue::Lower: {
+        const Step atOrBelow = Choose(found.HasExact(), found.below, found.above);
+        return Answer(found.HasExact() | found.HasBelow(), valueOf(atOrBelow), value);
+    }
+    case QueryValue::Interpolate:
+        return Answer(true, Interpolate(table, found, speed), value);
+    case QueryValue::Exact:
+        return Answer(found.HasExact(), valueOf(found.above), value);
+    }
+    // No such mode: it has nothing to say between two speeds.
+    const bool isBetween = found.HasAbove() && found.HasBelow() && !found.HasExact();
+    Answer(!isBetween, valueOf(Nearest(found)), value);
+    return true;
+}
+
+void ExchangeValue(CXTPPropExchange* pPX, std::int32_t& value)
+{
+    PX_Int(pPX, L"value", value, 0);
+}
+
+void ExchangeValue(CXTPPropExchange* pPX, double& value)
+{
+    PX_Double(pPX, L"value", value, 0);
+}
+
+template <class T> void SortTable(GrowArray<SpeedEntry<T>>& table)
+{
+    std::stable_sort(table.begin(), table.end(),
+                     [](const auto& a, const auto& b) { return a.speed > b.speed; });
+}
+
+template <class T> void ExchangeTable(CXTPPropExchange* pPX, GrowArray<SpeedEntry<T>>& table)
+{
+    ExchangeEach(pPX, L"Item", table, [](CXTPPropExchange* item, SpeedEntry<T>& entry) {
+        PX_Int(item, L"speed", entry.speed, 0);
+        ExchangeValue(item, entry.value);
+    });
+    if (pPX->IsLoading()) SortTable(table);
+}
+
+template <class T>
+void ExchangeKey(CXTPPropExchange* pPX, const wchar_t* key, GrowArray<SpeedEntry<T>>& table)
+{
+    CXTPPropExchange section = pPX->IsStoring() ? pPX->ReplaceSection(key) : pPX->FindSection(key);
+    if (section.IsSectionExists()) ExchangeTable(&section, table);
+}
+
+} // namespace
+
+int TruncateToInt(double value)
+{
+    return Truncate(value);
+}
+
+bool QueryValue::QueryIntValBySpeed(const SpeedToIntValues* table, int speed, QueryMode mode,
+                                    int& value)
+{
+    return Query(*table, speed, mode, value);
+}
+
+bool QueryValue::QueryDoubleValBySpeed(const SpeedToDoubleValues* table, int speed, QueryMode mode,
+                                       double& value)
+{
+    return Query(*table, speed, mode, value);
+}
+
+void SortDescending(SpeedToIntValues& table)
+{
+    SortTable(table);
+}
+
+void SortDescending(SpeedToDoubleValues& table)
+{
+    SortTable(table);
+}
+
+void PX_SpeedToIntValues(CXTPPropExchange* pPX, const wchar_t* key, SpeedToIntValues& table)
+{
+    ExchangeKey(pPX, key, table);
+}
+
+void PX_SpeedToDoubleValues(CXTPPropExchange* pPX, const wchar_t* key, SpeedToDoubleValues& table)
+{
+    ExchangeKey(pPX, key, table);
+}
+
+void ExchangeItems(CXTPPropExchange* pPX, SpeedToIntValues& table)
+{
+    ExchangeTable(pPX, table);
+}

@@ -1,0 +1,126 @@
+#include "model/SuperElevation.h"
+
+#include "model/Nested.h"
+
+namespace {
+
+constexpr int kAnswered = 0;
+constexpr int kModeNotSupported = -1;
+constexpr int kNoDefinition = -2;
+constexpr int kSpeedOutside = -3;
+constexpr int kSpeedTooLow = -4;
+constexpr int kNoRange = -5;
+
+using Rows = GrowArray<SuperElevSpeedRow>;
+
+// The row for a speed strictly between the first and the last row; null when the mode chooses
+// none. The walk goes on to the end, and each lower row chooses anew.
+const SuperElevSpeedRow* WalkRows(const Rows& rows, std::int64_t speed, QueryValue::QueryMode mode)
+{
+    const SuperElevSpeedRow* chosen = nullptr;
+    for (std::int32_t i = 0; i < rows.count; ++i) {
+        const SuperElevSpeedRow& row = rows[i];
+        if (row.speed == speed) return &row;
+        if (row.speed > speed) continue;
+        const SuperElevSpeedRow& previous = rows[std::max(i - 1, 0)];
+        switch (mode) {
+        case QueryValue::Nearest: {
+            const bool previousIsNearer = speed - row.speed > previous.speed - speed;
+            chosen = previousIsNearer ? &previous : &row;
+            break;
+        }
+        case QueryValue::Upper:
+            chosen = &previous;
+            break;
+        case QueryValue::Lower:
+            chosen = &row;
+            break;
+        default:
+            return nullptr;
+        }
+    }
+    return chosen;
+}
+
+int QueryRange(const SuperElevSpeedRow& row, int radius, int& superElev)
+{
+    for (const SuperElevRange& range : row.ranges) {
+        if (range.minRadius <= radius && radius < range.maxRadius) {
+            superElev = range.superElev;
+            return kAnswered;
+        }
+    }
+    return kNoRange;
+}
+
+void ExchangeRange(CXTPPropExchange* pPX, SuperElevRange& range)
+{
+    PX_Int(pPX, L"superElev", range.superElev, 0);
+    PX_Int(pPX, L"minRadius", range.minRadius, 0);
+    PX_Int(pPX, L"maxRadius", range.maxRadius, 0);
+}
+
+void ExchangeRow(CXTPPropExchange* pPX, SuperElevSpeedRow& row)
+{
+    PX_Int(pPX, L"speed", row.speed, 0);
+    ExchangeEach(pPX, L"Item", row.ranges, ExchangeRange);
+}
+
+void ExchangeDefinition(CXTPPropExchange* pPX, SuperElevDefinition& definition)
+{
+    PX_Int(pPX, L"maxSuperElev", definition.maxSuperElev, 0);
+    ExchangeEach(pPX, L"Items", definition.rows, ExchangeRow);
+}
+
+} // namespace
+
+CDSSuperElevation::CDSSuperElevation()
+    : definitions{
+          {6, {{80, {{200, 300, 6}, {300, 430, 5}, {430, 570, 4}, {570, 810, 3}, {810, 1000, 2}}}}},
+          {4,
+           {{60, {{150, 230, 4}, {230, 360, 3}, {360, 600, 2}}},
+            {50, {{110, 150, 4}, {150, 230, 3}, {230, 400, 2}}}}},
+          {2, {{40, {{70, 300, 2}}}, {30, {{40, 150, 2}}}, {20, {{20, 70, 2}}}}},
+      }
+{
+}
+
+int CDSSuperElevation::QuerySuperElevation(int maxSuperElev, int speed, QueryValue::QueryMode mode,
+                                           int speedTolerance, int radius, int& superElev) const
+{
+    if (mode == QueryValue::Interpolate) return kModeNotSupported;
+    const auto* definition =
+        std::find_if(definitions.begin(), definitions.end(),
+                     [&](const auto& one) { return one.maxSuperElev == maxSuperElev; });
+    if (definition == definitions.end() || definition->rows.IsEmpty()) return kNoDefinition;
+
+    const Rows& rows = definition->rows;
+    const SuperElevSpeedRow& first = rows[0];
+    const SuperElevSpeedRow& last = rows[rows.count - 1];
+    if (speed >= first.speed) {
+        if (std::int64_t{speed} - first.speed > speedTolerance || mode == QueryValue::Upper)
+            return kSpeedOutside;
+        return QueryRange(first, radius, superElev);
+    }
+    if (speed <= last.speed) {
+        if (mode == QueryValue::Lower) return kSpeedOutside;
+        if (std::int64_t{last.speed} - speed > speedTolerance) return kSpeedTooLow;
+        return QueryRange(last, radius, superElev);
+    }
+    const SuperElevSpeedRow* row = WalkRows(rows, speed, mode);
+    return row ? QueryRange(*row, radius, superElev) : kAnswered;
+}
+
+std::span<const Field> CDSSuperElevation::Fields()
+{
+    static constexpr Field kFields[] = {
+        MakeField<&CDSSuperElevation::Criterion>(L"Criterion", L"数据来源"),
+    };
+    return kFields;
+}
+
+void CDSSuperElevation::DoPropExchange(CXTPPropExchange* pPX)
+{
+    ExchangeFields(pPX, this, Fields());
+    ExchangeArray(pPX, L"SuperElevDefs", L"SuperElevDef", definitions, ExchangeDefinition);
+}

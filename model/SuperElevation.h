@@ -1,0 +1,54 @@
+// Superelevation tables: the superelevation that a circular curve of a given radius receives.
+#pragma once
+
+#include "model/Field.h"
+
+struct SuperElevRange {
+    std::int32_t minRadius = 0; // m, inclusive
+    std::int32_t maxRadius = 0; // m, exclusive
+    std::int32_t superElev = 0; // %
+
+    bool operator==(const SuperElevRange&) const = default;
+};
+
+struct SuperElevSpeedRow {
+    std::int32_t speed = 0; // km/h
+    GrowArray<SuperElevRange> ranges;
+
+    bool operator==(const SuperElevSpeedRow&) const = default;
+};
+
+struct SuperElevDefinition {
+    std::int32_t maxSuperElev = 0;     // %, one of the values of CDSMaxSuperElevation::MaxSuperElev
+    GrowArray<SuperElevSpeedRow> rows; // meant to stand highest speed first
+
+    bool operator==(const SuperElevDefinition&) const = default;
+};
+
+class AFX_EXT_CLASS CDSSuperElevation {
+public:
+    GrowArray<SuperElevDefinition> definitions;
+    CString Criterion; // data source
+
+    CDSSuperElevation();
+
+    // The superelevation (%) of a curve of `radius` (m) at `speed` (km/h), in the table of
+    // `maxSuperElev` (%). `speedTolerance` (km/h) is how far the speed may lie outside the rows.
+    // Returns 0 when `superElev` was written; a speed between two rows also gives 0, without
+    // writing, for a mode other than Nearest, Upper and Lower. Otherwise:
+    //   -1  the mode is Interpolate
+    //   -2  no table for maxSuperElev, or one without rows
+    //   -3  the speed is at or above the top row and beyond the tolerance or the mode is Upper,
+    //       or it is at or below the bottom row and the mode is Lower
+    //   -4  the speed is below the bottom row by more than the tolerance
+    //   -5  the row has no range for the radius
+    //
+    // Between two rows the walk does not stop at the first lower row, so with rows in descending
+    // order Lower ends on the last row and Upper on the one before it: callers rely on it.
+    int QuerySuperElevation(int maxSuperElev, int speed, QueryValue::QueryMode mode,
+                            int speedTolerance, int radius, int& superElev) const;
+
+    void DoPropExchange(CXTPPropExchange* pPX);
+    static std::span<const Field> Fields(); // without the definitions
+    bool operator==(const CDSSuperElevation&) const = default;
+};

@@ -1,0 +1,145 @@
+#include "platform/xtp/XmlCheck.h"
+
+#include <algorithm>
+#include <charconv>
+
+namespace {
+
+constexpr int kDepthLimit = 64; // a library's files need eight or so
+
+// One walk over the markup, from "<" to "<".
+class Walk {
+public:
+    explicit Walk(std::string_view xml) : m_xml(xml) {}
+
+    std::optional<XmlFault> Run()
+    {
+        CheckControls();
+        while (m_at < m_xml.size() && !m_fault)
+            TakePiece();
+        return m_fault;
+    }
+
+private:
+    void Fault(size_t offset, const CString& cause)
+    {
+        if (!m_fault || offset < m_fault->offset) m_fault = XmlFault{offset, cause};
+    }
+
+    // Bare control characters. A long file is gone through once, so this one must be quick.
+    void CheckControls()
+    {
+        const auto found = std::find_if(m_xml.begin(), m_xml.end(), [](char c) {
+            const auto byte = static_cast<unsigned char>(c);
+            return byte < 0x20 && c != '\t' && c != '\n' && c != '\r';
+        });
+        if (found == m_xml.end()) return;
+        const auto at = static_cast<size_t>(found - m_xml.begin());
+        Fault(at, *found ? L"含有 XML 不允许的控制字符" : L"含有空字符(NUL)");
+    }
+
+    void TakePiece()
+    {
+        const std::string_view rest = m_xml.substr(m_at);
+        if (rest.front() != '<')
+            TakeText();
+        else if (rest.starts_with("<!--"))
+            SkipBehind("-->", 4);
+        else if (rest.starts_with("<![CDATA["))
+            SkipBehind("]]>", 9);
+        else if (rest.starts_with("<?"))
+            SkipBehind("?>", 2);
+        else if (rest.starts_with("<!DOCTYPE"))
+            Fault(m_at, L"不允许文档类型声明(DOCTYPE)");
+        else
+            TakeTag();
+    }
+
+    void SkipBehind(std::string_view end, size_t from)
+    {
+        const size_t found = m_xml.find(end, m_at + from);
+        m_at = found == std::string_view::npos ? m_xml.size() : found + end.size();
+    }
+
+    void TakeText()
+    {
+        const size_t end = std::min(m_xml.find('<', m_at), m_xml.size());
+        const size_t text = m_xml.find_first_not_of(" \t\r\n", m_at);
+        if (m_depth == 0 && text < end) Fault(text, L"XML 格式错误: 根元素之外有文字");
+        CheckReferences(m_at, end);
+        m_at = end;
+    }
+
+    void TakeTag()
+    {
+        const size_t end = TagEnd();
+        const bool closing = m_xml.substr(m_at).starts_with("</");
+        if (closing)
+            --m_depth;
+        else if (m_depth == kDepthLimit)
+            Fault(m_at, Format(L"元素嵌套超过 %d 层", kDepthLimit));
+        else if (m_xml[end - 1] != '/')
+            ++m_depth;
+        CheckReferences(m_at, end);
+        m_at = std::min(end + 1, m_xml.size());
+    }
+
+    // Where the tag's ">" is; one in quotes does not count.
+    size_t TagEnd() const
+    {
+        size_t at = m_at;
+        for (;;) {
+            at = m_xml.find_first_of("\"'>", at);
+            if (at == std::string_view::npos) return m_xml.size();
+            if (m_xml[at] == '>') return at;
+            at = m_xml.find(m_xml[at], at + 1);
+            if (at == std::string_view::npos) return m_xml.size();
+            ++at;
+        }
+    }
+
+    void CheckReferences(size_t begin, size_t end)
+    {
+        const std::string_view text = m_xml.substr(begin, end - begin);
+        for (size_t at = text.find('&'); at != std::string_view::npos; at = text.find('&', at + 1))
+            if (!IsReference(text.substr(at + 1)))
+                return Fault(begin + at, L"XML 格式错误: “&”之后不是允许的字符引用");
+    }
+
+    // What stands behind an "&".
+    static bool IsReference(std::string_view text)
+    {
+        const size_t end = text.substr(0, 12).find(';');
+        if (end == std::string_view::npos) return false;
+        const std::string_view name = text.substr(0, end);
+        if (!name.starts_with('#'))
+            return name == "amp" || name == "lt" || name == "gt" || name == "quot" ||
+                   name == "apos";
+        const bool hex = name.starts_with("#x");
+        const std::string_view digits = name.substr(hex ? 2 : 1);
+        std::uint32_t code = 0;
+        const auto result =
+            std::from_chars(digits.data(), digits.data() + digits.size(), code, hex ? 16 : 10);
+        return result.ec == std::errc() && result.ptr == digits.data() + digits.size() &&
+               IsXmlCharacter(code);
+    }
+
+    std::string_view m_xml;
+    size_t m_at = 0;
+    int m_depth = 0;
+    std::optional<XmlFault> m_fault;
+};
+
+} // namespace
+
+bool IsXmlCharacter(char32_t c)
+{
+    if (c < 0x20) return c == U'\t' || c == U'\n' || c == U'\r';
+    const bool surrogate = c >= 0xD800 && c <= 0xDFFF;
+    return !surrogate && c != 0xFFFE && c != 0xFFFF && c <= 0x10FFFF;
+}
+
+std::optional<XmlFault> CheckXml(std::string_view xml)
+{
+    return Walk(xml).Run();
+}

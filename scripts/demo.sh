@@ -1,0 +1,41 @@
+# The command at work on a copy of the example project; sourced by ./run after setup.sh.
+
+# fresh_project FOLDER: a copy of the example project that may be changed.
+fresh_project() {
+    rm -rf "$1"
+    mkdir -p "$(dirname "$1")"
+    cp -r examples/project "$1" || fail "examples/project could not be copied to $1"
+}
+
+# Shows a command, then what it prints.
+show() {
+    printf '\n$'
+    printf ' %s' "$@"
+    echo
+    "$@" || fail "$1 ended with status $?"
+}
+
+# run_demo PROJECT
+run_demo() {
+    export PATH=$programs:$PATH
+    cd "$1" || fail "no folder $1"
+    local file=规范/公路二级18864BD6-435F-4597-9CFB-F7F4982F42F6.hds
+    cp "$file" ../before.hds
+
+    echo
+    echo "The command, in a copy of the example project. To go on by hand:"
+    echo "  cd $1"
+    echo "  export PATH=$programs:\$PATH"
+
+    show designspec list
+    show designspec show CircularCurveRad
+    show designspec query CircularCurveRad.SuperelevationMinRad --speed 70 --mode interpolate
+    show designspec query MaxResultantGrad.CityRoad --speed 60
+    show designspec query LonGradMaxLen --grad 6 --speed 60
+    show designspec query SuperElevation --max-super 6 --speed 80 --radius 500
+    show designspec query CurveWidening --car 普通汽车 --radius 120
+    show designspec --spec 公路二级 set CircularCurveRad.SuperelevationMinRad --speed 60 135
+    printf '\n$ diff ../before.hds %s\n' "$file"
+    diff ../before.hds "$file" && fail 'the file did not change'
+    return 0
+}

@@ -1,0 +1,48 @@
+# What ./run and ./test do first; sourced by both. Runs in the project's folder, without standard
+# input, on a Debian machine as root or with sudo.
+
+set -uo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.." || exit 1
+exec </dev/null
+
+# The last line of a run that did not get through.
+fail() {
+    echo "$(basename "$0"): $1" >&2
+    exit 1
+}
+
+# The packages of packages.txt that are not installed, one a line.
+missing_packages() {
+    grep -v '^#' packages.txt | sort -u | comm -23 - <(
+        dpkg-query -W -f='${db:Status-Status} ${Package}\n' | sed -n 's/^installed //p' | sort -u)
+}
+
+install_packages() {
+    command -v dpkg-query >/dev/null || fail 'packages.txt names Debian packages; this is no Debian'
+    local missing as_root=
+    missing=$(missing_packages)
+    [ -n "$missing" ] || return 0
+    echo "Installing: $(echo $missing)"
+    if [ "$(id -u)" != 0 ]; then
+        as_root='sudo -n'
+        $as_root true 2>/dev/null || fail "packages are missing, and there is no sudo: $(echo $missing)"
+    fi
+    $as_root apt-get -q update || fail 'apt-get update failed'
+    $as_root env DEBIAN_FRONTEND=noninteractive \
+        apt-get -q install -y --no-install-recommends $missing || fail 'apt-get install failed'
+}
+
+# build PRESET: configures where that was not done yet, and builds.
+build() {
+    local quiet=--quiet # a line for each file only where somebody watches
+    [ -t 1 ] && quiet=
+    if [ ! -f "build/$1/build.ninja" ]; then
+        echo "Building $1; the first time takes some minutes."
+        mkdir -p "build/$1"
+        cmake --preset "$1" >"build/$1/configure.log" 2>&1 || {
+            cat "build/$1/configure.log"
+            fail "cmake --preset $1 failed"
+        }
+    fi
+    cmake --build --preset "$1" -- $quiet || fail "cmake --build --preset $1 failed"
+}

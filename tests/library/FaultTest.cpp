@@ -1,0 +1,495 @@
+// What is on disk when file operations fail, each in turn, or the process stops at each of them.
+//
+// The program defines the file calls that the library makes; they hand on to the system's own
+// unless a failure is due.
+#include <cerrno>
+#include <cstdarg>
+#include <functional>
+#include <map>
+#include <utility>
+
+#include <dlfcn.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "library/SpecificationEdit.h"
+#include "platform/vmrd/VMRDEnv/DeletedStyles.h"
+#include "tests/support/LibraryTest.h"
+
+namespace {
+
+enum class Failing {
+    Once,    // one operation fails; the next ones work
+    FromNow, // nothing reaches the disk from that operation on, as when the process stops there
+};
+
+struct Fault {
+    bool armed = false;
+    int at = 0; // the operation that fails, from 1
+    int error = 0;
+    Failing failing = Failing::Once;
+    int count = 0; // operations since armed
+};
+
+Fault g_fault;
+
+// Counts one operation; true when it must fail.
+bool MustFail()
+{
+    if (!g_fault.armed) return false;
+    ++g_fault.count;
+    const bool fails = g_fault.failing == Failing::Once ? g_fault.count == g_fault.at
+                                                        : g_fault.count >= g_fault.at;
+    if (fails) errno = g_fault.error;
+    return fails;
+}
+
+template <class Function> Function* Real(const char* name)
+{
+    return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
+}
+
+} // namespace
+
+#pragma GCC visibility push(default)
+extern "C" {
+
+int open(const char* path, int flags, ...)
+{
+    static const auto real = Real<int(const char*, int, ...)>("open");
+    va_list arguments;
+    va_start(arguments, flags);
+    const mode_t mode = flags & O_CREAT ? va_arg(arguments, mode_t) : 0;
+    va_end(arguments);
+    return MustFail() ? -1 : real(path, flags, mode);
+}
+
+ssize_t read(int fd, void* buffer, size_t size)
+{
+    static const auto real = Real<ssize_t(int, void*, size_t)>("read");
+    return MustFail() ? -1 : real(fd, buffer, size);
+}
+
+// A disk that is full takes a part first.
+ssize_t write(int fd, const void* buffer, size_t size)
+{
+    static const auto real = Real<ssize_t(int, const void*, size_t)>("write");
+    if (!MustFail()) return real(fd, buffer, size);
+    if (g_fault.count == g_fault.at) static_cast<void>(real(fd, buffer, size / 2));
+    errno = g_fault.error;
+    return -1;
+}
+
+int fsync(int fd)
+{
+    static const auto real = Real<int(int)>("fsync");
+    return MustFail() ? -1 : real(fd);
+}
+
+int fchmod(int fd, mode_t mode) noexcept
+{
+    static const auto real = Real<int(int, mode_t)>("fchmod");
+    return MustFail() ? -1 : real(fd, mode);
+}
+
+// The descriptor is closed even when that fails.
+int close(int fd)
+{
+    static const auto real = Real<int(int)>("close");
+    const bool fails = MustFail();
+    const int result = real(fd);
+    if (fails) errno = g_fault.error;
+    return fails ? -1 : result;
+}
+
+int rename(const char* from, const char* to) noexcept
+{
+    static const auto real = Real<int(const char*, const char*)>("rename");
+    return MustFail() ? -1 : real(from, to);
+}
+
+int unlink(const char* path) noexcept
+{
+    static const auto real = Real<int(const char*)>("unlink");
+    return MustFail() ? -1 : real(path);
+}
+
+int mkdir(const char* path, mode_t mode) noexcept
+{
+    static const auto real = Real<int(const char*, mode_t)>("mkdir");
+    return MustFail() ? -1 : real(path, mode);
+}
+
+} // extern "C"
+#pragma GCC visibility pop
+
+namespace {
+
+namespace fs = std::filesystem;
+using Specifications = std::map<std::string, CDesignSpecification>; // by identity
+
+class FaultyDisk : public LibraryTest {
+protected:
+    // Runs `prepare` and then `act` in a fresh project, again and again, with operation 1, 2, … of
+    // `act` failing, until none is left. `act` tells whether it was done; `check(done)` looks at
+    // the disk afterwards. At least `fewest` operations must be there to fail.
+    void FailEachInTurn(int fewest, const std::function<void()>& prepare,
+                        const std::function<bool()>& act, const std::function<void(bool)>& check)
+    {
+        const std::pair<int, Failing> kinds[] = {
+            {EIO, Failing::Once}, {ENOSPC, Failing::Once}, {EIO, Failing::FromNow}};
+        for (const auto& [error, failing] : kinds) {
+            int at = 1;
+            for (;; ++at) {
+                ASSERT_LT(at, 500);
+                SCOPED_TRACE("operation " + std::to_string(at) + ", error " +
+                             std::to_string(error) +
+                             (failing == Failing::Once ? "" : ", and all that follow"));
+                for (const auto& entry : fs::directory_iterator(m_project.Native()))
+                    fs::remove_all(entry);
+                CDesignSpecifications::Destroy();
+                prepare();
+                m_trace.Clear();
+                g_fault = {true, at, error, failing, 0};
+                const bool done = act();
+                g_fault.armed = false;
+                const bool allWorked = g_fault.count < at;
+                if (allWorked) {
+                    EXPECT_TRUE(done);
+                    EXPECT_EQ(TemporaryFiles(), 0);
+                }
+                check(done);
+                if (HasFailure()) return;
+                if (allWorked) break;
+            }
+            EXPECT_GT(at, fewest);
+        }
+    }
+
+    int TemporaryFiles() const
+    {
+        int count = 0;
+        for (const auto& entry : fs::recursive_directory_iterator(m_project.Native()))
+            if (entry.path().extension() == ".tmp") ++count;
+        return count;
+    }
+
+    static Specifications Loaded()
+    {
+        Reload();
+        Specifications loaded;
+        for (int i = 0; i < Library().Count(); ++i)
+            loaded.emplace(ToUtf8(VMRDPub::GUIDToStr(At(i).ID())), At(i));
+        return loaded;
+    }
+
+    static bool IsOneOf(const CDesignSpecification& found,
+                        std::initializer_list<CDesignSpecification> allowed)
+    {
+        return std::any_of(allowed.begin(), allowed.end(),
+                           [&](const auto& one) { return one == found; });
+    }
+
+    const CDesignSpecification m_old = Make(L"m", 1, kIdA);
+    const CDesignSpecification m_new = Make(L"m", 2, kIdA);
+    const CDesignSpecification m_other = Make(L"other", 5, kIdB);
+};
+
+} // namespace
+
+TEST_F(FaultyDisk, SaveLeavesTheOldContentOrTheNew)
+{
+    FailEachInTurn(
+        8,
+        [&] {
+            AddSaved(m_old);
+            AddSaved(m_other);
+        },
+        [&] {
+            At(0) = m_new;
+            return Library().Save(&At(0));
+        },
+        [&](bool done) {
+            const Specifications loaded = Loaded();
+            ASSERT_EQ(loaded.size(), 2U);
+            EXPECT_TRUE(loaded.at(kIdB) == m_other);
+            EXPECT_TRUE(IsOneOf(loaded.at(kIdA), {m_old, m_new}));
+            if (done) {
+                EXPECT_TRUE(loaded.at(kIdA) == m_new);
+            }
+        });
+}
+
+TEST_F(FaultyDisk, SaveOfTheFirstSpecificationLeavesNothingOrAll)
+{
+    FailEachInTurn(
+        10, [&] { Add(m_new); }, [&] { return Library().Save(&At(0)); },
+        [&](bool done) {
+            const Specifications loaded = Loaded();
+            if (done) {
+                ASSERT_EQ(loaded.size(), 1U);
+            }
+            if (!loaded.empty()) {
+                EXPECT_TRUE(loaded.at(kIdA) == m_new);
+            }
+        });
+}
+
+// The file under the old name is set aside; it stands before or behind the new one.
+TEST_F(FaultyDisk, SaveOutOfAFileOfAnotherName)
+{
+    for (const char* file : {"规范/aaa.hds", "规范/zzz.hds"}) {
+        FailEachInTurn(
+            10,
+            [&] {
+                AddSaved(m_other);
+                m_project.Write(file, Envelope(Style("m", kIdA, 1)));
+                Reload();
+            },
+            [&] {
+                auto* const item = static_cast<CDesignSpecification*>(Library().Item(m_new.ID()));
+                *item = m_new;
+                return Library().Save(item);
+            },
+            [&](bool done) {
+                const Specifications loaded = Loaded();
+                ASSERT_EQ(loaded.size(), 2U);
+                EXPECT_TRUE(loaded.at(kIdB) == m_other);
+                EXPECT_TRUE(IsOneOf(loaded.at(kIdA), {m_old, m_new}));
+                if (done) {
+                    EXPECT_TRUE(loaded.at(kIdA) == m_new);
+                }
+            });
+    }
+}
+
+TEST_F(FaultyDisk, SaveOverAFileOfSeveralLosesNone)
+{
+    FailEachInTurn(
+        16,
+        [&] {
+            m_project.Write(std::string("规范/m") + kIdA + ".hds",
+                            Envelope(Style("m", kIdA, 1) + Style("other", kIdB, 5)));
+            Reload();
+        },
+        [&] {
+            At(0) = m_new;
+            return Library().Save(&At(0));
+        },
+        [&](bool done) {
+            const Specifications loaded = Loaded();
+            ASSERT_EQ(loaded.size(), 2U);
+            EXPECT_TRUE(loaded.at(kIdB) == m_other);
+            EXPECT_TRUE(IsOneOf(loaded.at(kIdA), {m_old, m_new}));
+            if (done) {
+                EXPECT_TRUE(loaded.at(kIdA) == m_new);
+            }
+        });
+}
+
+TEST_F(FaultyDisk, SaveOutOfAFileOfSeveralLosesNone)
+{
+    FailEachInTurn(
+        20,
+        [&] {
+            m_project.Write("规范/zzz.hds",
+                            Envelope(Style("m", kIdA, 1) + Style("other", kIdB, 5)));
+            Reload();
+        },
+        [&] {
+            At(0) = m_new;
+            return Library().Save(&At(0));
+        },
+        [&](bool done) {
+            const Specifications loaded = Loaded();
+            ASSERT_EQ(loaded.size(), 2U);
+            EXPECT_TRUE(loaded.at(kIdB) == m_other);
+            EXPECT_TRUE(IsOneOf(loaded.at(kIdA), {m_old, m_new}));
+            if (done) {
+                EXPECT_TRUE(loaded.at(kIdA) == m_new);
+            }
+        });
+}
+
+// The new name stands before or behind the old one.
+TEST_F(FaultyDisk, RenameLeavesTheOldContentOrTheNewUnderOneOfTheNames)
+{
+    for (const wchar_t* name : {L"a", L"z", L"M"}) {
+        const CDesignSpecification renamed = Make(name, 2, kIdA);
+        FailEachInTurn(
+            16,
+            [&] {
+                AddSaved(m_old);
+                AddSaved(m_other);
+            },
+            [&] {
+                At(0) = m_new;
+                return RenameSpecification(Library(), At(0), name);
+            },
+            [&](bool done) {
+                const Specifications loaded = Loaded();
+                ASSERT_EQ(loaded.size(), 2U);
+                EXPECT_TRUE(loaded.at(kIdB) == m_other);
+                EXPECT_TRUE(IsOneOf(loaded.at(kIdA), {m_old, m_new, renamed}));
+                if (done) {
+                    EXPECT_TRUE(loaded.at(kIdA) == renamed);
+                }
+            });
+    }
+}
+
+TEST_F(FaultyDisk, SaveAfterAFailedRenameIsWhatIsFound)
+{
+    const CDesignSpecification renamed = Make(L"a", 3, kIdA);
+    FailEachInTurn(
+        16, [&] { AddSaved(m_old); }, [&] { return RenameSpecification(Library(), At(0), L"a"); },
+        [&](bool) {
+            At(0).BeelineLen.MaxLen = 3;
+            EXPECT_TRUE(Library().Save(&At(0)));
+            EXPECT_TRUE(Loaded().at(kIdA) == renamed);
+        });
+}
+
+TEST_F(FaultyDisk, SetDefaultItemLeavesTheOldDefaultOrTheNew)
+{
+    FailEachInTurn(
+        10,
+        [&] {
+            AddSaved(m_old);
+            AddSaved(m_other);
+            Library().SetDefaultItem(0);
+        },
+        [&] {
+            Library().SetDefaultItem(1);
+            return m_trace.Lines().empty();
+        },
+        [&](bool done) {
+            const Specifications loaded = Loaded();
+            ASSERT_EQ(loaded.size(), 2U);
+            ASSERT_NE(Library().DefaultItem(), nullptr);
+            const GUID found = Library().DefaultItem()->ID();
+            EXPECT_TRUE(found == m_old.ID() || found == m_other.ID());
+            if (done) {
+                EXPECT_TRUE(found == m_other.ID());
+            }
+        });
+}
+
+TEST_F(FaultyDisk, SaveAsTemplateLeavesEachFileOldOrNew)
+{
+    const auto target = [&](const CDesignSpecification& one) { return "template/" + FileOf(one); };
+    FailEachInTurn(
+        20,
+        [&] {
+            AddSaved(m_new);
+            AddSaved(m_other);
+            Library().SetDefaultItem(0);
+            m_project.Write(target(m_new), "old");
+        },
+        [&] { return Library().SaveAsTemplate(m_project.Path(L"template").c_str()); },
+        [&](bool done) {
+            for (const CDesignSpecification& one : {m_new, m_other}) {
+                const std::string source = m_project.Read(FileOf(one));
+                const std::string copy =
+                    m_project.Has(target(one)) ? m_project.Read(target(one)) : "none";
+                EXPECT_TRUE(copy == source || copy == (one == m_new ? "old" : "none"));
+                if (done) {
+                    EXPECT_EQ(copy, source);
+                }
+            }
+            const Specifications loaded = Loaded();
+            EXPECT_TRUE(loaded.at(kIdA) == m_new);
+            EXPECT_TRUE(loaded.at(kIdB) == m_other);
+        });
+}
+
+TEST_F(FaultyDisk, ImportAndSaveLeavesEachSpecificationOldOrNew)
+{
+    const CDesignSpecification added = Make(L"added", 7, kIdC);
+    FailEachInTurn(
+        18,
+        [&] {
+            AddSaved(m_old);
+            AddSaved(m_other);
+            m_project.Write("in.hds", Envelope(Style("m", kIdA, 2) + Style("added", kIdC, 7)));
+        },
+        [&] { return ImportAndSave(Library(), m_project.Path(L"in.hds").c_str(), {}, true); },
+        [&](bool done) {
+            const Specifications loaded = Loaded();
+            ASSERT_TRUE(loaded.contains(kIdA));
+            EXPECT_TRUE(loaded.at(kIdB) == m_other);
+            EXPECT_TRUE(IsOneOf(loaded.at(kIdA), {m_old, m_new}));
+            if (loaded.contains(kIdC)) {
+                EXPECT_TRUE(loaded.at(kIdC) == added);
+            }
+            if (done) {
+                EXPECT_TRUE(loaded.at(kIdA) == m_new);
+                EXPECT_TRUE(loaded.contains(kIdC));
+            }
+        });
+}
+
+TEST_F(FaultyDisk, DeletingKeepsTheSpecificationHereOrThere)
+{
+    FailEachInTurn(
+        6,
+        [&] {
+            AddSaved(m_old);
+            AddSaved(m_other);
+        },
+        [&] {
+            Library().Remove(0, true);
+            return SetStyleAside(Library(), m_old.ID());
+        },
+        [&](bool done) {
+            const Specifications loaded = Loaded();
+            EXPECT_TRUE(loaded.at(kIdB) == m_other);
+            if (loaded.contains(kIdA)) {
+                EXPECT_TRUE(loaded.at(kIdA) == m_old);
+                EXPECT_FALSE(done);
+                return;
+            }
+            const auto deleted = DeletedStyles(Library());
+            ASSERT_EQ(deleted.size(), 1U);
+            EXPECT_EQ(deleted[0].id, m_old.ID());
+        });
+}
+
+TEST_F(FaultyDisk, BringingBackKeepsTheSpecificationHereOrThere)
+{
+    CString file;
+    FailEachInTurn(
+        3,
+        [&] {
+            AddSaved(m_old);
+            ASSERT_TRUE(SetStyleAside(Library(), m_old.ID()));
+            file = DeletedStyles(Library()).at(0).file;
+        },
+        [&] { return BringStyleBack(file); },
+        [&](bool done) {
+            const Specifications loaded = Loaded();
+            EXPECT_NE(loaded.contains(kIdA), DeletedStyles(Library()).size() == 1);
+            if (done) {
+                EXPECT_TRUE(loaded.at(kIdA) == m_old);
+            }
+        });
+}
+
+TEST_F(FaultyDisk, AFullDiskIsToldWithTheFile)
+{
+    AddSaved(m_old);
+    At(0) = m_new;
+    int told = 0;
+    for (int at = 1; at <= 8; ++at) {
+        m_trace.Clear();
+        g_fault = {true, at, ENOSPC, Failing::Once, 0};
+        const bool done = Library().Save(&At(0));
+        g_fault.armed = false;
+        if (done) continue;
+        EXPECT_TRUE(Traced(FileOf(m_old), 0, L"无法写入: 磁盘空间不足")) << at;
+        EXPECT_EQ(TemporaryFiles(), 0);
+        ++told;
+    }
+    EXPECT_GE(told, 6);
+}

@@ -1,0 +1,65 @@
+#include "model/Criteria.h"
+
+#include <set>
+
+#include <gtest/gtest.h>
+
+TEST(Criteria, AreThirteenInTheOrderOfTheFile)
+{
+    const wchar_t* const names[] = {L"BeelineLen",
+                                    L"CircularCurveRad",
+                                    L"CurveMinLen",
+                                    L"SmallAngleCurveMinLen",
+                                    L"TransitionCurveMinLen",
+                                    L"LonGrad",
+                                    L"MaxResultantGrad",
+                                    L"LonGradMaxLen",
+                                    L"LonGradMinLen",
+                                    L"VerticalCurveMinRadAndLen",
+                                    L"MaxSuperElev",
+                                    L"SuperElevation",
+                                    L"CurveWidening"};
+    ASSERT_EQ(Criteria().size(), 13U);
+    for (size_t i = 0; i < 13; ++i)
+        EXPECT_STREQ(Criteria()[i].name, names[i]);
+}
+
+TEST(Criteria, LeadToTheMembersOfASpecification)
+{
+    CDesignSpecification specification;
+    EXPECT_EQ(FindCriterion(L"BeelineLen")->get(specification), &specification.BeelineLen);
+    EXPECT_EQ(FindCriterion(L"curvewidening")->get(specification), &specification.CurveWidening);
+    EXPECT_EQ(FindCriterion(L"Beeline"), nullptr);
+    EXPECT_EQ(FindCriterion(L""), nullptr);
+}
+
+TEST(Criteria, FieldsHaveDistinctKeysLabelsAndPlaces)
+{
+    CDesignSpecification specification;
+    for (const CriterionInfo& criterion : Criteria()) {
+        std::set<CString> keys;
+        std::set<const void*> places;
+        for (const Field& field : criterion.fields) {
+            EXPECT_TRUE(keys.insert(field.key).second) << ToUtf8(field.key);
+            EXPECT_TRUE(places.insert(field.member(criterion.get(specification))).second);
+            EXPECT_NE(CString(field.label), L"");
+            EXPECT_EQ(FindField(criterion, field.key), &field);
+        }
+        EXPECT_EQ(FindField(criterion, L"NoSuchField"), nullptr);
+    }
+}
+
+TEST(Criteria, AFieldIsReadAndWrittenThroughItsTable)
+{
+    CDesignSpecification specification;
+    const CriterionInfo& radii = *FindCriterion(L"CircularCurveRad");
+    const Field& maximum = *FindField(radii, L"maxrad");
+    EXPECT_FALSE(maximum.IsTable());
+    EXPECT_EQ(maximum.Of<std::int32_t>(radii.get(specification)), 10000);
+    maximum.Of<std::int32_t>(radii.get(specification)) = 5;
+    EXPECT_EQ(specification.CircularCurveRad.MaxRad, 5);
+    const Field& table = *FindField(radii, L"SuperelevationMinRad");
+    EXPECT_TRUE(table.IsTable());
+    EXPECT_EQ(&table.Of<SpeedToIntValues>(radii.get(specification)),
+              &specification.CircularCurveRad.SuperelevationMinRad);
+}

@@ -1,0 +1,43 @@
+#!/bin/bash
+# check.sh BUILD SOURCE COMPILER [FLAGS]: installs BUILD, builds examples/consumer against that and
+# checks what it prints for examples/project.
+set -euo pipefail
+
+build=$1 source=$2 compiler=$3 flags=${4:-}
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+prefix=$work/prefix
+
+cmake --install "$build" --prefix "$prefix" >"$work/install.log"
+cp -r "$source/examples/consumer" "$work/consumer"
+
+# main.cpp includes two headers; all of them must be there and compile.
+(cd "$prefix/include/designspec" && find . -name '*.h' -printf '#include "%P"\n' | sort) \
+    >"$work/consumer/headers.cpp"
+echo 'target_sources(consumer PRIVATE headers.cpp)' >>"$work/consumer/CMakeLists.txt"
+
+cmake -G Ninja -S "$work/consumer" -B "$work/build" \
+    -DCMAKE_PREFIX_PATH="$prefix" -DCMAKE_CXX_COMPILER="$compiler" \
+    -DCMAKE_CXX_FLAGS="-Wall -Wextra -Werror $flags" \
+    >"$work/configure.log" || { cat "$work/configure.log"; exit 1; }
+cmake --build "$work/build" -- --quiet
+
+"$work/build/consumer" "$source/examples/project" >"$work/answers"
+diff -u - "$work/answers" <<'ANSWERS'
+城市道路
+QueryIntValBySpeed: 500
+QueryDoubleValBySpeed: 5
+MaxResultantGrad.Item: 6.5
+LonGradMaxLen.QueryVal: 300
+SuperElevation.QuerySuperElevation: 4
+CurveWidening.QueryWidening: 0.55
+ANSWERS
+
+# The command finds the library beside it, wherever both have been put.
+mv "$prefix" "$work/moved"
+answer=$("$work/moved/bin/designspec" --project "$source/examples/project" \
+    query CircularCurveRad.SuperelevationMinRad --speed 60)
+[ "$answer" = 150 ]
+for file in share/man/man1/designspec.1 share/bash-completion/completions/designspec; do
+    [ -s "$work/moved/$file" ] || { echo "not installed: $file"; exit 1; }
+done

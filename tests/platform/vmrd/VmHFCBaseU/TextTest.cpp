@@ -1,0 +1,26 @@
+#include "platform/vmrd/VmHFCBaseU/Text.h"
+
+#include <gtest/gtest.h>
+
+TEST(BaseText, DigitsWithAtMostOnePointAreNumeric)
+{
+    for (const wchar_t* text : {L"0", L"12", L"1.", L".5", L"12.50", L"00", L"99999999999999999"})
+        EXPECT_TRUE(IsNumericText(text)) << ToUtf8(text);
+}
+
+TEST(BaseText, AnythingElseIsNotNumeric)
+{
+    for (const wchar_t* text : {L"", L" ", L".", L"..", L"1.2.3", L"+1", L"-1", L"1 ", L" 1",
+                                L"1e3", L"１２", L"1．5", L"1,5", L"0x1", L"a", L"1\n"})
+        EXPECT_FALSE(IsNumericText(text)) << ToUtf8(text);
+    EXPECT_FALSE(IsNumericText(std::wstring_view(L"1\0", 2)));
+}
+
+TEST(BaseText, SplitsAtAnySeparatorAndLeavesEmptyPartsOut)
+{
+    EXPECT_EQ(SplitText(L"道路/平面\\规范", L"/\\"), (CStringArray{L"道路", L"平面", L"规范"}));
+    EXPECT_EQ(SplitText(L"/a//\\b/", L"/\\"), (CStringArray{L"a", L"b"}));
+    EXPECT_EQ(SplitText(L"a b", L"/"), (CStringArray{L"a b"}));
+    EXPECT_TRUE(SplitText(L"", L"/").empty());
+    EXPECT_TRUE(SplitText(L"//", L"/").empty());
+}

@@ -1,0 +1,447 @@
+#include "platform/windows/File.h"
+
+#include <chrono>
+#include <csignal>
+#include <functional>
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "tests/support/TemporaryFolder.h"
+#include "tests/support/TraceCapture.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+class File : public testing::Test {
+protected:
+    // The one trace line that names `path` as told and gives the cause.
+    void ExpectTrace(const CString& path, const CString& text)
+    {
+        ASSERT_EQ(m_trace.Lines().size(), 1U) << ToUtf8(m_trace.Text());
+        EXPECT_EQ(m_trace.Lines()[0].level, TraceLevel::Error);
+        EXPECT_EQ(m_trace.Lines()[0].file, ToWide(NativePath(path)));
+        EXPECT_EQ(ToUtf8(m_trace.Lines()[0].text), ToUtf8(text));
+        m_trace.Clear();
+    }
+    void ExpectSilence() { EXPECT_EQ(ToUtf8(m_trace.Text()), ""); }
+
+    TemporaryFolder m_folder;
+    TraceCapture m_trace;
+};
+
+// Runs `test` in a process of its own, which may give up rights and limit itself; prints what went
+// wrong there.
+bool PassesInChild(const std::function<std::string()>& test)
+{
+    const pid_t child = fork();
+    if (child == 0) {
+        const std::string wrong = test();
+        if (!wrong.empty()) std::fprintf(stderr, "in the child: %s\n", wrong.c_str());
+        _exit(wrong.empty() ? 0 : 1);
+    }
+    int status = 0;
+    return waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+// Permissions do not bind root; an ordinary user is bound.
+void BecomeOrdinaryUser()
+{
+    if (geteuid() == 0 && seteuid(65534) != 0) _exit(2);
+}
+
+ino_t InodeOf(const fs::path& path)
+{
+    struct stat status = {};
+    return lstat(path.c_str(), &status) == 0 ? status.st_ino : 0;
+}
+
+} // namespace
+
+TEST_F(File, NativePathTakesBothSeparators)
+{
+    EXPECT_EQ(NativePath(L"\\项目\\规范/a.hds"), "/项目/规范/a.hds");
+}
+
+TEST_F(File, AFileNameStaysInItsFolder)
+{
+    for (const CString& name : {CString(L"规范.hds"), CString(L"a..b"), CString(L"..."),
+                                CString(L" "), CString(255, L'a'), CString(85, L'规')})
+        EXPECT_TRUE(IsFileName(name)) << ToUtf8(name);
+    for (const CString& name :
+         {CString(), CString(L"."), CString(L".."), CString(L"a/b"), CString(L"a\\b"),
+          CString(L"a\0", 2), CString(256, L'a'), CString(86, L'规')})
+        EXPECT_FALSE(IsFileName(name)) << ToUtf8(name);
+}
+
+TEST_F(File, WritesANewFileAndNothingElse)
+{
+    EXPECT_TRUE(WriteWholeFile(m_folder.Path(L"规范.hds"), "新的"));
+    EXPECT_EQ(m_folder.Read("规范.hds"), "新的");
+    EXPECT_EQ(m_folder.Count(), 1);
+    ExpectSilence();
+}
+
+TEST_F(File, ANewFileHasThePermissionsThatTheMaskLeaves)
+{
+    const mode_t before = umask(027);
+    EXPECT_TRUE(WriteWholeFile(m_folder.Path(L"a"), "x"));
+    umask(before);
+    EXPECT_EQ(fs::status(m_folder.Native("a")).permissions(), fs::perms(0640));
+}
+
+TEST_F(File, ReplacesAFileWhole)
+{
+    m_folder.Write("a", "a longer text than the new one");
+    EXPECT_TRUE(WriteWholeFile(m_folder.Path(L"a"), "new"));
+    EXPECT_EQ(m_folder.Read("a"), "new");
+    EXPECT_TRUE(WriteWholeFile(m_folder.Path(L"a"), ""));
+    EXPECT_EQ(m_folder.Read("a"), "");
+    EXPECT_EQ(m_folder.Count(), 1);
+}
+
+TEST_F(File, KeepsThePermissionsOfTheFileItReplaces)
+{
+    m_folder.Write("a", "old");
+    for (const auto mode : {fs::perms(0600), fs::perms(0664), fs::perms(0444)}) {
+        fs::permissions(m_folder.Native("a"), mode);
+        EXPECT_TRUE(WriteWholeFile(m_folder.Path(L"a"), "new"));
+        EXPECT_EQ(fs::status(m_folder.Native("a")).permissions(), mode);
+    }
+}
+
+TEST_F(File, ReplacesALinkAndLeavesWhatItLeadsTo)
+{
+    m_folder.Write("real", "old");
+    fs::create_symlink("real", m_folder.Native("link"));
+    EXPECT_TRUE(WriteWholeFile(m_folder.Path(L"link"), "new"));
+    EXPECT_FALSE(fs::is_symlink(m_folder.Native("link")));
+    EXPECT_EQ(m_folder.Read("link"), "new");
+    EXPECT_EQ(m_folder.Read("real"), "old");
+}
+
+TEST_F(File, DoesNotWriteOverAFolder)
+{
+    fs::create_directory(m_folder.Native("a.hds"));
+    const CString path = m_folder.Path(L"a.hds");
+    EXPECT_FALSE(WriteWholeFile(path, "new"));
+    ExpectTrace(path, L"无法写入: 是文件夹,不是文件");
+    EXPECT_EQ(m_folder.Count(), 1);
+}
+
+TEST_F(File, DoesNotMakeAMissingFolder)
+{
+    const CString path = m_folder.Path(L"none\\a.hds");
+    EXPECT_FALSE(WriteWholeFile(path, "new"));
+    ExpectTrace(path, L"无法写入: 不存在");
+    EXPECT_EQ(m_folder.Count(), 0);
+}
+
+TEST_F(File, DoesNotWriteBelowAFile)
+{
+    m_folder.Write("a", "old");
+    const CString path = m_folder.Path(L"a/b");
+    EXPECT_FALSE(WriteWholeFile(path, "new"));
+    ExpectTrace(path, L"无法写入: 路径中有一段不是文件夹");
+    EXPECT_EQ(m_folder.Read("a"), "old");
+}
+
+TEST_F(File, DoesNotWriteANameThatIsTooLong)
+{
+    const CString path = m_folder.Path(CString(256, L'a'));
+    EXPECT_FALSE(WriteWholeFile(path, "new"));
+    ExpectTrace(path, L"无法写入: 文件名过长");
+    EXPECT_EQ(m_folder.Count(), 0);
+    EXPECT_TRUE(WriteWholeFile(m_folder.Path(CString(255, L'a')), "new"));
+}
+
+TEST_F(File, ANameWithANulIsNeverCutShort)
+{
+    m_folder.Write("a", "old");
+    const CString path = m_folder.Path(std::wstring_view(L"a\0.hds", 6));
+    const CString other = m_folder.Path(L"b");
+    std::string bytes = "kept";
+    EXPECT_FALSE(WriteWholeFile(path, "new"));
+    ExpectTrace(path, L"无法写入: 文件名无效");
+    EXPECT_FALSE(ReadWholeFile(path, bytes, 100));
+    ExpectTrace(path, L"无法读取: 文件名无效");
+    EXPECT_FALSE(CopyFile(path, other));
+    ExpectTrace(path, L"无法读取: 文件名无效");
+    EXPECT_FALSE(CopyFile(m_folder.Path(L"a"), path));
+    ExpectTrace(path, L"无法写入: 文件名无效");
+    EXPECT_FALSE(MoveFile(path, other));
+    ExpectTrace(path, L"无法移动: 文件名无效");
+    EXPECT_FALSE(MoveFile(m_folder.Path(L"a"), path));
+    ExpectTrace(m_folder.Path(L"a"), L"无法移动: 文件名无效");
+    EXPECT_FALSE(DeleteFile(path));
+    ExpectTrace(path, L"无法删除: 文件名无效");
+    EXPECT_FALSE(PathFileExists(path));
+    EXPECT_FALSE(IsSameFile(path, m_folder.Path(L"a")));
+    EXPECT_TRUE(FindFiles(path, L"").empty());
+    EXPECT_EQ(m_folder.Read("a"), "old");
+    EXPECT_EQ(m_folder.Count(), 1);
+    ExpectSilence();
+}
+
+TEST_F(File, AFullDiskLeavesTheOldFileWhole)
+{
+    m_folder.Write("a", "old");
+    EXPECT_TRUE(PassesInChild([this]() -> std::string {
+        signal(SIGXFSZ, SIG_IGN);
+        const rlimit limit = {1 << 16, 1 << 16};
+        if (setrlimit(RLIMIT_FSIZE, &limit) != 0) return "no limit";
+        if (WriteWholeFile(m_folder.Path(L"a"), std::string(1 << 17, 'x'))) return "written";
+        if (m_trace.Text() != m_folder.Path(L"a") + L": 无法写入: 超出文件大小限制")
+            return ToUtf8(m_trace.Text());
+        return "";
+    }));
+    EXPECT_EQ(m_folder.Read("a"), "old");
+    EXPECT_EQ(m_folder.Count(), 1);
+}
+
+TEST_F(File, AFolderWithoutPermissionLeavesTheOldFileWhole)
+{
+    m_folder.Write("a", "old");
+    fs::permissions(m_folder.Native(), fs::perms(0555));
+    EXPECT_TRUE(PassesInChild([this]() -> std::string {
+        BecomeOrdinaryUser();
+        if (WriteWholeFile(m_folder.Path(L"a"), "new")) return "written";
+        if (m_trace.Text() != m_folder.Path(L"a") + L": 无法写入: 没有权限")
+            return ToUtf8(m_trace.Text());
+        m_trace.Clear();
+        if (DeleteFile(m_folder.Path(L"a"))) return "deleted";
+        if (m_trace.Text() != m_folder.Path(L"a") + L": 无法删除: 没有权限")
+            return ToUtf8(m_trace.Text());
+        m_trace.Clear();
+        if (MoveFile(m_folder.Path(L"a"), m_folder.Path(L"b"))) return "moved";
+        if (m_trace.Text() != m_folder.Path(L"a") + L": 无法移动: 没有权限")
+            return ToUtf8(m_trace.Text());
+        return "";
+    }));
+    fs::permissions(m_folder.Native(), fs::perms(0755));
+    EXPECT_EQ(m_folder.Read("a"), "old");
+    EXPECT_EQ(m_folder.Count(), 1);
+}
+
+TEST_F(File, AFolderThatMayNotBeListedIsStillWrittenInto)
+{
+    fs::permissions(m_folder.Native(), fs::perms(0333));
+    EXPECT_TRUE(PassesInChild([this]() -> std::string {
+        BecomeOrdinaryUser();
+        if (!WriteWholeFile(m_folder.Path(L"a"), "new")) return ToUtf8(m_trace.Text());
+        if (!FindFiles(m_folder.Path(), L"").empty()) return "listed";
+        if (m_trace.Text() != m_folder.Path() + L": 文件夹无法读取: 没有权限")
+            return ToUtf8(m_trace.Text());
+        return "";
+    }));
+    fs::permissions(m_folder.Native(), fs::perms(0755));
+    EXPECT_EQ(m_folder.Read("a"), "new");
+}
+
+TEST_F(File, AnUnreadableFileIsTold)
+{
+    fs::permissions(m_folder.Native(), fs::perms(0755));
+    m_folder.Write("a", "old");
+    fs::permissions(m_folder.Native("a"), fs::perms(0));
+    EXPECT_TRUE(PassesInChild([this]() -> std::string {
+        BecomeOrdinaryUser();
+        std::string bytes;
+        if (ReadWholeFile(m_folder.Path(L"a"), bytes, 100)) return "read";
+        return m_trace.Text() == m_folder.Path(L"a") + L": 无法读取: 没有权限"
+                   ? ""
+                   : ToUtf8(m_trace.Text());
+    }));
+}
+
+TEST_F(File, TemporaryFilesAreKnownByTheirName)
+{
+    EXPECT_TRUE(IsTemporaryFile(L".designspec-0123456789ab.tmp"));
+    EXPECT_FALSE(IsTemporaryFile(L"designspec-0123456789ab.tmp"));
+    EXPECT_FALSE(IsTemporaryFile(L".designspec-0123456789ab.hds"));
+    EXPECT_FALSE(IsTemporaryFile(L""));
+}
+
+TEST_F(File, WritersAtTheSameTimeNeverMixTheirText)
+{
+    const CString path = m_folder.Path(L"a");
+    const std::string texts[] = {std::string(300000, 'a'), std::string(200000, 'b')};
+    pid_t children[2] = {};
+    for (int i = 0; i < 2; ++i) {
+        children[i] = fork();
+        if (children[i] != 0) continue;
+        bool done = true;
+        for (int k = 0; k < 20; ++k)
+            done = WriteWholeFile(path, texts[i]) && done;
+        _exit(done ? 0 : 1);
+    }
+    for (const pid_t child : children) {
+        int status = 0;
+        waitpid(child, &status, 0);
+        EXPECT_EQ(status, 0);
+    }
+    const std::string result = m_folder.Read("a");
+    EXPECT_TRUE(result == texts[0] || result == texts[1]);
+    EXPECT_EQ(m_folder.Count(), 1);
+}
+
+TEST_F(File, FindsFilesByTheirEndingSortedIgnoringCase)
+{
+    for (const char* name : {"b.hds", "A.HDS", "c.Hds", "a.hds", "B2.hds", "中.hds", "a.hds.bak",
+                             "hds", ".hds", "x.xml"})
+        m_folder.Write(name, "");
+    fs::create_directory(m_folder.Native("a9.hds"));
+    EXPECT_EQ(FindFiles(m_folder.Path(), L".hds"),
+              (CStringArray{L".hds", L"A.HDS", L"a.hds", L"a9.hds", L"b.hds", L"B2.hds", L"c.Hds",
+                            L"中.hds"}));
+    ExpectSilence();
+}
+
+TEST_F(File, FindsANameThatIsNotUtf8AndReadsIt)
+{
+    m_folder.Write("\xB9\xE6.hds", "content");
+    const CStringArray names = FindFiles(m_folder.Path(), L".hds");
+    ASSERT_EQ(names.size(), 1U);
+    std::string bytes;
+    EXPECT_TRUE(ReadWholeFile(m_folder.Path(names[0]), bytes, 100));
+    EXPECT_EQ(bytes, "content");
+}
+
+TEST_F(File, FindsNothingWhereThereIsNoFolder)
+{
+    EXPECT_TRUE(FindFiles(m_folder.Path(L"none"), L".hds").empty());
+    ExpectSilence();
+    const CString file = m_folder.Write("a.hds", "");
+    EXPECT_TRUE(FindFiles(file, L".hds").empty());
+    ExpectTrace(file, L"文件夹无法读取: 路径中有一段不是文件夹");
+}
+
+TEST_F(File, ReadsAFileUpToItsLimit)
+{
+    const CString path = m_folder.Write("a", std::string(1 << 20, 'x'));
+    std::string bytes = "old";
+    EXPECT_TRUE(ReadWholeFile(path, bytes, 1 << 20));
+    EXPECT_EQ(bytes.size(), size_t{1 << 20});
+    m_folder.Write("a", std::string((1 << 20) + 1, 'x'));
+    EXPECT_FALSE(ReadWholeFile(path, bytes, 1 << 20));
+    ExpectTrace(path, L"无法读取: 文件大于 1 MiB");
+}
+
+TEST_F(File, ReadsNoFolder)
+{
+    std::string bytes;
+    EXPECT_FALSE(ReadWholeFile(m_folder.Path(), bytes, 100));
+    ExpectTrace(m_folder.Path(), L"无法读取: 是文件夹,不是文件");
+}
+
+TEST_F(File, DoesNotWaitForAPipeToBeWritten)
+{
+    ASSERT_EQ(mkfifo(m_folder.Native("pipe").c_str(), 0666), 0);
+    const auto start = std::chrono::steady_clock::now();
+    std::string bytes;
+    EXPECT_FALSE(ReadWholeFile(m_folder.Path(L"pipe"), bytes, 100));
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1));
+    ExpectTrace(m_folder.Path(L"pipe"), L"无法读取: 不是普通文件");
+}
+
+TEST_F(File, ReadsNoLinkThatLeadsToItself)
+{
+    fs::create_symlink("b", m_folder.Native("a"));
+    fs::create_symlink("a", m_folder.Native("b"));
+    std::string bytes;
+    EXPECT_FALSE(ReadWholeFile(m_folder.Path(L"a"), bytes, 100));
+    ExpectTrace(m_folder.Path(L"a"), L"无法读取: 符号链接成环");
+    EXPECT_TRUE(PathFileExists(m_folder.Path(L"a")));
+}
+
+TEST_F(File, ReadsNothingThatIsNotThere)
+{
+    std::string bytes;
+    EXPECT_FALSE(ReadWholeFile(m_folder.Path(L"a"), bytes, 100));
+    ExpectTrace(m_folder.Path(L"a"), L"无法读取: 不存在");
+}
+
+TEST_F(File, IsTheSameByWhateverPath)
+{
+    const CString path = m_folder.Write("a", "x");
+    m_folder.Write("b", "x");
+    fs::create_symlink("a", m_folder.Native("link"));
+    fs::create_hard_link(m_folder.Native("a"), m_folder.Native("hard"));
+    EXPECT_TRUE(IsSameFile(path, path));
+    EXPECT_TRUE(IsSameFile(path, m_folder.Path(L"link")));
+    EXPECT_TRUE(IsSameFile(path, m_folder.Path(L"hard")));
+    EXPECT_TRUE(IsSameFile(path, m_folder.Path(L".\\a")));
+    EXPECT_FALSE(IsSameFile(path, m_folder.Path(L"b")));
+    EXPECT_FALSE(IsSameFile(m_folder.Path(L"none"), m_folder.Path(L"none")));
+    ExpectSilence();
+}
+
+TEST_F(File, CopiesOverTheTarget)
+{
+    const std::string bytes("规范\0\r\n", 9);
+    m_folder.Write("a", bytes);
+    m_folder.Write("b", "old and longer than the new text");
+    EXPECT_TRUE(CopyFile(m_folder.Path(L"a"), m_folder.Path(L"b")));
+    EXPECT_EQ(m_folder.Read("b"), bytes);
+    EXPECT_EQ(m_folder.Read("a"), bytes);
+    EXPECT_EQ(m_folder.Count(), 2);
+}
+
+TEST_F(File, CopiedOntoItselfStaysAsItIs)
+{
+    const CString path = m_folder.Write("a", "text");
+    fs::create_hard_link(m_folder.Native("a"), m_folder.Native("hard"));
+    EXPECT_TRUE(CopyFile(path, path));
+    EXPECT_TRUE(CopyFile(path, m_folder.Path(L"./a")));
+    EXPECT_TRUE(CopyFile(path, m_folder.Path(L"hard")));
+    EXPECT_EQ(m_folder.Read("a"), "text");
+    EXPECT_EQ(m_folder.Read("hard"), "text");
+    EXPECT_EQ(m_folder.Count(), 2);
+    ExpectSilence();
+}
+
+TEST_F(File, ACopyTellsWhichOfTheTwoFailed)
+{
+    const CString path = m_folder.Write("a", "text");
+    EXPECT_FALSE(CopyFile(m_folder.Path(L"none"), path));
+    ExpectTrace(m_folder.Path(L"none"), L"无法读取: 不存在");
+    EXPECT_EQ(m_folder.Read("a"), "text");
+    EXPECT_FALSE(CopyFile(path, m_folder.Path(L"none/b")));
+    ExpectTrace(m_folder.Path(L"none/b"), L"无法写入: 不存在");
+}
+
+TEST_F(File, CopiesNoFileThatWouldNotFitIntoMemory)
+{
+    m_folder.Write("huge", "");
+    fs::resize_file(m_folder.Native("huge"), std::uintmax_t{1} << 40); // a hole: takes no room
+    EXPECT_FALSE(CopyFile(m_folder.Path(L"huge"), m_folder.Path(L"b")));
+    ExpectTrace(m_folder.Path(L"huge"), L"无法读取: 文件大于 256 MiB");
+    EXPECT_FALSE(m_folder.Has("b"));
+}
+
+TEST_F(File, MovesAndDeletes)
+{
+    m_folder.Write("a", "text");
+    const ino_t inode = InodeOf(m_folder.Native("a"));
+    EXPECT_TRUE(MoveFile(m_folder.Path(L"a"), m_folder.Path(L"b")));
+    EXPECT_EQ(InodeOf(m_folder.Native("b")), inode);
+    EXPECT_FALSE(m_folder.Has("a"));
+    EXPECT_TRUE(DeleteFile(m_folder.Path(L"b")));
+    EXPECT_EQ(m_folder.Count(), 0);
+    ExpectSilence();
+}
+
+TEST_F(File, WhatCannotBeMovedOrDeletedIsTold)
+{
+    EXPECT_FALSE(MoveFile(m_folder.Path(L"a"), m_folder.Path(L"b")));
+    ExpectTrace(m_folder.Path(L"a"), L"无法移动: 不存在");
+    EXPECT_FALSE(DeleteFile(m_folder.Path(L"a")));
+    ExpectSilence();
+    fs::create_directory(m_folder.Native("folder"));
+    EXPECT_FALSE(DeleteFile(m_folder.Path(L"folder")));
+    ExpectTrace(m_folder.Path(L"folder"), L"无法删除: 是文件夹,不是文件");
+}

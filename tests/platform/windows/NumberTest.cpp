@@ -1,0 +1,216 @@
+#include "platform/windows/Number.h"
+
+#include <bit>
+#include <climits>
+#include <clocale>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <limits>
+#include <locale>
+#include <random>
+
+#include <gtest/gtest.h>
+
+#include "tests/support/TemporaryFolder.h"
+
+namespace {
+
+// A finite double of any size, from random bits.
+double AnyDouble(std::mt19937_64& random)
+{
+    for (;;) {
+        const double value = std::bit_cast<double>(random());
+        if (std::isfinite(value)) return value;
+    }
+}
+
+// The C++ locale and the C one with a decimal comma, for one test. The C one is compiled by the
+// machine's localedef, for few machines have it installed.
+class CommaLocale {
+public:
+    CommaLocale() : m_cpp(std::locale::global(std::locale(std::locale(), new Comma)))
+    {
+        const std::string compile = "localedef -i de_DE -f UTF-8 '" +
+                                    m_folder.Native("de_DE.UTF-8").string() + "' 2>/dev/null";
+        m_compiled = std::system(compile.c_str()) == 0;
+        setenv("LOCPATH", m_folder.Native().c_str(), 1);
+        std::setlocale(LC_NUMERIC, "de_DE.UTF-8");
+    }
+    ~CommaLocale()
+    {
+        unsetenv("LOCPATH");
+        std::locale::global(m_cpp);
+        std::setlocale(LC_NUMERIC, "C");
+    }
+
+    bool IsCompiled() const { return m_compiled; }
+
+private:
+    struct Comma : std::numpunct<char> {
+        char do_decimal_point() const override { return ','; }
+        char do_thousands_sep() const override { return '.'; }
+        std::string do_grouping() const override { return "\3"; }
+    };
+    TemporaryFolder m_folder;
+    std::locale m_cpp;
+    bool m_compiled = false;
+};
+
+int IntOr99(std::string_view text)
+{
+    int value = 99;
+    const bool read = ParseInt(text, value);
+    EXPECT_EQ(read, value != 99) << text;
+    return value;
+}
+
+double DoubleOr99(std::string_view text)
+{
+    double value = 99;
+    const bool read = ParseDouble(text, value);
+    EXPECT_EQ(read, value != 99) << text;
+    return value;
+}
+
+} // namespace
+
+TEST(Number, WtoiReadsAsMuchOfAWholeNumberAsStandsThere)
+{
+    EXPECT_EQ(Wtoi(L"120"), 120);
+    EXPECT_EQ(Wtoi(L" \t\r\n120"), 120);
+    EXPECT_EQ(Wtoi(L"-7"), -7);
+    EXPECT_EQ(Wtoi(L"+7"), 7);
+    EXPECT_EQ(Wtoi(L"60 km/h"), 60);
+    EXPECT_EQ(Wtoi(L"60公里"), 60);
+    EXPECT_EQ(Wtoi(L"12.9"), 12);
+    EXPECT_EQ(Wtoi(L"007"), 7);
+    EXPECT_EQ(Wtoi(L"0x10"), 0);
+}
+
+TEST(Number, WtoiGivesZeroWhereNoNumberStands)
+{
+    for (const wchar_t* text : {L"", L"   ", L"abc", L"-", L"+", L"+-5", L"-+5", L"--5", L"++5",
+                                L"+ 5", L"公里60", L".5"})
+        EXPECT_EQ(Wtoi(text), 0) << ToUtf8(text);
+}
+
+TEST(Number, WtoiHoldsWhatIsTooLargeAtTheNearerEnd)
+{
+    EXPECT_EQ(Wtoi(L"2147483647"), INT_MAX);
+    EXPECT_EQ(Wtoi(L"2147483648"), INT_MAX);
+    EXPECT_EQ(Wtoi(L"+99999999999999999999"), INT_MAX);
+    EXPECT_EQ(Wtoi(L"-2147483648"), INT_MIN);
+    EXPECT_EQ(Wtoi(L"  -99999999999999999999 m"), INT_MIN);
+}
+
+TEST(Number, WtofReadsAsMuchOfANumberAsStandsThere)
+{
+    EXPECT_EQ(Wtof(L"2.5"), 2.5);
+    EXPECT_EQ(Wtof(L"  +2.5%"), 2.5);
+    EXPECT_EQ(Wtof(L"-.5"), -0.5);
+    EXPECT_EQ(Wtof(L"5."), 5);
+    EXPECT_EQ(Wtof(L"1e3米"), 1000);
+    EXPECT_EQ(Wtof(L"1e"), 1);
+    EXPECT_EQ(Wtof(L"2,5"), 2);
+    EXPECT_EQ(Wtof(L"1.2.3"), 1.2);
+}
+
+TEST(Number, WtofGivesZeroWhereNoFiniteNumberStands)
+{
+    for (const wchar_t* text : {L"", L" ", L".", L"-", L"abc", L"nan", L"inf", L"-infinity",
+                                L"1e999", L"-1e999", L"1e-999", L"+-1", L"0x10"})
+        EXPECT_EQ(Wtof(text), 0) << ToUtf8(text);
+}
+
+TEST(Number, ParseIntTakesAWholeNumberAndNothingElse)
+{
+    EXPECT_EQ(IntOr99("20"), 20);
+    EXPECT_EQ(IntOr99(" \t20\r\n"), 20);
+    EXPECT_EQ(IntOr99("+5"), 5);
+    EXPECT_EQ(IntOr99("-5"), -5);
+    EXPECT_EQ(IntOr99("2147483647"), INT_MAX);
+    EXPECT_EQ(IntOr99("-2147483648"), INT_MIN);
+    for (const char* text :
+         {"", "  ", "12abc", "12 3", "２０", "1e3", "1.0", "+", "-", "+-5", "-+5", "++5", "+ 5",
+          "0x10", "nan", "2147483648", "-2147483649", "1e999",
+          "\xC2\xA0"
+          "5"})
+        EXPECT_EQ(IntOr99(text), 99) << text;
+    EXPECT_EQ(IntOr99(std::string_view("5\0", 2)), 99);
+}
+
+TEST(Number, ParseDoubleTakesAFiniteNumberAndNothingElse)
+{
+    EXPECT_EQ(DoubleOr99("2.5"), 2.5);
+    EXPECT_EQ(DoubleOr99("  +2.5 "), 2.5);
+    EXPECT_EQ(DoubleOr99("-0.25"), -0.25);
+    EXPECT_EQ(DoubleOr99(".5"), 0.5);
+    EXPECT_EQ(DoubleOr99("5."), 5);
+    EXPECT_EQ(DoubleOr99("1E3"), 1000);
+    EXPECT_EQ(DoubleOr99("1.7976931348623157e308"), std::numeric_limits<double>::max());
+    for (const char* text :
+         {"", " ", "12abc", "２０", "2,5", "1e999", "-1e999", "nan", "NaN", "inf", "-inf",
+          "INFINITY", "0x10", "0x1p3", "+-5", "++5", "1e", ".", "1 2"})
+        EXPECT_EQ(DoubleOr99(text), 99) << text;
+}
+
+TEST(Number, ParseBoolTakesOneZeroTrueAndFalse)
+{
+    int value = 7;
+    for (const char* yes : {"1", "true", "TRUE", " True\n"}) {
+        EXPECT_TRUE(ParseBool(yes, value)) << yes;
+        EXPECT_EQ(value, 1) << yes;
+    }
+    for (const char* no : {"0", "false", "FALSE", "\tFalse"}) {
+        EXPECT_TRUE(ParseBool(no, value)) << no;
+        EXPECT_EQ(value, 0) << no;
+    }
+    value = 7;
+    for (const char* neither : {"", "2", "-1", "01", "yes", "tru", "truee", "是", "t\xC2\xA0rue"}) {
+        EXPECT_FALSE(ParseBool(neither, value)) << neither;
+        EXPECT_EQ(value, 7) << neither;
+    }
+}
+
+TEST(Number, DoublesAreWrittenAsBriefAsTheyCanBeReadBack)
+{
+    EXPECT_EQ(DoubleToText(0), "0");
+    EXPECT_EQ(DoubleToText(2.5), "2.5");
+    EXPECT_EQ(DoubleToText(0.1), "0.1");
+    EXPECT_EQ(DoubleToText(0.1 + 0.2), "0.30000000000000004");
+    EXPECT_EQ(DoubleToText(-100), "-100");
+    EXPECT_EQ(DoubleToText(std::numeric_limits<double>::max()), "1.7976931348623157e+308");
+    EXPECT_EQ(DoubleToText(-std::numeric_limits<double>::denorm_min()), "-5e-324");
+}
+
+TEST(Number, ManyDoublesComeBackToTheLastBit)
+{
+    std::mt19937_64 random(20260101);
+    for (int i = 0; i < 200000; ++i) {
+        const double value = AnyDouble(random);
+        const std::string text = DoubleToText(value);
+        double strict = 0;
+        ASSERT_TRUE(ParseDouble(text, strict)) << text;
+        ASSERT_EQ(std::bit_cast<std::uint64_t>(strict), std::bit_cast<std::uint64_t>(value))
+            << text;
+        ASSERT_EQ(Wtof(ToWide(text)), value) << text;
+    }
+}
+
+TEST(Number, NoLocaleChangesAReading)
+{
+    const CommaLocale comma;
+    if (comma.IsCompiled()) {
+        char text[8];
+        std::snprintf(text, sizeof text, "%.1f", 2.5);
+        ASSERT_STREQ(text, "2,5"); // the locale does hold sway
+    }
+    EXPECT_EQ(DoubleToText(12345.5), "12345.5");
+    EXPECT_EQ(DoubleOr99("12345.5"), 12345.5);
+    EXPECT_EQ(DoubleOr99("2,5"), 99);
+    EXPECT_EQ(Wtof(L"2.5"), 2.5);
+    EXPECT_EQ(Wtof(L"2,5"), 2);
+    EXPECT_EQ(Wtoi(L"12.345"), 12);
+    EXPECT_EQ(Format(L"%.1f", 12345.5), L"12345.5");
+}
