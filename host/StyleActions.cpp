@@ -106,11 +106,13 @@ void StyleActions::AddTo(QWidget* menu) const
 
 void StyleActions::AddToToolBar(QToolBar* bar) const
 {
+    bool separate = false;
     for (const Command& command : kCommands) {
-        if (command.id == 0)
-            bar->addSeparator();
-        else if (command.onToolBar)
-            bar->addAction(Action(command.id));
+        separate = separate || command.id == 0;
+        if (!command.onToolBar) continue;
+        if (separate) bar->addSeparator();
+        separate = false;
+        bar->addAction(Action(command.id));
     }
 }
 
