@@ -39,7 +39,11 @@ CXTPReportControl::CXTPReportControl(QWidget* parent)
     });
 }
 
-CXTPReportControl::~CXTPReportControl() = default;
+CXTPReportControl::~CXTPReportControl()
+{
+    // The header outlives this part of the grid and must not ask it anything more.
+    setModel(nullptr);
+}
 
 void CXTPReportControl::CreateOver(QWidget* placeholder, int controlId)
 {

@@ -251,6 +251,17 @@ TEST_F(ReportControl, CellsDrawThemselves)
     EXPECT_EQ(PixelAt(*m_grid.viewport(), centre), QColor(Qt::green).rgb());
 }
 
+TEST_F(ReportControl, AToolTipShowsWhatAColumnIsTooNarrowFor)
+{
+    Item(0, 1)->Set(1234567890);
+    EXPECT_EQ(m_grid.IndexOf(0, 1).data(Qt::ToolTipRole).toString(), QStringLiteral("1234567890"));
+    // Cut short, it is not drawn over the cell's edge.
+    const QRect cell = m_grid.visualRect(m_grid.IndexOf(0, 1));
+    const QRgb base = m_grid.palette().color(QPalette::Base).rgb();
+    for (int y = cell.top(); y < cell.bottom(); ++y)
+        EXPECT_EQ(PixelAt(*m_grid.viewport(), {cell.left() + 1, y}), base);
+}
+
 TEST_F(ReportControl, DrawsSolidVerticalLinesOrNone)
 {
     const QRgb line = m_grid.palette().color(QPalette::Mid).rgb();
