@@ -10,20 +10,23 @@ namespace {
 
 constexpr int kTextIndent = 3;
 
+// Edges are filled rather than drawn: at 200 % a drawn line lies beside its pixels.
 void DrawRaisedFrame(QPainter& painter, const QRect& rect, const QPalette& palette)
 {
-    painter.fillRect(rect.adjusted(1, 1, -1, -1), palette.button());
-    painter.setPen(palette.color(QPalette::Light));
-    painter.drawLine(rect.topLeft(), rect.topRight());
-    painter.drawLine(rect.topLeft(), rect.bottomLeft());
-    painter.setPen(palette.color(QPalette::Dark));
-    painter.drawLine(rect.topRight(), rect.bottomRight());
-    painter.drawLine(rect.bottomLeft(), rect.bottomRight());
+    painter.fillRect(rect, palette.button());
+    const QColor light = palette.color(QPalette::Light);
+    const QColor shadow = palette.color(QPalette::Dark);
+    painter.fillRect(QRect(rect.left(), rect.top(), rect.width(), 1), light);
+    painter.fillRect(QRect(rect.left(), rect.top(), 1, rect.height()), light);
+    painter.fillRect(QRect(rect.right(), rect.top(), 1, rect.height()), shadow);
+    painter.fillRect(QRect(rect.left(), rect.bottom(), rect.width(), 1), shadow);
 }
 
-void DrawLine(QPainter& painter, const QRect& rect, const QString& text)
+void DrawLine(QPainter& painter, const QRect& rect, const CString& text)
 {
-    painter.drawText(rect, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text);
+    const QString shown =
+        painter.fontMetrics().elidedText(ToQString(text), Qt::ElideRight, rect.width());
+    painter.drawText(rect, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown);
 }
 
 } // namespace
@@ -39,7 +42,7 @@ void CXTPReportRecordItemHeard::Draw(QPainter& painter, const CXTPReportItemDraw
     const CString caption = GetCaption();
     const size_t lineBreak = caption.find(L'\n');
     if (lineBreak == CString::npos) {
-        DrawLine(painter, text, ToQString(caption));
+        DrawLine(painter, text, caption);
         return;
     }
     // The two lines meet in the middle of the cell.
@@ -47,7 +50,7 @@ void CXTPReportRecordItemHeard::Draw(QPainter& painter, const CXTPReportItemDraw
     const int middle = text.top() + text.height() / 2;
     text.setTop(middle - height);
     text.setHeight(height);
-    DrawLine(painter, text, ToQString(caption.substr(0, lineBreak)));
+    DrawLine(painter, text, caption.substr(0, lineBreak));
     text.translate(0, height);
-    DrawLine(painter, text, ToQString(caption.substr(lineBreak + 1)));
+    DrawLine(painter, text, caption.substr(lineBreak + 1));
 }

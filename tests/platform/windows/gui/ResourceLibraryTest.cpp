@@ -38,6 +38,13 @@ TEST(ResourceLibrary, IconsOutliveTheLibrary)
     }
 }
 
+TEST(ResourceLibrary, ItsPathMayHaveBackslashes)
+{
+    const HRESLIB library = LoadResourceLibrary(ToWide(BINARY_DIR) + L"\\bin\\VMRDRes.dll");
+    EXPECT_NE(library, 0U);
+    FreeResourceLibrary(library);
+}
+
 TEST(ResourceLibrary, TheSpaceIconIsAnEmptyPicture)
 {
     const QIcon icon = LoadOnce(L"IDI_ICON_SPACE");
