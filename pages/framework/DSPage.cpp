@@ -10,8 +10,11 @@
 #include "platform/mfc/QtText.h"
 
 namespace {
+
 constexpr wchar_t kSource[] = L"数据来源";
-}
+constexpr QSize kSmallestGrid(260, 110); // a header and three rows
+
+} // namespace
 
 CDSPage::CDSPage(UINT nIDTemplate) : CDialog(nIDTemplate), m_bookIcon(FamilyIcon(L"IDI_ICON_BOOK"))
 {
@@ -76,6 +79,7 @@ CXTPReportControl* CDSPage::CreateGrid(int placeholder, int gridId, const CStrin
 {
     auto* const grid = new CXTPReportControl(this);
     if (QWidget* const frame = GetDlgItem(placeholder)) grid->CreateOver(frame, gridId);
+    grid->setMinimumSize(grid->minimumSize().expandedTo(kSmallestGrid));
     grid->AllowEdit(true);
     grid->EditOnClick(true);
     CXTPReportHeader* const header = grid->GetReportHeader();

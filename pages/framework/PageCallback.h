@@ -8,28 +8,29 @@ template <auto Member> class CDSPageCallback;
 template <class Criterion, Criterion CDesignSpecification::*Member>
 class CDSPageCallback<Member> : public CDSCallback {
 public:
-    explicit CDSPageCallback(CCriterionPage<Criterion>* page) : CDSCallback(page), m_page(*page) {}
+    explicit CDSPageCallback(CCriterionPage<Criterion>* page) : CDSCallback(page) {}
 
     void Load(const wchar_t* name) override
     {
         m_strName = name;
-        if (const CDesignSpecification* found = Specification()) m_page.LoadStep(found->*Member);
+        if (const CDesignSpecification* found = Specification())
+            CriterionPage().LoadStep(found->*Member);
     }
 
     void Rename(const wchar_t* name) override { m_strName = name; }
 
     bool Validate(CString& message) override
     {
-        m_page.CommitGrids();
+        CriterionPage().CommitGrids();
         Criterion scratch;
-        return m_page.StoreStep(scratch, message);
+        return CriterionPage().StoreStep(scratch, message);
     }
 
     bool Save() override
     {
         CDesignSpecification* const found = Specification();
         CString unused;
-        return found && m_page.StoreStep(found->*Member, unused);
+        return found && CriterionPage().StoreStep(found->*Member, unused);
     }
 
     bool RenameAndSave(const wchar_t* name) override
@@ -40,9 +41,12 @@ public:
 
     void OnShow() override
     {
-        if (IsViewMode()) m_page.MakeReadOnly();
+        if (IsViewMode()) CriterionPage().MakeReadOnly();
     }
 
 private:
-    CCriterionPage<Criterion>& m_page;
+    CCriterionPage<Criterion>& CriterionPage() const
+    {
+        return static_cast<CCriterionPage<Criterion>&>(*Page());
+    }
 };

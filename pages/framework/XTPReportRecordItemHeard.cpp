@@ -1,5 +1,7 @@
 #include "pages/framework/XTPReportRecordItemHeard.h"
 
+#include <algorithm>
+
 #include <QPainter>
 
 #include "platform/mfc/QtText.h"
@@ -22,11 +24,22 @@ void DrawRaisedFrame(QPainter& painter, const QRect& rect, const QPalette& palet
     painter.fillRect(QRect(rect.left(), rect.bottom(), rect.width(), 1), shadow);
 }
 
+// A caption that is a little too wide for its column is drawn narrower; one that is much too wide
+// ends in an ellipsis.
 void DrawLine(QPainter& painter, const QRect& rect, const CString& text)
 {
+    constexpr int kNarrowest = 85; // per cent
+    const QFont font = painter.font();
+    QFont narrow = font;
+    const int wanted = painter.fontMetrics().horizontalAdvance(ToQString(text));
+    if (wanted > rect.width()) {
+        narrow.setStretch(std::max(kNarrowest, 100 * rect.width() / wanted));
+        painter.setFont(narrow);
+    }
     const QString shown =
         painter.fontMetrics().elidedText(ToQString(text), Qt::ElideRight, rect.width());
     painter.drawText(rect, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown);
+    painter.setFont(font);
 }
 
 } // namespace
