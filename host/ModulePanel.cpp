@@ -36,9 +36,9 @@ QTreeWidget* MakeList()
         {QObject::tr("启动时加载的模块"), QObject::tr("状态"), QObject::tr("原因")});
     list->setRootIsDecorated(false);
     list->setUniformRowHeights(true);
-    const int character = list->fontMetrics().averageCharWidth();
-    list->header()->resizeSection(NameColumn, character * 34);
-    list->header()->resizeSection(StateColumn, character * 14);
+    const int line = list->fontMetrics().height();
+    list->header()->resizeSection(NameColumn, line * 16);
+    list->header()->resizeSection(StateColumn, line * 6);
     return list;
 }
 

@@ -198,6 +198,12 @@ bool CDesignSpecifications::MoveOthersOut(const CString& file, const GUID& id)
     return true;
 }
 
+bool CDesignSpecifications::SaveItem(int index)
+{
+    const auto* const item = static_cast<const CDesignSpecification*>(Item(index));
+    return item && Save(item);
+}
+
 bool CDesignSpecifications::Rename(const wchar_t* name, const wchar_t*)
 {
     const CDesignSpecification* specification = Item(name);
