@@ -28,6 +28,8 @@ namespace {
 
 const QString kGeometryKey = QStringLiteral("window/geometry");
 const QString kStateKey = QStringLiteral("window/state");
+// Not the application's display name: the window system would put that behind each title.
+const QString kTitle = QStringLiteral("道路设计");
 constexpr int kMostNames = 3; // of changed files, in a message
 
 QString ShortList(const QStringList& names)
@@ -42,7 +44,7 @@ QString ShortList(const QStringList& names)
 HostWindow::HostWindow()
 {
     acedSetAcadFrame(this);
-    setWindowTitle(QApplication::applicationDisplayName());
+    setWindowTitle(kTitle);
     setCentralWidget(MakeCenter());
     MakePanels();
     MakeToolBar();
@@ -155,7 +157,7 @@ bool HostWindow::OpenProject(const QString& folder)
     const QString path = QDir(folder).absolutePath();
     VMRDPub::SetCurPrjPath(FromQString(path));
     RecentProjects().Add(path);
-    setWindowTitle(tr("%1 — %2").arg(QDir(path).dirName(), QApplication::applicationDisplayName()));
+    setWindowTitle(tr("%1 — %2").arg(QDir(path).dirName(), kTitle));
     m_styles->SetHint({});
     m_watcher.Watch(StylesFolder());
     Reload();

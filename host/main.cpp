@@ -80,7 +80,6 @@ int main(int argc, char** argv)
     QCoreApplication::setOrganizationName(QStringLiteral("roadhost"));
     QCoreApplication::setApplicationName(QStringLiteral("roadhost"));
     QCoreApplication::setApplicationVersion(QStringLiteral(HOST_VERSION));
-    QGuiApplication::setApplicationDisplayName(QObject::tr("道路设计"));
     const bool chinese = SetAppearance();
 
     QCommandLineParser parser;
