@@ -11,8 +11,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-using Library_ = CDesignSpecifications;
-
 class DesignSpecifications : public LibraryTest {
 protected:
     std::string Setting() const { return m_project.Read("规范/setting.ini"); }
@@ -275,15 +273,11 @@ TEST_F(DesignSpecifications, SaveWithoutPlaceForTheFolderFails)
 TEST_F(DesignSpecifications, NamesThatLeaveTheFolderAreRefused)
 {
     m_project.Write("规范/x", "");
-    const CString names[] = {
-        L"../a",           L"a/b", L"a\\b", L"..", CString(L"a\0b", 3), CString(300, L'a'),
-        CString(72, L'规')};
+    const CString names[] = {L"../a",           L"a/b", L"a\\b", L"..", CString(300, L'a'),
+                             CString(72, L'规')};
     for (const CString& name : names) {
         CDesignSpecification& one = Add(Make(L"a"));
-        CXTPPropExchangeXMLNode root(true, L"Style");
         one.SetName(name.c_str());
-        const bool hasNul = name.find(L'\0') != CString::npos;
-        if (hasNul) one.SetName(L"..");
         m_trace.Clear();
         EXPECT_FALSE(Library().Save(&one));
         EXPECT_TRUE(Traced("规范", 0, L"无法保存")) << ToUtf8(name);
@@ -365,7 +359,8 @@ TEST_F(DesignSpecifications, SaveRenamedLeavesOneFile)
     EXPECT_TRUE(Library().SaveRenamed(&one, L"B")); // no change at all
     EXPECT_TRUE(m_project.Has(FileOf(one)));
     EXPECT_EQ(std::distance(fs::directory_iterator(m_project.Native("规范")), {}), 1);
-    EXPECT_EQ(Reload().Item(L"B"), &At(0));
+    Reload();
+    EXPECT_EQ(Names(), L"B");
 }
 
 TEST_F(DesignSpecifications, SaveRenamedKeepsTheOneFileWhenBothNamesLeadToIt)
@@ -722,7 +717,6 @@ TEST_F(DesignSpecifications, WhatIsSavedIsWhatIsLoaded)
     for (int i = 0; i < 60; ++i) {
         made.push_back(random.Make());
         made.back().SetName(Format(L"%d <&\"规范'>", i).c_str());
-        CString name = made.back().Name();
         AddSaved(made.back());
     }
     Reload();

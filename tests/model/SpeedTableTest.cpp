@@ -1,41 +1,18 @@
 #include "model/SpeedTable.h"
 
 #include <algorithm>
-#include <atomic>
 #include <cmath>
-#include <cstdlib>
 #include <cstring>
 #include <limits>
-#include <new>
 #include <random>
 #include <set>
+#include <vector>
 
 #include <gtest/gtest.h>
 
 #include "model/Criteria.h"
+#include "tests/support/Allocations.h"
 #include "tests/support/Exchanged.h"
-
-namespace {
-
-std::atomic<int> g_allocations = 0;
-
-} // namespace
-
-// Counts what the program allocates.
-void* operator new(size_t size)
-{
-    ++g_allocations;
-    if (void* memory = std::malloc(size ? size : 1)) return memory;
-    throw std::bad_alloc();
-}
-void operator delete(void* memory) noexcept
-{
-    std::free(memory);
-}
-void operator delete(void* memory, size_t) noexcept
-{
-    std::free(memory);
-}
 
 using namespace QueryValue;
 
@@ -352,7 +329,7 @@ TEST(SpeedQuery, AllocatesNothing)
     const CDesignSpecification specification;
     int whole = 0;
     double decimal = 0;
-    const int before = g_allocations;
+    const int before = Allocations();
     for (int speed = 0; speed < 130; ++speed) {
         for (const QueryMode mode : kModes) {
             QueryIntValBySpeed(&specification.CircularCurveRad.noSuperelevationMinRad, speed, mode,
@@ -364,9 +341,9 @@ TEST(SpeedQuery, AllocatesNothing)
         }
         specification.CurveWidening.QueryWidening(L"普通汽车", 2 * speed, decimal);
     }
-    EXPECT_EQ(g_allocations, before);
+    EXPECT_EQ(Allocations(), before);
     EXPECT_EQ(CDesignSpecification().CurveWidening.ranges.count, 9);
-    EXPECT_GT(g_allocations, before); // the count does count
+    EXPECT_GT(Allocations(), before); // the count does count
 }
 
 TEST(TruncateToInt, CutsOffAndStaysWithin32Bits)
