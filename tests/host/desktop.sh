@@ -95,7 +95,8 @@ radius_is() { [ "$(radius "$1" "$2" "$3")" = "$4" ]; }
 
 start_display() {
     local number=$work/display
-    Xvfb -displayfd 3 -screen 0 1280x900x24 -nolisten tcp 3>"$number" >"$work/display.log" 2>&1 &
+    # It must not start anew whenever its only client, xdotool, has gone.
+    Xvfb -displayfd 3 -noreset -screen 0 1280x900x24 -nolisten tcp 3>"$number" >"$work/display.log" 2>&1 &
     display_server=$!
     wait_until 'the virtual display' test -s "$number"
     DISPLAY=:$(cat "$number")
