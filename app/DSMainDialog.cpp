@@ -104,10 +104,6 @@ void CDSMainDialog::PlacePages()
         layout->addWidget(page.window.get(), 0, 0);
         page.window->hide();
     }
-    // The pages came last; Tab is to pass through them on its way to the buttons.
-    QWidget* const ok = GetDlgItem(IDOK);
-    setTabOrder(previousInFocusChain(), ok);
-    setTabOrder(ok, GetDlgItem(IDCANCEL));
 }
 
 void CDSMainDialog::LoadPages()
