@@ -1,7 +1,10 @@
 #include "pages/PageTable.h"
 
 #include "pages/BeelineLenDialog.h"
+#include "pages/LonGradDialog.h"
+#include "pages/LonGradLenDialog.h"
 #include "pages/RadiusDialog.h"
+#include "pages/ResultantGradientDialog.h"
 
 namespace {
 
@@ -13,6 +16,9 @@ template <class Page> std::unique_ptr<CDSPage> Make(CDSPage*)
 constexpr PageEntry kPages[] = {
     {L"平面", L"直线长度", Make<CBeelineLenDialog>},
     {L"平面", L"圆曲线半径", Make<CRadiusDialog>},
+    {L"纵断", L"纵坡坡度", Make<CLonGradDialog>},
+    {L"纵断", L"最大合成坡度", Make<CResultantGradientDialog>},
+    {L"纵断", L"纵坡最大坡长", Make<CLonGradLenDialog>},
 };
 
 } // namespace
