@@ -1,6 +1,7 @@
 #include "pages/PageTable.h"
 
 #include "pages/BeelineLenDialog.h"
+#include "pages/CurveLenDialog.h"
 #include "pages/RadiusDialog.h"
 
 namespace {
@@ -13,6 +14,7 @@ template <class Page> std::unique_ptr<CDSPage> Make(CDSPage*)
 constexpr PageEntry kPages[] = {
     {L"平面", L"直线长度", Make<CBeelineLenDialog>},
     {L"平面", L"圆曲线半径", Make<CRadiusDialog>},
+    {L"平面", L"平曲线与圆曲线最小长度", Make<CCurveLenDialog>},
 };
 
 } // namespace
