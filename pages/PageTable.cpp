@@ -2,6 +2,7 @@
 
 #include "pages/BeelineLenDialog.h"
 #include "pages/CurveLenDialog.h"
+#include "pages/MinACurveLenDialog.h"
 #include "pages/RadiusDialog.h"
 
 namespace {
@@ -15,6 +16,7 @@ constexpr PageEntry kPages[] = {
     {L"平面", L"直线长度", Make<CBeelineLenDialog>},
     {L"平面", L"圆曲线半径", Make<CRadiusDialog>},
     {L"平面", L"平曲线与圆曲线最小长度", Make<CCurveLenDialog>},
+    {L"平面", L"小转角平曲线最小长度", Make<CMinACurveLenDialog>},
 };
 
 } // namespace
