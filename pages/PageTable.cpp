@@ -3,6 +3,7 @@
 #include "pages/BeelineLenDialog.h"
 #include "pages/CurveLenDialog.h"
 #include "pages/MinACurveLenDialog.h"
+#include "pages/MinLonGradLenDialog.h"
 #include "pages/RadiusDialog.h"
 
 namespace {
@@ -17,6 +18,7 @@ constexpr PageEntry kPages[] = {
     {L"平面", L"圆曲线半径", Make<CRadiusDialog>},
     {L"平面", L"平曲线与圆曲线最小长度", Make<CCurveLenDialog>},
     {L"平面", L"小转角平曲线最小长度", Make<CMinACurveLenDialog>},
+    {L"纵断", L"纵坡最小坡长", Make<CMinLonGradLenDialog>},
 };
 
 } // namespace
