@@ -5,6 +5,7 @@
 #include "pages/MinACurveLenDialog.h"
 #include "pages/MinLonGradLenDialog.h"
 #include "pages/RadiusDialog.h"
+#include "pages/TransitionCurveDialog.h"
 #include "pages/VerticalCurveMinRadDialog.h"
 
 namespace {
@@ -19,6 +20,7 @@ constexpr PageEntry kPages[] = {
     {L"平面", L"圆曲线半径", Make<CRadiusDialog>},
     {L"平面", L"平曲线与圆曲线最小长度", Make<CCurveLenDialog>},
     {L"平面", L"小转角平曲线最小长度", Make<CMinACurveLenDialog>},
+    {L"平面", L"缓和曲线最小长度", Make<CTransitionCurveDialog>},
     {L"纵断", L"纵坡最小坡长", Make<CMinLonGradLenDialog>},
     {L"纵断", L"竖曲线最小半径和长度", Make<CVerticalCurveMinRadDialog>},
 };
