@@ -5,6 +5,11 @@
 #include "pages/LonGradLenDialog.h"
 #include "pages/RadiusDialog.h"
 #include "pages/ResultantGradientDialog.h"
+#include "pages/CurveLenDialog.h"
+#include "pages/MinACurveLenDialog.h"
+#include "pages/MinLonGradLenDialog.h"
+#include "pages/TransitionCurveDialog.h"
+#include "pages/VerticalCurveMinRadDialog.h"
 
 namespace {
 
@@ -19,6 +24,11 @@ constexpr PageEntry kPages[] = {
     {L"纵断", L"纵坡坡度", Make<CLonGradDialog>},
     {L"纵断", L"最大合成坡度", Make<CResultantGradientDialog>},
     {L"纵断", L"纵坡最大坡长", Make<CLonGradLenDialog>},
+    {L"平面", L"平曲线与圆曲线最小长度", Make<CCurveLenDialog>},
+    {L"平面", L"小转角平曲线最小长度", Make<CMinACurveLenDialog>},
+    {L"平面", L"缓和曲线最小长度", Make<CTransitionCurveDialog>},
+    {L"纵断", L"纵坡最小坡长", Make<CMinLonGradLenDialog>},
+    {L"纵断", L"竖曲线最小半径和长度", Make<CVerticalCurveMinRadDialog>},
 };
 
 } // namespace
