@@ -1,6 +1,7 @@
 #include "pages/PageTable.h"
 
 #include "pages/BeelineLenDialog.h"
+#include "pages/MaxSuperElevPage.h"
 #include "pages/RadiusDialog.h"
 
 namespace {
@@ -13,6 +14,7 @@ template <class Page> std::unique_ptr<CDSPage> Make(CDSPage*)
 constexpr PageEntry kPages[] = {
     {L"平面", L"直线长度", Make<CBeelineLenDialog>},
     {L"平面", L"圆曲线半径", Make<CRadiusDialog>},
+    {L"超高加宽", L"超高规范", Make<CMaxSuperElevPage>},
 };
 
 } // namespace
