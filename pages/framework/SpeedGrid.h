@@ -79,6 +79,20 @@ public:
     // The cell of a row and a speed; null when there is none.
     CMyRecordItemValue* Cell(int row, int speed) const;
 
+    // A row's cells take the values of a table, whose speeds are all columns.
+    template <class T> void SetRow(int row, const GrowArray<SpeedEntry<T>>& table)
+    {
+        for (const SpeedEntry<T>& entry : table)
+            Cell(row, entry.speed)->SetNumber(entry.value);
+    }
+    // Adds the row's cells that are not empty to a table, left to right.
+    template <class T> void AppendRowTo(int row, GrowArray<SpeedEntry<T>>& table) const
+    {
+        for (int speed : Speeds())
+            if (const auto* cell = Cell(row, speed); cell && !cell->IsEmpty())
+                ::AddSpeed(table, speed, static_cast<T>(cell->GetNumber()));
+    }
+
     // Shows what was loaded; it cannot be undone.
     void ShowLoaded();
 

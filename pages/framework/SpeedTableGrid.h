@@ -43,8 +43,7 @@ public:
             const Row& row = m_rows[static_cast<size_t>(i)];
             for (size_t n = 0; n < speeds.size(); ++n)
                 Control().GetRecords().GetAt(i)->AddItem(row.cell());
-            for (const SpeedEntry<T>& entry : criterion.*row.table)
-                Cell(i, entry.speed)->SetNumber(entry.value);
+            SetRow(i, criterion.*row.table);
         }
         ShowLoaded();
     }
@@ -55,9 +54,7 @@ public:
         for (int i = 0; i < GetRowCount(); ++i) {
             auto& table = criterion.*m_rows[static_cast<size_t>(i)].table;
             table.RemoveAll();
-            for (int speed : Speeds())
-                if (const auto* cell = Cell(i, speed); cell && !cell->IsEmpty())
-                    ::AddSpeed(table, speed, static_cast<T>(cell->GetNumber()));
+            AppendRowTo(i, table);
         }
     }
 

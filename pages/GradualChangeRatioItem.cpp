@@ -1,0 +1,31 @@
+#include "pages/GradualChangeRatioItem.h"
+
+#include "platform/vmrd/VmHFCBaseU/Text.h"
+#include "platform/windows/Number.h"
+
+namespace {
+
+constexpr std::wstring_view kOnePer = L"1/";
+constexpr int kSmallest = 2;
+constexpr int kLargest = 999;
+
+} // namespace
+
+CGradualChangeRatioItem::CGradualChangeRatioItem(int value, bool empty)
+{
+    if (!empty) SetValue(value);
+}
+
+CString CGradualChangeRatioItem::TextOf(const Values& values) const
+{
+    return Format(L"1/%d", static_cast<int>(values.front()));
+}
+
+CMyRecordItemValue::Values CGradualChangeRatioItem::Read(CXTPReportControl*,
+                                                         const CString& text) const
+{
+    const CString number = text.starts_with(kOnePer) ? text.substr(kOnePer.size()) : text;
+    const int value = Wtoi(number);
+    if (!IsNumericText(number) || value < kSmallest || value > kLargest) return {};
+    return {static_cast<double>(value)};
+}

@@ -1,0 +1,34 @@
+#include "pages/RadiusRangeItem.h"
+
+#include <algorithm>
+
+#include "pages/RadiusRangeText.h"
+#include "platform/mfc/MessageBox.h"
+#include "platform/xtp/report/ReportControl.h"
+
+void CRadiusRangeItem::SetRange(int minRadius, int maxRadius)
+{
+    SetValues({static_cast<double>(minRadius), static_cast<double>(maxRadius)});
+}
+
+CString CRadiusRangeItem::TextOf(const Values& values) const
+{
+    return Format(L"%d~%d", static_cast<int>(values.front()), static_cast<int>(values.back()));
+}
+
+CMyRecordItemValue::Values CRadiusRangeItem::Read(CXTPReportControl* control,
+                                                  const CString& text) const
+{
+    if (text.empty()) return {};
+    CString joined = text;
+    if (joined.find(L'~') == CString::npos)
+        std::replace_if(
+            joined.begin(), joined.end(), [](wchar_t c) { return c == L' ' || c == L','; }, L'~');
+    RadiusRange range;
+    const CString fault = ReadRadiusRange(joined, range);
+    if (!fault.empty()) {
+        MessageBox(control, fault, L"提示", MB_ICONINFORMATION);
+        return {};
+    }
+    return {static_cast<double>(range.min), static_cast<double>(range.max)};
+}

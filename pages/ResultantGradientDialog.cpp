@@ -1,0 +1,97 @@
+#include "pages/ResultantGradientDialog.h"
+
+#include "app/input/NumberText.h"
+#include "pages/framework/MyRecordItemPositiveDouble.h"
+
+namespace {
+
+constexpr UINT kDialogResource = 108;
+constexpr int kSnowEdit = 108;
+
+using C = CDSMaxResultantGrad;
+
+} // namespace
+
+CResultantGradientDialog::CResultantGradientDialog() : CCriterionPage(kDialogResource)
+{
+    AddSourceButton(kSourceButton, m_source);
+    DisableInViewMode({kSnowEdit});
+}
+
+void CResultantGradientDialog::InitPage()
+{
+    m_grid.Create(*this, [](int) { return MakeDecimalCell<1, true>(); },
+                  {.headerWidth = 140, .addedWidth = 35});
+    m_grid.ExtendMenu({[this](CMenu& menu, UINT firstId) { AppendRoadTypes(menu, firstId); },
+                       [this](int index) { ToggleRoadType(index); }});
+}
+
+void CResultantGradientDialog::LoadStep(const C& criterion)
+{
+    CArray<int> speeds;
+    for (const SpeedToDoubleValues& table : criterion.tables)
+        MergeSpeeds(speeds, table);
+    m_grid.RemoveRows();
+    m_grid.SetSpeeds(speeds);
+    for (int type = 0; type < C::kRoadTypes; ++type) {
+        const SpeedToDoubleValues& table = criterion.tables[type];
+        if (table.count == 0) continue;
+        AddRoadType(type);
+        m_grid.SetRow(m_grid.GetRowCount() - 1, table);
+    }
+    m_grid.ShowLoaded();
+    SetDlgItemText(kSnowEdit, DecimalText(criterion.MaxResultantGradOnSnowFrozenRegion, 1, false));
+    m_source = criterion.Criterion;
+}
+
+bool CResultantGradientDialog::StoreStep(C& criterion, CString& message)
+{
+    const CString text = EnteredTextOf(kSnowEdit);
+    if (text.empty()) return Refuse(message, L"积雪冰冻地区最大合成坡度不能是空!", kSnowEdit);
+    if (!ReadOneDecimal(text, criterion.MaxResultantGradOnSnowFrozenRegion))
+        return Refuse(message, L"积雪冰冻地区最大合成坡度必须大于等于0,并且最多只有一位小数!",
+                      kSnowEdit);
+    for (SpeedToDoubleValues& table : criterion.tables)
+        table.RemoveAll();
+    for (int row = 0; row < m_grid.GetRowCount(); ++row)
+        m_grid.AppendRowTo(row, criterion.Item(RoadTypeOf(row)));
+    criterion.Criterion = m_source;
+    return true;
+}
+
+// Rows
+
+void CResultantGradientDialog::AddRoadType(int type)
+{
+    m_grid.AddRow(RoadTypeLabel(type), static_cast<unsigned>(type));
+}
+
+C::RoadType CResultantGradientDialog::RoadTypeOf(int row) const
+{
+    return static_cast<C::RoadType>(m_grid.RowHeader(row)->GetItemData());
+}
+
+int CResultantGradientDialog::FindRow(int type) const
+{
+    for (int row = 0; row < m_grid.GetRowCount(); ++row)
+        if (RoadTypeOf(row) == type) return row;
+    return -1;
+}
+
+// Menu
+
+void CResultantGradientDialog::AppendRoadTypes(CMenu& menu, UINT firstId) const
+{
+    for (int type = 0; type < C::kRoadTypes; ++type)
+        menu.AppendMenu(MF_STRING | (FindRow(type) >= 0 ? MF_CHECKED : 0),
+                        firstId + static_cast<UINT>(type), RoadTypeLabel(type));
+}
+
+void CResultantGradientDialog::ToggleRoadType(int type)
+{
+    const int row = FindRow(type);
+    if (row >= 0)
+        m_grid.Control().GetRecords().RemoveAt(row);
+    else
+        AddRoadType(type);
+}

@@ -1,0 +1,255 @@
+#include "pages/SuperElevationPage.h"
+
+#include <algorithm>
+
+#include <QListWidget>
+#include <QSignalBlocker>
+
+#include "pages/RadiusRangeItem.h"
+#include "platform/mfc/QtText.h"
+
+namespace {
+
+constexpr UINT kDialogResource = 115;
+constexpr int kList = 122;
+constexpr int kLowestSuperElev = 2; // % that the menu offers
+
+void AddOnce(CArray<int>& values, int value)
+{
+    if (std::find(values.begin(), values.end(), value) == values.end()) values.push_back(value);
+}
+
+} // namespace
+
+CSuperElevationPageCallback::CSuperElevationPageCallback(CSuperElevationPage* page)
+    : CDSPageCallback(page), m_page(page)
+{
+}
+
+bool CSuperElevationPageCallback::Validate(CString& message)
+{
+    return m_page->Check(message);
+}
+
+void CSuperElevationPageCallback::OnShow()
+{
+    m_page->RebuildList();
+    CDSPageCallback::OnShow();
+}
+
+CSuperElevationPage::CSuperElevationPage(const CMaxSuperElevPage* maxPage)
+    : CCriterionPage(kDialogResource), m_maxPage(maxPage)
+{
+    AddSourceButton(kSourceButton, m_source);
+}
+
+void CSuperElevationPage::InitPage()
+{
+    m_grid.Create(*this, [](int) { return new CRadiusRangeItem; },
+                  {.headerWidth = 100, .speedWidth = 70, .addedWidth = 70});
+    ExtendMenu();
+    m_list = GetDlgItem<QListWidget>(kList);
+    connect(m_list, &QListWidget::currentRowChanged, this, [this] { OnSelected(); });
+}
+
+// Load and store
+
+void CSuperElevationPage::LoadStep(const CDSSuperElevation& criterion)
+{
+    m_tables.clear();
+    CArray<int> maxima;
+    for (const SuperElevDefinition& definition : criterion.definitions) {
+        m_tables.try_emplace(definition.maxSuperElev, definition.rows);
+        AddOnce(maxima, definition.maxSuperElev);
+    }
+    m_source = criterion.Criterion;
+    m_current = kNone;
+    FillList(maxima);
+    m_current = SelectedMaximum();
+    ShowTable();
+}
+
+bool CSuperElevationPage::StoreStep(CDSSuperElevation& criterion, CString&)
+{
+    criterion.definitions.RemoveAll();
+    criterion.Criterion = m_source;
+    for (int maximum : MaximaInUse())
+        if (const auto found = m_tables.find(maximum); found != m_tables.end())
+            criterion.definitions.Add({maximum, found->second});
+    return true;
+}
+
+CArray<int> CSuperElevationPage::MaximaInUse() const
+{
+    return m_maxPage ? m_maxPage->GetMaxSuperElevations() : CArray<int>();
+}
+
+bool CSuperElevationPage::Check(CString& message)
+{
+    CommitTable();
+    for (int maximum : MaximaInUse())
+        if (!CheckTable(maximum, message)) return false;
+    return true;
+}
+
+bool CSuperElevationPage::CheckTable(int maximum, CString& message)
+{
+    const Rows& rows = m_tables.contains(maximum) ? m_tables[maximum] : Rows();
+    if (rows.IsEmpty())
+        return Refuse(message, Format(L"最大超高 %d%% 的超高表未设置!", maximum), kList);
+    return std::all_of(rows.begin(), rows.end(), [&](const SuperElevSpeedRow& row) {
+        return CheckSpeed(maximum, row, message);
+    });
+}
+
+// The ranges of a speed join without a gap.
+bool CSuperElevationPage::CheckSpeed(int maximum, const SuperElevSpeedRow& row, CString& message)
+{
+    for (std::int32_t i = 0; i + 1 < row.ranges.count; ++i) {
+        const SuperElevRange& range = row.ranges[i];
+        const SuperElevRange& next = row.ranges[i + 1];
+        if (range.maxRadius != next.minRadius)
+            return Refuse(message,
+                          Format(L"最大超高 %d%% 在 车速 %dkm/h 时, 超高 %d%% 的最大\n"
+                                 L"圆曲线半径应该为 %d%% 的最小圆曲线半径!",
+                                 maximum, row.speed, range.superElev, next.superElev),
+                          kGrid);
+    }
+    return true;
+}
+
+// List of maximum superelevations
+
+// Keeps the selection; when its value has gone, the first one is selected.
+void CSuperElevationPage::FillList(CArray<int> maxima)
+{
+    std::sort(maxima.begin(), maxima.end(), std::greater());
+    const QSignalBlocker blocker(m_list);
+    m_list->clear();
+    for (int maximum : maxima) {
+        auto* const item = new QListWidgetItem(ToQString(Format(L"最大%d%%", maximum)), m_list);
+        item->setData(Qt::UserRole, maximum);
+    }
+    const auto kept = std::find(maxima.begin(), maxima.end(), m_current);
+    m_list->setCurrentRow(kept == maxima.end() ? 0 : static_cast<int>(kept - maxima.begin()));
+}
+
+int CSuperElevationPage::SelectedMaximum() const
+{
+    const QListWidgetItem* const item = m_list->currentItem();
+    return item ? item->data(Qt::UserRole).toInt() : kNone;
+}
+
+void CSuperElevationPage::OnSelected()
+{
+    if (SelectedMaximum() == m_current) return;
+    CommitTable();
+    m_current = SelectedMaximum();
+    ShowTable();
+}
+
+void CSuperElevationPage::RebuildList()
+{
+    CommitTable();
+    CArray<int> maxima = MaximaInUse();
+    for (int i = 0; i < m_list->count(); ++i) {
+        const int listed = m_list->item(i)->data(Qt::UserRole).toInt();
+        const auto table = m_tables.find(listed);
+        if (table != m_tables.end() && !table->second.IsEmpty()) AddOnce(maxima, listed);
+    }
+    FillList(maxima);
+    OnSelected();
+}
+
+// The table in the grid
+
+void CSuperElevationPage::ShowTable()
+{
+    m_grid.RemoveRows();
+    const Rows rows = m_tables.contains(m_current) ? m_tables[m_current] : Rows();
+    CArray<int> speeds;
+    CArray<int> superElevs;
+    for (const SuperElevSpeedRow& row : rows) {
+        AddOnce(speeds, row.speed);
+        for (const SuperElevRange& range : row.ranges)
+            AddOnce(superElevs, range.superElev);
+    }
+    m_grid.SetSpeeds(speeds);
+    for (int superElev : superElevs)
+        AddSuperElevation(superElev);
+    for (const SuperElevSpeedRow& row : rows)
+        for (const SuperElevRange& range : row.ranges)
+            if (auto* const cell =
+                    dynamic_cast<CRadiusRangeItem*>(m_grid.Cell(RowOf(range.superElev), row.speed)))
+                cell->SetRange(range.minRadius, range.maxRadius);
+    m_grid.ShowLoaded();
+}
+
+void CSuperElevationPage::CommitTable()
+{
+    CommitGrids();
+    if (m_current < 1) return;
+    Rows rows;
+    for (int speed : m_grid.Speeds())
+        if (auto ranges = RangesOf(speed); !ranges.IsEmpty()) rows.Add({speed, ranges});
+    if (!rows.IsEmpty() || m_tables.contains(m_current)) m_tables[m_current] = rows;
+}
+
+GrowArray<SuperElevRange> CSuperElevationPage::RangesOf(int speed) const
+{
+    GrowArray<SuperElevRange> ranges;
+    for (int row = 0; row < m_grid.GetRowCount(); ++row) {
+        const auto* const cell = dynamic_cast<const CRadiusRangeItem*>(m_grid.Cell(row, speed));
+        if (cell && !cell->IsEmpty())
+            ranges.Add({cell->GetMinRadius(), cell->GetMaxRadius(),
+                        static_cast<int>(m_grid.RowHeader(row)->GetItemData())});
+    }
+    return ranges;
+}
+
+// Menu of superelevations
+
+void CSuperElevationPage::ExtendMenu()
+{
+    SpeedMenuExtension extension;
+    extension.append = [this](CMenu& menu, UINT firstId) { AppendSuperElevations(menu, firstId); };
+    extension.choose = [this](int index) { ToggleSuperElevation(m_current - index); };
+    extension.isOffered = [this] { return m_current >= 1; };
+    m_grid.ExtendMenu(extension);
+}
+
+void CSuperElevationPage::AppendSuperElevations(CMenu& menu, UINT firstId) const
+{
+    CMenu superElevs;
+    for (int superElev = m_current; superElev >= kLowestSuperElev; --superElev)
+        superElevs.AppendMenu(MF_STRING | (RowOf(superElev) >= 0 ? MF_CHECKED : 0), firstId++,
+                              Format(L"%d%%", superElev));
+    menu.AppendMenu(MF_POPUP, std::move(superElevs), L"超高");
+}
+
+void CSuperElevationPage::ToggleSuperElevation(int superElev)
+{
+    if (const int row = RowOf(superElev); row >= 0)
+        m_grid.Control().GetRecords().RemoveAt(row);
+    else
+        AddSuperElevation(superElev);
+}
+
+// -1 when the grid has no row for it.
+int CSuperElevationPage::RowOf(int superElev) const
+{
+    for (int row = 0; row < m_grid.GetRowCount(); ++row)
+        if (static_cast<int>(m_grid.RowHeader(row)->GetItemData()) == superElev) return row;
+    return -1;
+}
+
+// Before the first lower one: the check of the ranges goes by this order.
+void CSuperElevationPage::AddSuperElevation(int superElev)
+{
+    int at = 0;
+    while (at < m_grid.GetRowCount() &&
+           static_cast<int>(m_grid.RowHeader(at)->GetItemData()) > superElev)
+        ++at;
+    m_grid.InsertRow(at, Format(L"超高 %d%% 时圆\n曲线半径范围", superElev),
+                     static_cast<unsigned>(superElev));
+}

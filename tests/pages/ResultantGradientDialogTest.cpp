@@ -1,0 +1,256 @@
+#include "pages/ResultantGradientDialog.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/pages/PageTest.h"
+
+namespace {
+
+using C = CDSMaxResultantGrad;
+
+class ResultantGradientDialog : public PageTest<CResultantGradientDialog> {
+protected:
+    void Load(const C& criterion)
+    {
+        PageTest::Load(&CDesignSpecification::MaxResultantGrad, criterion);
+    }
+    static C& Stored() { return Specification().MaxResultantGrad; }
+    static C Empty()
+    {
+        C criterion;
+        criterion.Item(C::CityRoad).RemoveAll();
+        return criterion;
+    }
+    static C TwoClasses()
+    {
+        C criterion = Empty();
+        criterion.Item(C::FreeWay) = {{120, 9.5}, {80, 10}};
+        criterion.Item(C::HighwayClass1) = {{100, 8}, {80, 5.5}};
+        return criterion;
+    }
+    CXTPReportControl* TheGrid() { return Grid(&m_page, CDSPage::kGrid); }
+    std::string Headers()
+    {
+        std::string texts;
+        for (int row = 0; row < TheGrid()->GetRecords().GetCount(); ++row)
+            texts += (row ? " " : "") + ToUtf8(CellText(TheGrid(), row, 0));
+        return texts;
+    }
+    // Chooses below the header, where a grid without rows has its menu too.
+    void ChooseAtHeader(const CString& item)
+    {
+        ExpectModal menu([&item](QWidget* window) { ChooseMenuItem(window, item); });
+        RightClickHeader(TheGrid(), 0);
+    }
+    std::vector<std::string> MenuAtHeader()
+    {
+        std::vector<std::string> lines;
+        ExpectModal menu([&lines](QWidget* window) {
+            for (const CString& line : MenuLines(window))
+                lines.push_back(ToUtf8(line));
+            PressKey(window, Qt::Key_Escape);
+        });
+        RightClickHeader(TheGrid(), 0);
+        return lines;
+    }
+};
+
+} // namespace
+
+TEST_F(ResultantGradientDialog, ShowsTheBuiltInCityRoadsBeforeAnythingIsLoaded)
+{
+    Show();
+    EXPECT_EQ(Headers(), "城市道路");
+    EXPECT_EQ(Columns(TheGrid()), "设计车速(km/h) 80 60 50 40 30 20");
+    EXPECT_EQ(Row(TheGrid(), 0), "7 6.5 6.5 7 7 8");
+    EXPECT_EQ(TextOf(108), "6.0");
+    EXPECT_EQ(TextOf(118), "");
+    EXPECT_EQ(TextOf(119), "在右键菜单中添加或删除车速和道路等级");
+    EXPECT_FALSE(IsShown(106));
+    EXPECT_EQ(TheGrid()->ShownColumn(0)->GetWidth(), 140);
+    EXPECT_EQ(TheGrid()->ShownColumn(1)->GetWidth(), 40);
+    EXPECT_FALSE(TheGrid()->ShownColumn(1)->IsSortable());
+}
+
+TEST_F(ResultantGradientDialog, ASpeedOfOneRoadClassLeavesTheOthersEmpty)
+{
+    Show();
+    Load(TwoClasses());
+    EXPECT_EQ(Headers(), "高速公路 一级公路");
+    EXPECT_EQ(Columns(TheGrid()), "设计车速(km/h) 120 100 80");
+    EXPECT_EQ(Row(TheGrid(), 0), "9.5 - 10");
+    EXPECT_EQ(Row(TheGrid(), 1), "- 8 5.5");
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(Stored(), TwoClasses());
+}
+
+TEST_F(ResultantGradientDialog, TheMenuListsSpeedsAndRoadClasses)
+{
+    Show();
+    Load(TwoClasses());
+    EXPECT_EQ(MenuOf(TheGrid(), 0, 1),
+              (std::vector<std::string>{"[x] 120 km/h", "[x] 100 km/h", "[x] 80 km/h", "60 km/h",
+                                        "50 km/h", "40 km/h", "30 km/h", "20 km/h", "输入车速...",
+                                        "---", "城市道路", "[x] 高速公路", "[x] 一级公路",
+                                        "二级公路", "三级公路", "四级公路", "其它道路"}));
+}
+
+TEST_F(ResultantGradientDialog, WithoutARowOnlyARoadClassCanBeAdded)
+{
+    Show();
+    Load(Empty());
+    EXPECT_EQ(MenuAtHeader(),
+              (std::vector<std::string>{"(120 km/h)", "(100 km/h)", "(80 km/h)", "(60 km/h)",
+                                        "(50 km/h)", "(40 km/h)", "(30 km/h)", "(20 km/h)",
+                                        "(输入车速...)", "---", "城市道路", "高速公路", "一级公路",
+                                        "二级公路", "三级公路", "四级公路", "其它道路"}));
+    ChooseAtHeader(L"二级公路");
+    ChooseAtHeader(L"60 km/h");
+    EditCell(TheGrid(), 0, 1, L"9.5");
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(Stored().Item(C::HighwayClass2), (SpeedToDoubleValues{{60, 9.5}}));
+}
+
+TEST_F(ResultantGradientDialog, ARemovedRoadClassIsStoredEmpty)
+{
+    Show();
+    Load(TwoClasses());
+    ChooseFromMenu(TheGrid(), 0, 1, L"一级公路");
+    EXPECT_EQ(Headers(), "高速公路");
+    EXPECT_EQ(Columns(TheGrid()), "设计车速(km/h) 120 100 80");
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(Stored().Item(C::HighwayClass1).count, 0);
+    EXPECT_EQ(Stored().Item(C::FreeWay), TwoClasses().Item(C::FreeWay));
+    m_page.Callback().Load(L"甲");
+    EXPECT_EQ(Headers(), "高速公路");
+    EXPECT_EQ(Columns(TheGrid()), "设计车速(km/h) 120 80");
+}
+
+TEST_F(ResultantGradientDialog, AnAddedRoadClassStandsLastUntilItIsLoadedAgain)
+{
+    Show();
+    Load(TwoClasses());
+    ChooseFromMenu(TheGrid(), 0, 1, L"其它道路");
+    ChooseFromMenu(TheGrid(), 0, 1, L"城市道路");
+    EXPECT_EQ(Headers(), "高速公路 一级公路 其它道路 城市道路");
+    EXPECT_EQ(Row(TheGrid(), 2), "- - -");
+    EditCell(TheGrid(), 2, 1, L"4");
+    EditCell(TheGrid(), 3, 3, L"7.5");
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(Stored().Item(C::OtherRoad), (SpeedToDoubleValues{{120, 4}}));
+    EXPECT_EQ(Stored().Item(C::CityRoad), (SpeedToDoubleValues{{80, 7.5}}));
+    m_page.Callback().Load(L"甲");
+    EXPECT_EQ(Headers(), "城市道路 高速公路 一级公路 其它道路");
+    EXPECT_EQ(Row(TheGrid(), 0), "- - 7.5");
+}
+
+TEST_F(ResultantGradientDialog, ARoadClassWithoutValuesIsGoneAfterTheNextLoad)
+{
+    Show();
+    Load(TwoClasses());
+    ChooseFromMenu(TheGrid(), 0, 1, L"四级公路");
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(Stored(), TwoClasses());
+    m_page.Callback().Load(L"甲");
+    EXPECT_EQ(Headers(), "高速公路 一级公路");
+}
+
+TEST_F(ResultantGradientDialog, AnAddedSpeedIsNarrowerAndTakesDecimals)
+{
+    Show();
+    Load(TwoClasses());
+    ChooseFromMenu(TheGrid(), 0, 1, L"60 km/h");
+    EXPECT_EQ(Columns(TheGrid()), "设计车速(km/h) 120 100 80 60");
+    EXPECT_EQ(TheGrid()->ShownColumn(4)->GetWidth(), 35);
+    EXPECT_EQ(Row(TheGrid(), 1), "- 8 5.5 -");
+    EditCell(TheGrid(), 0, 4, L"6.50");
+    EXPECT_EQ(Row(TheGrid(), 0), "9.5 - 10 6.5");
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(Stored().Item(C::FreeWay), (SpeedToDoubleValues{{120, 9.5}, {80, 10}, {60, 6.5}}));
+    EXPECT_EQ(Stored().Item(C::HighwayClass1), TwoClasses().Item(C::HighwayClass1));
+    m_page.Callback().Load(L"甲");
+    EXPECT_EQ(TheGrid()->ShownColumn(4)->GetWidth(), 40);
+}
+
+TEST_F(ResultantGradientDialog, ASpeedCanBeEnteredAndRemoved)
+{
+    Show();
+    Load(TwoClasses());
+    {
+        ExpectModal menu([](QWidget* window) { ChooseMenuItem(window, L"输入车速..."); });
+        ExpectModal dialog([](QWidget* window) {
+            TypeInto(window, 108, L"90");
+            Click(window, IDOK);
+        });
+        RightClickCell(TheGrid(), 0, 1);
+    }
+    EXPECT_EQ(Columns(TheGrid()), "设计车速(km/h) 120 100 90 80");
+    ChooseFromMenu(TheGrid(), 0, 1, L"120 km/h");
+    EXPECT_EQ(Columns(TheGrid()), "设计车速(km/h) 100 90 80");
+}
+
+TEST_F(ResultantGradientDialog, TheSnowValueHasAtMostOneDecimal)
+{
+    Show();
+    Load(TwoClasses());
+    for (const wchar_t* text : {L"6.55", L"-1", L"x", L"."}) {
+        TypeInto(&m_page, 108, text);
+        EXPECT_EQ(Fault(), "积雪冰冻地区最大合成坡度必须大于等于0,并且最多只有一位小数!")
+            << ToUtf8(text);
+    }
+    for (const wchar_t* text : {L"", L"  "}) {
+        TypeInto(&m_page, 108, text);
+        EXPECT_EQ(Fault(), "积雪冰冻地区最大合成坡度不能是空!");
+    }
+    m_page.FocusRefused();
+    EXPECT_TRUE(Control(&m_page, 108)->hasFocus());
+    const std::pair<const wchar_t*, double> kAccepted[] = {
+        {L"6", 6}, {L" 6.5 ", 6.5}, {L"0", 0}, {L"7.", 7}};
+    for (const auto& [text, value] : kAccepted) {
+        TypeInto(&m_page, 108, text);
+        EXPECT_EQ(Fault(), "") << ToUtf8(text);
+        ASSERT_TRUE(Save());
+        EXPECT_EQ(Stored().MaxResultantGradOnSnowFrozenRegion, value);
+    }
+}
+
+TEST_F(ResultantGradientDialog, AFailureLeavesWhatComesAfterIt)
+{
+    Show();
+    Load(TwoClasses());
+    C criterion;
+    CString message;
+    TypeInto(&m_page, 108, L"6.55");
+    EXPECT_FALSE(m_page.StoreStep(criterion, message));
+    EXPECT_EQ(criterion.MaxResultantGradOnSnowFrozenRegion, 6.55);
+    EXPECT_EQ(criterion.Item(C::CityRoad), C().Item(C::CityRoad));
+    EXPECT_EQ(criterion.Item(C::FreeWay).count, 0);
+}
+
+TEST_F(ResultantGradientDialog, KeepsItsSource)
+{
+    C criterion;
+    criterion.Criterion = L"规范第7条";
+    Show();
+    Load(criterion);
+    EXPECT_EQ(ReadSource(118), "规范第7条");
+    EnterSource(118, L" 第8条 ");
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(Stored().Criterion, L"第8条");
+}
+
+TEST_F(ResultantGradientDialog, ViewModeLocksAllButTheSource)
+{
+    C criterion;
+    criterion.Criterion = L"来源";
+    Load(criterion);
+    Show(true);
+    EXPECT_FALSE(IsEnabled(108));
+    EXPECT_FALSE(IsShown(119));
+    EditCell(TheGrid(), 0, 1, L"5");
+    EXPECT_EQ(Row(TheGrid(), 0), "7 6.5 6.5 7 7 8");
+    RightClickCell(TheGrid(), 0, 1);
+    RightClickHeader(TheGrid(), 0);
+    WaitForNothing();
+    EXPECT_EQ(ReadSource(118), "来源");
+}

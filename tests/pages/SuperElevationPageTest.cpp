@@ -1,0 +1,406 @@
+#include "pages/SuperElevationPage.h"
+
+#include <gtest/gtest.h>
+
+#include <QListWidget>
+
+#include "tests/pages/PageTest.h"
+
+namespace {
+
+// Exists before the page that asks it does.
+struct MaximaPage {
+    MaximaPage() { EXPECT_TRUE(m_maxima.Create(&m_maximaFrame)); }
+    QWidget m_maximaFrame;
+    CMaxSuperElevPage m_maxima;
+};
+
+MaximaPage* g_maxima = nullptr;
+
+struct TablesPage : CSuperElevationPage {
+    TablesPage() : CSuperElevationPage(&g_maxima->m_maxima) {}
+};
+
+struct MaximaFirst {
+    MaximaFirst() { g_maxima = &m_first; }
+    MaximaPage m_first;
+};
+
+constexpr int kList = 122;
+
+class SuperElevationPage : protected MaximaFirst, public PageTest<TablesPage> {
+protected:
+    void Load(const CDSSuperElevation& criterion)
+    {
+        PageTest::Load(&CDesignSpecification::SuperElevation, criterion);
+    }
+    // The maxima that stand on the other page.
+    void UseMaxima(const CArray<int>& maxima)
+    {
+        CDSMaxSuperElevation criterion;
+        criterion.MaxSuperElev.RemoveAll();
+        int speed = 120;
+        for (int maximum : maxima)
+            AddSpeed(criterion.MaxSuperElev, speed--, maximum);
+        m_first.m_maxima.LoadStep(criterion);
+    }
+    static CDSSuperElevation& Stored() { return Specification().SuperElevation; }
+    static CDSSuperElevation Eight()
+    {
+        CDSSuperElevation criterion;
+        criterion.definitions = {
+            {8, {{60, {{250, 270, 8}, {270, 330, 7}, {330, 400, 6}}}, {40, {{90, 120, 8}}}}}};
+        return criterion;
+    }
+    CXTPReportControl* TheGrid() { return Grid(&m_page, CDSPage::kGrid); }
+    QListWidget* List() { return Control<QListWidget>(&m_page, kList); }
+    std::string Listed()
+    {
+        std::string texts;
+        for (int i = 0; i < List()->count(); ++i)
+            texts += (i ? " " : "") + List()->item(i)->text().toStdString();
+        return texts;
+    }
+    std::string Selected()
+    {
+        return List()->currentItem() ? List()->currentItem()->text().toStdString() : "";
+    }
+    void Select(int row)
+    {
+        const QRect rect = List()->visualItemRect(List()->item(row));
+        QTest::mouseClick(List()->viewport(), Qt::LeftButton, {}, rect.center());
+    }
+    void BringToFrontAgain()
+    {
+        m_page.hide();
+        m_page.show();
+        m_page.Callback().OnShow();
+    }
+};
+
+} // namespace
+
+TEST_F(SuperElevationPage, ShowsTheFirstBuiltInTable)
+{
+    Show();
+    EXPECT_EQ(Listed(), "最大6% 最大4% 最大2%");
+    EXPECT_EQ(Selected(), "最大6%");
+    EXPECT_EQ(Columns(TheGrid()), "设计车速(km/h) 80");
+    EXPECT_EQ(TheGrid()->GetRecords().GetCount(), 5);
+    EXPECT_EQ(CellText(TheGrid(), 0, 0), L"超高 6% 时圆\n曲线半径范围");
+    EXPECT_EQ(Row(TheGrid(), 0), "200~300");
+    EXPECT_EQ(CellText(TheGrid(), 4, 0), L"超高 2% 时圆\n曲线半径范围");
+    EXPECT_EQ(Row(TheGrid(), 4), "810~1000");
+    EXPECT_EQ(TheGrid()->ShownColumn(0)->GetWidth(), 100);
+    EXPECT_EQ(TheGrid()->ShownColumn(1)->GetWidth(), 70);
+    EXPECT_FALSE(TheGrid()->ShownColumn(1)->IsSortable());
+    EXPECT_EQ(TextOf(119), "在右键菜单中添加或删除车速和超高");
+    EXPECT_FALSE(IsShown(106));
+}
+
+TEST_F(SuperElevationPage, TheBuiltInTablesAreValidAndStoredInTheOrderOfTheMaxima)
+{
+    UseMaxima({2, 6, 4});
+    Show();
+    Load(CDSSuperElevation());
+    EXPECT_EQ(Fault(), "");
+    ASSERT_TRUE(Save());
+    const CDSSuperElevation defaults;
+    ASSERT_EQ(Stored().definitions.count, 3);
+    EXPECT_EQ(Stored().definitions[0], defaults.definitions[2]);
+    EXPECT_EQ(Stored().definitions[1], defaults.definitions[0]);
+    EXPECT_EQ(Stored().definitions[2], defaults.definitions[1]);
+}
+
+TEST_F(SuperElevationPage, ShowsTheTableOfTheSelectedMaximum)
+{
+    Show();
+    Select(1);
+    EXPECT_EQ(Columns(TheGrid()), "设计车速(km/h) 60 50");
+    EXPECT_EQ(Row(TheGrid(), 0), "150~230 110~150");
+    Select(2);
+    EXPECT_EQ(Columns(TheGrid()), "设计车速(km/h) 40 30 20");
+    EXPECT_EQ(Row(TheGrid(), 0), "70~300 40~150 20~70");
+    EXPECT_EQ(TheGrid()->GetRecords().GetCount(), 1);
+}
+
+TEST_F(SuperElevationPage, RangesThatJoinAreValid)
+{
+    UseMaxima({8});
+    Show();
+    Load(Eight());
+    EXPECT_EQ(Columns(TheGrid()), "设计车速(km/h) 60 40");
+    EXPECT_EQ(Row(TheGrid(), 0), "250~270 90~120");
+    EXPECT_EQ(Row(TheGrid(), 1), "270~330 -");
+    EXPECT_EQ(Fault(), "");
+    EditCell(TheGrid(), 1, 1, L"280~330");
+    EXPECT_EQ(Fault(), "最大超高 8% 在 车速 60km/h 时, 超高 8% 的最大\n"
+                       "圆曲线半径应该为 7% 的最小圆曲线半径!");
+    EditCell(TheGrid(), 1, 1, L"270 320");
+    EXPECT_EQ(Fault(), "最大超高 8% 在 车速 60km/h 时, 超高 7% 的最大\n"
+                       "圆曲线半径应该为 6% 的最小圆曲线半径!");
+    EditCell(TheGrid(), 1, 1, L"");
+    EditCell(TheGrid(), 2, 1, L"400,270");
+    EXPECT_EQ(Fault(), "");
+    ASSERT_TRUE(Save());
+    CDSSuperElevation expected = Eight();
+    expected.definitions[0].rows[0].ranges = {{250, 270, 8}, {270, 400, 6}};
+    EXPECT_EQ(Stored(), expected);
+    Load(CDSSuperElevation());
+    Load(expected);
+    EXPECT_EQ(TheGrid()->GetRecords().GetCount(), 2);
+    EXPECT_EQ(Row(TheGrid(), 1), "270~400 -");
+}
+
+TEST_F(SuperElevationPage, TheTableOfAnotherMaximumIsCheckedToo)
+{
+    CDSSuperElevation criterion;
+    criterion.definitions[2].rows[0].ranges = {{70, 100, 2}, {110, 120, 1}};
+    UseMaxima({6, 2});
+    Show();
+    Load(criterion);
+    EXPECT_EQ(Fault(), "最大超高 2% 在 车速 40km/h 时, 超高 2% 的最大\n"
+                       "圆曲线半径应该为 1% 的最小圆曲线半径!");
+}
+
+TEST_F(SuperElevationPage, AMaximumWithoutATableIsRefused)
+{
+    UseMaxima({6, 9});
+    Show();
+    EXPECT_EQ(Listed(), "最大9% 最大6% 最大4% 最大2%");
+    EXPECT_EQ(Selected(), "最大6%");
+    EXPECT_EQ(Fault(), "最大超高 9% 的超高表未设置!");
+    m_page.FocusRefused();
+    EXPECT_TRUE(List()->hasFocus());
+    Select(0);
+    EXPECT_EQ(Columns(TheGrid()), "设计车速(km/h)");
+    EXPECT_EQ(Fault(), "最大超高 9% 的超高表未设置!");
+}
+
+TEST_F(SuperElevationPage, AnEmptiedTableIsNotSet)
+{
+    UseMaxima({2});
+    CDSSuperElevation criterion;
+    criterion.definitions = {{2, {{40, {{70, 300, 2}}}}}};
+    Show();
+    Load(criterion);
+    EditCell(TheGrid(), 0, 1, L"");
+    EXPECT_EQ(Fault(), "最大超高 2% 的超高表未设置!");
+}
+
+TEST_F(SuperElevationPage, ATableIsMadeFromNothing)
+{
+    UseMaxima({6, 3});
+    Show();
+    Load(CDSSuperElevation());
+    BringToFrontAgain();
+    EXPECT_EQ(Listed(), "最大6% 最大4% 最大3% 最大2%");
+    Select(2);
+    std::vector<std::string> lines;
+    {
+        ExpectModal menu([&lines](QWidget* window) {
+            for (const CString& line : MenuLines(window))
+                lines.push_back(ToUtf8(line));
+            ChooseMenuItem(window, L"2%");
+        });
+        RightClickHeader(TheGrid(), 0);
+    }
+    EXPECT_EQ(lines, (std::vector<std::string>{"(120 km/h)", "(100 km/h)", "(80 km/h)", "(60 km/h)",
+                                               "(50 km/h)", "(40 km/h)", "(30 km/h)", "(20 km/h)",
+                                               "(输入车速...)", "---", "超高 >"}));
+    ChooseFromMenu(TheGrid(), 0, 0, L"3%");
+    ChooseFromMenu(TheGrid(), 0, 0, L"80 km/h");
+    EXPECT_EQ(CellText(TheGrid(), 0, 0), L"超高 3% 时圆\n曲线半径范围");
+    EXPECT_EQ(TheGrid()->ShownColumn(1)->GetWidth(), 70);
+    EditCell(TheGrid(), 0, 1, L"250,300");
+    EditCell(TheGrid(), 1, 1, L"400~300");
+    EXPECT_EQ(Fault(), "");
+    ASSERT_TRUE(Save());
+    ASSERT_EQ(Stored().definitions.count, 2);
+    EXPECT_EQ(Stored().definitions[1],
+              (SuperElevDefinition{3, {{80, {{250, 300, 3}, {300, 400, 2}}}}}));
+}
+
+TEST_F(SuperElevationPage, TheMenuListsSuperelevationsDownToTwo)
+{
+    UseMaxima({8});
+    Show();
+    Load(Eight());
+    std::string lines;
+    ExpectModal menu([&lines](QWidget* window) {
+        const auto items = ReadMenu(window);
+        ASSERT_EQ(items.size(), 11U);
+        EXPECT_EQ(items[8].text, L"输入车速...");
+        EXPECT_TRUE(items[8].enabled);
+        EXPECT_TRUE(items[9].separator);
+        for (const ShownMenuItem& item : items[10].subMenu)
+            lines += (item.checked ? "*" : "") + ToUtf8(item.text) + " ";
+        PressKey(window, Qt::Key_Escape);
+    });
+    RightClickCell(TheGrid(), 0, 1);
+    EXPECT_EQ(lines, "*8% *7% *6% 5% 4% 3% 2% ");
+}
+
+TEST_F(SuperElevationPage, ASuperelevationIsRemovedAndComesBackEmptyInItsPlace)
+{
+    UseMaxima({8});
+    Show();
+    Load(Eight());
+    ChooseFromMenu(TheGrid(), 0, 1, L"7%");
+    EXPECT_EQ(TheGrid()->GetRecords().GetCount(), 2);
+    ChooseFromMenu(TheGrid(), 0, 1, L"7%");
+    EXPECT_EQ(CellText(TheGrid(), 1, 0), L"超高 7% 时圆\n曲线半径范围");
+    EXPECT_EQ(Row(TheGrid(), 1), "- -");
+    ChooseFromMenu(TheGrid(), 0, 1, L"3%");
+    EXPECT_EQ(CellText(TheGrid(), 3, 0), L"超高 3% 时圆\n曲线半径范围");
+}
+
+TEST_F(SuperElevationPage, TheHeaderHasTheMenuToo)
+{
+    Show();
+    bool came = false;
+    ExpectModal menu([&came](QWidget* window) {
+        came = ReadMenu(window).back().text == L"超高";
+        PressKey(window, Qt::Key_Escape);
+    });
+    RightClickHeader(TheGrid(), 1);
+    EXPECT_TRUE(came);
+}
+
+TEST_F(SuperElevationPage, ARangeIsEnteredWithWaveBlankOrComma)
+{
+    Show();
+    const std::pair<const wchar_t*, const char*> kCases[] = {
+        {L"250~300", "250~300"},
+        {L"300~250", "250~300"},
+        {L"250 300", "250~300"},
+        {L"400,330", "330~400"},
+        {L" 250 ~ 300 ", "250~300"},
+        {L"250, 300", "250~300"},
+        {L"", "-"},
+        {L"250.9~300.9", "250~300"},
+        {L"２５０～３００", "250~300"},
+    };
+    for (const auto& [text, shown] : kCases) {
+        EditCell(TheGrid(), 0, 1, text);
+        EXPECT_EQ(Row(TheGrid(), 0), shown) << ToUtf8(text);
+    }
+}
+
+TEST_F(SuperElevationPage, ABadRangeIsToldAtOnceAndEmptiesTheCell)
+{
+    Show();
+    for (const auto& [text, message] :
+         {std::pair(L"0~300", L"圆曲线半径必须大于0!"), std::pair(L"a~b", L"圆曲线半径必须大于0!"),
+          std::pair(L"300", L"圆曲线半径范围的输入格式为 最小半径~最大半径 !"),
+          std::pair(L"1~2~3", L"圆曲线半径范围的输入格式为 最小半径~最大半径 !"),
+          std::pair(L"200 ~", L"圆曲线半径范围的输入格式为 最小半径~最大半径 !")}) {
+        EditCell(TheGrid(), 0, 1, L"200~300");
+        ASSERT_EQ(Row(TheGrid(), 0), "200~300");
+        const ExpectMessage box(message);
+        EditCell(TheGrid(), 0, 1, text);
+        EXPECT_EQ(Row(TheGrid(), 0), "-") << ToUtf8(text);
+    }
+}
+
+TEST_F(SuperElevationPage, EditsOfATableStayWhileAnotherIsShown)
+{
+    UseMaxima({6, 4, 2});
+    Show();
+    EditCell(TheGrid(), 0, 1, L"100~300");
+    Select(1);
+    Select(0);
+    EXPECT_EQ(Row(TheGrid(), 0), "100~300");
+}
+
+TEST_F(SuperElevationPage, ACellThatIsStillBeingEditedCounts)
+{
+    UseMaxima({6, 4, 2});
+    Show();
+    Load(CDSSuperElevation());
+    ClickCell(TheGrid(), 0, 1);
+    PressKey(&m_page, Qt::Key_A, Qt::ControlModifier);
+    Type(&m_page, L"100~300");
+    EXPECT_EQ(Fault(), "");
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(Stored().definitions[0].rows[0].ranges[0].minRadius, 100);
+}
+
+TEST_F(SuperElevationPage, AFilledTableStaysInTheListButIsNotStoredOnceItsMaximumHasGone)
+{
+    UseMaxima({6, 4, 3, 2});
+    Show();
+    Load(CDSSuperElevation());
+    BringToFrontAgain();
+    Select(2);
+    EXPECT_EQ(Selected(), "最大3%");
+    UseMaxima({4, 2});
+    BringToFrontAgain();
+    EXPECT_EQ(Listed(), "最大6% 最大4% 最大2%");
+    EXPECT_EQ(Selected(), "最大6%");
+    EXPECT_EQ(Row(TheGrid(), 0), "200~300");
+    EXPECT_EQ(Fault(), "");
+    ASSERT_TRUE(Save());
+    ASSERT_EQ(Stored().definitions.count, 2);
+    EXPECT_EQ(Stored().definitions[0].maxSuperElev, 4);
+}
+
+TEST_F(SuperElevationPage, TheSelectionStaysWhenTheListIsRebuilt)
+{
+    Show();
+    Select(1);
+    UseMaxima({9, 6, 4, 2});
+    BringToFrontAgain();
+    EXPECT_EQ(Listed(), "最大9% 最大6% 最大4% 最大2%");
+    EXPECT_EQ(Selected(), "最大4%");
+    EXPECT_EQ(Row(TheGrid(), 0), "150~230 110~150");
+}
+
+TEST_F(SuperElevationPage, WithoutAMaximumThereIsNoTableAndNoMenu)
+{
+    CDSSuperElevation criterion;
+    criterion.definitions.RemoveAll();
+    UseMaxima({});
+    Show();
+    Load(criterion);
+    EXPECT_EQ(Listed(), "");
+    EXPECT_EQ(Columns(TheGrid()), "设计车速(km/h)");
+    RightClickHeader(TheGrid(), 0);
+    WaitForNothing();
+    EXPECT_EQ(Fault(), "");
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(Stored(), criterion);
+}
+
+TEST_F(SuperElevationPage, KeepsItsSource)
+{
+    CDSSuperElevation criterion;
+    criterion.Criterion = L"规范第7条";
+    Show();
+    Load(criterion);
+    EXPECT_EQ(ReadSource(118), "规范第7条");
+    EnterSource(118, L" 第8条 ");
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(Stored().Criterion, L"第8条");
+}
+
+TEST_F(SuperElevationPage, ViewModeLocksTheGridOnly)
+{
+    UseMaxima({6, 4, 2});
+    Load(CDSSuperElevation());
+    Show(true);
+    EXPECT_FALSE(IsShown(119));
+    EditCell(TheGrid(), 0, 1, L"1~2");
+    EXPECT_EQ(Row(TheGrid(), 0), "200~300");
+    RightClickCell(TheGrid(), 0, 1);
+    WaitForNothing();
+    Select(1);
+    EXPECT_EQ(Row(TheGrid(), 0), "150~230 110~150");
+}
+
+TEST_F(SuperElevationPage, SaveFailsWithoutASpecificationOfTheName)
+{
+    m_page.Callback().Load(L"甲");
+    m_page.Callback().Rename(L"乙");
+    EXPECT_FALSE(Save());
+}
