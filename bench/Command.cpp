@@ -1,12 +1,10 @@
 // A whole process of the command, from its start to its end, beside other programs.
-#include <filesystem>
-
 #include <benchmark/benchmark.h>
 #include <fcntl.h>
 #include <spawn.h>
 #include <sys/wait.h>
 
-#include "bench/Bench.h"
+#include "bench/TemporaryProject.h"
 
 extern char** environ;
 
@@ -51,8 +49,9 @@ void Add(const char* name, const std::vector<std::string>& arguments)
 
 void AddCommand()
 {
-    Add("designspec", {BINARY_DIR "/designspec", "--project", SOURCE_DIR "/examples/project",
-                       "query", "CircularCurveRad.SuperelevationMinRad", "--speed", "60"});
+    static const TemporaryProject project(1);
+    Add("designspec", {BINARY_DIR "/designspec", "--project", project.Folder().string(), "query",
+                       "CircularCurveRad.SuperelevationMinRad", "--speed", "60"});
     Add("true", {"/bin/true"});
     Add("sqlite3", {"sqlite3", ":memory:", "SELECT 1"});
     Add("python3", {"python3", "-c", "pass"});

@@ -1,6 +1,5 @@
 // Reading a library of files and saving one of its specifications, beside what the same bytes cost
 // without the library, and the memory that a loaded specification takes.
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 
@@ -11,9 +10,7 @@
 #include <pugixml.hpp>
 #include <unistd.h>
 
-#include "bench/Bench.h"
-#include "library/DesignSpecifications.h"
-#include "platform/vmrd/VMRDPub/VMRDPub.h"
+#include "bench/TemporaryProject.h"
 
 namespace fs = std::filesystem;
 
@@ -21,45 +18,15 @@ namespace {
 
 constexpr int kFiles = 1000;
 
-// A project whose library holds a thousand specifications, deleted at the end of the program.
-class Project {
-public:
-    Project()
-    {
-        char folder[] = "/tmp/core_bench-XXXXXX";
-        Require(mkdtemp(folder) != nullptr, "no temporary folder");
-        m_folder = folder;
-        VMRDPub::SetCurPrjPath(ToWide(folder));
-        auto& library = *CDesignSpecifications::GetInstance();
-        for (int i = 0; i < kFiles; ++i) {
-            auto* made = new CDesignSpecification;
-            made->SetName(Format(L"城市道路设计规范%d", i + 1).c_str());
-            library.Add(made);
-            Require(library.Save(made), "a specification could not be saved");
-        }
-        for (const auto& entry : fs::directory_iterator(Library()))
-            m_files.push_back(entry.path().string());
-    }
-    ~Project() { fs::remove_all(m_folder); }
-
-    fs::path Library() const { return m_folder / "规范"; }
-    const std::vector<std::string>& Files() const { return m_files; }
-
-private:
-    fs::path m_folder;
-    std::vector<std::string> m_files;
-};
-
-const Project& TheProject()
+const TemporaryProject& TheProject()
 {
-    static const Project project;
+    static const TemporaryProject project(kFiles);
     return project;
 }
 
 CDesignSpecifications& Loaded()
 {
-    TheProject();
-    auto& library = *CDesignSpecifications::GetInstance();
+    CDesignSpecifications& library = TheProject().Open();
     library.Update();
     Require(library.Count() == kFiles, "not every file was loaded");
     return library;
@@ -156,7 +123,7 @@ size_t HeapInUse()
     return mallinfo2().uordblks;
 }
 
-// Reports the memory of one of a thousand that `keep` holds on to as a counter, in bytes.
+// Reports the memory of one of the thousand that `keep` holds on to, as a counter in bytes.
 template <class Keep> void MeasureMemory(benchmark::State& state, Keep keep)
 {
     for (auto _ : state) {
@@ -169,8 +136,7 @@ template <class Keep> void MeasureMemory(benchmark::State& state, Keep keep)
 
 void MemoryOfLibrary(benchmark::State& state)
 {
-    TheProject();
-    CDesignSpecifications::Destroy();
+    TheProject().Open();
     MeasureMemory(state, [] { return &Loaded(); });
 }
 

@@ -4,8 +4,7 @@
 
 #include <benchmark/benchmark.h>
 
-#include "bench/Bench.h"
-#include "library/DesignSpecifications.h"
+#include "bench/TemporaryProject.h"
 
 namespace {
 
@@ -18,11 +17,6 @@ struct NoCase {
 };
 using Index = std::map<CString, const CDesignSpecification*, NoCase>;
 
-CString NameOf(int i)
-{
-    return Format(L"城市道路设计规范%d", i + 1);
-}
-
 // Fills the library with so many specifications, none of which has a file.
 CDesignSpecifications& Fill(int count)
 {
@@ -30,7 +24,7 @@ CDesignSpecifications& Fill(int count)
     auto& library = *CDesignSpecifications::GetInstance();
     for (int i = 0; i < count; ++i) {
         auto* made = new CDesignSpecification;
-        made->SetName(NameOf(i).c_str());
+        made->SetName(TemporaryProject::NameOf(i).c_str());
         library.Add(made);
     }
     return library;
@@ -38,7 +32,8 @@ CDesignSpecifications& Fill(int count)
 
 template <class Find> void Measure(benchmark::State& state, int count, Find find)
 {
-    const auto names = MakeQuestions([count](auto number) { return NameOf(number(0, count - 1)); });
+    const auto names = MakeQuestions(
+        [count](auto number) { return TemporaryProject::NameOf(number(0, count - 1)); });
     const auto speeds = MakeQuestions([](auto number) { return number(20, 120); });
     size_t i = 0;
     for (auto _ : state) {

@@ -4,17 +4,13 @@
 #include "library/SpecificationEdit.h"
 #include "library/StyleName.h"
 #include "platform/vmrd/VMRDEnv/DeletedStyles.h"
+#include "platform/windows/File.h"
 #include "platform/windows/Number.h"
 
 namespace {
 
 constexpr int kLowestSpeed = 10; // km/h, as in the editor
 constexpr int kHighestSpeed = 150;
-
-Status StatusOf(bool done)
-{
-    return done ? kDone : kFileFailed;
-}
 
 // The name that a user gives, by the editor's rules.
 CString NameArgument(const CDesignSpecifications& library, const std::string& text,
@@ -39,30 +35,25 @@ double LimitArgument(const std::string& text, double)
 {
     const double value = DoubleArgument(text, L"值");
     if (value < 0) Refuse(L"值不能小于 0");
-    return value;
+    return value + 0.0; // no negative zero
 }
 
 template <class T>
 void SetSpeed(GrowArray<SpeedEntry<T>>& table, int speed, const Arguments& arguments)
 {
-    auto* found = std::find_if(table.begin(), table.end(),
-                               [&](const auto& entry) { return entry.speed == speed; });
-    const bool present = found != table.end();
-    if (arguments.unset) {
-        if (!present) Refuse(Format(L"表中没有车速 %d", speed));
-        while ((found = std::find_if(table.begin(), table.end(), [&](const auto& entry) {
-                    return entry.speed == speed;
-                })) != table.end())
-            table.RemoveAt(static_cast<std::int32_t>(found - table.begin()));
-        return;
-    }
-    const T value = LimitArgument(*arguments.value, T());
-    if (present) {
-        found->value = value;
-        return;
-    }
-    if (speed < kLowestSpeed || speed > kHighestSpeed)
+    const auto find = [&] {
+        return std::find_if(table.begin(), table.end(),
+                            [&](const auto& entry) { return entry.speed == speed; });
+    };
+    const bool present = find() != table.end();
+    if (arguments.unset && !present) Refuse(Format(L"表中没有车速 %d", speed));
+    if (!present && (speed < kLowestSpeed || speed > kHighestSpeed))
         Refuse(Format(L"车速 必须大于等于 %d 并且小于等于 %d", kLowestSpeed, kHighestSpeed));
+    const T value = arguments.unset ? T() : LimitArgument(*arguments.value, T());
+    // A file may hold the speed twice; a query could find either.
+    while (find() != table.end())
+        table.RemoveAt(static_cast<std::int32_t>(find() - table.begin()));
+    if (arguments.unset) return;
     AddSpeed(table, speed, value);
     SortDescending(table);
 }
@@ -129,8 +120,12 @@ Status RunRemove(const Arguments& arguments)
     CDesignSpecifications& library = OpenProject(arguments);
     const CDesignSpecification& specification = FindSpecification(library, arguments.name);
     const GUID id = specification.ID();
+    const CString file = library.FileOf(specification);
     library.Remove(IndexOf(library, specification), true);
-    return StatusOf(SetStyleAside(library, id));
+    // The file that it was read from may give no identity to find it by.
+    const bool done =
+        !PathFileExists(StylesFolder() + L"\\" + file) || SetStyleAside(library, file, id);
+    return StatusOf(SetStyleAside(library, id) && done);
 }
 
 Status RunDefault(const Arguments& arguments)
@@ -155,7 +150,9 @@ Status RunDefault(const Arguments& arguments)
 Status RunSet(const Arguments& arguments)
 {
     const FieldPath path = ParseFieldPath(arguments.path);
-    if (!path.field) Refuse(L"请指定要设置的字段: 条目.字段");
+    if (!path.field)
+        Refuse(Format(L"请指定 %s 的字段:", CString(path.criterion->name)) +
+               FieldList(*path.criterion));
     if (arguments.unset == arguments.value.has_value()) Refuse(L"请给出一个值,或用 --unset 去掉它");
     CDesignSpecifications& library = OpenProject(arguments);
     CDesignSpecification& specification = ChosenSpecification(library, arguments);

@@ -29,5 +29,6 @@ Status RunCheck(const Arguments& arguments)
     }
     for (const TraceLine& finding : findings)
         PrintLine(finding.Text());
+    if (findings.empty()) Complain(L"未发现异常");
     return kDone;
 }

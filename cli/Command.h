@@ -15,6 +15,11 @@ enum Status : int {
     kFileFailed = 3, // a file or the project could not be read or written
 };
 
+inline Status StatusOf(bool done)
+{
+    return done ? kDone : kFileFailed;
+}
+
 // Ends a command from anywhere inside it.
 struct CommandFailure {
     Status status;

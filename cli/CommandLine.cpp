@@ -28,7 +28,23 @@ constexpr char kFooter[] =
     "  designspec query CurveWidening --car 普通汽车 --radius 200\n"
     "  designspec set CircularCurveRad.SuperelevationMinRad --speed 80 260";
 
-constexpr char kPathHelp[] = "条目.字段,例如 CircularCurveRad.MaxRad;show 列出全部名称";
+constexpr char kPathHelp[] = "条目.字段,例如 CircularCurveRad.MaxRad;全部名称见下";
+
+// An empty word where leaving it out has a meaning is a script's slip.
+std::string NotEmpty(const std::string& word)
+{
+    return word.empty() ? "不能为空" : "";
+}
+
+std::string CriteriaHelp(bool withFields)
+{
+    CString text = withFields ? L"条目和字段:" : L"条目:";
+    for (const CriterionInfo& criterion : Criteria()) {
+        text += Format(L"\n  %s  %s", CString(criterion.name), CString(criterion.label));
+        if (withFields) text += FieldList(criterion, 4);
+    }
+    return ToUtf8(text);
+}
 
 class CommandLine {
 public:
@@ -49,8 +65,8 @@ public:
         m_app
             .add_option("--project", m_arguments.project,
                         "项目文件夹,即“规范”所在的文件夹(默认为当前文件夹)")
-            ->type_name("")
-            ->type_name("DIR");
+            ->type_name("DIR")
+            ->check(NotEmpty);
         m_app
             .add_option("--spec", m_arguments.spec,
                         "设计规范的名称或 GUID;不写则用默认的,没有默认的则用唯一的")
@@ -69,7 +85,7 @@ public:
         } catch (const CLI::Success& help) {
             return m_app.exit(help);
         } catch (const CLI::ParseError& error) {
-            Complain(Format(L"命令行有误: %s\n用 --help 查看用法。", CauseOf(error)));
+            Complain(Format(L"命令行有误: %s\n用 %s --help 查看用法", CauseOf(error), HelpCall()));
             return kWrongCall;
         }
         return m_run(m_arguments);
@@ -81,8 +97,23 @@ private:
         const std::vector<std::string> rest = m_app.remaining(true);
         if (m_app.get_subcommands().empty())
             return rest.empty() ? L"没有命令" : Format(L"没有命令“%s”", ToWide(rest.front()));
-        if (!rest.empty()) return Format(L"多余的参数“%s”", ToWide(rest.front()));
-        return ToWide(error.what());
+        if (!rest.empty())
+            return Format(rest.front().starts_with('-') ? L"没有选项“%s”" : L"多余的参数“%s”",
+                          ToWide(rest.front()));
+        // CLI11 tells the rest in English, "NAME is required" and "NAME: 1 required V missing".
+        const std::string what = error.what();
+        const CString name = ToWide(what.substr(0, what.find_first_of(": ")));
+        if (dynamic_cast<const CLI::RequiredError*>(&error)) return L"缺少 " + name;
+        if (!dynamic_cast<const CLI::ArgumentMismatch*>(&error)) return ToWide(what);
+        return name + (what.ends_with("missing") ? L" 后缺少值" : L" 只能给一次");
+    }
+
+    // The name of the command whose help tells more.
+    CString HelpCall() const
+    {
+        const auto commands = m_app.get_subcommands();
+        return commands.empty() ? L"designspec"
+                                : L"designspec " + ToWide(commands.front()->get_name());
     }
 
     CLI::App* Add(const char* name, const char* help, Run run)
@@ -97,10 +128,13 @@ private:
     void AddReading()
     {
         Add("list", "列出设计规范: 序号、默认标记、名称、GUID、文件", RunList);
-        Add("show", "显示设计规范或其中一个条目", RunShow)
-            ->add_option("CRITERION", m_arguments.path, "条目,例如 CircularCurveRad")
-            ->type_name("");
+        CLI::App* show = Add("show", "显示设计规范或其中一个条目", RunShow);
+        show->footer([] { return CriteriaHelp(false); });
+        show->add_option("CRITERION", m_arguments.path, "条目,例如 CircularCurveRad;不写则显示全部")
+            ->type_name("")
+            ->check(NotEmpty);
         CLI::App* query = Add("query", "查询一个限值,输出该值本身", RunQuery);
+        query->footer([] { return CriteriaHelp(true); });
         query->add_option("PATH", m_arguments.path, kPathHelp)->type_name("")->required();
         query->add_option("--speed", m_arguments.speed, "设计车速(km/h)")->type_name("V");
         query
@@ -136,9 +170,11 @@ private:
             ->type_name("")
             ->required();
         Add("default", "显示或设定默认的设计规范", RunDefault)
-            ->add_option("NAME", m_arguments.name, "名称或 GUID")
-            ->type_name("");
+            ->add_option("NAME", m_arguments.name, "名称或 GUID;不写则显示现在的")
+            ->type_name("")
+            ->check(NotEmpty);
         CLI::App* set = Add("set", "修改一个值并保存", RunSet);
+        set->footer([] { return CriteriaHelp(true); });
         set->add_option("PATH", m_arguments.path, kPathHelp)->type_name("")->required();
         set->add_option("VALUE", m_arguments.value, "新的值")->type_name("");
         set->add_option("--speed", m_arguments.speed, "设计车速(km/h),用于表中的值")
@@ -163,6 +199,7 @@ private:
             ->required();
         Add("template", "把项目的全部设计规范另存为模板", RunTemplate)
             ->add_option("DIR", m_arguments.file, "目标文件夹")
+            ->type_name("")
             ->required();
     }
 
@@ -190,6 +227,9 @@ int RunCommandLine(int argc, const char* const* argv)
     }
     SetTraceSink(before);
     CDesignSpecifications::Destroy();
-    if (std::fflush(stdout) != 0) failed = true;
+    if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
+        Complain(L"标准输出无法写入");
+        failed = true;
+    }
     return failed ? kFileFailed : status;
 }

@@ -15,11 +15,6 @@ CStringArray Names(const Arguments& arguments)
     return names;
 }
 
-Status StatusOf(bool done)
-{
-    return done ? kDone : kFileFailed;
-}
-
 } // namespace
 
 Status RunExport(const Arguments& arguments)

@@ -2,6 +2,7 @@
 
 #include <cstdio>
 
+#include "cli/TextTable.h"
 #include "platform/vmrd/VMRDEnv/DeletedStyles.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
 #include "platform/windows/File.h"
@@ -88,13 +89,22 @@ FieldPath ParseFieldPath(const std::string& path)
     if (point == CString::npos) return parsed;
     parsed.field = FindField(*parsed.criterion, wide.substr(point + 1));
     if (!parsed.field) {
-        CString text = Format(L"%s 没有字段“%s”。可选:", CString(parsed.criterion->name),
-                              wide.substr(point + 1));
-        for (const Field& field : parsed.criterion->fields)
-            text += Format(L"\n  %s  %s", CString(field.key), CString(field.label));
-        Refuse(text);
+        Refuse(Format(L"%s 没有字段“%s”。可选:", CString(parsed.criterion->name),
+                      wide.substr(point + 1)) +
+               FieldList(*parsed.criterion));
     }
     return parsed;
+}
+
+CString FieldList(const CriterionInfo& criterion, int indent)
+{
+    TextTable table(false);
+    for (const Field& field : criterion.fields)
+        table.AddRow({Format(L"%s.%s", CString(criterion.name), CString(field.key)), field.label});
+    CString text;
+    for (const CString& line : table.Lines(indent))
+        text += L"\n" + line;
+    return text;
 }
 
 int IntArgument(const std::string& text, const wchar_t* what)

@@ -34,6 +34,9 @@ struct FieldPath {
     const Field* field = nullptr;
 };
 FieldPath ParseFieldPath(const std::string& path);
+// The paths of a criterion's fields with their labels, each on a line of its own that begins with a
+// line break.
+CString FieldList(const CriterionInfo& criterion, int indent = 2);
 
 // A whole number or a decimal that the command line gives for the option or value `what`.
 int IntArgument(const std::string& text, const wchar_t* what);

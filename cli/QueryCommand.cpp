@@ -54,7 +54,29 @@ constexpr OptionUse kTakeMode = {L"--mode", &Arguments::mode, false};
 struct Answer {
     Json value; // null: no answer
     int code = 0;
+    const wchar_t* cause = L""; // what the code means
 };
+
+// What the codes -1, -2 … of the two queries that give one mean.
+constexpr const wchar_t* kSuperElevationCauses[] = {
+    L"超高查询不支持 interpolate",
+    L"没有这个最大超高的表,或表是空的",
+    L"车速高出表中车速,或该取值方式在表的一端没有值",
+    L"车速低于表中最低车速",
+    L"半径不在该车速的任何范围内",
+};
+constexpr const wchar_t* kWideningCauses[] = {
+    L"该半径范围没有这种车型",
+    L"半径大于各范围的上限,或与之相等",
+    L"半径小于各范围的下限,或与之相等",
+    L"半径不在任何范围内",
+};
+
+template <size_t Count> const wchar_t* CauseOf(const wchar_t* const (&causes)[Count], int code)
+{
+    const auto index = static_cast<size_t>(-1 - code);
+    return code < 0 && index < Count ? causes[index] : L"";
+}
 
 int SpeedOf(const Arguments& arguments)
 {
@@ -115,6 +137,7 @@ Answer QuerySuperElevation(const Arguments& arguments, const CDSSuperElevation& 
         IntArgument(arguments.tolerance.value_or("0"), L"车速容差"),
         IntArgument(*arguments.radius, L"半径"), value);
     if (answer.code == 0 && value != kUnwritten) answer.value = value;
+    answer.cause = CauseOf(kSuperElevationCauses, answer.code);
     return answer;
 }
 
@@ -126,6 +149,7 @@ Answer QueryWidening(const Arguments& arguments, const CDSCurveWidening& criteri
     answer.code = criterion.QueryWidening(ToWide(*arguments.car).c_str(),
                                           IntArgument(*arguments.radius, L"半径"), value);
     if (answer.code == 0) answer.value = value;
+    answer.cause = CauseOf(kWideningCauses, answer.code);
     return answer;
 }
 
@@ -140,7 +164,8 @@ Answer Ask(const Arguments& arguments, CDesignSpecification& specification)
         return QuerySuperElevation(arguments, specification.SuperElevation);
     if (object == &specification.CurveWidening)
         return QueryWidening(arguments, specification.CurveWidening);
-    Refuse(Format(L"请指定 %s 的字段", CString(path.criterion->name)));
+    Refuse(Format(L"请指定 %s 的字段:", CString(path.criterion->name)) +
+           FieldList(*path.criterion));
 }
 
 void PrintAnswer(const Json& value)
@@ -170,8 +195,8 @@ Status RunQuery(const Arguments& arguments)
     } else if (!answer.value.is_null()) {
         PrintAnswer(answer.value);
     }
-    if (answer.code != 0) Complain(Format(L"结果代码 %d", answer.code));
     if (!answer.value.is_null()) return kDone;
-    Complain(L"没有符合条件的值");
+    Complain(answer.code != 0 ? Format(L"结果代码 %d: %s", answer.code, CString(answer.cause))
+                              : CString(L"没有符合条件的值"));
     return kNoAnswer;
 }

@@ -7,8 +7,6 @@ function(arx_module NAME)
     if(ARG_FOLDER)
         set_target_properties(${NAME} PROPERTIES LIBRARY_OUTPUT_DIRECTORY ${ARG_FOLDER})
     else()
-        set_target_properties(${NAME} PROPERTIES
-            INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
         install(TARGETS ${NAME} LIBRARY DESTINATION ${CMAKE_INSTALL_BINDIR})
     endif()
     # A unique symbol would keep the module in memory after it was unloaded.

@@ -34,4 +34,4 @@ install(FILES cli/designspec.bash-completion
     DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
     RENAME designspec)
 
-install(FILES docs/designspec.xsd DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES docs/designspec.xsd docs/file-format.md DESTINATION ${CMAKE_INSTALL_DOCDIR})

@@ -47,7 +47,7 @@ DeletedStylesDialog::DeletedStylesDialog(CStyleEditor& editor, QWidget* parent)
     connect(m_bringBack, &QPushButton::clicked, this, &DeletedStylesDialog::BringBack);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     Fill();
-    resize(fontMetrics().averageCharWidth() * 80, fontMetrics().height() * 20);
+    resize(fontMetrics().height() * 40, fontMetrics().height() * 20);
 }
 
 void DeletedStylesDialog::Fill()
@@ -64,7 +64,7 @@ void DeletedStylesDialog::Fill()
         item->setText(0, tr("%1  (库中已有)").arg(item->text(0)));
         item->setToolTip(0, tr("库中有同一标识的样式; 先删除它才能恢复这一份"));
     }
-    m_list->header()->resizeSection(0, m_list->fontMetrics().averageCharWidth() * 36);
+    m_list->header()->resizeSection(0, m_list->fontMetrics().height() * 14);
     m_list->setCurrentItem(m_list->topLevelItem(0));
     if (m_list->topLevelItemCount() == 0) m_message->setText(tr("没有已删除的样式。"));
     EnableButton();

@@ -59,15 +59,16 @@ void HostModules::LoadAtStart()
 
 bool HostModules::IsLoaded(const QString& name) const
 {
-    return Holds(m_loaded, name);
+    return Holds(m_loaded, name) && acrxModuleLoaded(FromQString(name).c_str());
 }
 
 bool HostModules::Load(const QString& name)
 {
     if (IsLoaded(name)) return true;
-    if (!acrxLoadModule(FromQString(name).c_str(), false, false)) return false;
-    m_loaded << name;
-    return true;
+    m_loaded << name; // who listens to modules may ask
+    if (acrxLoadModule(FromQString(name).c_str(), false, false)) return true;
+    Remove(m_loaded, name);
+    return false;
 }
 
 bool HostModules::Unload(const QString& name)

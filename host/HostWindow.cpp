@@ -28,6 +28,8 @@ namespace {
 
 const QString kGeometryKey = QStringLiteral("window/geometry");
 const QString kStateKey = QStringLiteral("window/state");
+// Not the application's display name: the window system would put that behind each title.
+const QString kTitle = QStringLiteral("道路设计");
 constexpr int kMostNames = 3; // of changed files, in a message
 
 QString ShortList(const QStringList& names)
@@ -42,15 +44,15 @@ QString ShortList(const QStringList& names)
 HostWindow::HostWindow()
 {
     acedSetAcadFrame(this);
-    setWindowTitle(QApplication::applicationDisplayName());
+    setWindowTitle(kTitle);
     setCentralWidget(MakeCenter());
     MakePanels();
     MakeToolBar();
     MakeMenus();
     Connect();
     ShowNoProject();
-    const int character = fontMetrics().averageCharWidth();
-    resize(character * 130, fontMetrics().height() * 38);
+    const int line = fontMetrics().height();
+    resize(line * 58, line * 38);
     const QSettings settings;
     restoreGeometry(settings.value(kGeometryKey).toByteArray());
     restoreState(settings.value(kStateKey).toByteArray());
@@ -129,6 +131,8 @@ void HostWindow::Connect()
     connect(&m_watcher, &LibraryWatcher::ChangedOutside, this, &HostWindow::KeepChange);
     connect(m_projects, &ProjectMenu::Open, this, &HostWindow::OpenProject);
     connect(m_projects, &ProjectMenu::New, this, &HostWindow::NewProject);
+    connect(&m_styles->Commands(), &StyleCommands::Begun, this, [this] { m_cause.clear(); });
+    connect(&m_styles->Commands(), &StyleCommands::ReloadWanted, this, &HostWindow::Reload);
     connect(&m_styles->Commands(), &StyleCommands::Note, this,
             [this](const QString& text) { m_noteBar->Show(text); });
     connect(&m_styles->Commands(), &StyleCommands::Failed, this, &HostWindow::ShowFailure);
@@ -153,7 +157,7 @@ bool HostWindow::OpenProject(const QString& folder)
     const QString path = QDir(folder).absolutePath();
     VMRDPub::SetCurPrjPath(FromQString(path));
     RecentProjects().Add(path);
-    setWindowTitle(tr("%1 — %2").arg(QDir(path).dirName(), QApplication::applicationDisplayName()));
+    setWindowTitle(tr("%1 — %2").arg(QDir(path).dirName(), kTitle));
     m_styles->SetHint({});
     m_watcher.Watch(StylesFolder());
     Reload();
@@ -168,6 +172,7 @@ bool HostWindow::NewProject(const QString& folder)
 void HostWindow::Reload()
 {
     m_changed.clear();
+    m_changeBar->hide();
     m_watcher.Acknowledge();
     if (CPrjManager* const project = CPrjManager::GetInstance())
         project->GetStyleManager()->Refurbish();
@@ -178,6 +183,7 @@ void HostWindow::ShowError(const TraceLine& line)
     if (line.level != TraceLevel::Error) return;
     m_errors = m_errorBar->isHidden() ? 1 : m_errors + 1;
     const QString text = ToQString(line.Text());
+    m_cause = text;
     m_errorBar->Show(m_errors == 1 ? text : tr("%1\n(另有 %2 条)").arg(text).arg(m_errors - 1),
                      tr("详情"), [this] { ShowTrace(); });
 }
@@ -185,7 +191,7 @@ void HostWindow::ShowError(const TraceLine& line)
 // What failed was told to the trace before, with its cause; this says what it means.
 void HostWindow::ShowFailure(const QString& text)
 {
-    const QString cause = m_errorBar->isHidden() ? QString() : u'\n' + m_errorBar->Text();
+    const QString cause = m_cause.isEmpty() ? QString() : u'\n' + m_cause;
     m_errorBar->Show(text + cause, tr("详情"), [this] { ShowTrace(); });
 }
 
@@ -193,6 +199,12 @@ void HostWindow::ShowTrace()
 {
     m_tracePanel->show();
     m_tracePanel->raise();
+}
+
+void HostWindow::ShowModules()
+{
+    m_modulePanel->show();
+    m_modulePanel->raise();
 }
 
 void HostWindow::KeepChange(const QStringList& names)

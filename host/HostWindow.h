@@ -28,6 +28,7 @@ public:
 
     StyleManagerView& Styles() { return *m_styles; }
     void ShowTrace();
+    void ShowModules();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -55,6 +56,7 @@ private:
     LibraryWatcher m_watcher;
     QStringList m_changed; // files changed outside that the user was not told of yet
     int m_errors = 0;      // since the error bar was shown
+    QString m_cause;       // the last error since a command was begun
 
     StyleManagerView* m_styles = nullptr;
     MessageBar* m_errorBar = nullptr;

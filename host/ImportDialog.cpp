@@ -44,7 +44,7 @@ ImportDialog::ImportDialog(const CStyles& styles, const CStringArray& names,
     connect(m_buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(m_buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     EnableOK();
-    resize(fontMetrics().averageCharWidth() * 60, fontMetrics().height() * 22);
+    resize(fontMetrics().height() * 28, fontMetrics().height() * 22);
 }
 
 void ImportDialog::Fill(const CStyles& styles, const CStringArray& names, const CArray<GUID>& ids)

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include <QEvent>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -88,14 +89,14 @@ QString MessageBar::Text() const
 void MessageBar::changeEvent(QEvent* event)
 {
     QFrame::changeEvent(event);
-    if (event->type() == QEvent::ParentChange) Paint();
+    if (event->type() == QEvent::PaletteChange) Paint();
 }
 
 void MessageBar::Paint()
 {
     const int size = style()->pixelMetric(QStyle::PM_SmallIconSize);
     m_icon->setPixmap(style()->standardIcon(IconOf(m_kind)).pixmap(size, size));
-    QPalette tinted;
+    QPalette tinted = QGuiApplication::palette();
     tinted.setColor(QPalette::Window, Tint(tinted.color(QPalette::Window), m_kind));
     setPalette(tinted);
 }

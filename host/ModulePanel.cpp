@@ -33,28 +33,29 @@ QTreeWidget* MakeList()
     auto* list = new QTreeWidget;
     SetControlId(list, ControlId::Modules);
     list->setHeaderLabels(
-        {QObject::tr("启动时加载的模块"), QObject::tr("状态"), QObject::tr("原因")});
+        {QObject::tr("模块 (打勾: 启动时加载)"), QObject::tr("状态"), QObject::tr("原因")});
     list->setRootIsDecorated(false);
     list->setUniformRowHeights(true);
-    const int character = list->fontMetrics().averageCharWidth();
-    list->header()->resizeSection(NameColumn, character * 34);
-    list->header()->resizeSection(StateColumn, character * 14);
+    const int line = list->fontMetrics().height();
+    list->header()->resizeSection(NameColumn, line * 16);
+    list->header()->resizeSection(StateColumn, line * 6);
     return list;
 }
 
 } // namespace
 
 ModulePanel::ModulePanel(HostModules& modules, QWidget* parent)
-    : QWidget(parent), m_modules(modules), m_list(MakeList())
+    : QWidget(parent), m_modules(modules), m_list(MakeList()), m_buttons(new QHBoxLayout)
 {
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(m_list);
-    layout->addLayout(new QHBoxLayout);
+    layout->addLayout(m_buttons);
     m_load = AddButton(ControlId::ModuleLoad, tr("加载(&L)"), tr("加载选中的模块"));
     m_unload = AddButton(ControlId::ModuleUnload, tr("卸载(&U)"), tr("卸载选中的模块"));
     QPushButton* const add =
         AddButton(ControlId::ModuleAdd, tr("添加…(&A)"), tr("选择一个模块文件并加载它"));
     m_remove = AddButton(ControlId::ModuleRemove, tr("移除(&R)"), tr("启动时不再加载选中的模块"));
+    m_buttons->addStretch();
     connect(m_load, &QPushButton::clicked, this, &ModulePanel::Load);
     connect(m_unload, &QPushButton::clicked, this, &ModulePanel::Unload);
     connect(add, &QPushButton::clicked, this, &ModulePanel::AddFile);
@@ -78,8 +79,7 @@ QPushButton* ModulePanel::AddButton(int id, const QString& caption, const QStrin
     auto* button = new QPushButton(caption);
     SetControlId(button, id);
     button->setToolTip(tip);
-    auto* row = static_cast<QHBoxLayout*>(layout()->itemAt(1)->layout());
-    row->addWidget(button);
+    m_buttons->addWidget(button);
     return button;
 }
 

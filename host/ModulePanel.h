@@ -6,6 +6,7 @@
 #include "platform/arx/Modules.h"
 
 class HostModules;
+class QHBoxLayout;
 class QPushButton;
 class QTreeWidget;
 class QTreeWidgetItem;
@@ -30,6 +31,7 @@ private:
 
     HostModules& m_modules;
     QTreeWidget* m_list;
+    QHBoxLayout* m_buttons;
     QPushButton* m_load;
     QPushButton* m_unload;
     QPushButton* m_remove;

@@ -15,9 +15,7 @@ ProjectMenu::ProjectMenu(QWidget* window)
 {
     addSeparator();
     addAction(tr("退出(&X)"), QKeySequence(tr("Ctrl+Q")), window, &QWidget::close);
-    connect(m_recent, &QMenu::aboutToShow, this, &ProjectMenu::FillRecent);
-    connect(this, &QMenu::aboutToShow, this,
-            [this] { m_recent->setEnabled(!RecentProjects().List().isEmpty()); });
+    connect(this, &QMenu::aboutToShow, this, &ProjectMenu::FillRecent);
     RenewIcons();
 }
 
@@ -48,6 +46,7 @@ void ProjectMenu::AskOpen()
 void ProjectMenu::FillRecent()
 {
     m_recent->clear();
+    m_recent->setEnabled(!RecentProjects().List().isEmpty());
     int number = 0;
     for (const QString& folder : RecentProjects().List()) {
         const QString shown = QDir::toNativeSeparators(folder).replace(u'&', QStringLiteral("&&"));

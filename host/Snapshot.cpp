@@ -112,6 +112,8 @@ int WriteSnapshots(HostWindow& window, const SnapshotOptions& options)
     if (!shown) album.Take(&window, QObject::tr("样式管理器"));
     window.ShowTrace();
     album.Take(&window, QObject::tr("跟踪"));
+    window.ShowModules();
+    album.Take(&window, QObject::tr("模块"));
     if (!found) Complain(QObject::tr("没有样式: %1").arg(options.spec));
     if (!album.IsWhole()) return 3;
     return found ? 0 : 2;

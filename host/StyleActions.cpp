@@ -19,7 +19,7 @@ constexpr Command kCommands[] = {
     {kCommandNewStyle, L"新建", "Ctrl+N", "new", true},
     {kCommandNewStyleFrom, L"复制新建", "Ctrl+Shift+N", "copy", true},
     {0},
-    {kCommandEditStyle, L"编辑", "Return;Enter", "edit", true},
+    {kCommandEditStyle, L"编辑", "Enter; Return", "edit", true},
     {kCommandViewStyle, L"查看", "F4", "view", true},
     {kCommandRenameStyle, L"重命名", "F2", nullptr, false},
     {kCommandDeleteStyle, L"删除", "Del", "delete", true},
@@ -40,9 +40,11 @@ bool IsTableKey(unsigned command)
     return command == kCommandEditStyle || command == kCommandDeleteStyle;
 }
 
-QString FirstKey(const Command& command)
+// The first of the command's keys, as menus show it.
+CString ShownKey(const Command& command)
 {
-    return QString::fromLatin1(command.keys).section(u';', 0, 0);
+    const auto keys = QKeySequence::listFromString(QString::fromLatin1(command.keys));
+    return FromQString(keys.constFirst().toString(QKeySequence::NativeText));
 }
 
 } // namespace
@@ -62,22 +64,21 @@ StyleActions::StyleActions(const StyleCommands& commands, QWidget* window)
     RenewIcons();
 }
 
+// An editor that changes a caption sets the item anew, so that keys and state come after that.
 CMenu StyleActions::MakeContextMenu(const StyleCommands::Selection& selected) const
 {
     CMenu menu;
-    for (const Command& command : kCommands) {
-        if (command.id == 0) {
-            menu.AppendMenu(MF_SEPARATOR);
-            continue;
-        }
-        const UINT state = m_commands.IsEnabled(command.id, selected) ? MF_ENABLED : MF_GRAYED;
-        menu.AppendMenu(
-            MF_STRING | state, command.id,
-            Format(
-                L"%s\t%s", command.caption,
-                FromQString(QKeySequence(FirstKey(command)).toString(QKeySequence::NativeText))));
-    }
+    for (const Command& command : kCommands)
+        menu.AppendMenu(command.id == 0 ? MF_SEPARATOR : MF_STRING, command.id,
+                        command.caption ? command.caption : L"");
     if (CStyleEditor* const editor = m_commands.Editor()) editor->AdjustContextMenu(&menu);
+    for (const Command& command : kCommands) {
+        if (command.id == 0) continue;
+        CString text = menu.GetMenuString(command.id);
+        if (text.find(L'\t') == CString::npos) text += L"\t" + ShownKey(command);
+        const bool enabled = m_commands.IsEnabled(command.id, selected);
+        menu.ModifyMenu(command.id, enabled ? MF_ENABLED : MF_GRAYED, command.id, text);
+    }
     return menu;
 }
 
@@ -105,11 +106,13 @@ void StyleActions::AddTo(QWidget* menu) const
 
 void StyleActions::AddToToolBar(QToolBar* bar) const
 {
+    bool separate = false;
     for (const Command& command : kCommands) {
-        if (command.id == 0)
-            bar->addSeparator();
-        else if (command.onToolBar)
-            bar->addAction(Action(command.id));
+        separate = separate || command.id == 0;
+        if (!command.onToolBar) continue;
+        if (separate) bar->addSeparator();
+        separate = false;
+        bar->addAction(Action(command.id));
     }
 }
 

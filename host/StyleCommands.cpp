@@ -59,6 +59,7 @@ bool StyleCommands::IsEnabled(unsigned command, const Selection& selected) const
 void StyleCommands::Run(unsigned command, const Selection& selected)
 {
     if (!IsEnabled(command, selected)) return;
+    emit Begun();
     switch (command) {
     case kCommandNewStyle:
         return New(nullptr);
@@ -84,7 +85,7 @@ void StyleCommands::Run(unsigned command, const Selection& selected)
     case kCommandDeletedStyles:
         return ShowDeleted();
     case kCommandReload:
-        return m_editor->Refurbish();
+        return emit ReloadWanted();
     default:
         m_editor->OnCommand(command, Only(selected));
         break;

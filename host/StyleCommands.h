@@ -29,9 +29,11 @@ public:
     void Run(unsigned command, const Selection& selected);
 
 signals:
+    void Begun();              // before a command is done
     void Made(const GUID& id); // a new style, to be selected
     void Note(const QString& text);
     void Failed(const QString& text);
+    void ReloadWanted();
     void Listed(); // the library may show another list or default now
 
 private:

@@ -69,6 +69,7 @@ void StyleGroupTree::Add(QTreeWidgetItem* parent, const CStyleGroup& group)
 {
     auto* item = new QTreeWidgetItem(parent, {ToQString(group.Name())});
     item->setIcon(0, group.Icon());
+    item->setSizeHint(0, QSize(0, fontMetrics().height() * 8 / 5));
     const int count = group.HasStyles() ? group.StylesCount() : 0;
     if (count == 1) SetEditor(item, group.GetStyles(0));
     for (int i = 0; count > 1 && i < count; ++i)

@@ -10,7 +10,7 @@ struct ImportResult {
     int failed = 0;      // among both, those that could not be saved
 };
 
-// `names` as in CStyles::Import. A style that comes under another name than it had leaves its
-// file of the old name among the deleted ones.
+// `names` as in CStyles::Import. What is overwritten is not lost: its files, whatever they are
+// called, go to the deleted ones before the style is saved.
 ImportResult ImportStyles(CStyles& styles, const CString& path, const CStringArray& names,
                           bool overwrite);

@@ -40,8 +40,8 @@ StyleManagerView::StyleManagerView(QWidget* parent)
     m_splitter->addWidget(MakeRight());
     m_splitter->setStretchFactor(1, 1);
     m_splitter->setChildrenCollapsible(false);
-    const int character = fontMetrics().averageCharWidth();
-    m_splitter->setSizes({character * 26, character * 90});
+    const int line = fontMetrics().height();
+    m_splitter->setSizes({line * 12, line * 44});
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
@@ -78,9 +78,9 @@ void StyleManagerView::MakeTable()
     header->setHighlightSections(false);
     header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     header->setStretchLastSection(true);
-    const int character = m_table->fontMetrics().averageCharWidth();
-    header->resizeSection(StyleListModel::NameColumn, character * 40);
-    header->resizeSection(StyleListModel::DefaultColumn, character * 14);
+    const int line = m_table->fontMetrics().height();
+    header->resizeSection(StyleListModel::NameColumn, line * 20);
+    header->resizeSection(StyleListModel::DefaultColumn, line * 5);
     for (QAction* action :
          {m_actions->Action(kCommandEditStyle), m_actions->Action(kCommandDeleteStyle)})
         m_table->addAction(action);
@@ -160,7 +160,7 @@ void StyleManagerView::ShowGroups()
 
 void StyleManagerView::ShowEditor(CStyleEditor* editor)
 {
-    m_commands->SetEditor(editor);
+    m_commands->SetEditor(m_hostHint.isEmpty() ? editor : nullptr);
     Refresh();
 }
 
@@ -225,7 +225,7 @@ void StyleManagerView::SetHint(const QString& text, const QString& caption,
     m_hostHint = text;
     m_hostCaption = caption;
     m_hostAction = std::move(action);
-    ShowHint();
+    ShowEditor(m_groups->CurrentEditor());
 }
 
 void StyleManagerView::ShowHint()
@@ -277,9 +277,8 @@ bool StyleManagerView::eventFilter(QObject* watched, QEvent* event)
         if (key == Qt::Key_Escape) m_filter->clear();
         const bool toList = key == Qt::Key_Down || key == Qt::Key_Escape || key == Qt::Key_Return ||
                             key == Qt::Key_Enter;
+        if (toList && Selected().empty() && m_shown->rowCount() > 0) m_table->selectRow(0);
         if (toList) m_table->setFocus(Qt::TabFocusReason);
-        if (toList && !m_table->currentIndex().isValid() && m_shown->rowCount() > 0)
-            m_table->selectRow(0);
         return toList;
     }
     return QWidget::eventFilter(watched, event);

@@ -26,8 +26,8 @@ public:
     explicit StyleManagerView(QWidget* parent = nullptr);
     ~StyleManagerView() override;
 
-    // What stands in place of an empty list while nothing can be done with it, and a button for
-    // the way out; an empty text when the list is to be shown.
+    // What stands in place of the list while nothing can be done with it, and a button for the
+    // way out; an empty text when the list is to be shown.
     void SetHint(const QString& text, const QString& caption = {},
                  std::function<void()> action = {});
 

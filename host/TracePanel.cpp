@@ -32,7 +32,7 @@ QTableView* MakeTable(QAbstractItemModel* model)
     header->setSectionResizeMode(TraceLog::FileColumn, QHeaderView::Interactive);
     header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     header->setStretchLastSection(true);
-    header->resizeSection(TraceLog::FileColumn, table->fontMetrics().averageCharWidth() * 50);
+    header->resizeSection(TraceLog::FileColumn, table->fontMetrics().height() * 22);
     return table;
 }
 

@@ -1,8 +1,9 @@
 // roadhost: the desktop host of the road-design modules.
 #include <cstdio>
+#include <initializer_list>
 
 #include <optional>
-#include <string>
+#include <string_view>
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -19,18 +20,22 @@ namespace {
 
 constexpr char kSnapshotOption[] = "snapshot";
 
-bool HasOption(int argc, char** argv, const std::string& name)
+// Without a display Qt says of many a call that there is nothing to do; nobody needs to know.
+void KeepQuiet(QtMsgType, const QMessageLogContext&, const QString&) {}
+
+bool HasOption(int argc, char** argv, std::initializer_list<std::string_view> names)
 {
     for (int i = 1; i < argc; ++i)
-        if (std::string_view(argv[i]).starts_with("--" + name)) return true;
+        for (const std::string_view name : names)
+            if (std::string_view(argv[i]).starts_with(name)) return true;
     return false;
 }
 
-// Pictures need no display, and a window that flashes by serves nobody.
-void ChoosePlatform(bool snapshot)
+// Pictures and help need no display, and a window that flashes by serves nobody.
+void DoWithoutDisplay()
 {
-    if (snapshot && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    qInstallMessageHandler(KeepQuiet);
 }
 
 // Pictures are the same whatever the user has set, and leave his settings alone.
@@ -65,8 +70,8 @@ void AddOptions(QCommandLineParser& parser)
 
 int main(int argc, char** argv)
 {
-    const bool snapshot = HasOption(argc, argv, kSnapshotOption);
-    ChoosePlatform(snapshot);
+    const bool snapshot = HasOption(argc, argv, {"--snapshot"});
+    if (snapshot || HasOption(argc, argv, {"-h", "--help", "-v", "--version"})) DoWithoutDisplay();
     if (!HasDisplay()) {
         std::fputs("没有显示器。可以用 --snapshot DIR 输出各窗口的图片。\n", stderr);
         return 2;
@@ -75,7 +80,6 @@ int main(int argc, char** argv)
     QCoreApplication::setOrganizationName(QStringLiteral("roadhost"));
     QCoreApplication::setApplicationName(QStringLiteral("roadhost"));
     QCoreApplication::setApplicationVersion(QStringLiteral(HOST_VERSION));
-    QGuiApplication::setApplicationDisplayName(QObject::tr("道路设计"));
     const bool chinese = SetAppearance();
 
     QCommandLineParser parser;

@@ -117,8 +117,9 @@ CStyle* CDesignSpecifications::Item(int index) const
 
 CDesignSpecification* CDesignSpecifications::Item(const wchar_t* name) const
 {
+    const NoCaseKey key(name);
     for (const auto& item : m_items)
-        if (EqualNoCase(item->Name(), name)) return item.get();
+        if (item->IsNamed(key)) return item.get();
     return nullptr;
 }
 
@@ -195,6 +196,12 @@ bool CDesignSpecifications::MoveOthersOut(const CString& file, const GUID& id)
         origin.file = FileNameOf(path);
     }
     return true;
+}
+
+bool CDesignSpecifications::SaveItem(int index)
+{
+    const auto* const item = static_cast<const CDesignSpecification*>(Item(index));
+    return item && Save(item);
 }
 
 bool CDesignSpecifications::Rename(const wchar_t* name, const wchar_t*)

@@ -47,6 +47,8 @@ public:
     // its name cannot be a file's or a file resists; what is then on disk is the old content or the
     // new one, whole.
     bool Save(const CDesignSpecification* specification);
+    // The same for the item of that index; false when there is none.
+    bool SaveItem(int index) override;
     // Writes the file of the specification of that name anew; one under `name` as passed goes
     // when the specification's own name makes another. Does not change the name; the second
     // argument is not used. False when there is no such specification or a file resists.

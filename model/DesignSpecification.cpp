@@ -15,6 +15,7 @@ const CDesignSpecification& CDesignSpecification::operator=(const CDesignSpecifi
 {
     if (this == &other) return *this;
     m_strName = other.m_strName;
+    m_nameKey = other.m_nameKey;
     m_id = other.m_id;
     CopyCriteria(other);
     return *this;
@@ -33,6 +34,7 @@ GUID CDesignSpecification::ID() const
 void CDesignSpecification::SetName(const wchar_t* name)
 {
     m_strName = name;
+    m_nameKey = NoCaseKey(m_strName);
 }
 
 void CDesignSpecification::CopyCriteria(const CDesignSpecification& other)
@@ -52,6 +54,7 @@ void CDesignSpecification::DoPropExchange(CXTPPropExchange* pPX)
 {
     pPX->EnableCompactMode(true);
     PX_String(pPX, L"Name", m_strName);
+    if (pPX->IsLoading()) m_nameKey = NoCaseKey(m_strName);
     CString id = VMRDPub::GUIDToStr(m_id);
     if (pPX->IsLoading()) id.clear();
     PX_String(pPX, L"ID", id);

@@ -19,6 +19,7 @@ class AFX_EXT_CLASS CDesignSpecification : public CStyle {
 
 private:
     CString m_strName; // unique in its library
+    NoCaseKey m_nameKey;
     GUID m_id;
 
 public:
@@ -47,6 +48,8 @@ public:
     CString Name() const override;
     GUID ID() const override;
     void SetName(const wchar_t* name); // the library sees to it that names are unique
+    // Whether it is called so, ignoring case; quick enough to ask of each in a library.
+    bool IsNamed(const NoCaseKey& name) const { return m_nameKey == name; }
 
     // Takes the other's criteria; name and identity stay.
     void CopyCriteria(const CDesignSpecification& other);

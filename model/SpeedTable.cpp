@@ -98,15 +98,17 @@ double Between(const SpeedEntry<double>& lower, const SpeedEntry<double>& upper,
                              Distance(lower.speed, upper.speed);
 }
 
-// Beyond the ends and at a speed of the table the one neighbour answers that is there.
+// Beyond the ends and at a speed of the table the one neighbour answers that is there; what is
+// computed between the two has no meaning then, and is not chosen.
 template <class T>
 T Interpolate(const GrowArray<SpeedEntry<T>>& table, const Neighbours& found, std::int32_t speed)
 {
     const SpeedEntry<T>& below = table.entries[Place(found.below)];
     const SpeedEntry<T>& above = table.entries[Place(found.above)];
     const bool isBetween = found.HasBelow() & (Difference(found.above) > 0);
-    if (isBetween) return Between(below, above, speed);
-    return Choose(found.HasAbove(), below.value, above.value);
+    const SpeedEntry<T>& end = *Choose(found.HasAbove(), &below, &above);
+    const T between = Between(below, above, speed);
+    return *Choose(isBetween, &end.value, &between);
 }
 
 // Leaves `value` when there is no answer.
@@ -157,8 +159,10 @@ void ExchangeValue(CXTPPropExchange* pPX, double& value)
 
 template <class T> void SortTable(GrowArray<SpeedEntry<T>>& table)
 {
-    std::stable_sort(table.begin(), table.end(),
-                     [](const auto& a, const auto& b) { return a.speed > b.speed; });
+    // Files are stored in that order; a stable sort takes memory to find nothing to do.
+    const auto higherFirst = [](const auto& a, const auto& b) { return a.speed > b.speed; };
+    if (std::is_sorted(table.begin(), table.end(), higherFirst)) return;
+    std::stable_sort(table.begin(), table.end(), higherFirst);
 }
 
 template <class T> void ExchangeTable(CXTPPropExchange* pPX, GrowArray<SpeedEntry<T>>& table)

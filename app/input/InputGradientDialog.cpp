@@ -2,10 +2,8 @@
 
 #include <algorithm>
 
-#include "platform/mfc/HalfWidth.h"
+#include "app/input/NumberText.h"
 #include "platform/mfc/MessageBox.h"
-#include "platform/vmrd/VmHFCBaseU/Text.h"
-#include "platform/windows/Number.h"
 
 CInputGradientDialog::CInputGradientDialog(const CString& title, const CString& prompt,
                                            const CArray<double>& gradients, QWidget* parent)
@@ -25,7 +23,7 @@ CString CInputGradientDialog::Prompt() const
 
 bool CInputGradientDialog::CheckValue(CString& value)
 {
-    value = Trim(ToHalfWidth(value));
+    value = EnteredText(value);
     const CString fault = Fault(value);
     if (fault.empty()) return true;
     MessageBox(GetDialogWindow(), fault, L"提示", MB_ICONINFORMATION);
@@ -35,12 +33,9 @@ bool CInputGradientDialog::CheckValue(CString& value)
 CString CInputGradientDialog::Fault(const CString& text) const
 {
     if (text.empty()) return L"坡度不能为空!";
-    const double gradient = Wtof(text);
-    const size_t point = text.find(L'.');
-    const bool manyDecimals = point != CString::npos && point + 2 < text.size();
+    double gradient = 0;
     // Zero passes, and so does a point at the very end.
-    if (!IsNumericText(text) || gradient < 0 || manyDecimals)
-        return L"坡度必须是正数,并且最多只能有一位小数!";
+    if (!ReadOneDecimal(text, gradient)) return L"坡度必须是正数,并且最多只能有一位小数!";
     if (std::find(m_gradients.begin(), m_gradients.end(), gradient) != m_gradients.end())
         return L"输入的坡度已经存在!";
     return {};

@@ -2,9 +2,8 @@
 
 #include <algorithm>
 
-#include "platform/mfc/HalfWidth.h"
+#include "app/input/NumberText.h"
 #include "platform/mfc/MessageBox.h"
-#include "platform/windows/Number.h"
 
 CInputIntValueDialog::CInputIntValueDialog(const CString& name, const CString& prompt,
                                            const CArray<int>& values, QWidget* parent, int minimum,
@@ -26,7 +25,7 @@ CString CInputIntValueDialog::Prompt() const
 
 bool CInputIntValueDialog::CheckValue(CString& value)
 {
-    value = Trim(ToHalfWidth(value));
+    value = EnteredText(value);
     const CString fault = Fault(value);
     if (fault.empty()) return true;
     MessageBox(GetDialogWindow(), fault, L"提示", MB_ICONINFORMATION);
@@ -36,9 +35,8 @@ bool CInputIntValueDialog::CheckValue(CString& value)
 CString CInputIntValueDialog::Fault(const CString& text) const
 {
     if (text.empty()) return m_name + L"不能为空!";
-    // The number written out again must be the text: no leading zeros, no plus, no decimals.
-    const int number = Wtoi(text);
-    if (Format(L"%d", number) != text) return m_name + L"必须是整数!";
+    int number = 0;
+    if (!ReadWholeNumber(text, number)) return m_name + L"必须是整数!";
     if (m_minimum != m_maximum && (number < m_minimum || number > m_maximum))
         return Format(L"%s 必须大于等于 %d 并且小于等于 %d", m_name, m_minimum, m_maximum);
     if (std::find(m_values.begin(), m_values.end(), number) != m_values.end())

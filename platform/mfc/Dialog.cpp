@@ -92,6 +92,7 @@ bool CDialog::Create(QWidget* pParent)
     if (!pParent || !m_bLoaded) return false;
     m_bChild = true;
     setParent(pParent, Qt::Widget);
+    hide();                     // until somebody shows it; the parent's own showing does not count
     setAttribute(Qt::WA_Moved); // its place is its parent's matter, not the dialog's
     return InitOnce();
 }

@@ -56,6 +56,13 @@ bool CMenu::ModifyMenu(UINT id, UINT flags, UINT newId, const CString& text)
     return action != nullptr;
 }
 
+UINT CMenu::GetMenuState(UINT id) const
+{
+    const QAction* const action = FindItem(*m_menu, id);
+    if (!action) return 0;
+    return (action->isEnabled() ? MF_ENABLED : MF_GRAYED) | (action->isChecked() ? MF_CHECKED : 0);
+}
+
 CString CMenu::GetMenuString(UINT id) const
 {
     const QAction* const action = FindItem(*m_menu, id);

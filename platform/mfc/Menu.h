@@ -37,6 +37,8 @@ public:
     int GetMenuItemCount() const;
     // Gives the item of that id another text, id and state. False when there is none.
     bool ModifyMenu(UINT id, UINT flags, UINT newId, const CString& text);
+    // MF_GRAYED and MF_CHECKED of the item of that id; 0 when there is none.
+    UINT GetMenuState(UINT id) const;
     // The text of the item of that id; empty when there is none.
     CString GetMenuString(UINT id) const;
 

@@ -64,6 +64,6 @@ public:                                                                         
 #define IMPLEMENT_DYNCREATE(class_name, base_class_name)                                           \
     CObject* class_name::CreateObject()                                                            \
     {                                                                                              \
-        return new class_name;                                                                     \
+        return new class_name; /* NOLINT(bugprone-macro-parentheses): a type */                    \
     }                                                                                              \
     IMPLEMENT_RUNTIMECLASS(class_name, base_class_name, class_name::CreateObject)

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <cstring>
+#include <functional>
 
 #include <utf8proc.h>
 
@@ -10,6 +11,10 @@ namespace {
 constexpr wchar_t kEscapeFirst = 0xDC80;
 constexpr wchar_t kEscapeLast = 0xDCFF;
 constexpr wchar_t kReplacement = 0xFFFD;
+
+// The scripts of East Asia, Chinese among them, have no case.
+constexpr wchar_t kCaselessFirst = 0x2E80;
+constexpr wchar_t kCaselessLast = 0xA4CF;
 
 // Length of the ASCII run at the start of `text`, eight bytes at a step.
 size_t AsciiRun(std::string_view text)
@@ -68,6 +73,7 @@ private:
             if (c >= L'A' && c <= L'Z') m_folded[0] = c - L'A' + L'a';
             return;
         }
+        if (c >= kCaselessFirst && c <= kCaselessLast) return;
         int boundary = 0;
         const auto length = utf8proc_decompose_char(c, m_folded, std::ssize(m_folded),
                                                     UTF8PROC_CASEFOLD, &boundary);
@@ -186,4 +192,13 @@ int CompareNoCase(std::wstring_view a, std::wstring_view b)
 bool EqualNoCase(std::wstring_view a, std::wstring_view b)
 {
     return CompareNoCase(a, b) == 0;
+}
+
+NoCaseKey::NoCaseKey(std::wstring_view text)
+{
+    m_folded.reserve(text.size());
+    FoldedReader reader(text);
+    for (std::int32_t c = reader.Next(); c >= 0; c = reader.Next())
+        m_folded.push_back(static_cast<wchar_t>(c));
+    m_hash = std::hash<CString>()(m_folded);
 }

@@ -37,6 +37,19 @@ AFX_EXT_API CString TrimRight(std::wstring_view text, std::wstring_view set);
 AFX_EXT_API int CompareNoCase(std::wstring_view a, std::wstring_view b);
 AFX_EXT_API bool EqualNoCase(std::wstring_view a, std::wstring_view b);
 
+// A text made ready once to be compared with many others, ignoring case.
+class AFX_EXT_CLASS NoCaseKey {
+public:
+    NoCaseKey() : NoCaseKey(std::wstring_view()) {}
+    explicit NoCaseKey(std::wstring_view text);
+    // What EqualNoCase says of the two texts.
+    bool operator==(const NoCaseKey&) const = default;
+
+private:
+    size_t m_hash; // compared first, and nearly always differs when the texts do
+    CString m_folded;
+};
+
 // printf's formats for wide text: Format(L"%s(%d)", name, 1).
 template <class... Args> CString Format(const wchar_t* format, const Args&... args)
 {

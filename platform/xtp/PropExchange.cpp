@@ -70,17 +70,18 @@ private:
     int m_line = 1;
 };
 
-// The text of a value that is in the document, and its place in the source.
+// The text of a value that is in the document, and the name in front of it; both null for one that
+// is not.
 struct CXTPPropExchange::Stored {
     const char* text = nullptr;
-    std::ptrdiff_t offset = -1;
+    const char* name = nullptr;
 };
 
 namespace {
 
 // One step of a section path.
 struct PathStep {
-    std::string name;
+    std::wstring_view name;
     std::string attribute; // empty: any element of that name
     std::string value;
 };
@@ -99,8 +100,10 @@ std::string WithoutForbidden(std::wstring_view text)
 PathStep TakeStep(std::wstring_view& path)
 {
     PathStep step;
-    const size_t nameEnd = std::min(path.find_first_of(L"/["), path.size());
-    step.name = ToUtf8(path.substr(0, nameEnd));
+    size_t nameEnd = 0;
+    while (nameEnd < path.size() && path[nameEnd] != L'/' && path[nameEnd] != L'[')
+        ++nameEnd;
+    step.name = path.substr(0, nameEnd);
     path.remove_prefix(nameEnd);
     if (path.starts_with(L"[@")) {
         const size_t equals = path.find(L"=\"");
@@ -120,31 +123,32 @@ PathStep TakeStep(std::wstring_view& path)
     return step;
 }
 
+// Names are nearly always ASCII; those are compared without making a string.
+bool SameName(const char* name, std::wstring_view key)
+{
+    for (size_t i = 0; i < key.size(); ++i) {
+        if (key[i] >= 0x80) return ToUtf8(key) == name;
+        if (name[i] != static_cast<char>(key[i])) return false;
+    }
+    return name[key.size()] == 0;
+}
+
+pugi::xml_node FindChild(pugi::xml_node parent, std::wstring_view key)
+{
+    pugi::xml_node child = parent.first_child();
+    while (child && !SameName(child.name(), key))
+        child = child.next_sibling();
+    return child;
+}
+
 // An empty step, as before a "/" that a path begins with, stays where it is.
 pugi::xml_node FindStep(pugi::xml_node parent, const PathStep& step)
 {
     if (step.name.empty()) return parent;
     return step.attribute.empty()
-               ? parent.child(step.name.c_str())
-               : parent.find_child_by_attribute(step.name.c_str(), step.attribute.c_str(),
+               ? FindChild(parent, step.name)
+               : parent.find_child_by_attribute(ToUtf8(step.name).c_str(), step.attribute.c_str(),
                                                 step.value.c_str());
-}
-
-// Keys of values are ASCII; compared without making a string.
-bool SameName(const char* name, const wchar_t* key)
-{
-    while (*name && static_cast<wchar_t>(static_cast<unsigned char>(*name)) == *key) {
-        ++name;
-        ++key;
-    }
-    return *name == 0 && *key == 0;
-}
-
-pugi::xml_node FindChild(pugi::xml_node parent, const wchar_t* key)
-{
-    for (pugi::xml_node child : parent.children())
-        if (SameName(child.name(), key)) return child;
-    return {};
 }
 
 // The encoding that the XML declaration names; nothing without one.
@@ -239,7 +243,7 @@ CXTPPropExchange CXTPPropExchange::GetSection(const wchar_t* path) const
         const PathStep step = TakeStep(rest);
         pugi::xml_node child = FindStep(node, step);
         if (!child) {
-            child = node.append_child(step.name.c_str());
+            child = node.append_child(ToUtf8(step.name).c_str());
             if (!step.attribute.empty())
                 child.append_attribute(step.attribute.c_str()).set_value(step.value.c_str());
         }
@@ -295,14 +299,14 @@ CXTPPropExchange CXTPPropExchangeEnumerator::GetNext()
 CXTPPropExchange::Stored CXTPPropExchange::FindValue(const wchar_t* key) const
 {
     const pugi::xml_node node(m_node);
+    const std::wstring_view wanted = key;
     if (m_compact) {
-        for (pugi::xml_attribute attribute : node.attributes())
-            if (SameName(attribute.name(), key))
-                return {attribute.value(), node.offset_debug() + (attribute.name() - node.name())};
+        for (auto one = node.first_attribute(); one; one = one.next_attribute())
+            if (const char* name = one.name(); SameName(name, wanted)) return {one.value(), name};
         return {};
     }
-    const pugi::xml_node child = FindChild(node, key);
-    return child ? Stored{child.child_value(), child.offset_debug()} : Stored{};
+    const pugi::xml_node child = FindChild(node, wanted);
+    return child ? Stored{child.child_value(), child.name()} : Stored{};
 }
 
 void CXTPPropExchange::WriteValue(const wchar_t* key, const std::string& text) const
@@ -327,7 +331,10 @@ bool CXTPPropExchange::ReadNumber(const wchar_t* key, T& value, Parse parse,
     const Stored stored = FindValue(key);
     if (!stored.text) return false;
     if (parse(stored.text, value)) return true;
-    m_document->AddProblem(stored.offset, pugi::xml_node(m_node).name(), key, stored.text, kind);
+    // The parser leaves names where they stand in its copy of the source.
+    const pugi::xml_node node(m_node);
+    m_document->AddProblem(node.offset_debug() + (stored.name - node.name()), node.name(), key,
+                           stored.text, kind);
     return false;
 }
 

@@ -9,6 +9,7 @@
 
 #include "platform/mfc/QtText.h"
 #include "platform/vmrd/VmHFCBaseU/Trace.h"
+#include "platform/windows/File.h"
 
 namespace {
 
@@ -42,7 +43,7 @@ HRESLIB LoadResourceLibrary(const CString& path)
 {
     static HRESLIB last = 0;
     const HRESLIB library = ++last;
-    const QString file = ToQString(path);
+    const QString file = QString::fromStdString(NativePath(path));
     if (!QResource::registerResource(file, RootOf(library))) {
         TraceFile(TraceLevel::Error, path, 0, L"资源库不存在或无法读取");
         return 0;

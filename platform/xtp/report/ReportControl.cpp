@@ -39,7 +39,11 @@ CXTPReportControl::CXTPReportControl(QWidget* parent)
     });
 }
 
-CXTPReportControl::~CXTPReportControl() = default;
+CXTPReportControl::~CXTPReportControl()
+{
+    // The header outlives this part of the grid and must not ask it anything more.
+    setModel(nullptr);
+}
 
 void CXTPReportControl::CreateOver(QWidget* placeholder, int controlId)
 {
@@ -402,6 +406,19 @@ void CXTPReportControl::keyPressEvent(QKeyEvent* event)
         QTableView::keyPressEvent(event);
 }
 
+void CXTPReportControl::inputMethodEvent(QInputMethodEvent* event)
+{
+    // Qt opens the editor for a text that comes at once, without being composed (full-width
+    // digits do), but drops the text.
+    const bool atOnce = !event->commitString().isEmpty() && event->preeditString().isEmpty();
+    if (!atOnce || m_delegate->Editor() || !IsEditable(currentIndex())) {
+        QTableView::inputMethodEvent(event);
+        return;
+    }
+    edit(currentIndex());
+    if (QLineEdit* const editor = m_delegate->Editor()) QApplication::sendEvent(editor, event);
+}
+
 bool CXTPReportControl::event(QEvent* event)
 {
     // The grid's keys come before a window's shortcuts of the same name.
@@ -445,7 +462,9 @@ void CXTPReportControl::mouseReleaseEvent(QMouseEvent* event)
     const bool clicked = released.isValid() && released == m_pressed;
     m_pressed = QModelIndex();
     // A drag over several cells selects them; a click on one edits it.
-    if (clicked && m_editOnClick && IsEditable(released)) edit(released);
+    if (!clicked || !m_editOnClick || !IsEditable(released)) return;
+    CommitEdit();
+    edit(released);
 }
 
 void CXTPReportControl::contextMenuEvent(QContextMenuEvent* event)

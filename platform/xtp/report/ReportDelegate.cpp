@@ -44,7 +44,10 @@ void CXTPReportDelegate::EndEdit(bool commit)
     const QPointer<QLineEdit> editor = m_editor;
     if (!editor) return;
     if (commit) emit commitData(editor);
-    if (editor && editor == m_editor) emit closeEditor(editor, NoHint);
+    if (!editor || editor != m_editor) return;
+    const bool hadFocus = editor->window()->focusWidget() == editor;
+    emit closeEditor(editor, NoHint);
+    if (hadFocus) m_control->setFocus();
 }
 
 void CXTPReportDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,

@@ -52,7 +52,8 @@ int CXTPReportModel::columnCount(const QModelIndex& parent) const
 
 QVariant CXTPReportModel::data(const QModelIndex& index, int role) const
 {
-    if (role != Qt::DisplayRole && role != Qt::EditRole) return {};
+    // The tool tip shows in full what the column may be too narrow for.
+    if (role != Qt::DisplayRole && role != Qt::EditRole && role != Qt::ToolTipRole) return {};
     const CXTPReportRecordItem* const item = Item(index);
     return item ? ToQString(item->GetCaption()) : QVariant();
 }

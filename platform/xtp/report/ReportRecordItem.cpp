@@ -24,10 +24,13 @@ void CXTPReportRecordItem::RestoreState(const CXTPReportItemState& state)
 
 void CXTPReportRecordItem::Draw(QPainter& painter, const CXTPReportItemDraw& draw) const
 {
-    constexpr int kMargin = 3;
+    constexpr int kMargin = 2;
+    const QRect place = draw.rect.adjusted(kMargin, 0, -kMargin, 0);
+    // A number that is cut off would read as another one.
+    const QString text =
+        painter.fontMetrics().elidedText(ToQString(GetCaption()), Qt::ElideRight, place.width());
     painter.fillRect(draw.rect, draw.selected ? draw.palette.highlight() : draw.palette.base());
     const QPalette::ColorRole role = draw.selected ? QPalette::HighlightedText : QPalette::Text;
     painter.setPen(draw.palette.color(role));
-    painter.drawText(draw.rect.adjusted(kMargin, 0, -kMargin, 0), Qt::AlignCenter,
-                     ToQString(GetCaption()));
+    painter.drawText(place, Qt::AlignCenter, text);
 }

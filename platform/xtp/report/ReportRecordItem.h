@@ -55,7 +55,8 @@ public:
     virtual CXTPReportItemState SaveState() const;
     virtual void RestoreState(const CXTPReportItemState& state);
 
-    // Here: the caption in the middle, on the selection's colour when the cell is selected.
+    // Here: the caption in the middle, cut short with an ellipsis when it does not fit; the
+    // selection's colour behind it when the cell is selected.
     virtual void Draw(QPainter& painter, const CXTPReportItemDraw& draw) const;
 
 private:

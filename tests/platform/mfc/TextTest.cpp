@@ -53,3 +53,24 @@ TEST(Text, FormatsAsPrintfDoes)
     EXPECT_EQ(Format(L"%s(%d)", CString(L"规范"), 2), L"规范(2)");
     EXPECT_EQ(Format(L"%.1f", 2.25), L"2.2");
 }
+
+TEST(NoCaseKey, EqualsExactlyWhereTheTextsAreEqualIgnoringCase)
+{
+    const CString texts[] = {L"",       L"Road", L"rOAD",   L"road ",  L"STRASSE",
+                             L"straße", L"ΟΔΟΣ", L"οδος",   L"规范A",  L"规范a",
+                             L"规范",   L"范规", L"ＡＢＣ", L"ａｂｃ", L"ꓐ"};
+    int equal = 0;
+    for (const CString& a : texts) {
+        for (const CString& b : texts) {
+            const bool same = NoCaseKey(a) == NoCaseKey(b);
+            EXPECT_EQ(same, EqualNoCase(a, b)) << ToUtf8(a) << " and " << ToUtf8(b);
+            equal += same;
+        }
+    }
+    EXPECT_EQ(equal, 15 + 2 * 5); // each with itself, and five pairs both ways
+}
+
+TEST(NoCaseKey, OfNothingIsThatOfAnEmptyText)
+{
+    EXPECT_EQ(NoCaseKey(), NoCaseKey(L""));
+}

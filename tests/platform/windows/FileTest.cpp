@@ -344,7 +344,7 @@ TEST_F(File, DoesNotWaitForAPipeToBeWritten)
     const auto start = std::chrono::steady_clock::now();
     std::string bytes;
     EXPECT_FALSE(ReadWholeFile(m_folder.Path(L"pipe"), bytes, 100));
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1));
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
     ExpectTrace(m_folder.Path(L"pipe"), L"无法读取: 不是普通文件");
 }
 
@@ -444,4 +444,26 @@ TEST_F(File, WhatCannotBeMovedOrDeletedIsTold)
     fs::create_directory(m_folder.Native("folder"));
     EXPECT_FALSE(DeleteFile(m_folder.Path(L"folder")));
     ExpectTrace(m_folder.Path(L"folder"), L"无法删除: 是文件夹,不是文件");
+}
+
+TEST_F(File, TheListenerHearsOfEachFileThatWasChangedAndOfNoOther)
+{
+    CStringArray heard;
+    const FileChangeListener before =
+        SetFileChangeListener([&heard](const CString& path) { heard.push_back(path); });
+    const CString a = m_folder.Path(L"a");
+    const CString b = m_folder.Path(L"b");
+    EXPECT_TRUE(WriteWholeFile(a, "text"));
+    EXPECT_TRUE(CopyFile(a, b));
+    EXPECT_TRUE(DeleteFile(b));
+    EXPECT_TRUE(MoveFile(a, b));
+    EXPECT_EQ(heard, (CStringArray{a, b, b, a, b}));
+    heard.clear();
+    EXPECT_FALSE(WriteWholeFile(m_folder.Path(L"none/a"), "text"));
+    EXPECT_FALSE(MoveFile(a, b));
+    EXPECT_FALSE(DeleteFile(a));
+    EXPECT_EQ(heard, CStringArray());
+    SetFileChangeListener(before);
+    EXPECT_TRUE(DeleteFile(b));
+    EXPECT_EQ(heard, CStringArray());
 }

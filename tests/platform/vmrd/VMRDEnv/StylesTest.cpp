@@ -214,3 +214,9 @@ TEST_F(Styles, NothingIsTakenOutOfAFileThatCannotBeReadOrIsNotThere)
     EXPECT_EQ(m_folder.Read("a.hds"), "<StyleLibrary>");
     EXPECT_EQ(m_trace.Lines().size(), 2U);
 }
+
+TEST_F(Styles, ALibraryWithoutFilesOfItsOwnSavesNothing)
+{
+    m_signs.Add(L"甲", CoCreateGuid());
+    EXPECT_FALSE(m_signs.SaveItem(0));
+}

@@ -1,0 +1,104 @@
+#include "app/DSEditor.h"
+
+#include <algorithm>
+
+#include "app/DSMainDialog.h"
+#include "app/NameWaitDialog.h"
+#include "library/SpecificationEdit.h"
+#include "platform/arx/Documents.h"
+#include "platform/arx/Frame.h"
+#include "platform/mfc/Menu.h"
+
+IMPLEMENT_DYNAMIC(CDSEditor, CStyleEditor)
+
+namespace {
+
+// The name that a new specification is proposed; empty when the user did not want to wait for it.
+CString NameForNew(const CStyle* from)
+{
+    const CDesignSpecifications& library = *CDesignSpecifications::GetInstance();
+    if (from) return ProposedCopyName(library, from->Name());
+    const CString name = ProposedName(library);
+    if (!CNameWaitDialog::IsTaken(name)) return name;
+    return CNameWaitDialog(name, acedGetAcadFrame()).DoModal() == IDOK ? name : CString();
+}
+
+} // namespace
+
+CStyles* CDSEditor::GetStyles() const
+{
+    return CDesignSpecifications::GetInstance();
+}
+
+CStyle* CDSEditor::New(CStyle* from)
+{
+    const CString name = NameForNew(from);
+    if (name.empty()) return nullptr;
+    const CString source = from ? from->Name() : CString();
+    const AcAxDocLock lock;
+    CDSMainDialog dialog(name, true, from ? source.c_str() : nullptr, acedGetAcadFrame());
+    if (dialog.DoModal() != IDOK) return nullptr;
+    CStyles& library = *GetStyles();
+    library.Refurbish();
+    return library.Item(library.Count() - 1);
+}
+
+bool CDSEditor::Delete(CStyle* style)
+{
+    CDesignSpecifications& library = *CDesignSpecifications::GetInstance();
+    for (int i = library.Count() - 1; i >= 0; --i) {
+        if (library.Item(i) != style) continue;
+        library.Remove(i, true);
+        library.Refurbish();
+        return true;
+    }
+    return false;
+}
+
+void CDSEditor::Edit(CStyle* style)
+{
+    const AcAxDocLock lock;
+    const CString name = style->Name();
+    const GUID id = style->ID();
+    CDSMainDialog dialog(name, false, nullptr, acedGetAcadFrame());
+    if (dialog.DoModal() != IDOK) return;
+    // The library may have been read anew meanwhile: the object is looked for again.
+    CStyles& library = *GetStyles();
+    const CStyle* const edited = library.Item(id);
+    if (edited && edited->Name() != name) library.Refurbish();
+}
+
+void CDSEditor::SetAsDefaultStyle(CStyle* style)
+{
+    CStyleEditor::SetAsDefaultStyle(style);
+}
+
+bool CDSEditor::AdjustContextMenu(CMenu* menu)
+{
+    menu->ModifyMenu(kCommandSetAsDefaultStyle,
+                     MF_BYCOMMAND | menu->GetMenuState(kCommandSetAsDefaultStyle),
+                     kCommandSetAsDefaultStyle, L"设为默认规范");
+    return true;
+}
+
+void CDSEditor::View(CStyle* style)
+{
+    const AcAxDocLock lock;
+    CDSMainDialog dialog(style->Name(), false, nullptr, acedGetAcadFrame());
+    dialog.SetViewMode(L"");
+    dialog.DoModal();
+}
+
+void CDSEditor::Snapshot(CStyle* style, const Picture& picture)
+{
+    const AcAxDocLock lock;
+    CDSMainDialog dialog(style->Name(), false, nullptr, acedGetAcadFrame());
+    dialog.SetViewMode(L"");
+    dialog.show();
+    for (int i = 0; i < dialog.PageCount(); ++i) {
+        dialog.SelectPage(i);
+        CString name = dialog.PagePath(i);
+        std::replace(name.begin(), name.end(), L'\\', L'-');
+        picture(&dialog, name);
+    }
+}

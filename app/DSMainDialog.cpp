@@ -1,0 +1,268 @@
+#include "app/DSMainDialog.h"
+
+#include <QGridLayout>
+#include <QTreeWidget>
+
+#include "library/StyleName.h"
+#include "pages/framework/FamilyIcon.h"
+#include "platform/arx/Documents.h"
+#include "platform/arx/Frame.h"
+#include "platform/mfc/MessageBox.h"
+#include "platform/mfc/QtText.h"
+#include "platform/vmrd/VmHFCBaseU/Trace.h"
+
+namespace {
+
+constexpr UINT kDialogResource = 102;
+constexpr int kTree = 100;
+constexpr int kName = 108;
+
+// What a tree item carries: 0 for a group, the page's place plus one for a page.
+constexpr int kPageRole = Qt::UserRole;
+constexpr int kImageRole = Qt::UserRole + 1;
+
+int PageOf(const QTreeWidgetItem* item)
+{
+    return item->data(0, kPageRole).toInt();
+}
+
+} // namespace
+
+CDSMainDialog::CDSMainDialog(const CString& name, bool isNew, const wchar_t* source,
+                             QWidget* parent, std::span<const PageEntry> pages)
+    : CDialog(kDialogResource, parent), m_name(name), m_isNew(isNew),
+      m_source(source ? source : L"")
+{
+    RegisterPages(pages);
+}
+
+CDSMainDialog::~CDSMainDialog()
+{
+    if (m_tree) m_tree->disconnect(this);
+}
+
+void CDSMainDialog::SetViewMode(const wchar_t* page)
+{
+    m_viewPage = page ? page : L"";
+    m_viewMode = true;
+}
+
+void CDSMainDialog::RegisterPages(std::span<const PageEntry> entries)
+{
+    const AcAxDocLock lock;
+    QWidget* const frame = acedGetAcadFrame();
+    CDSPage* before = nullptr;
+    for (const PageEntry& entry : entries) {
+        Page page{entry.group ? entry.group : L"", entry.label, entry.make(before)};
+        before = page.window.get();
+        if (!page.window->Create(frame ? frame : this)) {
+            Trace(L"页面“%s”无法创建", page.label);
+            continue;
+        }
+        page.Callback().SetMainDialog(this);
+        page.window->hide();
+        m_pages.push_back(std::move(page));
+    }
+}
+
+// Opening
+
+bool CDSMainDialog::OnInitDialog()
+{
+    m_images[kGroupImage] = FamilyIcon(L"IDI_ICON_FOLDER");
+    m_images[kShownImage] = FamilyIcon(L"IDI_ICON_RIGHT");
+    m_images[kOtherImage] = FamilyIcon(L"IDI_ICON_SPACE");
+    m_tree = GetDlgItem<QTreeWidget>(kTree);
+    if (!m_tree) return false;
+    m_tree->setIconSize({kFamilyIconSize, kFamilyIconSize});
+    connect(m_tree, &QTreeWidget::currentItemChanged, this,
+            [this](QTreeWidgetItem* selected) { OnSelChanged(selected); });
+
+    SetDlgItemText(kName, m_name);
+    PlacePages();
+    LoadPages();
+    BuildTree();
+    if (QTreeWidgetItem* const first = m_tree->topLevelItem(0)) {
+        first->setExpanded(true);
+        m_tree->setCurrentItem(first);
+    }
+    if (m_viewMode) EnterViewMode();
+    return CDialog::OnInitDialog();
+}
+
+void CDSMainDialog::PlacePages()
+{
+    auto* const area = findChild<QWidget*>(QStringLiteral("pageArea"));
+    if (!area) return;
+    // All in one cell: the dialog is large enough for each, whichever is shown.
+    auto* const layout = new QGridLayout(area);
+    layout->setContentsMargins(0, 0, 0, 0);
+    for (const Page& page : m_pages) {
+        QSizePolicy policy = page.window->sizePolicy();
+        policy.setRetainSizeWhenHidden(true);
+        page.window->setSizePolicy(policy);
+        layout->addWidget(page.window.get(), 0, 0);
+        page.window->hide();
+    }
+}
+
+void CDSMainDialog::LoadPages()
+{
+    if (m_isNew && m_source.empty()) return;
+    for (const Page& page : m_pages)
+        page.Callback().Load(m_isNew ? m_source.c_str() : m_name.c_str());
+}
+
+void CDSMainDialog::BuildTree()
+{
+    int place = 0;
+    for (Page& page : m_pages) {
+        page.item = new QTreeWidgetItem({ToQString(page.label)});
+        page.item->setData(0, kPageRole, ++place);
+        SetImage(page.item, kOtherImage);
+        if (page.group.empty())
+            m_tree->addTopLevelItem(page.item);
+        else
+            GroupItem(page.group)->addChild(page.item);
+    }
+}
+
+QTreeWidgetItem* CDSMainDialog::GroupItem(const CString& label)
+{
+    for (int i = 0; i < m_tree->topLevelItemCount(); ++i) {
+        QTreeWidgetItem* const item = m_tree->topLevelItem(i);
+        if (item->childCount() > 0 && EqualNoCase(FromQString(item->text(0)), label)) return item;
+    }
+    auto* const group = new QTreeWidgetItem(m_tree, {ToQString(label)});
+    group->setData(0, kPageRole, 0);
+    SetImage(group, kGroupImage);
+    return group;
+}
+
+void CDSMainDialog::SetImage(QTreeWidgetItem* item, Image image) const
+{
+    item->setIcon(0, m_images[image]);
+    item->setData(0, kImageRole, image);
+}
+
+void CDSMainDialog::EnterViewMode()
+{
+    EnableWindow(kName, false);
+    SetWindowText(GetWindowText() + L" -- 查看模式");
+    for (int i = 0; i < PageCount(); ++i) {
+        if (m_viewPage.find(L'\\') == CString::npos || !EqualNoCase(PagePath(i), m_viewPage))
+            continue;
+        SelectPage(i);
+        return;
+    }
+}
+
+// Pages
+
+CString CDSMainDialog::PagePath(int index) const
+{
+    const Page& page = m_pages.at(static_cast<size_t>(index));
+    return page.group + L"\\" + page.label;
+}
+
+void CDSMainDialog::SelectPage(int index)
+{
+    QTreeWidgetItem* const item = m_pages.at(static_cast<size_t>(index)).item;
+    if (!item) return;
+    if (item->parent()) item->parent()->setExpanded(true);
+    m_tree->setCurrentItem(item);
+}
+
+void CDSMainDialog::SelectPage(const CDSCallback* callback)
+{
+    for (int i = 0; i < PageCount(); ++i)
+        if (&m_pages[static_cast<size_t>(i)].Callback() == callback) SelectPage(i);
+}
+
+void CDSMainDialog::OnSelChanged(const QTreeWidgetItem* selected)
+{
+    while (selected && PageOf(selected) == 0)
+        selected = selected->child(0);
+    if (!selected) return;
+    for (const Page& page : m_pages) {
+        const bool shown = page.item == selected;
+        SetImage(page.item, shown ? kShownImage : kOtherImage);
+        if (!shown) page.window->hide();
+    }
+    const Page& page = m_pages.at(static_cast<size_t>(PageOf(selected)) - 1);
+    if (!page.window->isHidden()) return;
+    page.window->show();
+    page.Callback().OnShow();
+}
+
+// Closing
+
+void CDSMainDialog::OnOK()
+{
+    if (m_viewMode) {
+        CDialog::OnOK();
+        return;
+    }
+    const CString name = Trim(GetDlgItemText(kName));
+    if (!CheckName(name) || !ValidatePages()) return;
+    Store(name);
+    CDialog::OnOK();
+}
+
+bool CDSMainDialog::CheckName(const CString& name)
+{
+    const CString problem =
+        StyleNameProblem(*CDesignSpecifications::GetInstance(), name, m_isNew ? CString() : m_name);
+    if (problem.empty()) return true;
+    if (QWidget* const field = GetDlgItem(kName)) field->setFocus();
+    Show(problem);
+    return false;
+}
+
+bool CDSMainDialog::ValidatePages()
+{
+    for (const Page& page : m_pages) {
+        CString message;
+        if (page.Callback().Validate(message)) continue;
+        page.Callback().Activate();
+        Show(message);
+        page.window->FocusRefused();
+        return false;
+    }
+    return true;
+}
+
+void CDSMainDialog::Store(const CString& name)
+{
+    CDesignSpecifications& library = *CDesignSpecifications::GetInstance();
+    const bool renamed = !m_isNew && name != m_name;
+    if (m_isNew) {
+        auto added = std::make_unique<CDesignSpecification>();
+        added->SetName(name.c_str());
+        library.Add(added.release());
+    } else if (renamed) {
+        library.Rename(m_name.c_str(), name.c_str());
+        // From here on the pages look for the new name.
+        if (CDesignSpecification* edited = library.Item(m_name.c_str()))
+            edited->SetName(name.c_str());
+    }
+    for (const Page& page : m_pages) {
+        if (m_isNew) {
+            page.Callback().RenameAndSave(name.c_str());
+            continue;
+        }
+        if (renamed) page.Callback().Rename(name.c_str());
+        page.Callback().Save();
+    }
+    const CDesignSpecification* const stored = library.Item(name.c_str());
+    if (!stored) return; // somebody has removed it meanwhile
+    if (renamed)
+        library.SaveRenamed(stored, m_name);
+    else
+        library.Save(stored);
+}
+
+void CDSMainDialog::Show(const CString& message)
+{
+    MessageBox(this, message, L"提示", MB_ICONINFORMATION);
+}

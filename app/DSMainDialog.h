@@ -1,0 +1,67 @@
+// The dialog in which one specification is made, edited or looked at: a tree of criteria on the
+// left, the page of the selected one on the right.
+#pragma once
+
+#include "pages/PageTable.h"
+
+class QTreeWidget;
+class QTreeWidgetItem;
+
+class CDSMainDialog : public CDialog, public CPageHost {
+public:
+    // `name` is the specification to edit, or the name proposed for a new one; `source` the one
+    // that a new one starts from, null for the built-in limits.
+    CDSMainDialog(const CString& name, bool isNew, const wchar_t* source, QWidget* parent,
+                  std::span<const PageEntry> pages = PageTable());
+    ~CDSMainDialog() override;
+
+    // Before DoModal: nothing can be changed. `page` is the page to show first, group label,
+    // backslash and page label; any other text shows the first one.
+    void SetViewMode(const wchar_t* page);
+
+    bool IsViewMode() const override { return m_viewMode; }
+    void SelectPage(const CDSCallback* callback) override;
+
+    int PageCount() const { return static_cast<int>(m_pages.size()); }
+    // Group label, backslash and page label.
+    CString PagePath(int index) const;
+    void SelectPage(int index);
+
+protected:
+    bool OnInitDialog() override;
+    void OnOK() override;
+
+private:
+    enum Image { kGroupImage, kShownImage, kOtherImage };
+    struct Page {
+        CString group;
+        CString label;
+        std::unique_ptr<CDSPage> window;
+        QTreeWidgetItem* item = nullptr;
+
+        CDSCallback& Callback() const { return window->Callback(); }
+    };
+
+    void RegisterPages(std::span<const PageEntry> entries);
+    void PlacePages();
+    void LoadPages();
+    void BuildTree();
+    QTreeWidgetItem* GroupItem(const CString& label);
+    void SetImage(QTreeWidgetItem* item, Image image) const;
+    void EnterViewMode();
+    void OnSelChanged(const QTreeWidgetItem* selected);
+
+    bool CheckName(const CString& name);
+    bool ValidatePages();
+    void Store(const CString& name);
+    void Show(const CString& message);
+
+    CString m_name;
+    bool m_isNew;
+    CString m_source;
+    bool m_viewMode = false;
+    CString m_viewPage;
+    QTreeWidget* m_tree = nullptr;
+    QIcon m_images[3];
+    std::vector<Page> m_pages;
+};

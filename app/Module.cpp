@@ -1,0 +1,3 @@
+#include "app/RDDesignSpecificationApp.h"
+
+IMPLEMENT_ARX_ENTRYPOINT(CRDDesignSpecificationApp)

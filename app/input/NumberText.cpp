@@ -1,0 +1,31 @@
+#include "app/input/NumberText.h"
+
+#include "platform/mfc/HalfWidth.h"
+#include "platform/vmrd/VmHFCBaseU/Text.h"
+#include "platform/windows/Number.h"
+
+CString EnteredText(const CString& text)
+{
+    return Trim(ToHalfWidth(text));
+}
+
+CString DecimalText(double value, int decimals, bool trim)
+{
+    const CString text = Format(Format(L"%%.%df", decimals).c_str(), value);
+    // Without a point every zero counts.
+    if (!trim || text.find(L'.') == CString::npos) return text;
+    return TrimRight(TrimRight(text, L"0"), L".");
+}
+
+bool ReadOneDecimal(const CString& text, double& value)
+{
+    value = Wtof(text);
+    const size_t point = text.find(L'.');
+    return IsNumericText(text) && (point == CString::npos || point + 2 >= text.size());
+}
+
+bool ReadWholeNumber(const CString& text, int& value)
+{
+    value = Wtoi(text);
+    return Format(L"%d", value) == text;
+}

@@ -1,0 +1,101 @@
+"""Makes the tables of README.md from the benchmark program's results: table.py RESULTS README.
+
+A benchmark is called GROUP/CASE/WAY. A group is a section, a case a row, a way a column. Each
+figure is the median of the repetitions; behind it stands how many times the first column it is.
+Ends with status 1 when a target is missed or something could not be measured.
+"""
+import json
+import statistics
+import sys
+
+START, END = "<!-- results -->", "<!-- end of results -->"
+REAL_TIME = ("Save", "Process")  # what waits for the disk or for another process
+
+AT_LEAST = {  # way: how many times the first column's time it must take
+    "copy and qsort": 10, "std::map": 1, "sorted vector": 1, "SQLite": 1,
+}
+FASTEST_OF = ("QueryIntValBySpeed", "QueryDoubleValBySpeed")
+
+
+def read(path):
+    """{group: {case: {way: median}}}, and what went wrong."""
+    samples, broken = {}, []
+    with open(path, encoding="utf-8") as file:
+        # They ran in random turns; the family tells the order in which they are written down.
+        for one in sorted(json.load(file)["benchmarks"], key=lambda one: one["family_index"]):
+            group, case, way = one["name"].split("/")[:3]
+            if one.get("error_occurred"):
+                broken.append(f"{group}, {way}: {one['error_message']}")
+            elif one.get("run_type") == "iteration":
+                samples.setdefault((group, case, way), []).append(figure(group, one))
+    groups = {}
+    for (group, case, way), figures in samples.items():
+        groups.setdefault(group, {}).setdefault(case, {})[way] = statistics.median(figures)
+    return groups, broken
+
+
+def figure(group, one):
+    """Bytes, or nanoseconds."""
+    if group == "Memory":
+        return one["bytes"]
+    time = "real_time" if group in REAL_TIME or "manual_time" in one["name"] else "cpu_time"
+    return one[time] * {"ns": 1, "us": 1e3, "ms": 1e6, "s": 1e9}[one["time_unit"]]
+
+
+def text(group, value):
+    if group == "Memory":
+        return f"{value / 1024:.1f} KiB"
+    for unit, size in (("ms", 1e6), ("µs", 1e3)):
+        if value >= size:
+            return f"{value / size:.3g} {unit}"
+    return f"{value:.3g} ns"
+
+
+def table(group, cases):
+    ways = list(dict.fromkeys(way for row in cases.values() for way in row))
+    lines = [f"### {group}", "", "| | " + " | ".join(ways) + " |", "|---" * (len(ways) + 1) + "|"]
+    for case, row in cases.items():
+        cells = [text(group, row[way]) + ("" if way == "designspec" or "designspec" not in row
+                 else f" ({row[way] / row['designspec']:.3g} ×)") if way in row else "–"
+                 for way in ways]
+        lines.append(f"| {case} | " + " | ".join(cells) + " |")
+    return lines + [""]
+
+
+def misses(groups):
+    for group in FASTEST_OF:
+        for case, row in groups.get(group, {}).items():
+            for way, least in AT_LEAST.items():
+                times = row[way] / row["designspec"]
+                if times < least:
+                    yield f"{group}, {case}: {way} takes {times:.2f} times as long; target {least}"
+    for row in groups.get("Update", {}).values():
+        times = row["designspec"] / row["pugixml"]
+        if times > 1.5:
+            yield f"Update takes {times:.2f} times as long as pugixml alone; target at most 1.5"
+    for row in groups.get("Memory", {}).values():
+        if row["designspec"] > 16 * 1024:
+            yield f"a specification takes {text('Memory', row['designspec'])}; target 16 KiB"
+    for row in groups.get("Process", {}).values():
+        if "designspec" in row and row["designspec"] > 10 * row["true"]:
+            yield f"a query takes {row['designspec'] / row['true']:.1f} times true; target 10"
+
+
+def main():
+    groups, broken = read(sys.argv[1])
+    missed = broken + list(misses(groups))
+    lines = [line for group, cases in groups.items() for line in table(group, cases)]
+    lines += ["Targets missed in this run: " + ("none." if not missed else ""), ""]
+    lines += [f"- {miss}" for miss in missed] + ([""] if missed else [])
+    with open(sys.argv[2], encoding="utf-8") as file:
+        readme = file.read()
+    head, rest = readme.split(START)
+    tail = rest.split(END)[1]
+    with open(sys.argv[2], "w", encoding="utf-8") as file:
+        file.write(head + START + "\n\n" + "\n".join(lines) + END + tail)
+    print("\n".join(lines))
+    return 1 if missed else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

@@ -1,0 +1,68 @@
+#include "pages/RadiusDialog.h"
+
+#include "platform/vmrd/VmHFCBaseU/Text.h"
+#include "platform/windows/Number.h"
+
+namespace {
+
+constexpr UINT kDialogResource = 104;
+constexpr int kMaxRadCheck = 107;
+constexpr int kMaxRadEdit = 108;
+constexpr int kMaxRadSource = 109;
+constexpr int kMinRadSource = 110;
+
+using C = CDSCircularCurveRad;
+constexpr SpeedTableRow<C> kRows[] = {
+    {&C::noSuperelevationMinRad, L"不设超高最小半径(m)"},
+    {&C::SuperelevationRecommendRad, L"设超高推荐半径(m)"},
+    {&C::SuperelevationMinRad, L"设超高最小半径(m)"},
+};
+
+} // namespace
+
+CRadiusDialog::CRadiusDialog() : CCriterionPage(kDialogResource)
+{
+    AddSourceButton(kMaxRadSource, m_maxRadSource);
+    AddSourceButton(kMinRadSource, m_minRadSource);
+    DisableInViewMode({kMaxRadCheck, kMaxRadEdit});
+}
+
+void CRadiusDialog::InitPage()
+{
+    EnableByCheck(kMaxRadCheck, {kMaxRadEdit, kMaxRadSource});
+    m_grid.Create(*this, kRows, {.gridId = 1001});
+}
+
+void CRadiusDialog::LoadStep(const CDSCircularCurveRad& criterion)
+{
+    m_grid.Load(criterion);
+    const bool limited = criterion.MaxRad > 0;
+    SetDlgItemText(kMaxRadEdit, limited ? Format(L"%d", criterion.MaxRad) : CString());
+    CheckDlgButton(kMaxRadCheck, limited);
+    m_maxRadSource = criterion.MaxRadCriterion;
+    m_minRadSource = criterion.MinRadCriterion;
+}
+
+bool CRadiusDialog::StoreStep(CDSCircularCurveRad& criterion, CString& message)
+{
+    if (!StoreMaxRad(criterion, message)) return false;
+    m_grid.Store(criterion);
+    criterion.MaxRadCriterion = m_maxRadSource;
+    criterion.MinRadCriterion = m_minRadSource;
+    return true;
+}
+
+bool CRadiusDialog::StoreMaxRad(CDSCircularCurveRad& criterion, CString& message)
+{
+    if (!IsDlgButtonChecked(kMaxRadCheck)) {
+        criterion.MaxRad = 0;
+        return true;
+    }
+    const CString text = EnteredTextOf(kMaxRadEdit);
+    if (text.empty()) return Refuse(message, L"圆曲线最大半径不能为空!", kMaxRadEdit);
+    criterion.MaxRad = Wtoi(text);
+    const bool whole = IsNumericText(text) && text.find(L'.') == CString::npos;
+    if (!whole || criterion.MaxRad < 1)
+        return Refuse(message, L"圆曲线最大半径必须是正整数!", kMaxRadEdit);
+    return true;
+}

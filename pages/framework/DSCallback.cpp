@@ -1,0 +1,20 @@
+#include "pages/framework/DSCallback.h"
+
+CDSCallback::~CDSCallback() = default;
+
+void CDSCallback::Activate()
+{
+    if (m_pMainDialog) m_pMainDialog->SelectPage(this);
+}
+
+void CDSCallback::OnShow() {}
+
+bool CDSCallback::IsViewMode() const
+{
+    return m_pMainDialog && m_pMainDialog->IsViewMode();
+}
+
+CDesignSpecification* CDSCallback::Specification() const
+{
+    return CDesignSpecifications::GetInstance()->Item(m_strName.c_str());
+}

@@ -1,0 +1,126 @@
+#include "pages/framework/DSPage.h"
+
+#include <QAbstractButton>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include "app/input/InputTextDialog.h"
+#include "app/input/NumberText.h"
+#include "pages/framework/FamilyIcon.h"
+#include "platform/mfc/QtText.h"
+
+namespace {
+
+constexpr wchar_t kSource[] = L"数据来源";
+constexpr QSize kSmallestGrid(260, 110); // a header and three rows
+
+} // namespace
+
+CDSPage::CDSPage(UINT nIDTemplate) : CDialog(nIDTemplate), m_bookIcon(FamilyIcon(L"IDI_ICON_BOOK"))
+{
+}
+
+bool CDSPage::OnInitDialog()
+{
+    for (const SourceButton& source : m_sourceButtons) {
+        auto* const button = GetDlgItem<QPushButton>(source.id);
+        if (!button) continue;
+        button->setText(QString());
+        button->setIcon(m_bookIcon);
+        button->setIconSize({kFamilyIconSize, kFamilyIconSize});
+        button->setFixedWidth(button->sizeHint().height());
+        button->setToolTip(ToQString(kSource));
+        button->setAccessibleName(ToQString(kSource));
+        connect(button, &QAbstractButton::clicked, this,
+                [this, text = source.text] { OpenSource(*text); });
+    }
+    return CDialog::OnInitDialog();
+}
+
+void CDSPage::AddSourceButton(int button, CString& text)
+{
+    m_sourceButtons.push_back({button, &text});
+}
+
+void CDSPage::OpenSource(CString& text)
+{
+    const bool readOnly = IsViewMode();
+    CInputTextDialog dialog(kSource, readOnly ? L"数据来源:" : L"输入数据来源:", this);
+    dialog.SetText(text);
+    dialog.SetReadOnly(readOnly);
+    dialog.DoModal();
+    // After Cancel the dialog has the old text; only blanks around it can go then.
+    if (!readOnly) text = Trim(dialog.GetText());
+}
+
+void CDSPage::DisableInViewMode(std::initializer_list<int> controls)
+{
+    m_locked.insert(m_locked.end(), controls);
+}
+
+void CDSPage::MakeReadOnly()
+{
+    for (CXTPReportControl* grid : m_grids)
+        grid->AllowEdit(false);
+    for (int control : m_locked)
+        EnableWindow(control, false);
+    for (int hint : m_hints)
+        ShowWindow(hint, false);
+}
+
+void CDSPage::CommitGrids()
+{
+    for (CXTPReportControl* grid : m_grids)
+        grid->CommitEdit();
+}
+
+CXTPReportControl* CDSPage::CreateGrid(int placeholder, int gridId, const CString& corner,
+                                       int headerWidth)
+{
+    auto* const grid = new CXTPReportControl(this);
+    if (QWidget* const frame = GetDlgItem(placeholder)) grid->CreateOver(frame, gridId);
+    grid->setMinimumSize(grid->minimumSize().expandedTo(kSmallestGrid));
+    grid->AllowEdit(true);
+    grid->EditOnClick(true);
+    CXTPReportHeader* const header = grid->GetReportHeader();
+    header->AllowColumnReorder(false);
+    header->AllowColumnSort(false);
+    header->AllowColumnResize(true);
+    header->SetAutoColumnSizing(false);
+    grid->SetGridStyle(true, xtpReportGridSolid);
+    grid->AddColumn(new CXTPReportColumn(0, corner, headerWidth, false, false));
+    m_grids.push_back(grid);
+    return grid;
+}
+
+void CDSPage::EnableByCheck(int checkBox, std::initializer_list<int> controls)
+{
+    auto* const button = GetDlgItem<QAbstractButton>(checkBox);
+    if (!button) return;
+    const auto enable = [this, controls = std::vector<int>(controls)](bool checked) {
+        for (int control : controls)
+            EnableWindow(control, checked);
+    };
+    connect(button, &QAbstractButton::toggled, this, enable);
+    enable(button->isChecked());
+}
+
+CString CDSPage::EnteredTextOf(int edit) const
+{
+    return EnteredText(GetDlgItemText(edit));
+}
+
+bool CDSPage::Refuse(CString& message, const CString& text, int control)
+{
+    message = text;
+    m_refused = control;
+    return false;
+}
+
+void CDSPage::FocusRefused()
+{
+    QWidget* const control = GetDlgItem(m_refused);
+    if (!control) return;
+    control->setFocus();
+    if (auto* const edit = qobject_cast<QLineEdit*>(control)) edit->selectAll();
+}

@@ -1,0 +1,79 @@
+// A page of the main dialog: one criterion of a specification.
+//
+// How a page is written (CRadiusDialog is the model):
+//   - the form NAME.ui beside it, named in pages.qrc by its resource number;
+//   - a class derived from CCriterionPage<Criterion> (CriterionPage.h) with the steps InitPage,
+//     LoadStep and StoreStep, which says in its constructor what view mode locks and which
+//     buttons open which data source;
+//   - a callback class derived from CDSPageCallback (PageCallback.h), a member of the page;
+//   - a grid keyed by speed is a CSpeedTableGrid (SpeedTableGrid.h) with a table of its rows, or a
+//     CSpeedGrid (SpeedGrid.h) when its rows are not fixed or its menu offers more than speeds;
+//   - cells are CMyRecordItemPositiveInt, CMyRecordItemPositiveDouble, or a class of the page's
+//     own derived from CMyRecordItemValue;
+//   - a line in pages/PageTable.cpp.
+#pragma once
+
+#include <initializer_list>
+
+#include <QIcon>
+
+#include "pages/framework/DSCallback.h"
+#include "platform/mfc/Dialog.h"
+#include "platform/xtp/report/ReportControl.h"
+
+class CDSPage : public CDialog {
+public:
+    // Controls that most pages with a grid have.
+    static constexpr int kGridPlaceholder = 106;
+    static constexpr int kSourceButton = 118;
+    static constexpr int kHint = 119;
+    static constexpr int kGrid = 10001;
+
+    explicit CDSPage(UINT nIDTemplate);
+
+    virtual CDSCallback& Callback() = 0;
+    bool IsViewMode() { return Callback().IsViewMode(); }
+
+    // For view mode: no grid can be edited, the hints go, and the controls named by
+    // DisableInViewMode are disabled. The data sources can still be read.
+    void MakeReadOnly();
+    // Cells that are being edited get their text, as they would if the focus left them.
+    void CommitGrids();
+    // Puts the focus where the last Refuse found fault.
+    void FocusRefused();
+
+    // A grid in the placeholder's place, editable by a click, with vertical lines; columns can be
+    // resized and nothing else. Its first column holds the row headers.
+    CXTPReportControl* CreateGrid(int placeholder, int gridId, const CString& corner,
+                                  int headerWidth);
+
+protected:
+    // A button that shows the book and opens a data source: `text`, which lives as long as the
+    // page.
+    void AddSourceButton(int button, CString& text);
+    void DisableInViewMode(std::initializer_list<int> controls);
+    void HideInViewMode(int hint) { m_hints.push_back(hint); } // beside kHint
+
+    // The controls can be used while the check box is checked, from now on.
+    void EnableByCheck(int checkBox, std::initializer_list<int> controls);
+    // What the user entered there, ready to be read as a number.
+    CString EnteredTextOf(int edit) const;
+    // Ends a store step: false, with `text` as the message.
+    bool Refuse(CString& message, const CString& text, int control);
+
+    bool OnInitDialog() override;
+
+private:
+    struct SourceButton {
+        int id;
+        CString* text;
+    };
+    void OpenSource(CString& text);
+
+    QIcon m_bookIcon;
+    std::vector<SourceButton> m_sourceButtons;
+    std::vector<CXTPReportControl*> m_grids;
+    std::vector<int> m_locked;
+    std::vector<int> m_hints{kHint};
+    int m_refused = 0;
+};

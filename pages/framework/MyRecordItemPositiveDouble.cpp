@@ -1,0 +1,28 @@
+#include "pages/framework/MyRecordItemPositiveDouble.h"
+
+#include "app/input/NumberText.h"
+#include "platform/vmrd/VmHFCBaseU/Text.h"
+#include "platform/windows/Number.h"
+
+CMyRecordItemPositiveDouble::CMyRecordItemPositiveDouble(int decimals, bool trimZeros)
+    : m_bTrimZeros(trimZeros), m_nDecimals(decimals)
+{
+}
+
+CMyRecordItemPositiveDouble::CMyRecordItemPositiveDouble(int decimals, bool trimZeros, double value)
+    : CMyRecordItemPositiveDouble(decimals, trimZeros)
+{
+    SetValue(value);
+}
+
+CString CMyRecordItemPositiveDouble::TextOf(const Values& values) const
+{
+    return DecimalText(values.front(), m_nDecimals, m_bTrimZeros);
+}
+
+CMyRecordItemValue::Values CMyRecordItemPositiveDouble::Read(CXTPReportControl*,
+                                                             const CString& text) const
+{
+    if (!IsNumericText(text)) return {};
+    return {Wtof(text)};
+}

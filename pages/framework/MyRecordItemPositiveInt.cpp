@@ -1,0 +1,17 @@
+#include "pages/framework/MyRecordItemPositiveInt.h"
+
+#include "platform/vmrd/VmHFCBaseU/Text.h"
+#include "platform/windows/Number.h"
+
+CString CMyRecordItemPositiveInt::TextOf(const Values& values) const
+{
+    return Format(L"%d", static_cast<int>(values.front()));
+}
+
+CMyRecordItemValue::Values CMyRecordItemPositiveInt::Read(CXTPReportControl*,
+                                                          const CString& text) const
+{
+    const int value = Wtoi(text);
+    if (!IsNumericText(text) || value < 0) return {};
+    return {static_cast<double>(value)};
+}

@@ -1,0 +1,43 @@
+// What the value cells of all pages have in common: a cell holds its values, or it is empty.
+#pragma once
+
+#include "platform/xtp/report/ReportRecordItem.h"
+
+// A derived cell says how its values read (TextOf) and what an entered text gives (Read).
+class CMyRecordItemValue : public CXTPReportRecordItem {
+public:
+    // Most cells hold one number. 32-bit whole numbers are exact in it.
+    using Values = std::vector<double>;
+
+    bool IsEmpty() const { return m_values.empty(); }
+    void SetEmpty() { SetValues({}); }
+    // The first value; 0 when the cell is empty.
+    double GetNumber() const { return IsEmpty() ? 0 : m_values.front(); }
+    void SetNumber(double number) { SetValues({number}); }
+
+    // Bad input empties the cell, without a word unless Read has one.
+    void OnEditChanged(CXTPReportControl* control, const CString& newText) override;
+
+    CXTPReportItemState SaveState() const override;
+    void RestoreState(const CXTPReportItemState& state) override;
+
+protected:
+    void SetValues(Values values);
+    const Values& GetValues() const { return m_values; }
+
+    // The text that shows the values; it is only asked when there are some.
+    virtual CString TextOf(const Values& values) const = 0;
+    // The values that the user means by `text`, which has no blanks around it; none when it is
+    // no good. `control` can own a message box.
+    virtual Values Read(CXTPReportControl* control, const CString& text) const = 0;
+
+private:
+    Values m_values;
+};
+
+// An empty cell of that class.
+using NewCell = CMyRecordItemValue* (*)();
+template <class Cell> CMyRecordItemValue* MakeCell()
+{
+    return new Cell;
+}

@@ -1,0 +1,52 @@
+// The callback of a page whose criterion is one member of a specification.
+#pragma once
+
+#include "pages/framework/CriterionPage.h"
+
+template <auto Member> class CDSPageCallback;
+
+template <class Criterion, Criterion CDesignSpecification::*Member>
+class CDSPageCallback<Member> : public CDSCallback {
+public:
+    explicit CDSPageCallback(CCriterionPage<Criterion>* page) : CDSCallback(page) {}
+
+    void Load(const wchar_t* name) override
+    {
+        m_strName = name;
+        if (const CDesignSpecification* found = Specification())
+            CriterionPage().LoadStep(found->*Member);
+    }
+
+    void Rename(const wchar_t* name) override { m_strName = name; }
+
+    bool Validate(CString& message) override
+    {
+        CriterionPage().CommitGrids();
+        Criterion scratch;
+        return CriterionPage().StoreStep(scratch, message);
+    }
+
+    bool Save() override
+    {
+        CDesignSpecification* const found = Specification();
+        CString unused;
+        return found && CriterionPage().StoreStep(found->*Member, unused);
+    }
+
+    bool RenameAndSave(const wchar_t* name) override
+    {
+        m_strName = name;
+        return Save();
+    }
+
+    void OnShow() override
+    {
+        if (IsViewMode()) CriterionPage().MakeReadOnly();
+    }
+
+private:
+    CCriterionPage<Criterion>& CriterionPage() const
+    {
+        return static_cast<CCriterionPage<Criterion>&>(*Page());
+    }
+};

@@ -1,0 +1,101 @@
+// A grid with a column for each design speed, highest speed first, and the right-click menu that
+// adds and removes speeds.
+#pragma once
+
+#include <functional>
+
+#include "model/SpeedTable.h"
+#include "pages/framework/DSPage.h"
+#include "pages/framework/MyRecordItemValue.h"
+#include "platform/mfc/Menu.h"
+
+// Control ids, and widths in pixels at 100 % scale.
+struct SpeedGridLayout {
+    int placeholder = CDSPage::kGridPlaceholder;
+    int gridId = CDSPage::kGrid;
+    int headerWidth = 120; // of the column of row headers
+    int speedWidth = 40;   // of the speeds that the page was loaded with
+    int addedWidth = 40;   // of the speeds that the user adds
+};
+
+// More for the menu than speeds. Its items stand below the speeds and a separator; while the grid
+// has no row, the speeds are greyed.
+struct SpeedMenuExtension {
+    // Appends the items, with ids from `firstId` on.
+    std::function<void(CMenu& menu, UINT firstId)> append;
+    // The user chose the item of id `firstId` + `index`. What it changes is one step of undo; the
+    // grid is populated afterwards.
+    std::function<void(int index)> choose;
+    // False: there is no menu now. May be left out.
+    std::function<bool()> isOffered = nullptr;
+};
+
+// One item of the speed menu.
+struct SpeedChoice {
+    int speed = 0; // km/h
+    bool present = false;
+};
+// The standard speeds and the present ones, highest first.
+std::vector<SpeedChoice> SpeedChoices(const CArray<int>& present);
+
+// Adds the speeds of a table that are not in the list yet.
+template <class T> void MergeSpeeds(CArray<int>& speeds, const GrowArray<SpeedEntry<T>>& table)
+{
+    for (const SpeedEntry<T>& entry : table)
+        if (std::find(speeds.begin(), speeds.end(), entry.speed) == speeds.end())
+            speeds.push_back(entry.speed);
+}
+
+class CSpeedGrid {
+public:
+    // An empty value cell for a speed that the user adds to that row.
+    using AddedCell = std::function<CMyRecordItemValue*(int row)>;
+
+    // In the page's InitPage. The grid lives in the page, and as long as it.
+    void Create(CDSPage& page, const AddedCell& addedCell, const SpeedGridLayout& layout = {});
+    void ExtendMenu(const SpeedMenuExtension& extension) { m_extension = extension; }
+
+    CXTPReportControl& Control() const { return *m_control; }
+    int GetRowCount() const { return m_control->GetRecords().GetCount(); }
+
+    // Adds a row before row `at` with its header cell and an empty cell for each column; one
+    // beyond the end goes to the end. `itemData` is the page's own number for the row.
+    CXTPReportRecord* InsertRow(int at, const CString& caption, unsigned itemData = 0);
+    CXTPReportRecord* AddRow(const CString& caption, unsigned itemData = 0);
+    CXTPReportRecordItem* RowHeader(int row) const;
+    // Empties the grid save for its first column.
+    void RemoveRows();
+
+    // The speeds of the columns from left to right.
+    CArray<int> Speeds() const;
+    // Replaces the columns by one for each speed, highest first, bound to cells 1, 2 …
+    // The rows keep their headers alone; their value cells are the caller's to add.
+    void SetSpeeds(CArray<int> speeds);
+    // Before the first lower speed, with a new empty cell in each row.
+    void AddSpeed(int speed);
+    // The first column of that speed; the cells stay in their rows, out of sight.
+    void RemoveSpeed(int speed);
+
+    // The cell of a row and a speed; null when there is none.
+    CMyRecordItemValue* Cell(int row, int speed) const;
+
+    // Shows what was loaded; it cannot be undone.
+    void ShowLoaded();
+
+private:
+    CXTPReportColumn* FindColumn(int speed) const;
+    CXTPReportColumn* NewColumn(int itemIndex, int speed, int width) const;
+    int LastItemIndex() const;
+    void FillRow(int row, int lastItem);
+
+    void OnRightClick(const QPoint& globalPos);
+    CMenu MakeMenu(const std::vector<SpeedChoice>& choices) const;
+    void Choose(const std::vector<SpeedChoice>& choices, int index);
+    void AskForSpeed();
+
+    CDSPage* m_page = nullptr;
+    CXTPReportControl* m_control = nullptr;
+    SpeedGridLayout m_layout;
+    AddedCell m_addedCell;
+    SpeedMenuExtension m_extension;
+};

@@ -1,0 +1,569 @@
+#include "app/DSMainDialog.h"
+
+#include <QLayout>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include <gtest/gtest.h>
+
+#include "tests/app/AppTest.h"
+#include "tests/app/RecordingPage.h"
+
+namespace {
+
+using Log = std::vector<std::string>;
+
+const Log kValidated = {"1.Validate", "2.Validate", "3.Validate", "4.Validate"};
+
+class DSMainDialog : public AppTest {
+protected:
+    DSMainDialog() { g_recorded = {}; }
+    ~DSMainDialog() override { EXPECT_EQ(g_recorded.alive, 0); }
+
+    // Runs the dialog with recording pages; `action` must close it.
+    int Run(const ModalAction& action, const CString& name, bool isNew = false,
+            const wchar_t* source = nullptr)
+    {
+        CDSMainDialog dialog(name, isNew, source, &m_frame, kRecordingPages);
+        const ExpectModal modal(action);
+        return dialog.DoModal();
+    }
+    int View(const ModalAction& action, const wchar_t* page)
+    {
+        CDSMainDialog dialog(L"甲", false, nullptr, &m_frame, kRecordingPages);
+        dialog.SetViewMode(page);
+        const ExpectModal modal(action);
+        return dialog.DoModal();
+    }
+    // Runs it with the product's pages.
+    int RunPages(const ModalAction& action, const CString& name, bool isNew = false,
+                 const wchar_t* source = nullptr)
+    {
+        CDSMainDialog dialog(name, isNew, source, &m_frame);
+        const ExpectModal modal(action);
+        return dialog.DoModal();
+    }
+
+    static void Refused(QWidget* window, const CString& name, const CString& message)
+    {
+        TypeInto(window, 108, name);
+        {
+            const ExpectMessage box(message);
+            Click(window, IDOK);
+        }
+        EXPECT_TRUE(window->isVisible());
+        EXPECT_TRUE(GetsFocus(window, 108));
+    }
+    // Keys go there as soon as the window is the active one again.
+    static bool GetsFocus(QWidget* window, int id)
+    {
+        return window->focusWidget() == Control(window, id);
+    }
+    static int ImageOf(QWidget* window, const char* item)
+    {
+        return Item(window, item)->data(0, Qt::UserRole + 1).toInt();
+    }
+    // The numbers of the pages that are shown.
+    static std::string Shown(QWidget* window)
+    {
+        std::string shown;
+        int number = 0;
+        for (const char* name : {"一", "二", "三", "四"})
+            if (++number; PageOf(window, name)->isVisible()) shown += std::to_string(number);
+        return shown;
+    }
+
+private:
+    // The page window of a tree item, by its place.
+    static QWidget* PageOf(QWidget* window, const char* item)
+    {
+        const int place = Item(window, item)->data(0, Qt::UserRole).toInt();
+        auto* const area = window->findChild<QWidget*>(QStringLiteral("pageArea"));
+        return area->layout()->itemAt(place - 1)->widget();
+    }
+};
+
+void Cancel(QWidget* window)
+{
+    Click(window, IDCANCEL);
+}
+
+void Accept(QWidget* window)
+{
+    Click(window, IDOK);
+}
+
+} // namespace
+
+TEST_F(DSMainDialog, HasItsTextsAndButtons)
+{
+    Add(Make(L"甲"));
+    Run(
+        [](QWidget* window) {
+            EXPECT_EQ(window->windowTitle(), QStringLiteral("设计规范"));
+            EXPECT_EQ(Control<QLineEdit>(window, 108)->text(), QStringLiteral("甲"));
+            EXPECT_EQ(Control<QPushButton>(window, IDOK)->text(), QStringLiteral("确定"));
+            EXPECT_EQ(Control<QPushButton>(window, IDCANCEL)->text(), QStringLiteral("取消"));
+            Cancel(window);
+        },
+        L"甲");
+}
+
+TEST_F(DSMainDialog, BuildsItsTreeOfGroupsAndPages)
+{
+    Run(
+        [](QWidget* window) {
+            EXPECT_EQ(TreeLines(window), (Log{"Plan", "  一", "  三", "纵断", "  二", "四"}));
+            EXPECT_EQ(ImageOf(window, "Plan"), 0);
+            EXPECT_EQ(ImageOf(window, "一"), 1);
+            EXPECT_EQ(ImageOf(window, "三"), 2);
+            EXPECT_EQ(ImageOf(window, "四"), 2);
+            EXPECT_FALSE(Item(window, "Plan")->icon(0).isNull());
+            EXPECT_FALSE(Item(window, "一")->icon(0).isNull());
+            EXPECT_TRUE(Item(window, "Plan")->isExpanded());
+            EXPECT_FALSE(Item(window, "纵断")->isExpanded());
+            EXPECT_EQ(SelectedItem(window), "Plan");
+            EXPECT_EQ(Shown(window), "1");
+            Cancel(window);
+        },
+        L"甲");
+}
+
+TEST_F(DSMainDialog, MakesItsPagesOnTheFrameWithTheDocumentLocked)
+{
+    int locks = 0;
+    static int* seen = nullptr;
+    seen = &locks;
+    const PageEntry entry{L"组", L"页", [](CDSPage*) {
+                              *seen = Locks();
+                              return std::unique_ptr<CDSPage>(new CRecordingPage<1>);
+                          }};
+    const CDSMainDialog dialog(L"甲", false, nullptr, &m_frame, std::span(&entry, 1));
+    EXPECT_EQ(locks, 1);
+    EXPECT_EQ(Locks(), 0);
+    const auto pages = m_frame.findChildren<QDialog*>(QString(), Qt::FindDirectChildrenOnly);
+    EXPECT_TRUE(std::any_of(pages.begin(), pages.end(), [](QDialog* page) {
+        return dynamic_cast<CRecordingPage<1>*>(page) && page->isHidden();
+    }));
+}
+
+TEST_F(DSMainDialog, EachPageIsToldThePageBefore)
+{
+    const CDSMainDialog dialog(L"甲", false, nullptr, &m_frame, kRecordingPages);
+    ASSERT_EQ(g_recorded.before.size(), 4U);
+    EXPECT_EQ(g_recorded.before[0], nullptr);
+    EXPECT_NE(dynamic_cast<CRecordingPage<1>*>(g_recorded.before[1]), nullptr);
+    EXPECT_NE(dynamic_cast<CRecordingPage<3>*>(g_recorded.before[3]), nullptr);
+}
+
+TEST_F(DSMainDialog, SelectingAPageShowsItAlone)
+{
+    Run(
+        [](QWidget* window) {
+            g_recorded.log.clear();
+            ClickItem(window, "三");
+            EXPECT_EQ(Shown(window), "3");
+            EXPECT_EQ(ImageOf(window, "三"), 1);
+            EXPECT_EQ(ImageOf(window, "一"), 2);
+            ClickItem(window, "四");
+            EXPECT_EQ(Shown(window), "4");
+            EXPECT_EQ(g_recorded.log, (Log{"3.OnShow", "4.OnShow"}));
+            Cancel(window);
+        },
+        L"甲");
+}
+
+TEST_F(DSMainDialog, SelectingAGroupShowsItsFirstPage)
+{
+    Run(
+        [](QWidget* window) {
+            g_recorded.log.clear();
+            ClickItem(window, "纵断");
+            EXPECT_EQ(Shown(window), "2");
+            EXPECT_EQ(SelectedItem(window), "纵断");
+            EXPECT_EQ(ImageOf(window, "纵断"), 0);
+            ClickItem(window, "二");
+            EXPECT_EQ(g_recorded.log, (Log{"2.OnShow"}));
+            Cancel(window);
+        },
+        L"甲");
+}
+
+TEST_F(DSMainDialog, TheArrowKeysWalkThePages)
+{
+    Run(
+        [](QWidget* window) {
+            Tree(window)->setFocus();
+            PressKey(window, Qt::Key_Down);
+            PressKey(window, Qt::Key_Down);
+            EXPECT_EQ(Shown(window), "3");
+            Cancel(window);
+        },
+        L"甲");
+}
+
+TEST_F(DSMainDialog, EditLoadsThePagesWithTheName)
+{
+    Run(Cancel, L"甲");
+    EXPECT_EQ(g_recorded.log,
+              (Log{"1.Load(甲)", "2.Load(甲)", "3.Load(甲)", "4.Load(甲)", "1.OnShow"}));
+}
+
+TEST_F(DSMainDialog, NewWithASourceLoadsThePagesWithTheSource)
+{
+    Run(Cancel, L"乙", true, L"甲");
+    EXPECT_EQ(g_recorded.log,
+              (Log{"1.Load(甲)", "2.Load(甲)", "3.Load(甲)", "4.Load(甲)", "1.OnShow"}));
+}
+
+TEST_F(DSMainDialog, NewWithoutASourceLoadsNothing)
+{
+    Run(Cancel, L"乙", true);
+    EXPECT_EQ(g_recorded.log, (Log{"1.OnShow"}));
+}
+
+TEST_F(DSMainDialog, NewValidatesThenAddsThenStores)
+{
+    EXPECT_EQ(Run(
+                  [](QWidget* window) {
+                      g_recorded.log.clear();
+                      TypeInto(window, 108, L"  乙 ");
+                      Accept(window);
+                  },
+                  L"规范1", true),
+              IDOK);
+    Log expected = kValidated;
+    for (const char* number : {"1", "2", "3", "4"})
+        expected.push_back(std::string(number) + ".RenameAndSave(乙)");
+    EXPECT_EQ(g_recorded.log, expected);
+    EXPECT_EQ(Names(), L"乙");
+    EXPECT_TRUE(m_project.Has(FileOf(At(0))));
+}
+
+TEST_F(DSMainDialog, EditValidatesThenSaves)
+{
+    AddSaved(Make(L"甲"));
+    EXPECT_EQ(Run(
+                  [](QWidget* window) {
+                      g_recorded.log.clear();
+                      Accept(window);
+                  },
+                  L"甲"),
+              IDOK);
+    Log expected = kValidated;
+    expected.insert(expected.end(), {"1.Save", "2.Save", "3.Save", "4.Save"});
+    EXPECT_EQ(g_recorded.log, expected);
+}
+
+TEST_F(DSMainDialog, EditWithAnotherNameRenamesEachPageBeforeItIsSaved)
+{
+    AddSaved(Make(L"甲"));
+    Run(
+        [](QWidget* window) {
+            g_recorded.log.clear();
+            TypeInto(window, 108, L"乙");
+            Accept(window);
+        },
+        L"甲");
+    Log expected = kValidated;
+    for (const char* number : {"1", "2", "3", "4"}) {
+        expected.push_back(std::string(number) + ".Rename(乙)");
+        expected.push_back(std::string(number) + ".Save");
+    }
+    EXPECT_EQ(g_recorded.log, expected);
+    EXPECT_EQ(Names(), L"乙");
+}
+
+TEST_F(DSMainDialog, CancelAsksThePagesNothing)
+{
+    AddSaved(Make(L"甲"));
+    EXPECT_EQ(Run(
+                  [](QWidget* window) {
+                      g_recorded.log.clear();
+                      TypeInto(window, 108, L"乙");
+                      PressKey(window, Qt::Key_Escape);
+                  },
+                  L"甲"),
+              IDCANCEL);
+    EXPECT_EQ(g_recorded.log, Log{});
+    EXPECT_EQ(Names(), L"甲");
+}
+
+TEST_F(DSMainDialog, ARefusedPageIsShownWithItsMessage)
+{
+    g_recorded.refusing = 2;
+    g_recorded.refusal = "最小纵坡不能是空!";
+    Add(Make(L"甲"));
+    EXPECT_EQ(Run(
+                  [](QWidget* window) {
+                      g_recorded.log.clear();
+                      {
+                          // The page is there before the message.
+                          const ExpectModal box([window](QWidget* message) {
+                              EXPECT_EQ(SelectedItem(window), "二");
+                              EXPECT_EQ(Shown(window), "2");
+                              const ShownMessage shown = ReadMessage(message);
+                              EXPECT_EQ(shown.text, L"最小纵坡不能是空!");
+                              EXPECT_EQ(shown.caption, L"提示");
+                              EXPECT_EQ(shown.icon, MB_ICONINFORMATION);
+                              ClickMessageButton(message, L"确定");
+                          });
+                          Accept(window);
+                      }
+                      EXPECT_EQ(g_recorded.log, (Log{"1.Validate", "2.Validate", "2.OnShow"}));
+                      EXPECT_TRUE(window->isVisible());
+                      g_recorded.refusing = 0;
+                      Accept(window);
+                  },
+                  L"甲"),
+              IDOK);
+}
+
+TEST_F(DSMainDialog, RefusesNamesThatCannotBe)
+{
+    Add(Make(L"甲"));
+    Add(Make(L"Road"));
+    Run(
+        [](QWidget* window) {
+            Refused(window, L"", L"样式名不能为空!");
+            Refused(window, L"    ", L"样式名不能为空!");
+            for (const wchar_t c : std::wstring(L"<>/\\\":;=|,*?'"))
+                Refused(window, CString(L"a") + c + L"b",
+                        L"样式名中不允许出现如下字符: <>/\\\":;=|,*?'");
+            Refused(window, L"ROAD", L"和已有样式重名!");
+            EXPECT_EQ(std::count(g_recorded.log.begin(), g_recorded.log.end(), "1.Validate"), 0);
+            Cancel(window);
+        },
+        L"甲");
+}
+
+TEST_F(DSMainDialog, ANewNameMayEqualNone)
+{
+    Add(Make(L"Road"));
+    Run(
+        [](QWidget* window) {
+            Refused(window, L"road", L"和已有样式重名!");
+            Refused(window, L"Road", L"和已有样式重名!");
+            Cancel(window);
+        },
+        L"Road", true);
+    EXPECT_EQ(Names(), L"Road");
+}
+
+TEST_F(DSMainDialog, ViewModeCannotChangeAnything)
+{
+    AddSaved(Make(L"甲"));
+    const std::string before = m_project.Read(FileOf(At(0)));
+    EXPECT_EQ(View(
+                  [](QWidget* window) {
+                      EXPECT_EQ(window->windowTitle(), QStringLiteral("设计规范 -- 查看模式"));
+                      EXPECT_FALSE(Control(window, 108)->isEnabled());
+                      EXPECT_EQ(Shown(window), "2");
+                      EXPECT_EQ(SelectedItem(window), "二");
+                      g_recorded.log.clear();
+                      Accept(window);
+                  },
+                  L"纵断\\二"),
+              IDOK);
+    EXPECT_EQ(g_recorded.log, Log{});
+    EXPECT_EQ(m_project.Read(FileOf(At(0))), before);
+}
+
+TEST_F(DSMainDialog, AViewPathIsSplitAtItsLastBackslashAndFoundInAnyCase)
+{
+    View(
+        [](QWidget* window) {
+            EXPECT_EQ(SelectedItem(window), "三");
+            Cancel(window);
+        },
+        L"plan\\三");
+}
+
+TEST_F(DSMainDialog, AnUnknownViewPathShowsTheFirstPage)
+{
+    for (const wchar_t* path : {L"", L"二", L"纵断\\没有", L"没有\\二"})
+        View(
+            [](QWidget* window) {
+                EXPECT_EQ(Shown(window), "1");
+                EXPECT_EQ(SelectedItem(window), "Plan");
+                Cancel(window);
+            },
+            path);
+}
+
+TEST_F(DSMainDialog, WithoutAFrameThePagesAreTheDialogs)
+{
+    acedSetAcadFrame(nullptr);
+    Run(
+        [](QWidget* window) {
+            EXPECT_EQ(Shown(window), "1");
+            Cancel(window);
+        },
+        L"甲");
+}
+
+// With the product's pages and files
+
+TEST_F(DSMainDialog, AnEditReachesTheFile)
+{
+    AddSaved(Make(L"甲", 20));
+    RunPages(
+        [](QWidget* window) {
+            ClickItem(window, "直线长度");
+            TypeInto(window, 104, L"30.5");
+            Accept(window);
+        },
+        L"甲");
+    EXPECT_EQ(SpecificationFiles(), 1);
+    EXPECT_EQ(Reload().Count(), 1);
+    EXPECT_EQ(MarkOf(L"甲"), 30.5);
+}
+
+TEST_F(DSMainDialog, CancelLeavesLibraryAndFile)
+{
+    AddSaved(Make(L"甲", 20));
+    RunPages(
+        [](QWidget* window) {
+            ClickItem(window, "直线长度");
+            TypeInto(window, 104, L"30.5");
+            Cancel(window);
+        },
+        L"甲");
+    EXPECT_EQ(MarkOf(L"甲"), 20);
+    Reload();
+    EXPECT_EQ(MarkOf(L"甲"), 20);
+}
+
+TEST_F(DSMainDialog, ANewNameIsTheNameInLibraryAndFolder)
+{
+    const CDesignSpecification& edited = AddSaved(Make(L"甲", 20));
+    AddSaved(Make(L"丙", 15));
+    const std::string oldFile = FileOf(edited);
+    const GUID id = edited.ID();
+    RunPages(
+        [](QWidget* window) {
+            ClickItem(window, "直线长度");
+            TypeInto(window, 104, L"30");
+            TypeInto(window, 108, L"乙");
+            Accept(window);
+        },
+        L"甲");
+    EXPECT_EQ(Names(), L"乙 丙");
+    EXPECT_FALSE(m_project.Has(oldFile));
+    EXPECT_EQ(SpecificationFiles(), 2);
+    Reload();
+    EXPECT_EQ(MarkOf(L"乙"), 30);
+    EXPECT_EQ(MarkOf(L"丙"), 15);
+    EXPECT_EQ(Library().Item(L"甲"), nullptr);
+    EXPECT_EQ(Library().Item(L"乙")->ID(), id);
+}
+
+TEST_F(DSMainDialog, AChangeOfCaseAloneIsARename)
+{
+    const CDesignSpecification& edited = AddSaved(Make(L"road", 20));
+    const std::string oldFile = FileOf(edited);
+    RunPages(
+        [](QWidget* window) {
+            TypeInto(window, 108, L"Road");
+            ClickItem(window, "直线长度");
+            TypeInto(window, 104, L"31");
+            Accept(window);
+        },
+        L"road");
+    EXPECT_EQ(Names(), L"Road");
+    EXPECT_EQ(SpecificationFiles(), 1);
+    EXPECT_FALSE(m_project.Has(oldFile));
+    Reload();
+    EXPECT_EQ(Names(), L"Road");
+    EXPECT_EQ(MarkOf(L"road"), 31);
+}
+
+TEST_F(DSMainDialog, TheSameNameInItsOwnCaseIsNoRename)
+{
+    AddSaved(Make(L"road", 20));
+    RunPages(Accept, L"road");
+    EXPECT_EQ(Names(), L"road");
+    EXPECT_EQ(SpecificationFiles(), 1);
+}
+
+TEST_F(DSMainDialog, ACopyStartsFromItsSource)
+{
+    AddSaved(Make(L"甲", 33));
+    EXPECT_EQ(RunPages(Accept, L"甲[副本]", true, L"甲"), IDOK);
+    EXPECT_EQ(Names(), L"甲 甲[副本]");
+    EXPECT_EQ(MarkOf(L"甲[副本]"), 33);
+    EXPECT_FALSE(At(0).ID() == At(1).ID());
+    EXPECT_EQ(SpecificationFiles(), 2);
+}
+
+TEST_F(DSMainDialog, ANewOneHasTheBuiltInLimits)
+{
+    AddSaved(Make(L"甲", 33));
+    RunPages(Accept, L"规范2", true);
+    EXPECT_EQ(MarkOf(L"规范2"), 20);
+}
+
+TEST_F(DSMainDialog, ARefusedFieldGetsTheFocusBack)
+{
+    AddSaved(Make(L"甲", 33));
+    RunPages(
+        [](QWidget* window) {
+            ClickItem(window, "直线长度");
+            TypeInto(window, 104, L"1.25");
+            ClickItem(window, "圆曲线半径");
+            {
+                const ExpectMessage box(L"最大直线长度必须是正数,且最多只有一位小数!");
+                Accept(window);
+            }
+            EXPECT_EQ(SelectedItem(window), "直线长度");
+            EXPECT_TRUE(GetsFocus(window, 104));
+            Cancel(window);
+        },
+        L"甲");
+    EXPECT_EQ(MarkOf(L"甲"), 33);
+}
+
+TEST_F(DSMainDialog, ASpecificationThatIsGoneMeanwhileIsNotSaved)
+{
+    AddSaved(Make(L"甲"));
+    EXPECT_EQ(RunPages(
+                  [](QWidget* window) {
+                      Library().Remove(0, true);
+                      Accept(window);
+                  },
+                  L"甲"),
+              IDOK);
+    EXPECT_EQ(Library().Count(), 0);
+}
+
+TEST_F(DSMainDialog, EnterInAFieldOfAPageIsOk)
+{
+    AddSaved(Make(L"甲"));
+    EXPECT_EQ(RunPages(
+                  [](QWidget* window) {
+                      ClickItem(window, "直线长度");
+                      TypeInto(window, 104, L"25");
+                      PressKey(window, Qt::Key_Return);
+                  },
+                  L"甲"),
+              IDOK);
+    EXPECT_EQ(MarkOf(L"甲"), 25);
+}
+
+TEST_F(DSMainDialog, ThePagesFillTheAreaBesideTheTree)
+{
+    RunPages(
+        [](QWidget* window) {
+            const auto* const area = window->findChild<QWidget*>(QStringLiteral("pageArea"));
+            const QWidget* const tree = Control(window, 100);
+            const QWidget* const name = Control(window, 108);
+            EXPECT_EQ(area->x(), tree->x() + tree->width() + 5);
+            EXPECT_EQ(area->y(), tree->y());
+            EXPECT_EQ(area->height(), tree->height());
+            EXPECT_EQ(area->geometry().right(), name->geometry().right());
+            const QWidget* const page = area->layout()->itemAt(0)->widget();
+            EXPECT_EQ(page->geometry(), area->rect());
+            Cancel(window);
+        },
+        L"甲");
+}

@@ -1,0 +1,214 @@
+// The module as a host has it: a file that is loaded, told things, and unloaded.
+#include <malloc.h>
+
+#include <array>
+#include <cstdio>
+#include <memory>
+
+#include <QPixmapCache>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include "platform/arx/Frame.h"
+#include "platform/arx/Modeler.h"
+#include "platform/arx/Modules.h"
+#include "platform/vmrd/VMRDPrj/PrjManager.h"
+#include "tests/app/AppTest.h"
+
+namespace {
+
+constexpr wchar_t kModule[] = L"DesignSpecification.arx";
+constexpr wchar_t kProjectModule[] = L"VMRDPrj.arx";
+
+std::string Output(const std::string& command)
+{
+    struct Close {
+        void operator()(FILE* stream) const { pclose(stream); }
+    };
+    const std::unique_ptr<FILE, Close> pipe(popen(command.c_str(), "r"));
+    std::string output;
+    std::array<char, 4096> buffer;
+    while (pipe && fgets(buffer.data(), static_cast<int>(buffer.size()), pipe.get()))
+        output += buffer.data();
+    return output;
+}
+
+bool IsMapped(const char* file)
+{
+    std::ifstream maps("/proc/self/maps");
+    const std::string all{std::istreambuf_iterator<char>(maps), {}};
+    return all.find(file) != std::string::npos;
+}
+
+// Bytes in use, without the pictures that Qt keeps for a while.
+size_t BytesInUse()
+{
+    QPixmapCache::clear();
+    return mallinfo2().uordblks;
+}
+
+ArxModule StateOf(const CString& name)
+{
+    for (const ArxModule& module : acrxModules())
+        if (EqualNoCase(module.name, name)) return module;
+    return {};
+}
+
+class Module : public AppTest {
+protected:
+    ~Module() override
+    {
+        if (acrxModuleLoaded(kModule)) acrxUnloadModule(kModule, false);
+        EXPECT_FALSE(acrxModuleLoaded(kProjectModule));
+        VMRDPub::SetInstallPath(L"");
+    }
+
+    static bool Load() { return acrxLoadModule(kModule, false, false); }
+    static bool Unload() { return acrxUnloadModule(kModule, false); }
+    static CStyleManager& Manager() { return *CPrjManager::GetInstance()->GetStyleManager(); }
+
+    // An install path of the test's own that has these files of the real one.
+    void Install(const std::vector<std::string>& files)
+    {
+        const std::filesystem::path real = std::filesystem::path(BINARY_DIR) / "bin";
+        for (const std::string& file : files)
+            std::filesystem::create_symlink(real / file, m_install.Native(file));
+        VMRDPub::SetInstallPath(m_install.Path());
+    }
+
+    TemporaryFolder m_install;
+};
+
+} // namespace
+
+TEST_F(Module, ExportsItsEntryPointAndTheViewFunctionAlone)
+{
+    EXPECT_EQ(Output("nm -D --defined-only '" BINARY_DIR
+                     "/bin/DesignSpecification.arx' | awk '{print $2, $3}' | sort"),
+              "T ViewDesignSpecification\nT acrxEntryPoint\n");
+}
+
+TEST_F(Module, PublishesItsGroupWithTheEditor)
+{
+    ASSERT_TRUE(Load());
+    EXPECT_TRUE(acdbModelerStarted());
+    EXPECT_TRUE(acrxModuleLoaded(kProjectModule));
+    ASSERT_EQ(Manager().GroupsCount(), 1);
+    CStyleGroup* const group = Manager().GetGroup(0);
+    EXPECT_EQ(group->Name(), L"设计规范");
+    EXPECT_FALSE(group->Icon().isNull());
+    ASSERT_EQ(group->StylesCount(), 1);
+    EXPECT_EQ(group->GetStyles(0)->GetStyles(), &Library());
+}
+
+TEST_F(Module, ReadsTheLibraryWhenItIsLoaded)
+{
+    AddSaved(Make(L"甲"));
+    CDesignSpecifications::Destroy();
+    ASSERT_TRUE(Load());
+    EXPECT_EQ(Names(), L"甲");
+}
+
+TEST_F(Module, LeavesNothingBehind)
+{
+    ASSERT_TRUE(Load());
+    Add(Make(L"甲"));
+    m_trace.Clear();
+    ASSERT_TRUE(Unload());
+    EXPECT_EQ(m_trace.Text(), L"CRDDesignSpecificationApp::On_kUnloadAppMsg-341");
+    EXPECT_EQ(CPrjManager::GetInstance(), nullptr);
+    EXPECT_FALSE(acrxModuleLoaded(kProjectModule));
+    EXPECT_EQ(Library().Count(), 0); // a new library
+    EXPECT_FALSE(IsMapped("DesignSpecification.arx"));
+    EXPECT_FALSE(IsMapped("VMRDPrj.arx"));
+}
+
+TEST_F(Module, LoadsAndUnloadsTwentyTimes)
+{
+    AddSaved(Make(L"甲"));
+    size_t before = 0;
+    for (int i = 0; i < 20; ++i) {
+        ASSERT_TRUE(Load());
+        ASSERT_EQ(Manager().GroupsCount(), 1);
+        ASSERT_EQ(Names(), L"甲");
+        {
+            const ExpectModal dialog([](QWidget* window) { Click(window, IDOK); });
+            Manager().GetGroup(0)->GetStyles(0)->Edit(Library().Item(0));
+        }
+        ASSERT_TRUE(Unload());
+        ASSERT_FALSE(IsMapped("DesignSpecification.arx"));
+        ASSERT_EQ(CPrjManager::GetInstance(), nullptr);
+        m_trace.Clear();
+        QTest::qWait(20);
+        if (i == 9) before = BytesInUse();
+    }
+    // What malloc and Qt keep for later moves by some 4 KB each time; a page is more than that.
+    EXPECT_LT(BytesInUse(), before + 100000);
+}
+
+TEST_F(Module, OffersTheViewFunctionToOthers)
+{
+    AddSaved(Make(L"甲"));
+    ASSERT_TRUE(Load());
+    Library().SetDefaultItem(0);
+    const auto view = reinterpret_cast<void (*)(const wchar_t*)>(
+        acrxModuleFunction(kModule, "ViewDesignSpecification"));
+    ASSERT_NE(view, nullptr);
+    const ExpectModal dialog([](QWidget* window) {
+        EXPECT_EQ(SelectedItem(window), "圆曲线半径");
+        Click(window, IDOK);
+    });
+    view(L"平面\\圆曲线半径");
+}
+
+TEST_F(Module, RefusesWithoutTheProjectModule)
+{
+    Install({"DesignSpecification.arx", "StyleGroups.json", "VMRDRes.dll"});
+    EXPECT_FALSE(Load());
+    EXPECT_FALSE(acrxModuleLoaded(kModule));
+    const ArxModule state = StateOf(kModule);
+    EXPECT_EQ(state.state, ArxModuleState::Failed);
+    EXPECT_EQ(state.reason, L"模块拒绝初始化 (返回值 3)");
+    EXPECT_EQ(StateOf(kProjectModule).reason, L"文件不存在");
+    EXPECT_NE(m_trace.Text().find(L"项目模块 VMRDPrj.arx 无法加载, 设计规范模块不能使用"),
+              CString::npos)
+        << ToUtf8(m_trace.Text());
+    EXPECT_EQ(CPrjManager::GetInstance(), nullptr);
+    EXPECT_FALSE(IsMapped("DesignSpecification.arx"));
+}
+
+TEST_F(Module, RunsWithoutAConfiguredGroup)
+{
+    Install({"DesignSpecification.arx", "VMRDPrj.arx", "VMRDRes.dll"});
+    m_install.Write("StyleGroups.json", R"({"groups": [{"name": "Other"}]})");
+    ASSERT_TRUE(Load());
+    EXPECT_EQ(Manager().GroupsCount(), 0);
+    m_trace.Clear();
+    EXPECT_TRUE(Unload());
+    EXPECT_EQ(m_trace.Text(), L"CRDDesignSpecificationApp::On_kUnloadAppMsg-341");
+}
+
+TEST_F(Module, RunsWithoutAConfiguration)
+{
+    Install({"DesignSpecification.arx", "VMRDPrj.arx", "VMRDRes.dll"});
+    ASSERT_TRUE(Load());
+    EXPECT_EQ(Manager().GroupsCount(), 0);
+}
+
+TEST_F(Module, PublishesAGroupWithoutAnEditorWhenNoneIsConfigured)
+{
+    Install({"DesignSpecification.arx", "VMRDPrj.arx", "VMRDRes.dll"});
+    m_install.Write("StyleGroups.json", R"({"groups": [{"name": "CDesignSpecificationGroup"}]})");
+    ASSERT_TRUE(Load());
+    ASSERT_EQ(Manager().GroupsCount(), 1);
+    EXPECT_EQ(Manager().GetGroup(0)->StylesCount(), 0);
+}
+
+TEST_F(Module, RunsWithoutItsIcons)
+{
+    Install({"DesignSpecification.arx", "VMRDPrj.arx", "StyleGroups.json"});
+    ASSERT_TRUE(Load());
+    ASSERT_EQ(Manager().GroupsCount(), 1);
+    EXPECT_TRUE(Manager().GetGroup(0)->Icon().isNull());
+}

@@ -1,0 +1,451 @@
+#include <regex>
+
+#include "tests/cli/CommandTest.h"
+
+namespace {
+
+class ChangeCommands : public CommandTest {
+protected:
+    void Wrong(const std::string& text, const Words& words) const { Fails(2, text, words); }
+
+    // Sets a value and asks a new process for it.
+    void SetAndAsk(const std::string& path, const std::string& value,
+                   const std::string& asked) const
+    {
+        EXPECT_EQ(Done({"set", path, value}), "");
+        EXPECT_EQ(Done({"query", path}), asked + "\n") << path;
+    }
+    std::string At(const std::string& path, const std::string& speed) const
+    {
+        return Done({"query", path, "--speed", speed, "--mode", "exact"});
+    }
+};
+
+constexpr char kMinRad[] = "CircularCurveRad.SuperelevationMinRad";
+
+using NewCommand = ChangeCommands;
+
+TEST_F(NewCommand, WritesAFileNamedAfterNameAndIdentity)
+{
+    New("城市");
+    EXPECT_EQ(FileOf("城市"), "规范/城市" + IdOf("城市") + ".hds");
+    EXPECT_TRUE(m_folder.Has(FileOf("城市")));
+    EXPECT_TRUE(
+        std::regex_match(IdOf("城市"), std::regex("[0-9A-F]{8}(-[0-9A-F]{4}){3}-[0-9A-F]{12}")));
+}
+
+TEST_F(NewCommand, StartsFromTheBuiltInValues)
+{
+    New("城市");
+    EXPECT_EQ(Done({"query", "CircularCurveRad.MaxRad"}), "10000\n");
+}
+
+TEST_F(NewCommand, TrimsTheName)
+{
+    New("  城市 ");
+    EXPECT_EQ(Names(), (std::vector<std::string>{"城市"}));
+}
+
+TEST_F(NewCommand, RefusesNamesByTheEditorsRules)
+{
+    New("城市");
+    New("City");
+    for (const char* name : {"", "  ", "\t"})
+        Wrong("样式名不能为空!", {"new", name});
+    for (const char c : std::string("<>/\\\":;=|,*?'"))
+        Wrong("样式名中不允许出现如下字符: <>/\\\":;=|,*?'\n", {"new", std::string("a") + c});
+    Wrong("和已有样式重名!", {"new", "城市"});
+    Wrong("和已有样式重名!", {"new", " CITY "});
+    EXPECT_EQ(Names(), (std::vector<std::string>{"City", "城市"}));
+}
+
+TEST_F(NewCommand, RefusesNamesThatNoFileCanBear)
+{
+    Wrong("名称", {"new", ".."});
+    Wrong("名称过长", {"new", std::string(300, 'a')});
+    Wrong("文件无法记录的字符", {"new", "a\x01"});
+    EXPECT_FALSE(m_folder.Has("规范"));
+}
+
+TEST_F(NewCommand, TakesTheNameOfACommand)
+{
+    New("list");
+    New("check");
+    EXPECT_EQ(Names(), (std::vector<std::string>{"check", "list"}));
+}
+
+TEST_F(NewCommand, CopiesTheContentButNotTheIdentity)
+{
+    New("城市");
+    Done({"set", kMinRad, "--speed", "80", "260"});
+    Done({"set", "LonGrad.Criterion", "第 5 条"});
+    EXPECT_EQ(Done({"new", "副本", "--from", "城市"}), "");
+    EXPECT_NE(IdOf("副本"), IdOf("城市"));
+    EXPECT_EQ(DoneJson({"show", "--spec", "副本"})["criteria"],
+              DoneJson({"show", "--spec", "城市"})["criteria"]);
+}
+
+TEST_F(NewCommand, RefusesAnUnknownSource)
+{
+    New("城市");
+    Wrong("没有设计规范“乡村”。可选:\n  城市", {"new", "a", "--from", "乡村"});
+    EXPECT_EQ(Names(), (std::vector<std::string>{"城市"}));
+}
+
+using RenameCommand = ChangeCommands;
+
+TEST_F(RenameCommand, MovesTheFileAndKeepsIdentityAndContent)
+{
+    New("城市");
+    Done({"set", kMinRad, "--speed", "80", "260"});
+    const std::string id = IdOf("城市");
+    const std::string old = FileOf("城市");
+    EXPECT_EQ(Done({"rename", "城市", " 市区 "}), "");
+    EXPECT_EQ(Names(), (std::vector<std::string>{"市区"}));
+    EXPECT_EQ(IdOf("市区"), id);
+    EXPECT_FALSE(m_folder.Has(old));
+    EXPECT_EQ(At(kMinRad, "80"), "260\n");
+}
+
+TEST_F(RenameCommand, ChangesTheCaseAlone)
+{
+    New("City");
+    const std::string old = FileOf("City");
+    EXPECT_EQ(Done({"rename", "city", "CITY"}), "");
+    EXPECT_EQ(Names(), (std::vector<std::string>{"CITY"}));
+    EXPECT_FALSE(m_folder.Has(old));
+    EXPECT_TRUE(m_folder.Has(FileOf("CITY")));
+}
+
+TEST_F(RenameCommand, LeavesTheSameNameAsItIs)
+{
+    New("城市");
+    const std::string before = m_folder.Read(FileOf("城市"));
+    EXPECT_EQ(Done({"rename", "城市", "城市"}), "");
+    EXPECT_EQ(m_folder.Read(FileOf("城市")), before);
+}
+
+TEST_F(RenameCommand, TakesTheIdentityForTheOldName)
+{
+    New("城市");
+    EXPECT_EQ(Done({"rename", IdOf("城市"), "市区"}), "");
+    EXPECT_EQ(Names(), (std::vector<std::string>{"市区"}));
+}
+
+TEST_F(RenameCommand, RefusesNamesByTheEditorsRules)
+{
+    New("城市");
+    New("乡村");
+    Wrong("样式名不能为空!", {"rename", "城市", " "});
+    Wrong("样式名中不允许出现如下字符: <>/\\\":;=|,*?'", {"rename", "城市", "a/b"});
+    Wrong("和已有样式重名!", {"rename", "城市", "乡村"});
+    Wrong("没有设计规范“公路”", {"rename", "公路", "a"});
+    Wrong("缺少 NEW", {"rename", "城市"});
+    EXPECT_EQ(Names(), (std::vector<std::string>{"乡村", "城市"}));
+}
+
+TEST_F(RenameCommand, StaysTheDefault)
+{
+    New("城市");
+    New("乡村");
+    Done({"default", "城市"});
+    Done({"rename", "城市", "市区"});
+    EXPECT_EQ(Done({"default"}), "市区\n");
+}
+
+using RemoveCommand = ChangeCommands;
+
+TEST_F(RemoveCommand, SetsTheFileAsideAndStaysDeleted)
+{
+    New("城市");
+    New("乡村");
+    const std::string file = FileOf("城市");
+    const std::string content = m_folder.Read(file);
+    const ProcessResult result = Call({"remove", "城市"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.out, "");
+    EXPECT_THAT(result.err, HasSubstr("已移至"));
+    EXPECT_EQ(Names(), (std::vector<std::string>{"乡村"}));
+    EXPECT_FALSE(m_folder.Has(file));
+    EXPECT_EQ(m_folder.Read(Replaced(file, "规范/", "规范/已删除/")), content);
+}
+
+TEST_F(RemoveCommand, FindsAFileOfAnyName)
+{
+    New("城市");
+    std::filesystem::rename(m_folder.Native(FileOf("城市")), m_folder.Native("规范/foo.hds"));
+    EXPECT_EQ(Call({"remove", "城市"}).status, 0);
+    EXPECT_TRUE(Names().empty());
+    EXPECT_TRUE(m_folder.Has("规范/已删除/foo.hds"));
+}
+
+TEST_F(RemoveCommand, FindsAFileThatGivesNoIdentity)
+{
+    New("城市");
+    m_folder.Write("规范/noid.hds",
+                   std::regex_replace(m_folder.Read(FileOf("城市")),
+                                      std::regex(R"( Name="城市" ID="[^"]*")"), R"( Name="无")"));
+    EXPECT_EQ(Names(), (std::vector<std::string>{"无", "城市"}));
+    Call({"remove", "无"});
+    EXPECT_EQ(Names(), (std::vector<std::string>{"城市"}));
+    EXPECT_TRUE(m_folder.Has("规范/已删除/noid.hds"));
+}
+
+TEST_F(RemoveCommand, KeepsTheOthersOfAFileWithSeveral)
+{
+    New("城市");
+    New("乡村");
+    Done({"export", "both.hds"});
+    Call({"remove", "城市"});
+    Call({"remove", "乡村"});
+    std::filesystem::copy(m_folder.Native("both.hds"), m_folder.Native("规范/both.hds"));
+    EXPECT_EQ(Call({"remove", "城市"}).status, 0);
+    EXPECT_EQ(Names(), (std::vector<std::string>{"乡村"}));
+}
+
+TEST_F(RemoveCommand, LeavesNoDefaultWhenThatWasRemoved)
+{
+    New("城市");
+    New("乡村");
+    Done({"default", "城市"});
+    Call({"remove", "城市"});
+    const ProcessResult result = Call({"default"});
+    EXPECT_EQ(result.status, 1);
+    EXPECT_THAT(result.err, HasSubstr("没有默认的设计规范"));
+}
+
+TEST_F(RemoveCommand, RefusesAnUnknownName)
+{
+    New("城市");
+    Wrong("没有设计规范“乡村”。可选:\n  城市\n", {"remove", "乡村"});
+    Wrong("缺少 NAME", {"remove"});
+}
+
+using DefaultCommand = ChangeCommands;
+
+TEST_F(DefaultCommand, IsSetShownAndKept)
+{
+    New("城市");
+    New("乡村");
+    Fails(1, "没有默认的设计规范", {"default"});
+    EXPECT_EQ(Done({"default", "城市"}), "");
+    EXPECT_EQ(Done({"default"}), "城市\n");
+    EXPECT_EQ(DoneJson({"default"}), (Json{{"name", "城市"}, {"id", IdOf("城市")}}));
+    EXPECT_EQ(Done({"default", IdOf("乡村")}), "");
+    EXPECT_EQ(Done({"default"}), "乡村\n");
+    EXPECT_TRUE(Entry("乡村")["default"]);
+    EXPECT_FALSE(Entry("城市")["default"]);
+}
+
+TEST_F(DefaultCommand, KeepsTheOtherSettings)
+{
+    New("城市");
+    m_folder.Write("规范/setting.ini", "; 说明\n[其它]\n键=值\n");
+    Done({"default", "城市"});
+    const std::string text = m_folder.Read("规范/setting.ini");
+    EXPECT_THAT(text, HasSubstr("; 说明"));
+    EXPECT_THAT(text, HasSubstr("键=值"));
+    EXPECT_THAT(text, HasSubstr(IdOf("城市")));
+}
+
+TEST_F(DefaultCommand, RefusesAnUnknownName)
+{
+    New("城市");
+    Wrong("没有设计规范“乡村”", {"default", "乡村"});
+    Wrong("NAME: 不能为空", {"default", ""});
+}
+
+using SetCommand = ChangeCommands;
+
+TEST_F(SetCommand, ChangesEveryScalarField)
+{
+    New("城市");
+    const Json criteria = DoneJson({"show"})["criteria"];
+    int fields = 0;
+    for (const auto& [criterion, values] : criteria.items()) {
+        for (const auto& [field, value] : values.items()) {
+            const std::string path = criterion + "." + field;
+            fields += value.is_array() ? 0 : 1;
+            if (value.is_string())
+                SetAndAsk(path, "  第 3.1 条 <&\">  ", "第 3.1 条 <&\">");
+            else if (value.is_boolean())
+                SetAndAsk(path, value.get<bool>() ? "0" : "1", value.get<bool>() ? "0" : "1");
+            else if (value.is_number_integer())
+                SetAndAsk(path, "+1234", "1234");
+            else if (value.is_number())
+                SetAndAsk(path, "0.1", "0.1");
+        }
+    }
+    EXPECT_EQ(fields, 27);
+}
+
+TEST_F(SetCommand, ChangesAddsAndUnsetsEveryTable)
+{
+    New("城市");
+    const Json criteria = DoneJson({"show"})["criteria"];
+    int tables = 0;
+    for (const auto& [criterion, values] : criteria.items()) {
+        for (const auto& [field, value] : values.items()) {
+            if (!value.is_array() || field == "rows" || field == "definitions" || field == "ranges")
+                continue;
+            ++tables;
+            const std::string path = criterion + "." + field;
+            EXPECT_EQ(Done({"set", path, "--speed", "80", "77"}), "");
+            EXPECT_EQ(Done({"set", path, "--speed", "55", "66"}), "");
+            EXPECT_EQ(At(path, "80"), "77\n") << path;
+            EXPECT_EQ(At(path, "55"), "66\n") << path;
+            EXPECT_EQ(Done({"set", path, "--speed", "80", "--unset"}), "");
+            Fails(1, "没有符合条件的值", {"query", path, "--speed", "80", "--mode", "exact"});
+        }
+    }
+    EXPECT_EQ(tables, 26);
+}
+
+TEST_F(SetCommand, KeepsATableInDescendingOrder)
+{
+    New("城市");
+    Done({"set", kMinRad, "--speed", "10", "15"});
+    Done({"set", kMinRad, "--speed", "100", "400"});
+    Done({"set", kMinRad, "--speed", "70", "200"});
+    std::vector<int> speeds;
+    const Json criteria = DoneJson({"show", "CircularCurveRad"})["criteria"];
+    for (const Json& entry : criteria["CircularCurveRad"]["SuperelevationMinRad"])
+        speeds.push_back(entry["speed"]);
+    EXPECT_EQ(speeds, (std::vector<int>{100, 80, 70, 60, 50, 40, 30, 20, 10}));
+    EXPECT_EQ(DoneJson({"check"}), Json::array());
+}
+
+TEST_F(SetCommand, ChangesNothingElse)
+{
+    New("城市");
+    Json before = DoneJson({"show"});
+    Done({"set", "CircularCurveRad.MaxRad", "9000"});
+    before["criteria"]["CircularCurveRad"]["MaxRad"] = 9000;
+    EXPECT_EQ(DoneJson({"show"}), before);
+}
+
+TEST_F(SetCommand, UnsetsTheLastSpeedOfATable)
+{
+    New("城市");
+    for (const char* speed : {"80", "60", "50", "40", "30", "20"})
+        Done({"set", "MaxResultantGrad.CityRoad", "--speed", speed, "--unset"});
+    Fails(1, "没有符合条件的值", {"query", "MaxResultantGrad.CityRoad", "--speed", "80"});
+}
+
+TEST_F(SetCommand, ChangesASpeedThatTheFileHoldsTwice)
+{
+    New("城市");
+    const std::string file = FileOf("城市");
+    const std::string item = R"(<Item speed="80" value="250" />)";
+    m_folder.Write(file, Replaced(m_folder.Read(file), item, item + item));
+    Done({"set", kMinRad, "--speed", "80", "260"});
+    EXPECT_EQ(At(kMinRad, "80"), "260\n");
+    EXPECT_EQ(DoneJson({"check"}), Json::array());
+}
+
+TEST_F(SetCommand, RefusesValuesThatAreNone)
+{
+    New("城市");
+    const std::string before = m_folder.Read(FileOf("城市"));
+    for (const char* value : {"12abc", "２０", "1e999", "", "6.5", "99999999999"}) {
+        Wrong("值“" + std::string(value) + "”不是整数", {"set", "CircularCurveRad.MaxRad", value});
+        Wrong("不是整数", {"set", kMinRad, "--speed", "80", value});
+    }
+    for (const char* value : {"12abc", "２０", "1e999", "", "nan", "inf", "0x5", "1,5"}) {
+        Wrong("值“" + std::string(value) + "”不是数", {"set", "LonGrad.MinGrad", value});
+        Wrong("不是数", {"set", "LonGrad.MaxGradLimitedValues", "--speed", "80", value});
+    }
+    for (const char* value : {"2", "yes", "", "是"})
+        Wrong("值应为 0 或 1", {"set", "CurveWidening.IsGMinAndLEMaxMode", value});
+    Wrong("文件无法记录的字符", {"set", "LonGrad.Criterion", "a\x02"});
+    EXPECT_EQ(m_folder.Read(FileOf("城市")), before);
+}
+
+TEST_F(SetCommand, RefusesNegativeValues)
+{
+    New("城市");
+    Wrong("值不能小于 0", {"set", "CircularCurveRad.MaxRad", "-5"});
+    Wrong("值不能小于 0", {"set", "LonGrad.MinGrad", "-0.5"});
+    Wrong("值不能小于 0", {"set", kMinRad, "--speed", "80", "-5"});
+    Wrong("不能小于 0", {"set", kMinRad, "--speed", "80", "--", "-5"});
+    Wrong("不能小于 0", {"set", "LonGrad.MinGrad", "--", "-0.5"});
+    Wrong("不能小于 0", {"set", "CircularCurveRad.MaxRad", "--", "-5"});
+    EXPECT_EQ(Done({"query", "CircularCurveRad.MaxRad"}), "10000\n");
+}
+
+TEST_F(SetCommand, WritesNoNegativeZero)
+{
+    New("城市");
+    EXPECT_EQ(Done({"set", "LonGrad.MinGrad", "--", "-0"}), "");
+    EXPECT_EQ(Done({"query", "LonGrad.MinGrad"}), "0\n");
+}
+
+TEST_F(SetCommand, TakesNewSpeedsFromTenToOneHundredAndFifty)
+{
+    New("城市");
+    const std::string message = "车速 必须大于等于 10 并且小于等于 150";
+    for (const char* speed : {"9", "151", "0", "-80", "2147483647"})
+        Wrong(message, {"set", kMinRad, "--speed", speed, "5"});
+    for (const char* speed : {"10", "150"})
+        EXPECT_EQ(Done({"set", kMinRad, "--speed", speed, "5"}), "");
+    for (const char* speed : {"", "12abc", "２０", "1e999", "6.5"})
+        Wrong("车速“" + std::string(speed) + "”不是整数", {"set", kMinRad, "--speed", speed, "5"});
+}
+
+TEST_F(SetCommand, ChangesASpeedOutsideThatAFileHolds)
+{
+    New("城市");
+    const std::string file = FileOf("城市");
+    m_folder.Write(file, Replaced(m_folder.Read(file), R"(speed="80")", R"(speed="200")"));
+    EXPECT_EQ(Done({"set", "CircularCurveRad.noSuperelevationMinRad", "--speed", "200", "5"}), "");
+    EXPECT_EQ(At("CircularCurveRad.noSuperelevationMinRad", "200"), "5\n");
+    EXPECT_EQ(Done({"set", "CircularCurveRad.noSuperelevationMinRad", "--speed", "200", "--unset"}),
+              "");
+}
+
+TEST_F(SetCommand, RefusesTheRadiusTableWhileItIsNotUsed)
+{
+    New("城市");
+    const std::string path = "TransitionCurveMinLen.NoTCByMinRad";
+    EXPECT_EQ(At(path, "80"), "2000\n");
+    Done({"set", "TransitionCurveMinLen.NoTCBySuperelevation", "1"});
+    Wrong("NoTCByMinRad 在当前条件下不用", {"set", path, "--speed", "80", "5"});
+    Fails(1, "没有符合条件的值", {"query", path, "--speed", "80"});
+    Done({"set", "TransitionCurveMinLen.NoTCBySuperelevation", "false"});
+    EXPECT_EQ(Done({"set", path, "--speed", "80", "1900"}), "");
+    EXPECT_EQ(At(path, "80"), "1900\n");
+}
+
+TEST_F(SetCommand, RefusesACallThatSaysTooLittleOrTooMuch)
+{
+    New("城市");
+    Wrong("请用 --speed 指定", {"set", kMinRad, "5"});
+    Wrong("MaxRad 不按车速设置", {"set", "CircularCurveRad.MaxRad", "--speed", "80", "5"});
+    Wrong("--unset 只用于表中的值", {"set", "CircularCurveRad.MaxRad", "--unset"});
+    Wrong("请给出一个值,或用 --unset 去掉它", {"set", kMinRad, "--speed", "80"});
+    Wrong("请给出一个值,或用 --unset 去掉它", {"set", kMinRad, "--speed", "80", "5", "--unset"});
+    Wrong("表中没有车速 70", {"set", kMinRad, "--speed", "70", "--unset"});
+    Wrong("请指定 CircularCurveRad 的字段", {"set", "CircularCurveRad", "5"});
+    Wrong("没有字段“rows”", {"set", "LonGradMaxLen.rows", "5"});
+    Wrong("--speed 只能给一次", {"set", kMinRad, "--speed", "80", "--speed", "60", "5"});
+}
+
+TEST_F(SetCommand, ChangesTheOneThatSpecNames)
+{
+    New("城市");
+    New("乡村");
+    Done({"set", "--spec", "乡村", "CircularCurveRad.MaxRad", "5"});
+    EXPECT_EQ(Done({"query", "--spec", "乡村", "CircularCurveRad.MaxRad"}), "5\n");
+    EXPECT_EQ(Done({"query", "--spec", "城市", "CircularCurveRad.MaxRad"}), "10000\n");
+}
+
+TEST_F(SetCommand, ChangesAFileNamedByHand)
+{
+    New("城市");
+    std::filesystem::rename(m_folder.Native(FileOf("城市")), m_folder.Native("规范/foo.hds"));
+    EXPECT_EQ(Call({"set", kMinRad, "--speed", "80", "260"}).status, 0);
+    EXPECT_EQ(At(kMinRad, "80"), "260\n");
+    EXPECT_EQ(FileOf("城市"), "规范/城市" + IdOf("城市") + ".hds");
+}
+
+} // namespace

@@ -1,0 +1,146 @@
+#include "model/Criteria.h"
+#include "tests/cli/CommandTest.h"
+
+#include <fcntl.h>
+
+namespace {
+
+using CommandLine = CommandTest;
+
+const Words kCommands = {"list", "show",   "query",  "new",   "rename",   "remove", "default",
+                         "set",  "export", "import", "names", "template", "check"};
+
+TEST_F(CommandLine, HelpListsEveryCommandAndGlobalOption)
+{
+    for (const char* option : {"--help", "-h"}) {
+        const std::string help = Done({option});
+        for (const std::string& command : kCommands)
+            EXPECT_THAT(help, HasSubstr("\n  " + command + " "));
+        for (const char* word :
+             {"--project DIR", "--spec NAME", "--json", "--version", "用法:", "退出状态: 0", "例:"})
+            EXPECT_THAT(help, HasSubstr(word));
+    }
+}
+
+TEST_F(CommandLine, HelpOfACommandListsItsArgumentsAndOptions)
+{
+    const std::vector<std::pair<std::string, Words>> uses = {
+        {"list", {}},
+        {"show", {"CRITERION"}},
+        {"query",
+         {"PATH", "--speed V", "--mode M", "--grad G", "--max-super M", "--radius R",
+          "--tolerance T", "--car TYPE"}},
+        {"new", {"NAME", "--from NAME"}},
+        {"rename", {"OLD", "NEW"}},
+        {"remove", {"NAME"}},
+        {"default", {"NAME"}},
+        {"set", {"PATH", "VALUE", "--speed V", "--unset"}},
+        {"export", {"FILE", "NAME"}},
+        {"import", {"FILE", "NAME", "--overwrite"}},
+        {"names", {"FILE"}},
+        {"template", {"DIR"}},
+        {"check", {}},
+    };
+    EXPECT_EQ(uses.size(), kCommands.size());
+    for (const auto& [command, words] : uses) {
+        const std::string help = Done({command, "--help"});
+        EXPECT_THAT(help, HasSubstr("designspec " + command));
+        for (const std::string& word : words)
+            EXPECT_THAT(help, HasSubstr("\n  " + word)) << command;
+        EXPECT_THAT(help, Not(HasSubstr("TEXT"))) << command;
+        EXPECT_THAT(help, Not(HasSubstr("Options"))) << command;
+    }
+}
+
+TEST_F(CommandLine, HelpOfQueryAndSetListsEveryField)
+{
+    for (const char* command : {"query", "set"}) {
+        const std::string help = Done({command, "--help"});
+        for (const CriterionInfo& criterion : Criteria()) {
+            EXPECT_THAT(help, HasSubstr("\n  " + ToUtf8(criterion.name) + "  "));
+            for (const Field& field : criterion.fields)
+                EXPECT_THAT(help, testing::ContainsRegex("\n    " + ToUtf8(criterion.name) + "[.]" +
+                                                         ToUtf8(field.key) + " +" +
+                                                         ToUtf8(field.label) + "\n"));
+        }
+    }
+    EXPECT_THAT(Done({"query", "--help"}),
+                HasSubstr("nearest(默认) upper lower interpolate exact"));
+    for (const CriterionInfo& criterion : Criteria())
+        EXPECT_THAT(Done({"show", "--help"}), HasSubstr("\n  " + ToUtf8(criterion.name) + "  "));
+}
+
+TEST_F(CommandLine, TellsItsVersion)
+{
+    EXPECT_EQ(Done({"--version"}), "designspec 1.0.0\n");
+}
+
+TEST_F(CommandLine, RefusesACallWithoutOrWithAnUnknownCommand)
+{
+    Fails(2, "没有命令", {});
+    Fails(2, "没有命令“lst”", {"lst"});
+    Fails(2, "没有选项“--bogus”", {"list", "--bogus"});
+    Fails(2, "多余的参数“x”", {"list", "x"});
+    Fails(2, "用 designspec --help 查看用法", {});
+    Fails(2, "用 designspec set --help 查看用法", {"set"});
+}
+
+TEST_F(CommandLine, NamesAnOptionWithoutValueOrGivenTwice)
+{
+    Fails(2, "--speed 后缺少值", {"query", "LonGrad.MinGrad", "--speed"});
+    Fails(2, "--project 后缺少值", {"list", "--project"});
+    Fails(2, "--spec 只能给一次", {"show", "--spec", "a", "--spec", "b"});
+}
+
+TEST_F(CommandLine, SpeaksChineseAlone)
+{
+    for (const Words& words : std::vector<Words>{{},
+                                                 {"x"},
+                                                 {"new"},
+                                                 {"rename", "a"},
+                                                 {"show", "--spec"},
+                                                 {"query"},
+                                                 {"query", "a", "b"},
+                                                 {"set", "--speed"},
+                                                 {"list", "--json", "--json=x"}}) {
+        const ProcessResult result = Call(words);
+        EXPECT_EQ(result.status, 2) << testing::PrintToString(words);
+        for (const char* english : {"required", "missing", "Requires", "expected", "argument"})
+            EXPECT_THAT(result.err, Not(HasSubstr(english)));
+    }
+}
+
+TEST_F(CommandLine, TakesGlobalOptionsBeforeAndBehindTheCommand)
+{
+    New("a");
+    New("b");
+    const std::string expected = Call({"--json", "--spec", "a", "show"}).out;
+    EXPECT_EQ(Call({"show", "--spec", "a", "--json"}).out, expected);
+    EXPECT_EQ(Call({"--spec=a", "show", "--json"}).out, expected);
+    EXPECT_EQ(Json::parse(expected)["name"], "a");
+}
+
+TEST_F(CommandLine, FailsWhenStandardOutputCannotBeWritten)
+{
+    New("a");
+    for (const Words& words : std::vector<Words>{{"list"}, {"show"}, {"show", "--json"}}) {
+        const ProcessResult result = Call(words, [] {
+            const int full = open("/dev/full", O_WRONLY);
+            dup2(full, STDOUT_FILENO);
+        });
+        EXPECT_EQ(result.status, 3);
+        EXPECT_EQ(result.err, "designspec: 标准输出无法写入\n");
+    }
+}
+
+TEST_F(CommandLine, NeedsNoParticularLocale)
+{
+    New("城市");
+    for (const char* locale : {"C", "POSIX", "zh_CN.GB18030", "de_DE.UTF-8", "none"}) {
+        const ProcessResult result = Call({"query", "LonGrad.MinGrad", "--spec", "城市"},
+                                          [&] { setenv("LC_ALL", locale, 1); });
+        EXPECT_EQ(result.out, "0.3\n") << locale;
+    }
+}
+
+} // namespace

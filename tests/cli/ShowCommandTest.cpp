@@ -1,0 +1,150 @@
+#include "cli/TextTable.h"
+#include "model/Criteria.h"
+#include "tests/cli/CommandTest.h"
+
+namespace {
+
+class ShowCommand : public CommandTest {
+protected:
+    void SetUp() override { New("城市"); }
+
+    // For each line of a table, the columns at which its cells end. A table's lines stand two
+    // blanks in, and two blanks stand between cells.
+    static std::vector<int> CellEnds(const std::string& line)
+    {
+        std::vector<int> ends;
+        const CString text = ToWide(line);
+        for (size_t i = 2; i < text.size(); ++i)
+            if (text[i] != L' ' && (i + 1 == text.size() || text.substr(i + 1, 2) == L"  "))
+                ends.push_back(DisplayWidth(text.substr(0, i + 1)));
+        return ends;
+    }
+};
+
+TEST_F(ShowCommand, BeginsWithNameAndIdentity)
+{
+    EXPECT_EQ(Lines(Done({"show"})).at(0), "城市  " + IdOf("城市"));
+}
+
+TEST_F(ShowCommand, ShowsEveryCriterionWithItsLabelsAndUnits)
+{
+    const std::string text = Done({"show"});
+    CDesignSpecification specification;
+    for (const CriterionInfo& criterion : Criteria()) {
+        EXPECT_THAT(text, HasSubstr(ToUtf8(criterion.label) + "  " + ToUtf8(criterion.name)));
+        for (const Field& field : criterion.fields) {
+            if (field.skipEmpty && field.key != CString(L"CityRoad")) continue;
+            EXPECT_THAT(text, HasSubstr(ToUtf8(field.label))) << ToUtf8(field.key);
+        }
+    }
+    for (const char* unit : {"(km/h)", "(m)", "(%)"})
+        EXPECT_THAT(text, HasSubstr(unit));
+}
+
+TEST_F(ShowCommand, ShowsOneCriterion)
+{
+    const std::string text = Done({"show", "circularcurverad"});
+    EXPECT_THAT(text, HasSubstr("CircularCurveRad"));
+    EXPECT_THAT(text, Not(HasSubstr("CurveWidening")));
+}
+
+TEST_F(ShowCommand, AlignsEveryTable)
+{
+    Done({"set", "CircularCurveRad.noSuperelevationMinRad", "--speed", "100", "123456"});
+    int tables = 0;
+    std::vector<int> header;
+    for (const std::string& line : Lines(Done({"show"}))) {
+        const std::vector<int> ends = CellEnds(line);
+        if (line.starts_with("  设计车速(km/h)") || line.starts_with("  圆曲线半径(m)")) {
+            header = ends;
+            ++tables;
+        } else if (ends.size() > 1 && !header.empty()) {
+            // The first column stands left, every other one ends where its caption ends.
+            ASSERT_EQ(ends.size(), header.size()) << line;
+            EXPECT_TRUE(std::equal(ends.begin() + 1, ends.end(), header.begin() + 1)) << line;
+        } else {
+            header.clear();
+        }
+    }
+    EXPECT_EQ(tables, 14);
+}
+
+TEST_F(ShowCommand, ShowsATableOfTwoFieldsAsAGrid)
+{
+    EXPECT_THAT(Done({"show", "CurveMinLen"}),
+                HasSubstr("  设计车速(km/h)      80   60  50  40  30  20\n"
+                          "  平曲线最小长度(m)  140  100  85  70  50  40\n"
+                          "  圆曲线最小长度(m)   70   50  40  35  25  20\n"));
+}
+
+TEST_F(ShowCommand, ShowsGradientRowsRangesAndWidenings)
+{
+    const std::string text = Done({"show"});
+    EXPECT_THAT(text, HasSubstr("坡度6.5% 最大坡长(m)"));
+    EXPECT_THAT(text, HasSubstr("最大超高 6%"));
+    EXPECT_THAT(text, HasSubstr("200~300"));
+    EXPECT_THAT(text, HasSubstr("200 < R ≤ 250"));
+    EXPECT_THAT(text, HasSubstr("铰接车(m)"));
+}
+
+TEST_F(ShowCommand, ShowsADashWhereATableHasNoSpeed)
+{
+    EXPECT_THAT(Done({"show", "TransitionCurveMinLen"}), HasSubstr("500   -   -\n"));
+}
+
+TEST_F(ShowCommand, ShowsDataSources)
+{
+    EXPECT_THAT(Done({"show", "LonGrad"}), HasSubstr("数据来源: (未填)"));
+    Done({"set", "LonGrad.Criterion", "CJJ 37 第 6.3.1 条"});
+    EXPECT_THAT(Done({"show", "LonGrad"}), HasSubstr("数据来源: CJJ 37 第 6.3.1 条"));
+}
+
+TEST_F(ShowCommand, HidesTheRadiusTableWhileItIsNotUsed)
+{
+    EXPECT_THAT(Done({"show", "TransitionCurveMinLen"}), HasSubstr("2000"));
+    Done({"set", "TransitionCurveMinLen.NoTCBySuperelevation", "1"});
+    EXPECT_THAT(Done({"show", "TransitionCurveMinLen"}), Not(HasSubstr("不设缓和曲线的最小")));
+}
+
+TEST_F(ShowCommand, SaysSoWhereATableIsEmpty)
+{
+    for (const char* speed : {"80", "60", "50", "40", "30", "20"})
+        Done({"set", "LonGradMinLen.MinLens", "--speed", speed, "--unset"});
+    EXPECT_EQ(Call({"show", "LonGradMinLen"}).status, 0);
+}
+
+TEST_F(ShowCommand, GivesEverythingAsJson)
+{
+    const Json json = DoneJson({"show"});
+    EXPECT_EQ(json["name"], "城市");
+    EXPECT_EQ(json["id"], IdOf("城市"));
+    EXPECT_EQ(json["criteria"].size(), 13U);
+    EXPECT_EQ(json["criteria"]["CircularCurveRad"]["MaxRad"], 10000);
+    EXPECT_EQ(json["criteria"]["CircularCurveRad"]["SuperelevationMinRad"][0],
+              (Json{{"speed", 80}, {"value", 250}}));
+    EXPECT_EQ(json["criteria"]["MaxResultantGrad"]["FreeWay"], Json::array());
+    EXPECT_EQ(json["criteria"]["LonGradMaxLen"]["rows"][2]["Grad"], 6.0);
+    EXPECT_EQ(json["criteria"]["LonGradMaxLen"]["rows"][2]["lengths"][1],
+              (Json{{"speed", 60}, {"value", 400}}));
+    const Json definition = json["criteria"]["SuperElevation"]["definitions"][0];
+    EXPECT_EQ(definition["maxSuperElev"], 6);
+    EXPECT_EQ(definition["rows"][0]["ranges"][4],
+              (Json{{"minRadius", 810}, {"maxRadius", 1000}, {"superElev", 2}}));
+    const Json range = json["criteria"]["CurveWidening"]["ranges"][0];
+    EXPECT_EQ(range["min"], 200);
+    EXPECT_EQ(range["widenings"][1], (Json{{"carType", "普通汽车"}, {"widening", 0.4}}));
+
+    const Json one = DoneJson({"show", "LonGrad"})["criteria"];
+    EXPECT_EQ(one.size(), 1U);
+    EXPECT_EQ(one["LonGrad"], json["criteria"]["LonGrad"]);
+}
+
+TEST_F(ShowCommand, RefusesAFieldAndAnUnknownCriterion)
+{
+    Fails(2, "show 只接受条目", {"show", "LonGrad.MinGrad"});
+    Fails(2, "没有条目“x”。可选:", {"show", "x"});
+    Fails(2, "CRITERION: 不能为空", {"show", ""});
+    Fails(2, "多余的参数", {"show", "LonGrad", "CurveWidening"});
+}
+
+} // namespace

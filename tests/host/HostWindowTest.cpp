@@ -1,0 +1,294 @@
+#include "host/HostWindow.h"
+
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+
+#include "host/ProjectFolders.h"
+#include "platform/arx/Documents.h"
+#include "platform/arx/Frame.h"
+#include "platform/arx/Modules.h"
+#include "tests/host/HostTest.h"
+
+namespace {
+
+class HostWindowTest : public HostTest {
+protected:
+    // Waits until the watcher must have seen what happened.
+    static void Settle() { QTest::qWait(600); }
+    void Outside(const char* file, const std::string& bytes) const
+    {
+        project.Write(std::string("规范/") + file, bytes);
+    }
+    QStringList Recent() const { return RecentProjects().List(); }
+};
+
+TEST_F(HostWindowTest, IsTheFrameOfTheModulesDialogs)
+{
+    Have({L"a"});
+    Start();
+    EXPECT_EQ(acedGetAcadFrame(), host.get());
+    ClickRow(L"a");
+    ExpectModal dialog([this](QWidget* window) {
+        EXPECT_EQ(window->parentWidget(), host.get());
+        EXPECT_EQ(acDocManager->curDocument()->LockCount(), 1);
+        Click(window, IDCANCEL);
+    });
+    Key(Qt::Key_Return);
+    EXPECT_EQ(acDocManager->curDocument()->LockCount(), 0);
+}
+
+TEST_F(HostWindowTest, UnloadsItsModulesAtTheEnd)
+{
+    Start();
+    EXPECT_TRUE(acrxModuleLoaded(L"FakeModule.arx"));
+    host.reset();
+    EXPECT_FALSE(acrxModuleLoaded(L"FakeModule.arx"));
+    EXPECT_FALSE(acrxModuleLoaded(L"VMRDPrj.arx"));
+}
+
+TEST_F(HostWindowTest, AMissingModuleIsToldAndTheHostGoesOn)
+{
+    QSettings().setValue(
+        QStringLiteral("modulesAtStart"),
+        QStringList{QStringLiteral("Missing.arx"), QStringLiteral("FakeModule.arx")});
+    Have({L"a"});
+    Start();
+    EXPECT_EQ(BarText(ControlId::ErrorBar),
+              install.Path() + L"/Missing.arx: 模块未加载: 文件不存在");
+    EXPECT_EQ(Listed(), CStringArray{L"a"});
+}
+
+TEST_F(HostWindowTest, WithoutSettingsItLoadsTheDesignSpecificationModule)
+{
+    QSettings().clear();
+    EXPECT_EQ(HostModules().AtStart(), QStringList(QStringLiteral("DesignSpecification.arx")));
+}
+
+TEST_F(HostWindowTest, AFileThatCannotBeReadIsNamedWithLineAndCause)
+{
+    Have({L"good"});
+    Outside("broken.hds", "<?xml version=\"1.0\"?>\n<StyleLibrary>\n<Group\n");
+    Start();
+    const CString text = BarText(ControlId::ErrorBar);
+    EXPECT_NE(text.find(L"broken.hds:"), CString::npos) << ToUtf8(text);
+    EXPECT_EQ(Listed(), CStringArray{L"good"});
+    Outside("broken2.hds", "");
+    Key(Qt::Key_F5);
+    EXPECT_NE(BarText(ControlId::ErrorBar).find(L"(另有 2 条)"), CString::npos);
+}
+
+TEST_F(HostWindowTest, DetailsOpenTheTracePanel)
+{
+    Outside("broken.hds", "oops");
+    Start();
+    QWidget* const bar = Control(host.get(), ControlId::ErrorBar);
+    QWidget* const trace = Control(host.get(), ControlId::Trace);
+    EXPECT_FALSE(trace->isVisible());
+    Click(bar, ControlId::BarAction);
+    EXPECT_TRUE(trace->isVisible());
+    EXPECT_FALSE(bar->isVisible());
+}
+
+TEST_F(HostWindowTest, AMessageIsClosedByItsButton)
+{
+    Outside("broken.hds", "oops");
+    Start();
+    Click(Control(host.get(), ControlId::ErrorBar), ControlId::BarClose);
+    EXPECT_EQ(BarText(ControlId::ErrorBar), L"");
+}
+
+TEST_F(HostWindowTest, AChangeOutsideIsToldAndReloadedWhenAsked)
+{
+    Have({L"a"});
+    Start();
+    const CString name = AddOutside(L"b");
+    ASSERT_TRUE(WaitForBar(ControlId::ChangeBar));
+    EXPECT_EQ(BarText(ControlId::ChangeBar), L"“规范”中的文件在外部有变化: " + name);
+    EXPECT_EQ(Listed(), CStringArray{L"a"}) << "nothing is loaded before it is asked for";
+    Click(Control(host.get(), ControlId::ChangeBar), ControlId::BarAction);
+    EXPECT_EQ(Listed(), (CStringArray{L"a", L"b"}));
+    EXPECT_EQ(BarText(ControlId::ChangeBar), L"");
+    Settle();
+    EXPECT_EQ(BarText(ControlId::ChangeBar), L"");
+}
+
+TEST_F(HostWindowTest, ReloadingByKeyAnswersTheMessageToo)
+{
+    Have({L"a"});
+    Start();
+    AddOutside(L"b");
+    ASSERT_TRUE(WaitForBar(ControlId::ChangeBar));
+    Key(Qt::Key_F5);
+    EXPECT_EQ(Listed(), (CStringArray{L"a", L"b"}));
+    EXPECT_EQ(BarText(ControlId::ChangeBar), L"");
+}
+
+TEST_F(HostWindowTest, AFileChangedInPlaceIsSeenEvenASecondTime)
+{
+    Have({L"a"});
+    const CString name = FilesIn("规范").front();
+    Start();
+    for (int i = 0; i < 2; ++i) {
+        Outside(ToUtf8(name).c_str(),
+                "<StyleLibrary/>" + std::string(static_cast<size_t>(i), '\n'));
+        ASSERT_TRUE(WaitForBar(ControlId::ChangeBar)) << i;
+        Click(Control(host.get(), ControlId::ChangeBar), ControlId::BarAction);
+        Settle();
+    }
+}
+
+TEST_F(HostWindowTest, ADeletedFileIsSeen)
+{
+    Have({L"a"});
+    Start();
+    std::filesystem::remove(project.Native() / "规范" / ToUtf8(FilesIn("规范").front()));
+    ASSERT_TRUE(WaitForBar(ControlId::ChangeBar));
+    Click(Control(host.get(), ControlId::ChangeBar), ControlId::BarAction);
+    EXPECT_EQ(Listed(), CStringArray());
+}
+
+TEST_F(HostWindowTest, ManyChangedFilesAreCounted)
+{
+    Start();
+    for (const char* file : {"1.hds", "2.hds", "3.hds", "4.hds"})
+        Outside(file, "x");
+    ASSERT_TRUE(WaitForBar(ControlId::ChangeBar));
+    Settle();
+    EXPECT_EQ(BarText(ControlId::ChangeBar),
+              L"“规范”中的文件在外部有变化: 1.hds、2.hds、3.hds 等 4 个");
+}
+
+TEST_F(HostWindowTest, OwnSavesAreNoChangeOutside)
+{
+    Have({L"a", L"b"});
+    Start();
+    ClickRow(L"a");
+    {
+        ExpectModal dialog([](QWidget* window) {
+            TypeInto(window, 108, L"c");
+            Click(window, IDOK);
+        });
+        Key(Qt::Key_Return);
+    }
+    Key(Qt::Key_D, Qt::ControlModifier);
+    ClickRow(L"b");
+    {
+        ExpectModal box([](QWidget* window) { ClickMessageButton(window, L"是"); });
+        Key(Qt::Key_Delete);
+    }
+    Settle();
+    EXPECT_EQ(Listed(), CStringArray{L"*c"});
+    EXPECT_EQ(BarText(ControlId::ChangeBar), L"");
+}
+
+TEST_F(HostWindowTest, UnderAnOpenDialogAChangeWaits)
+{
+    Have({L"a"});
+    Start();
+    ClickRow(L"a");
+    ExpectModal dialog(
+        [this](QWidget* window) {
+            Outside("new.hds", "x");
+            Settle();
+            EXPECT_EQ(BarText(ControlId::ChangeBar), L"");
+            TypeInto(window, 108, L"b"); // an own save does not hide the other's change
+            Click(window, IDOK);
+        },
+        5000);
+    Key(Qt::Key_Return);
+    ASSERT_TRUE(WaitForBar(ControlId::ChangeBar));
+    EXPECT_EQ(BarText(ControlId::ChangeBar), L"“规范”中的文件在外部有变化: new.hds");
+}
+
+TEST_F(HostWindowTest, AProjectIsRememberedAndOpenedFromTheMenu)
+{
+    Have({L"a"});
+    Start();
+    const TemporaryFolder other;
+    ASSERT_TRUE(host->NewProject(ToQString(other.Path())));
+    EXPECT_TRUE(std::filesystem::is_directory(other.Native() / "规范"));
+    EXPECT_EQ(Listed(), CStringArray());
+    EXPECT_EQ(Recent(), (QStringList{ToQString(other.Path()), ToQString(project.Path())}));
+    EXPECT_TRUE(
+        FromQString(host->windowTitle()).starts_with(ToWide(other.Native().filename().string())));
+
+    ExpectModal menu([this](QWidget* window) { ChooseMenuItem(window, L"&2  " + project.Path()); });
+    Key(Qt::Key_P, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return Listed() == CStringArray{L"a"}; }));
+    EXPECT_EQ(Recent().front(), ToQString(project.Path()));
+}
+
+TEST_F(HostWindowTest, AnotherProjectDoesNotInheritTheDefaultStyle)
+{
+    Have({L"a"});
+    Start();
+    ClickRow(L"a");
+    Key(Qt::Key_D, Qt::ControlModifier);
+    const TemporaryFolder other;
+    std::filesystem::create_directories(other.Native() / "规范");
+    for (const CString& file : FilesIn("规范"))
+        if (file.ends_with(L".hds"))
+            std::filesystem::copy(project.Native() / "规范" / ToUtf8(file),
+                                  other.Native() / "规范" / ToUtf8(file));
+    ASSERT_TRUE(host->OpenProject(ToQString(other.Path())));
+    EXPECT_EQ(Listed(), CStringArray{L"a"});
+}
+
+TEST_F(HostWindowTest, AFolderWithoutALibraryIsNoProject)
+{
+    Start();
+    const TemporaryFolder other;
+    EXPECT_FALSE(host->OpenProject(ToQString(other.Path())));
+    EXPECT_EQ(BarText(ControlId::ErrorBar), L"不是项目, 没有“规范”文件夹: " + other.Path());
+    EXPECT_EQ(VMRDPub::GetCurPrjPath(), project.Path());
+    Click(Control(host.get(), ControlId::ErrorBar), ControlId::BarAction);
+    EXPECT_EQ(VMRDPub::GetCurPrjPath(), other.Path());
+    EXPECT_TRUE(IsProject(ToQString(other.Path())));
+}
+
+TEST_F(HostWindowTest, WithoutAProjectItSaysWhatToDo)
+{
+    host = std::make_unique<HostWindow>();
+    Show();
+    auto* const hint = Control<QLabel>(host.get(), ControlId::Hint);
+    EXPECT_EQ(FromQString(hint->text()), L"还没有打开项目。项目是含有“规范”文件夹的文件夹。");
+    EXPECT_TRUE(hint->isVisible());
+    host->LoadModules();
+    EXPECT_TRUE(hint->isVisible());
+    EXPECT_FALSE(host->Styles().Actions().Action(kCommandNewStyle)->isEnabled());
+    ExpectModal dialog([](QWidget* window) { PressKey(window, Qt::Key_Escape); });
+    Click(host.get(), ControlId::HintButton);
+}
+
+TEST(ProjectFolders, RememberTheLastTenOnce)
+{
+    QSettings().clear();
+    RecentProjects recent;
+    for (int i = 0; i < 12; ++i)
+        recent.Add(QStringLiteral("/p%1").arg(i));
+    recent.Add(QStringLiteral("/p5/"));
+    EXPECT_EQ(recent.List().size(), RecentProjects::kMost);
+    EXPECT_EQ(recent.List().front(), QStringLiteral("/p5"));
+    EXPECT_EQ(recent.List().count(QStringLiteral("/p5")), 1);
+    recent.Remove(QStringLiteral("/p5"));
+    EXPECT_EQ(recent.List().front(), QStringLiteral("/p11"));
+}
+
+TEST(ProjectFolders, AProjectHoldsTheLibraryFolder)
+{
+    const TemporaryFolder folder;
+    const QString path = ToQString(folder.Path());
+    EXPECT_FALSE(IsProject(path));
+    EXPECT_FALSE(IsProject(QString()));
+    EXPECT_TRUE(CreateProject(path + QStringLiteral("/new/one")));
+    EXPECT_TRUE(IsProject(path + QStringLiteral("/new/one")));
+    folder.Write("规范", "a file");
+    EXPECT_FALSE(IsProject(path));
+    const TraceCapture lines;
+    EXPECT_FALSE(CreateProject(path));
+    EXPECT_EQ(lines.Lines().size(), 1u);
+}
+
+} // namespace

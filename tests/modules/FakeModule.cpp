@@ -1,0 +1,161 @@
+// A module as the family's are: loads the project module, publishes a group with an editor.
+//
+// FakeModule.ini beside the programs says what its editor refuses: Enable/KEY=0.
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "platform/arx/ArxApp.h"
+#include "platform/arx/Documents.h"
+#include "platform/arx/Frame.h"
+#include "platform/arx/Modeler.h"
+#include "platform/arx/Modules.h"
+#include "platform/mfc/Menu.h"
+#include "platform/mfc/QtText.h"
+#include "platform/vmrd/VMRDPrj/PrjManager.h"
+#include "platform/vmrd/VMRDPub/VMRDPub.h"
+#include "platform/windows/Profile.h"
+#include "tests/modules/FakeLibrary.h"
+
+namespace {
+
+constexpr int kNameId = 108;
+constexpr unsigned kOwnCommand = 4999;
+
+bool Enabled(const wchar_t* what)
+{
+    const CString file = VMRDPub::GetInstallPath() + L"\\FakeModule.ini";
+    return GetPrivateProfileString(L"Enable", what, L"1", file) != L"0";
+}
+
+class NameDialog : public QDialog {
+public:
+    NameDialog(const CString& name, const CString& title) : QDialog(acedGetAcadFrame())
+    {
+        setWindowTitle(ToQString(title));
+        m_name = new QLineEdit(ToQString(name));
+        m_name->setProperty("controlId", kNameId);
+        auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+        buttons->button(QDialogButtonBox::Ok)->setProperty("controlId", IDOK);
+        buttons->button(QDialogButtonBox::Cancel)->setProperty("controlId", IDCANCEL);
+        auto* layout = new QVBoxLayout(this);
+        layout->addWidget(m_name);
+        layout->addWidget(buttons);
+        connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+        connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    }
+    CString Name() const { return FromQString(m_name->text()); }
+
+private:
+    QLineEdit* m_name;
+};
+
+class CFakeEditor : public CStyleEditor {
+public:
+    CStyles* GetStyles() const override { return &m_styles; }
+
+    CStyle* New(CStyle* from) override
+    {
+        const AcAxDocLock lock;
+        NameDialog dialog(from ? from->Name() + L"[副本]" : L"新样式", L"新建");
+        if (dialog.exec() != QDialog::Accepted) return nullptr;
+        CStyle* const made = m_styles.Add(dialog.Name());
+        m_styles.Refurbish();
+        return made;
+    }
+
+    bool Delete(CStyle* style) override
+    {
+        const bool done = m_styles.Remove(style);
+        if (done) m_styles.Refurbish();
+        return done;
+    }
+
+    void Edit(CStyle* style) override
+    {
+        const AcAxDocLock lock;
+        NameDialog dialog(style->Name(), L"编辑");
+        if (dialog.exec() != QDialog::Accepted) return;
+        m_styles.Rename(static_cast<CFakeStyle&>(*style), dialog.Name());
+        m_styles.Refurbish();
+    }
+
+    void View(CStyle* style) override
+    {
+        NameDialog dialog(style->Name(), L"查看");
+        dialog.exec();
+    }
+
+    bool AdjustContextMenu(CMenu* menu) override
+    {
+        menu->AppendMenu(MF_STRING, kOwnCommand, L"试验命令");
+        return menu->ModifyMenu(kCommandSetAsDefaultStyle, MF_STRING, kCommandSetAsDefaultStyle,
+                                L"设为默认试验");
+    }
+
+    bool OnCommand(unsigned command, CStyle* style) override
+    {
+        if (command != kOwnCommand || !style) return false;
+        m_styles.Rename(static_cast<CFakeStyle&>(*style), style->Name() + L"!");
+        return true;
+    }
+
+    void Snapshot(CStyle* style, const Picture& picture) override
+    {
+        NameDialog dialog(style->Name(), L"编辑");
+        picture(&dialog, L"编辑 " + style->Name());
+    }
+
+    bool EnableNew() const override { return Enabled(L"New"); }
+    bool EnableEdit() const override { return Enabled(L"Edit"); }
+    bool EnableNewFrom() const override { return Enabled(L"NewFrom"); }
+    bool EnableAsDefaultStyle() const override { return Enabled(L"Default"); }
+    bool EnableDel() const override { return Enabled(L"Del"); }
+    bool EnableExport() const override { return Enabled(L"Export"); }
+    bool EnableView() const override { return Enabled(L"View"); }
+
+private:
+    mutable CFakeStyles m_styles;
+};
+
+class CFakeGroup : public CStyleGroup {
+public:
+    CString Name() const override { return L"试验组"; }
+    bool HasStyles() const override { return true; }
+};
+
+class CFakeApp : public AcRxArxApp {
+public:
+    AcRx::AppRetCode On_kInitAppMsg(void* packet) override
+    {
+        acdbModelerStart();
+        if (!acrxLoadModule(L"VMRDPrj.arx", false, false)) return AcRx::kRetError;
+        const AcRx::AppRetCode kept = AcRxArxApp::On_kInitAppMsg(packet);
+        CStyleManager* const manager = CPrjManager::GetInstance()->GetStyleManager();
+        const StyleGroupConfig* const config = manager->FindStyleGroup(L"CFakeGroup", false);
+        if (!config) return kept;
+        m_group = new CFakeGroup;
+        if (config->FindStyleGroup(L"CFakeEditor", false)) m_group->AddStyles(new CFakeEditor);
+        manager->AddObject(static_cast<CStyleManager::EType>(100), m_group);
+        m_group->Refurbish();
+        return kept;
+    }
+
+    AcRx::AppRetCode On_kUnloadAppMsg(void* packet) override
+    {
+        const AcRx::AppRetCode kept = AcRxArxApp::On_kUnloadAppMsg(packet);
+        CPrjManager::GetInstance()->GetStyleManager()->RemoveObject(m_group, true);
+        m_group = nullptr;
+        acrxUnloadModule(L"VMRDPrj.arx", false);
+        return kept;
+    }
+
+private:
+    CStyleGroup* m_group = nullptr;
+};
+
+} // namespace
+
+IMPLEMENT_ARX_ENTRYPOINT(CFakeApp)

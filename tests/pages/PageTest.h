@@ -1,0 +1,125 @@
+// A page alone in a window, with a library that holds one specification, 甲.
+#pragma once
+
+#include <QApplication>
+#include <QTest>
+#include <QVBoxLayout>
+
+#include "pages/framework/DSPage.h"
+#include "tests/gui/Controls.h"
+#include "tests/gui/Modal.h"
+#include "tests/support/LibraryTest.h"
+
+template <class Page> class PageTest : public LibraryTest, private CPageHost {
+protected:
+    PageTest()
+    {
+        Add(Make(L"甲"));
+        m_frame.resize(760, 420);
+        auto* const layout = new QVBoxLayout(&m_frame);
+        EXPECT_TRUE(m_page.Create(&m_frame));
+        layout->addWidget(&m_page);
+        m_page.Callback().SetMainDialog(this);
+        m_page.hide();
+    }
+
+    // Brings the page to the front, as the tree does.
+    void Show(bool viewMode = false)
+    {
+        m_viewMode = viewMode;
+        m_frame.show();
+        m_page.show();
+        m_page.Callback().OnShow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&m_frame));
+    }
+
+    // Gives 甲 that criterion and loads it into the page.
+    template <class Criterion>
+    void Load(Criterion CDesignSpecification::*member, const Criterion& criterion)
+    {
+        Specification().*member = criterion;
+        m_page.Callback().Load(L"甲");
+    }
+
+    static CDesignSpecification& Specification() { return *Library().Item(L"甲"); }
+
+    // Why the page is not valid; empty when it is.
+    std::string Fault()
+    {
+        CString message;
+        const bool valid = m_page.Callback().Validate(message);
+        EXPECT_EQ(valid, message.empty());
+        return ToUtf8(message);
+    }
+    bool Save() { return m_page.Callback().Save(); }
+
+    bool IsEnabled(int id) { return Control(&m_page, id)->isEnabled(); }
+    bool IsShown(int id) { return Control(&m_page, id)->isVisible(); }
+    std::string TextOf(int id) { return ToUtf8(m_page.GetDlgItemText(id)); }
+
+    // Opens the source behind a button and reads it without a change.
+    std::string ReadSource(int button)
+    {
+        std::string text;
+        ExpectModal dialog([&text](QWidget* window) {
+            text = ToUtf8(dynamic_cast<CDialog*>(window)->GetDlgItemText(108));
+            Click(window, IDCANCEL);
+        });
+        Click(&m_page, button);
+        return text;
+    }
+    void EnterSource(int button, const CString& text)
+    {
+        ExpectModal dialog([&text](QWidget* window) {
+            TypeInto(window, 108, text);
+            Click(window, IDOK);
+        });
+        Click(&m_page, button);
+    }
+
+    // The texts of a grid's row without its header, joined by blanks; "-" is an empty cell.
+    static std::string Row(const CXTPReportControl* grid, int row)
+    {
+        std::string texts;
+        for (int column = 1; grid->ShownColumn(column); ++column) {
+            const std::string text = ToUtf8(CellText(grid, row, column));
+            texts += (column > 1 ? " " : "") + (text.empty() ? "-" : text);
+        }
+        return texts;
+    }
+    // The captions of a grid's columns, joined by blanks.
+    static std::string Columns(const CXTPReportControl* grid)
+    {
+        std::string texts;
+        for (const CString& caption : ColumnCaptions(grid))
+            texts += (texts.empty() ? "" : " ") + ToUtf8(caption);
+        return texts;
+    }
+    // The lines of the menu that a right click there opens; nothing is chosen.
+    static std::vector<std::string> MenuOf(CXTPReportControl* grid, int row, int column)
+    {
+        std::vector<std::string> lines;
+        ExpectModal menu([&lines](QWidget* window) {
+            for (const CString& line : MenuLines(window))
+                lines.push_back(ToUtf8(line));
+            PressKey(window, Qt::Key_Escape);
+        });
+        RightClickCell(grid, row, column);
+        return lines;
+    }
+    static void ChooseFromMenu(CXTPReportControl* grid, int row, int column, const CString& item)
+    {
+        ExpectModal menu([&item](QWidget* window) { ChooseMenuItem(window, item); });
+        RightClickCell(grid, row, column);
+    }
+    // No menu and no message comes: one that did would fail the test.
+    static void WaitForNothing() { QTest::qWait(50); }
+
+    bool IsViewMode() const override { return m_viewMode; }
+    void SelectPage(const CDSCallback* callback) override { m_selected = callback; }
+
+    bool m_viewMode = false;
+    const CDSCallback* m_selected = nullptr;
+    QWidget m_frame;
+    Page m_page;
+};

@@ -1,0 +1,44 @@
+#include "pages/framework/MyRecordItemValue.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+// Two numbers with a plus sign between them.
+class CSumItem : public CMyRecordItemValue {
+protected:
+    CString TextOf(const Values& values) const override
+    {
+        return Format(L"%d+%d", static_cast<int>(values[0]), static_cast<int>(values[1]));
+    }
+    Values Read(CXTPReportControl*, const CString& text) const override
+    {
+        if (text.size() != 3 || text[1] != L'+') return {};
+        return {static_cast<double>(text[0] - L'0'), static_cast<double>(text[2] - L'0')};
+    }
+};
+
+} // namespace
+
+TEST(MyRecordItemValue, ADerivedCellMayHoldSeveralValues)
+{
+    CSumItem cell;
+    cell.OnEditChanged(nullptr, L" 1+2 ");
+    EXPECT_EQ(cell.GetCaption(), L"1+2");
+    EXPECT_EQ(cell.GetNumber(), 1);
+    const CXTPReportItemState state = cell.SaveState();
+    cell.SetEmpty();
+    EXPECT_EQ(cell.GetNumber(), 0);
+    cell.RestoreState(state);
+    EXPECT_EQ(cell.GetCaption(), L"1+2");
+    EXPECT_EQ(cell.SaveState(), state);
+}
+
+TEST(MyRecordItemValue, WhatCannotBeReadEmptiesTheCell)
+{
+    CSumItem cell;
+    cell.OnEditChanged(nullptr, L"1+2");
+    cell.OnEditChanged(nullptr, L"12");
+    EXPECT_TRUE(cell.IsEmpty());
+    EXPECT_EQ(cell.GetCaption(), L"");
+}

@@ -1,0 +1,27 @@
+// What was drawn where, for tests of drawing.
+#pragma once
+
+#include <functional>
+
+#include <QImage>
+#include <QPainter>
+
+// Draws on a white picture of that size.
+inline QImage Picture(const QSize& size, const std::function<void(QPainter&)>& draw)
+{
+    QImage image(size, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    draw(painter);
+    return image;
+}
+
+// The smallest rectangle around all pixels of `where` that are nearly black; null without any.
+inline QRect DarkRect(const QImage& image, const QRect& where)
+{
+    QRect found;
+    for (int y = where.top(); y <= where.bottom(); ++y)
+        for (int x = where.left(); x <= where.right(); ++x)
+            if (image.pixelColor(x, y).lightness() < 90) found |= QRect(x, y, 1, 1);
+    return found;
+}

@@ -1,0 +1,182 @@
+// Blocks of cells: selecting, deleting, and text to and from a spreadsheet.
+#include <QApplication>
+#include <QClipboard>
+
+#include "platform/mfc/QtText.h"
+#include "tests/platform/xtp/report/TestGrid.h"
+
+namespace {
+
+class ReportClipboard : public TestGrid {
+protected:
+    void SetUp() override
+    {
+        TestGrid::SetUp();
+        QApplication::clipboard()->clear();
+        m_grid.setFocus();
+    }
+    static void PutOnClipboard(const CString& text)
+    {
+        QApplication::clipboard()->setText(ToQString(text));
+    }
+    static CString Clipboard() { return FromQString(QApplication::clipboard()->text()); }
+    void GoTo(int row, int column) { m_grid.setCurrentIndex(m_grid.IndexOf(row, column)); }
+    void Control(Qt::Key key) { Key(key, Qt::ControlModifier); }
+};
+
+} // namespace
+
+TEST_F(ReportClipboard, ADragSelectsABlockAndEditsNothing)
+{
+    SelectBlock(0, 1, 1, 2);
+    EXPECT_FALSE(IsEditing());
+    Control(Qt::Key_C);
+    EXPECT_EQ(Clipboard(), L"1\t2\n11\t12");
+}
+
+TEST_F(ReportClipboard, ShiftAndArrowsSelectABlock)
+{
+    GoTo(1, 1);
+    Key(Qt::Key_Right, Qt::ShiftModifier);
+    Key(Qt::Key_Down, Qt::ShiftModifier);
+    Control(Qt::Key_C);
+    EXPECT_EQ(Clipboard(), L"11\t12\n21\t22");
+}
+
+TEST_F(ReportClipboard, CopiesOneCellAndHeadersToo)
+{
+    GoTo(1, 1);
+    Control(Qt::Key_C);
+    EXPECT_EQ(Clipboard(), L"11");
+    m_grid.GetRecords().GetAt(0)->GetItem(0)->SetCaption(L"超高\n半径");
+    Control(Qt::Key_A);
+    Control(Qt::Key_C);
+    EXPECT_EQ(Clipboard(), L"\"超高\n半径\"\t1\t2\t3\n行1\t11\t12\t13\n行2\t21\t22\t23");
+}
+
+TEST_F(ReportClipboard, LeavesHiddenColumnsOut)
+{
+    m_grid.GetColumns().GetAt(2)->SetVisible(false);
+    m_grid.Populate();
+    SelectBlock(0, 1, 0, 3);
+    Control(Qt::Key_C);
+    EXPECT_EQ(Clipboard(), L"1\t3");
+    PutOnClipboard(L"7\t8");
+    GoTo(0, 1);
+    Control(Qt::Key_V);
+    EXPECT_EQ(Content(), L"行0 7 2 8|行1 11 12 13|行2 21 22 23|");
+}
+
+TEST_F(ReportClipboard, PastesABlockFromTheSelectionsCorner)
+{
+    PutOnClipboard(L"5\t6\r\n7\t8\r\n");
+    SelectBlock(1, 2, 2, 3);
+    Control(Qt::Key_V);
+    EXPECT_EQ(Content(), L"行0 1 2 3|行1 11 5 6|行2 21 7 8|");
+}
+
+TEST_F(ReportClipboard, PasteLeavesOutWhatIsOutsideOrNotEditable)
+{
+    PutOnClipboard(L"名\t5\t6\n名\t7\t8\n名\t9\t10");
+    GoTo(1, 0);
+    Control(Qt::Key_V);
+    EXPECT_EQ(Content(), L"行0 1 2 3|行1 5 6 13|行2 7 8 23|");
+    PutOnClipboard(L"30\t31\t32");
+    GoTo(0, 3);
+    Control(Qt::Key_V);
+    EXPECT_EQ(Content(), L"行0 1 2 30|行1 5 6 13|行2 7 8 23|");
+}
+
+TEST_F(ReportClipboard, OneValueFillsTheSelection)
+{
+    PutOnClipboard(L"9");
+    SelectBlock(0, 0, 1, 2);
+    Control(Qt::Key_V);
+    EXPECT_EQ(Content(), L"行0 9 9 3|行1 9 9 13|行2 21 22 23|");
+}
+
+TEST_F(ReportClipboard, APasteGoesThroughTheCellsOwnRules)
+{
+    PutOnClipboard(L" ７０ \tabc\t12.7");
+    GoTo(0, 1);
+    Control(Qt::Key_V);
+    EXPECT_EQ(Content(), L"行0 70  12|行1 11 12 13|行2 21 22 23|");
+    EXPECT_TRUE(Item(0, 2)->empty);
+    EXPECT_EQ(Item(0, 1)->entered, CStringArray{L" 70 "});
+}
+
+TEST_F(ReportClipboard, APastedBlockIsSelected)
+{
+    PutOnClipboard(L"5\t6\n7\t8");
+    GoTo(0, 1);
+    Control(Qt::Key_V);
+    Control(Qt::Key_C);
+    EXPECT_EQ(Clipboard(), L"5\t6\n7\t8");
+}
+
+TEST_F(ReportClipboard, ABlockPastedIntoAnOpenEditorIsForTheGrid)
+{
+    PutOnClipboard(L"5\t6\n7\t8");
+    ClickCell(&m_grid, 0, 1);
+    Control(Qt::Key_V);
+    EXPECT_FALSE(IsEditing());
+    EXPECT_EQ(Content(), L"行0 5 6 3|行1 7 8 13|行2 21 22 23|");
+}
+
+TEST_F(ReportClipboard, OneValuePastedIntoAnOpenEditorIsText)
+{
+    PutOnClipboard(L"45\n");
+    ClickCell(&m_grid, 0, 1);
+    Control(Qt::Key_V);
+    EXPECT_TRUE(IsEditing());
+    Key(Qt::Key_Return);
+    EXPECT_EQ(Text(0, 1), L"45");
+}
+
+TEST_F(ReportClipboard, DeleteEmptiesTheSelectedCells)
+{
+    SelectBlock(0, 0, 1, 2);
+    Key(Qt::Key_Delete);
+    EXPECT_EQ(Content(), L"行0   3|行1   13|行2 21 22 23|");
+    EXPECT_TRUE(Item(0, 1)->empty);
+    EXPECT_EQ(Item(0, 1)->entered, CStringArray{L""});
+}
+
+TEST_F(ReportClipboard, CutCopiesAndEmpties)
+{
+    SelectBlock(0, 1, 0, 2);
+    Control(Qt::Key_X);
+    EXPECT_EQ(Clipboard(), L"1\t2");
+    EXPECT_EQ(Content(), L"行0   3|行1 11 12 13|行2 21 22 23|");
+}
+
+TEST_F(ReportClipboard, ARoundTripThroughTheClipboardMovesABlock)
+{
+    SelectBlock(0, 1, 0, 3);
+    Control(Qt::Key_C);
+    GoTo(2, 1);
+    Control(Qt::Key_V);
+    EXPECT_EQ(Content(), L"行0 1 2 3|行1 11 12 13|行2 1 2 3|");
+}
+
+TEST_F(ReportClipboard, AReadOnlyGridOnlyCopies)
+{
+    m_grid.AllowEdit(false);
+    SelectBlock(0, 1, 1, 2);
+    Control(Qt::Key_C);
+    EXPECT_EQ(Clipboard(), L"1\t2\n11\t12");
+    PutOnClipboard(L"9");
+    Control(Qt::Key_V);
+    Control(Qt::Key_X);
+    Key(Qt::Key_Delete);
+    Control(Qt::Key_Z);
+    EXPECT_EQ(Content(), m_initial);
+}
+
+TEST_F(ReportClipboard, AnEmptyClipboardPastesNothing)
+{
+    GoTo(0, 1);
+    Control(Qt::Key_V);
+    EXPECT_EQ(Content(), m_initial);
+    EXPECT_FALSE(m_grid.CanUndo());
+}
