@@ -190,7 +190,7 @@ CString DecodeXml(std::string_view bytes, std::string& utf8)
 // Makes the tree of a text, or tells what is wrong with it.
 std::optional<XmlFault> ParseXml(const std::string& source, pugi::xml_document& tree)
 {
-    if (const auto fault = CheckXml(source)) return fault;
+    if (auto fault = CheckXml(source)) return fault;
     const auto result = tree.load_buffer(
         source.data(), source.size(), pugi::parse_default | pugi::parse_comments | pugi::parse_pi,
         pugi::encoding_utf8);
