@@ -101,7 +101,7 @@ int CDesignSpecifications::Count() const
 CDesignSpecification* CDesignSpecifications::Find(const GUID& id) const
 {
     for (const auto& item : m_items)
-        if (item->ID() == id) return item.get();
+        if (item->HasID(id)) return item.get();
     return nullptr;
 }
 

@@ -48,7 +48,9 @@ public:
     CString Name() const override;
     GUID ID() const override;
     void SetName(const wchar_t* name); // the library sees to it that names are unique
-    // Whether it is called so, ignoring case; quick enough to ask of each in a library.
+    // Quick enough to ask of each in a library: whether it is that one, and whether it is called
+    // so, ignoring case.
+    bool HasID(const GUID& id) const { return m_id == id; }
     bool IsNamed(const NoCaseKey& name) const { return m_nameKey == name; }
 
     // Takes the other's criteria; name and identity stay.

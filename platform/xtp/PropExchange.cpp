@@ -15,8 +15,9 @@
 namespace {
 
 constexpr size_t kSizeLimit = 32 << 20;
-constexpr size_t kProblemLimit = 1000; // nobody reads more; a hostile file may hold millions
-constexpr size_t kQuoteLimit = 60;     // characters of a wrong value that a problem quotes
+constexpr size_t kPlainLimit = 1 << 20; // of a text that a tree is made of before it is checked
+constexpr size_t kProblemLimit = 1000;  // nobody reads more; a hostile file may hold millions
+constexpr size_t kQuoteLimit = 60;      // characters of a wrong value that a problem quotes
 
 // The start of a value, as a problem quotes it.
 CString Quotable(const char* utf8)
@@ -187,13 +188,56 @@ CString DecodeXml(std::string_view bytes, std::string& utf8)
     return DecodeText(bytes.substr(markSize), encoding, utf8) ? CString() : L"内容不符合文件的编码";
 }
 
+// True for a tree that does not even reach the allowed depth, with one element at the top and no
+// text beside it.
+bool IsPlainTree(const pugi::xml_document& tree)
+{
+    int roots = 0;
+    for (pugi::xml_node top = tree.first_child(); top; top = top.next_sibling()) {
+        if (top.type() == pugi::node_element) ++roots;
+        if (top.type() == pugi::node_pcdata) return false;
+    }
+    int depth = 0;
+    for (pugi::xml_node node = tree.first_child(); node && depth < kXmlDepthLimit;) {
+        if (const pugi::xml_node child = node.first_child()) {
+            node = child;
+            ++depth;
+            continue;
+        }
+        pugi::xml_node next = node.next_sibling();
+        for (; !next && depth > 0; --depth) {
+            node = node.parent();
+            next = node.next_sibling();
+        }
+        node = next;
+    }
+    return roots == 1 && depth == 0;
+}
+
+pugi::xml_parse_result MakeTree(const std::string& source, pugi::xml_document& tree,
+                                unsigned int more = 0)
+{
+    return tree.load_buffer(source.data(), source.size(),
+                            pugi::parse_default | pugi::parse_comments | pugi::parse_pi | more,
+                            pugi::encoding_utf8);
+}
+
+// Nearly all texts are right and need no look at each tag: the tree tells as much. True for one
+// that ParseXml would make the same tree of. Small texts only: no harm in what their trees take.
+bool ParsePlain(const std::string& source, pugi::xml_document& tree)
+{
+    // Text beside the root is dropped, other than from a fragment.
+    return source.size() <= kPlainLimit && !HasMarkupToCheck(source) &&
+           MakeTree(source, tree, pugi::parse_fragment) && IsPlainTree(tree);
+}
+
 // Makes the tree of a text, or tells what is wrong with it.
 std::optional<XmlFault> ParseXml(const std::string& source, pugi::xml_document& tree)
 {
+    if (ParsePlain(source, tree)) return std::nullopt;
+    tree.reset();
     if (auto fault = CheckXml(source)) return fault;
-    const auto result = tree.load_buffer(
-        source.data(), source.size(), pugi::parse_default | pugi::parse_comments | pugi::parse_pi,
-        pugi::encoding_utf8);
+    const auto result = MakeTree(source, tree);
     if (!result)
         return XmlFault{static_cast<size_t>(result.offset),
                         L"XML 格式错误: " + ToWide(result.description())};

@@ -5,7 +5,11 @@
 
 namespace {
 
-constexpr int kDepthLimit = 64; // a library's files need eight or so
+std::uint8_t IsControl(char c)
+{
+    const auto byte = static_cast<std::uint8_t>(c);
+    return (byte < 0x20) & (byte != '\t') & (byte != '\n') & (byte != '\r');
+}
 
 // One walk over the markup, from "<" to "<".
 class Walk {
@@ -40,12 +44,6 @@ private:
         const auto found = std::find_if(m_xml.begin(), m_xml.end(), IsControl);
         const auto at = static_cast<size_t>(found - m_xml.begin());
         Fault(at, *found ? L"含有 XML 不允许的控制字符" : L"含有空字符(NUL)");
-    }
-
-    static std::uint8_t IsControl(char c)
-    {
-        const auto byte = static_cast<std::uint8_t>(c);
-        return (byte < 0x20) & (byte != '\t') & (byte != '\n') & (byte != '\r');
     }
 
     void TakePiece()
@@ -88,8 +86,8 @@ private:
         const bool closing = m_xml.substr(m_at).starts_with("</");
         if (closing)
             --m_depth;
-        else if (m_depth == kDepthLimit)
-            Fault(m_at, Format(L"元素嵌套超过 %d 层", kDepthLimit));
+        else if (m_depth == kXmlDepthLimit)
+            Fault(m_at, Format(L"元素嵌套超过 %d 层", kXmlDepthLimit));
         else if (m_xml[end - 1] != '/')
             ++m_depth;
         CheckReferences(m_at, end);
@@ -147,6 +145,14 @@ private:
 };
 
 } // namespace
+
+bool HasMarkupToCheck(std::string_view xml)
+{
+    std::uint8_t any = 0;
+    for (char c : xml) // no branch: the processor then takes many bytes at a step
+        any = static_cast<std::uint8_t>(any | IsControl(c) | (c == '&') | (c == '!'));
+    return any != 0;
+}
 
 bool IsXmlCharacter(char32_t c)
 {
