@@ -64,7 +64,7 @@ public:
     }
 
 private:
-    void Fold(wchar_t c)
+    void Fold(utf8proc_int32_t c)
     {
         m_used = 0;
         m_count = 1;

@@ -29,6 +29,7 @@ const char* IconvName(TextEncoding encoding)
 bool Convert(const char* to, const char* from, std::string_view in, std::string& out)
 {
     const iconv_t converter = iconv_open(to, from);
+    // iconv's own way to say no. NOLINTNEXTLINE(performance-no-int-to-ptr)
     if (converter == reinterpret_cast<iconv_t>(-1)) return false;
     char* source = const_cast<char*>(in.data()); // iconv only reads it
     size_t left = in.size();

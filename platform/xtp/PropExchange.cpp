@@ -236,7 +236,7 @@ std::optional<XmlFault> ParseXml(const std::string& source, pugi::xml_document& 
 {
     if (ParsePlain(source, tree)) return std::nullopt;
     tree.reset();
-    if (const auto fault = CheckXml(source)) return fault;
+    if (auto fault = CheckXml(source)) return fault;
     const auto result = MakeTree(source, tree);
     if (!result)
         return XmlFault{static_cast<size_t>(result.offset),

@@ -16,10 +16,15 @@ int Allocations()
 }
 
 // These replace the system's own everywhere in the program.
-void* operator new(size_t size)
+void* operator new(size_t size, const std::nothrow_t&) noexcept
 {
     ++g_allocations;
-    if (void* memory = std::malloc(size ? size : 1)) return memory;
+    return std::malloc(size ? size : 1);
+}
+
+void* operator new(size_t size)
+{
+    if (void* memory = operator new(size, std::nothrow)) return memory;
     throw std::bad_alloc();
 }
 
