@@ -107,7 +107,7 @@ void CLonGradLenDialog::RemoveGradient(double gradient)
 {
     for (int row = 0; row < m_grid.GetRowCount(); ++row)
         if (ShownGradientOf(row) == gradient) {
-            m_grid.Control().GetRecords().RemoveAt(row);
+            m_grid.RemoveRow(row);
             return;
         }
 }

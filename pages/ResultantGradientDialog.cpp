@@ -71,27 +71,20 @@ C::RoadType CResultantGradientDialog::RoadTypeOf(int row) const
     return static_cast<C::RoadType>(m_grid.RowHeader(row)->GetItemData());
 }
 
-int CResultantGradientDialog::FindRow(int type) const
-{
-    for (int row = 0; row < m_grid.GetRowCount(); ++row)
-        if (RoadTypeOf(row) == type) return row;
-    return -1;
-}
-
 // Menu
 
 void CResultantGradientDialog::AppendRoadTypes(CMenu& menu, UINT firstId) const
 {
     for (int type = 0; type < C::kRoadTypes; ++type)
-        menu.AppendMenu(MF_STRING | (FindRow(type) >= 0 ? MF_CHECKED : 0),
+        menu.AppendMenu(MF_STRING | (RowOf(type) >= 0 ? MF_CHECKED : 0),
                         firstId + static_cast<UINT>(type), RoadTypeLabel(type));
 }
 
 void CResultantGradientDialog::ToggleRoadType(int type)
 {
-    const int row = FindRow(type);
+    const int row = RowOf(type);
     if (row >= 0)
-        m_grid.Control().GetRecords().RemoveAt(row);
+        m_grid.RemoveRow(row);
     else
         AddRoadType(type);
 }

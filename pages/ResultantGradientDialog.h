@@ -23,8 +23,7 @@ protected:
 private:
     void AddRoadType(int type);
     CDSMaxResultantGrad::RoadType RoadTypeOf(int row) const;
-    // -1 when the road type has no row.
-    int FindRow(int type) const;
+    int RowOf(int type) const { return m_grid.FindRow(static_cast<unsigned>(type)); }
     void AppendRoadTypes(CMenu& menu, UINT firstId) const;
     void ToggleRoadType(int type);
 

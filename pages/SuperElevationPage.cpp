@@ -230,17 +230,9 @@ void CSuperElevationPage::AppendSuperElevations(CMenu& menu, UINT firstId) const
 void CSuperElevationPage::ToggleSuperElevation(int superElev)
 {
     if (const int row = RowOf(superElev); row >= 0)
-        m_grid.Control().GetRecords().RemoveAt(row);
+        m_grid.RemoveRow(row);
     else
         AddSuperElevation(superElev);
-}
-
-// -1 when the grid has no row for it.
-int CSuperElevationPage::RowOf(int superElev) const
-{
-    for (int row = 0; row < m_grid.GetRowCount(); ++row)
-        if (static_cast<int>(m_grid.RowHeader(row)->GetItemData()) == superElev) return row;
-    return -1;
 }
 
 // Before the first lower one: the check of the ranges goes by this order.

@@ -60,7 +60,7 @@ private:
     void ExtendMenu();
     void AppendSuperElevations(CMenu& menu, UINT firstId) const;
     void ToggleSuperElevation(int superElev);
-    int RowOf(int superElev) const;
+    int RowOf(int superElev) const { return m_grid.FindRow(static_cast<unsigned>(superElev)); }
     void AddSuperElevation(int superElev);
 
     CSuperElevationPageCallback m_callback{this};

@@ -3,8 +3,6 @@
 #include <algorithm>
 
 #include "app/input/InputIntValueDialog.h"
-#include "pages/framework/MyReportPaintManager.h"
-#include "pages/framework/XTPReportRecordItemHeard.h"
 #include "platform/windows/Number.h"
 
 namespace {
@@ -12,7 +10,6 @@ namespace {
 constexpr int kStandardSpeeds[] = {120, 100, 80, 60, 50, 40, 30, 20}; // km/h
 constexpr int kLowestSpeed = 10;                                      // that may be entered
 constexpr int kHighestSpeed = 150;
-constexpr UINT kFirstCommand = 10001;
 
 int SpeedOf(const CXTPReportColumn* column)
 {
@@ -42,70 +39,9 @@ std::vector<SpeedChoice> SpeedChoices(const CArray<int>& present)
 
 void CSpeedGrid::Create(CDSPage& page, const AddedCell& addedCell, const SpeedGridLayout& layout)
 {
-    m_page = &page;
     m_layout = layout;
-    m_addedCell = addedCell;
-    m_control =
-        page.CreateGrid(layout.placeholder, layout.gridId, L"设计车速(km/h)", layout.headerWidth);
-    QObject::connect(m_control, &CXTPReportControl::RowRightClick, m_page,
-                     [this](auto*, auto*, const QPoint& pos) { OnRightClick(pos); });
-    QObject::connect(m_control, &CXTPReportControl::HeaderRightClick, m_page,
-                     [this](auto*, const QPoint& pos) { OnRightClick(pos); });
-}
-
-// Rows
-
-CXTPReportRecord* CSpeedGrid::InsertRow(int at, const CString& caption, unsigned itemData)
-{
-    auto* const header = new CXTPReportRecordItemHeard(caption);
-    header->SetEditable(false);
-    header->SetItemData(itemData);
-    if (caption.find(L'\n') != CString::npos) {
-        // The default row would cut the second line off.
-        auto* manager = dynamic_cast<CMyReportPaintManager*>(m_control->GetPaintManager());
-        if (!manager) m_control->SetPaintManager(manager = new CMyReportPaintManager);
-        header->SetRowHeight(manager->GetTwoLineHeight());
-    }
-    CXTPReportRecords& records = m_control->GetRecords();
-    CXTPReportRecord* const record = records.InsertAt(at, new CXTPReportRecord);
-    record->AddItem(header);
-    FillRow(records.IndexOf(record), LastItemIndex());
-    return record;
-}
-
-CXTPReportRecord* CSpeedGrid::AddRow(const CString& caption, unsigned itemData)
-{
-    return InsertRow(GetRowCount(), caption, itemData);
-}
-
-CXTPReportRecordItem* CSpeedGrid::RowHeader(int row) const
-{
-    const CXTPReportRecord* const record = m_control->GetRecords().GetAt(row);
-    return record ? record->GetItem(0) : nullptr;
-}
-
-void CSpeedGrid::RemoveRows()
-{
-    m_control->GetRecords().RemoveAll();
-    SetSpeeds({});
-}
-
-// The highest index of a cell that a column shows or a row has; 0 when there are headers alone.
-int CSpeedGrid::LastItemIndex() const
-{
-    int last = 0;
-    for (const auto& column : m_control->GetColumns().All())
-        last = std::max(last, column->GetItemIndex());
-    for (const auto& record : m_control->GetRecords().All())
-        last = std::max(last, record->GetItemCount() - 1);
-    return last;
-}
-
-void CSpeedGrid::FillRow(int row, int lastItem)
-{
-    CXTPReportRecord* const record = m_control->GetRecords().GetAt(row);
-    while (record->GetItemCount() <= lastItem)
-        record->AddItem(m_addedCell(row));
+    CreateGrid(page, addedCell, layout.placeholder, layout.gridId, L"设计车速(km/h)",
+               layout.headerWidth);
 }
 
 // Columns
@@ -118,7 +54,7 @@ CXTPReportColumn* CSpeedGrid::NewColumn(int itemIndex, int speed, int width) con
 CArray<int> CSpeedGrid::Speeds() const
 {
     CArray<int> speeds;
-    const CXTPReportColumns& columns = m_control->GetColumns();
+    const CXTPReportColumns& columns = Control().GetColumns();
     for (int i = 1; i < columns.GetCount(); ++i)
         speeds.push_back(SpeedOf(columns.GetAt(i)));
     return speeds;
@@ -126,7 +62,7 @@ CArray<int> CSpeedGrid::Speeds() const
 
 CXTPReportColumn* CSpeedGrid::FindColumn(int speed) const
 {
-    const CXTPReportColumns& columns = m_control->GetColumns();
+    const CXTPReportColumns& columns = Control().GetColumns();
     for (int i = 1; i < columns.GetCount(); ++i)
         if (SpeedOf(columns.GetAt(i)) == speed) return columns.GetAt(i);
     return nullptr;
@@ -134,72 +70,43 @@ CXTPReportColumn* CSpeedGrid::FindColumn(int speed) const
 
 void CSpeedGrid::SetSpeeds(CArray<int> speeds)
 {
-    CXTPReportColumns& columns = m_control->GetColumns();
-    while (columns.GetCount() > 1)
-        columns.RemoveAt(columns.GetCount() - 1);
-    for (const auto& record : m_control->GetRecords().All())
-        while (record->GetItemCount() > 1)
-            record->GetItems().RemoveAt(record->GetItemCount() - 1);
-
+    RemoveValueColumns();
     std::sort(speeds.begin(), speeds.end());
     std::reverse(speeds.begin(), speeds.end());
     for (size_t i = 0; i < speeds.size(); ++i)
-        columns.Add(NewColumn(static_cast<int>(i) + 1, speeds[i], m_layout.speedWidth));
+        Control().AddColumn(NewColumn(static_cast<int>(i) + 1, speeds[i], m_layout.speedWidth));
 }
 
 void CSpeedGrid::AddSpeed(int speed)
 {
-    const int item = LastItemIndex() + 1;
-    for (int row = 0; row < GetRowCount(); ++row)
-        FillRow(row, item);
-    CXTPReportColumns& columns = m_control->GetColumns();
+    CXTPReportColumns& columns = Control().GetColumns();
     int at = 1;
     while (at < columns.GetCount() && SpeedOf(columns.GetAt(at)) >= speed)
         ++at;
-    columns.InsertAt(at, NewColumn(item, speed, m_layout.addedWidth));
+    columns.InsertAt(at, NewColumn(AddCells(), speed, m_layout.addedWidth));
 }
 
 void CSpeedGrid::RemoveSpeed(int speed)
 {
-    m_control->GetColumns().Remove(FindColumn(speed));
+    Control().GetColumns().Remove(FindColumn(speed));
 }
 
 CMyRecordItemValue* CSpeedGrid::Cell(int row, int speed) const
 {
-    const CXTPReportRecord* const record = m_control->GetRecords().GetAt(row);
-    const CXTPReportColumn* const column = FindColumn(speed);
-    if (!record || !column) return nullptr;
-    return dynamic_cast<CMyRecordItemValue*>(record->GetItem(column->GetItemIndex()));
-}
-
-void CSpeedGrid::ShowLoaded()
-{
-    m_control->Populate();
-    m_control->ClearUndo();
+    return CHeaderedGrid::Cell(row, FindColumn(speed));
 }
 
 // Menu
 
-void CSpeedGrid::OnRightClick(const QPoint& globalPos)
+CMenu CSpeedGrid::MakeMenu(const CXTPReportColumn*) const
 {
-    if (m_page->IsViewMode()) return;
-    if (m_extension.isOffered && !m_extension.isOffered()) return;
-    const std::vector<SpeedChoice> choices = SpeedChoices(Speeds());
-    const UINT id = MakeMenu(choices).TrackPopupMenu(globalPos, m_control);
-    if (id == 0) return;
-    const CXTPReportUserChange change(*m_control, L"添加或删除");
-    Choose(choices, static_cast<int>(id - kFirstCommand));
-    m_control->Populate();
-}
-
-CMenu CSpeedGrid::MakeMenu(const std::vector<SpeedChoice>& choices) const
-{
+    if (m_extension.isOffered && !m_extension.isOffered()) return {};
     const bool extended = static_cast<bool>(m_extension.append);
     // Without a row there is nothing yet that a speed could have a value for.
     const UINT state = extended && GetRowCount() == 0 ? MF_GRAYED : MF_ENABLED;
     CMenu menu;
     UINT id = kFirstCommand;
-    for (const SpeedChoice& choice : choices)
+    for (const SpeedChoice& choice : SpeedChoices(Speeds()))
         menu.AppendMenu(MF_STRING | state | (choice.present ? MF_CHECKED : 0), id++,
                         Format(L"%d km/h", choice.speed));
     if (!extended) menu.AppendMenu(MF_SEPARATOR);
@@ -211,8 +118,9 @@ CMenu CSpeedGrid::MakeMenu(const std::vector<SpeedChoice>& choices) const
     return menu;
 }
 
-void CSpeedGrid::Choose(const std::vector<SpeedChoice>& choices, int index)
+void CSpeedGrid::Choose(int index, const CXTPReportColumn*)
 {
+    const std::vector<SpeedChoice> choices = SpeedChoices(Speeds());
     const int count = static_cast<int>(choices.size());
     if (index > count) {
         m_extension.choose(index - count - 1);
@@ -231,7 +139,7 @@ void CSpeedGrid::Choose(const std::vector<SpeedChoice>& choices, int index)
 
 void CSpeedGrid::AskForSpeed()
 {
-    CInputIntValueDialog dialog(L"车速", L"设计车速(km/h):", Speeds(), m_page, kLowestSpeed,
+    CInputIntValueDialog dialog(L"车速", L"设计车速(km/h):", Speeds(), &Page(), kLowestSpeed,
                                 kHighestSpeed);
     CString text;
     if (dialog.Input(text)) AddSpeed(Wtoi(text));

@@ -2,12 +2,8 @@
 // adds and removes speeds.
 #pragma once
 
-#include <functional>
-
 #include "model/SpeedTable.h"
-#include "pages/framework/DSPage.h"
-#include "pages/framework/MyRecordItemValue.h"
-#include "platform/mfc/Menu.h"
+#include "pages/framework/HeaderedGrid.h"
 
 // Control ids, and widths in pixels at 100 % scale.
 struct SpeedGridLayout {
@@ -46,25 +42,11 @@ template <class T> void MergeSpeeds(CArray<int>& speeds, const GrowArray<SpeedEn
             speeds.push_back(entry.speed);
 }
 
-class CSpeedGrid {
+class CSpeedGrid : public CHeaderedGrid {
 public:
-    // An empty value cell for a speed that the user adds to that row.
-    using AddedCell = std::function<CMyRecordItemValue*(int row)>;
-
-    // In the page's InitPage. The grid lives in the page, and as long as it.
+    // In the page's InitPage.
     void Create(CDSPage& page, const AddedCell& addedCell, const SpeedGridLayout& layout = {});
     void ExtendMenu(const SpeedMenuExtension& extension) { m_extension = extension; }
-
-    CXTPReportControl& Control() const { return *m_control; }
-    int GetRowCount() const { return m_control->GetRecords().GetCount(); }
-
-    // Adds a row before row `at` with its header cell and an empty cell for each column; one
-    // beyond the end goes to the end. `itemData` is the page's own number for the row.
-    CXTPReportRecord* InsertRow(int at, const CString& caption, unsigned itemData = 0);
-    CXTPReportRecord* AddRow(const CString& caption, unsigned itemData = 0);
-    CXTPReportRecordItem* RowHeader(int row) const;
-    // Empties the grid save for its first column.
-    void RemoveRows();
 
     // The speeds of the columns from left to right.
     CArray<int> Speeds() const;
@@ -93,23 +75,15 @@ public:
                 ::AddSpeed(table, speed, static_cast<T>(cell->GetNumber()));
     }
 
-    // Shows what was loaded; it cannot be undone.
-    void ShowLoaded();
+protected:
+    CMenu MakeMenu(const CXTPReportColumn* column) const override;
+    void Choose(int index, const CXTPReportColumn* column) override;
 
 private:
     CXTPReportColumn* FindColumn(int speed) const;
     CXTPReportColumn* NewColumn(int itemIndex, int speed, int width) const;
-    int LastItemIndex() const;
-    void FillRow(int row, int lastItem);
-
-    void OnRightClick(const QPoint& globalPos);
-    CMenu MakeMenu(const std::vector<SpeedChoice>& choices) const;
-    void Choose(const std::vector<SpeedChoice>& choices, int index);
     void AskForSpeed();
 
-    CDSPage* m_page = nullptr;
-    CXTPReportControl* m_control = nullptr;
     SpeedGridLayout m_layout;
-    AddedCell m_addedCell;
     SpeedMenuExtension m_extension;
 };

@@ -95,22 +95,26 @@ protected:
             texts += (texts.empty() ? "" : " ") + ToUtf8(caption);
         return texts;
     }
-    // The lines of the menu that a right click there opens; nothing is chosen.
+    // The lines of the menu that a right click on a cell opens; nothing is chosen.
     static std::vector<std::string> MenuOf(CXTPReportControl* grid, int row, int column)
     {
-        std::vector<std::string> lines;
-        ExpectModal menu([&lines](QWidget* window) {
-            for (const CString& line : MenuLines(window))
-                lines.push_back(ToUtf8(line));
-            PressKey(window, Qt::Key_Escape);
-        });
-        RightClickCell(grid, row, column);
-        return lines;
+        return LinesOfMenu([=] { RightClickCell(grid, row, column); });
+    }
+    // The same on a column's header.
+    static std::vector<std::string> HeaderMenuOf(CXTPReportControl* grid, int column)
+    {
+        return LinesOfMenu([=] { RightClickHeader(grid, column); });
     }
     static void ChooseFromMenu(CXTPReportControl* grid, int row, int column, const CString& item)
     {
         ExpectModal menu([&item](QWidget* window) { ChooseMenuItem(window, item); });
         RightClickCell(grid, row, column);
+    }
+    // Of a grid without rows too.
+    static void ChooseFromHeaderMenu(CXTPReportControl* grid, int column, const CString& item)
+    {
+        ExpectModal menu([&item](QWidget* window) { ChooseMenuItem(window, item); });
+        RightClickHeader(grid, column);
     }
     // No menu and no message comes: one that did would fail the test.
     static void WaitForNothing() { QTest::qWait(50); }
@@ -122,4 +126,17 @@ protected:
     const CDSCallback* m_selected = nullptr;
     QWidget m_frame;
     Page m_page;
+
+private:
+    static std::vector<std::string> LinesOfMenu(const std::function<void()>& rightClick)
+    {
+        std::vector<std::string> lines;
+        ExpectModal menu([&lines](QWidget* window) {
+            for (const CString& line : MenuLines(window))
+                lines.push_back(ToUtf8(line));
+            PressKey(window, Qt::Key_Escape);
+        });
+        rightClick();
+        return lines;
+    }
 };

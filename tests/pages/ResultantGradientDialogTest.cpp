@@ -36,23 +36,6 @@ protected:
             texts += (row ? " " : "") + ToUtf8(CellText(TheGrid(), row, 0));
         return texts;
     }
-    // Chooses below the header, where a grid without rows has its menu too.
-    void ChooseAtHeader(const CString& item)
-    {
-        ExpectModal menu([&item](QWidget* window) { ChooseMenuItem(window, item); });
-        RightClickHeader(TheGrid(), 0);
-    }
-    std::vector<std::string> MenuAtHeader()
-    {
-        std::vector<std::string> lines;
-        ExpectModal menu([&lines](QWidget* window) {
-            for (const CString& line : MenuLines(window))
-                lines.push_back(ToUtf8(line));
-            PressKey(window, Qt::Key_Escape);
-        });
-        RightClickHeader(TheGrid(), 0);
-        return lines;
-    }
 };
 
 } // namespace
@@ -99,13 +82,13 @@ TEST_F(ResultantGradientDialog, WithoutARowOnlyARoadClassCanBeAdded)
 {
     Show();
     Load(Empty());
-    EXPECT_EQ(MenuAtHeader(),
+    EXPECT_EQ(HeaderMenuOf(TheGrid(), 0),
               (std::vector<std::string>{"(120 km/h)", "(100 km/h)", "(80 km/h)", "(60 km/h)",
                                         "(50 km/h)", "(40 km/h)", "(30 km/h)", "(20 km/h)",
                                         "(输入车速...)", "---", "城市道路", "高速公路", "一级公路",
                                         "二级公路", "三级公路", "四级公路", "其它道路"}));
-    ChooseAtHeader(L"二级公路");
-    ChooseAtHeader(L"60 km/h");
+    ChooseFromHeaderMenu(TheGrid(), 0, L"二级公路");
+    ChooseFromHeaderMenu(TheGrid(), 0, L"60 km/h");
     EditCell(TheGrid(), 0, 1, L"9.5");
     ASSERT_TRUE(Save());
     EXPECT_EQ(Stored().Item(C::HighwayClass2), (SpeedToDoubleValues{{60, 9.5}}));

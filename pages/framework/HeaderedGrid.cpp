@@ -1,0 +1,139 @@
+#include "pages/framework/HeaderedGrid.h"
+
+#include <algorithm>
+
+#include "pages/framework/MyReportPaintManager.h"
+#include "pages/framework/XTPReportRecordItemHeard.h"
+
+void CHeaderedGrid::CreateGrid(CDSPage& page, const AddedCell& addedCell, int placeholder,
+                               int gridId, const CString& corner, int headerWidth)
+{
+    m_page = &page;
+    m_addedCell = addedCell;
+    m_control = page.CreateGrid(placeholder, gridId, corner, headerWidth);
+    QObject::connect(m_control, &CXTPReportControl::RowRightClick, m_page,
+                     [this](auto*, auto* column, const QPoint& pos) { OnRightClick(column, pos); });
+    QObject::connect(m_control, &CXTPReportControl::HeaderRightClick, m_page,
+                     [this](auto* column, const QPoint& pos) { OnRightClick(column, pos); });
+}
+
+// Rows
+
+CXTPReportRecord* CHeaderedGrid::InsertRow(int at, const CString& caption, unsigned itemData)
+{
+    auto* const header = new CXTPReportRecordItemHeard(caption);
+    header->SetEditable(false);
+    header->SetItemData(itemData);
+    if (caption.find(L'\n') != CString::npos) {
+        // The default row would cut the second line off.
+        auto* manager = dynamic_cast<CMyReportPaintManager*>(m_control->GetPaintManager());
+        if (!manager) m_control->SetPaintManager(manager = new CMyReportPaintManager);
+        header->SetRowHeight(manager->GetTwoLineHeight());
+    }
+    CXTPReportRecords& records = m_control->GetRecords();
+    CXTPReportRecord* const record = records.InsertAt(at, new CXTPReportRecord);
+    record->AddItem(header);
+    FillRow(records.IndexOf(record), LastItemIndex());
+    return record;
+}
+
+CXTPReportRecord* CHeaderedGrid::AddRow(const CString& caption, unsigned itemData)
+{
+    return InsertRow(GetRowCount(), caption, itemData);
+}
+
+CXTPReportRecordItem* CHeaderedGrid::RowHeader(int row) const
+{
+    const CXTPReportRecord* const record = m_control->GetRecords().GetAt(row);
+    return record ? record->GetItem(0) : nullptr;
+}
+
+int CHeaderedGrid::FindRow(const std::function<bool(const CXTPReportRecordItem&)>& isMeant) const
+{
+    for (int row = 0; row < GetRowCount(); ++row)
+        if (isMeant(*RowHeader(row))) return row;
+    return -1;
+}
+
+int CHeaderedGrid::FindRow(const CString& caption) const
+{
+    return FindRow([&caption](const CXTPReportRecordItem& header) {
+        return EqualNoCase(header.GetCaption(), caption);
+    });
+}
+
+int CHeaderedGrid::FindRow(unsigned itemData) const
+{
+    return FindRow([itemData](const CXTPReportRecordItem& header) {
+        return header.GetItemData() == itemData;
+    });
+}
+
+// The highest index of a cell that a column shows or a row has; 0 when there are headers alone.
+int CHeaderedGrid::LastItemIndex() const
+{
+    int last = 0;
+    for (const auto& column : m_control->GetColumns().All())
+        last = std::max(last, column->GetItemIndex());
+    for (const auto& record : m_control->GetRecords().All())
+        last = std::max(last, record->GetItemCount() - 1);
+    return last;
+}
+
+void CHeaderedGrid::FillRow(int row, int lastItem)
+{
+    CXTPReportRecord* const record = m_control->GetRecords().GetAt(row);
+    while (record->GetItemCount() <= lastItem)
+        record->AddItem(m_addedCell(row));
+}
+
+int CHeaderedGrid::AddCells()
+{
+    const int item = LastItemIndex() + 1;
+    for (int row = 0; row < GetRowCount(); ++row)
+        FillRow(row, item);
+    return item;
+}
+
+void CHeaderedGrid::RemoveRows()
+{
+    m_control->GetRecords().RemoveAll();
+    RemoveValueColumns();
+}
+
+void CHeaderedGrid::RemoveValueColumns()
+{
+    CXTPReportColumns& columns = m_control->GetColumns();
+    while (columns.GetCount() > 1)
+        columns.RemoveAt(columns.GetCount() - 1);
+    for (const auto& record : m_control->GetRecords().All())
+        while (record->GetItemCount() > 1)
+            record->GetItems().RemoveAt(record->GetItemCount() - 1);
+}
+
+CMyRecordItemValue* CHeaderedGrid::Cell(int row, const CXTPReportColumn* column) const
+{
+    const CXTPReportRecord* const record = m_control->GetRecords().GetAt(row);
+    if (!record || !column) return nullptr;
+    return dynamic_cast<CMyRecordItemValue*>(record->GetItem(column->GetItemIndex()));
+}
+
+void CHeaderedGrid::ShowLoaded()
+{
+    m_control->Populate();
+    m_control->ClearUndo();
+}
+
+// Menu
+
+void CHeaderedGrid::OnRightClick(const CXTPReportColumn* column, const QPoint& globalPos)
+{
+    if (m_page->IsViewMode()) return;
+    CMenu menu = MakeMenu(column);
+    if (menu.GetMenuItemCount() == 0) return;
+    const UINT id = menu.TrackPopupMenu(globalPos, m_control);
+    if (id == 0) return;
+    const CXTPReportUserChange change(*m_control, L"添加或删除");
+    Choose(static_cast<int>(id - kFirstCommand), column);
+    m_control->Populate();
+}
