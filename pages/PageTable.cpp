@@ -2,6 +2,7 @@
 
 #include "pages/BeelineLenDialog.h"
 #include "pages/CurveLenDialog.h"
+#include "pages/CurveWideningPage.h"
 #include "pages/LonGradDialog.h"
 #include "pages/LonGradLenDialog.h"
 #include "pages/MaxSuperElevPage.h"
@@ -39,6 +40,7 @@ constexpr PageEntry kPages[] = {
     {L"纵断", L"竖曲线最小半径和长度", Make<CVerticalCurveMinRadDialog>},
     {L"超高加宽", L"超高规范", Make<CMaxSuperElevPage>},
     {L"超高加宽", L"超高", MakeSuperElevationPage},
+    {L"超高加宽", L"加宽", Make<CCurveWideningPage>},
 };
 
 } // namespace

@@ -1,0 +1,13 @@
+#include "pages/MyRadiusRangeColumn.h"
+
+CMyRadiusRangeColumn::CMyRadiusRangeColumn(int itemIndex, int width)
+    : CXTPReportColumn(itemIndex, {}, width, false, false)
+{
+}
+
+void CMyRadiusRangeColumn::SetRange(int min, int max, bool excludesMin)
+{
+    m_min = min;
+    m_max = max;
+    SetCaption(Format(excludesMin ? L"%d<\nR≤\n%d" : L"%d≤\nR<\n%d", min, max));
+}

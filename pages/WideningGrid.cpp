@@ -1,0 +1,165 @@
+#include "pages/WideningGrid.h"
+
+#include <algorithm>
+
+#include "pages/InputRadiusRangeDialog.h"
+#include "pages/InputWideningTypeDialog.h"
+#include "pages/framework/MyRecordItemPositiveDouble.h"
+#include "pages/framework/MyReportPaintManager.h"
+#include "platform/mfc/MessageBox.h"
+
+namespace {
+
+constexpr wchar_t kCorner[] = L"圆曲线半径\\加宽类别";
+constexpr int kHeaderWidth = 100;
+constexpr int kRangeWidth = 50;
+constexpr int kCaptionHeight = 65; // three lines
+constexpr const wchar_t* kStandardCategories[] = {L"小型汽车", L"普通汽车", L"铰接车",
+                                                  L"1类: 5m",  L"2类: 8m",  L"3类: 5.2m+8.8m"};
+
+const CMyRadiusRangeColumn* RangeOf(const CXTPReportColumn* column)
+{
+    return dynamic_cast<const CMyRadiusRangeColumn*>(column);
+}
+
+CString OneLine(CString caption)
+{
+    std::erase(caption, L'\n');
+    return caption;
+}
+
+bool Contains(const std::vector<CString>& names, const CString& name)
+{
+    return std::any_of(names.begin(), names.end(),
+                       [&name](const CString& one) { return EqualNoCase(one, name); });
+}
+
+} // namespace
+
+void CWideningGrid::Create(CDSPage& page)
+{
+    CreateGrid(
+        page, [](int) { return MakeDecimalCell<2, false>(); }, CDSPage::kGridPlaceholder,
+        CDSPage::kGrid, kCorner, kHeaderWidth);
+    auto* const manager = new CMyReportPaintManager;
+    manager->SetHeaderHeight(kCaptionHeight);
+    Control().SetPaintManager(manager);
+    // What undo brings back may have been captioned before the ends changed their rule.
+    QObject::connect(&Control(), &CXTPReportControl::UndoDone, &page, [this] { Recaption(); });
+}
+
+// Columns
+
+std::vector<CMyRadiusRangeColumn*> CWideningGrid::Ranges() const
+{
+    std::vector<CMyRadiusRangeColumn*> ranges;
+    for (const auto& column : Control().GetColumns().All())
+        if (auto* const range = dynamic_cast<CMyRadiusRangeColumn*>(column.get()))
+            ranges.push_back(range);
+    return ranges;
+}
+
+void CWideningGrid::SetExcludesMin(bool excludesMin)
+{
+    m_excludesMin = excludesMin;
+    Recaption();
+}
+
+void CWideningGrid::Recaption()
+{
+    Control().CommitEdit();
+    for (CMyRadiusRangeColumn* range : Ranges())
+        range->SetRange(range->GetMin(), range->GetMax(), m_excludesMin);
+    Control().Populate();
+}
+
+void CWideningGrid::InsertRange(int at, int min, int max)
+{
+    auto* const range = new CMyRadiusRangeColumn(AddCells(), kRangeWidth);
+    range->SetRange(min, max, m_excludesMin);
+    Control().GetColumns().InsertAt(at, range);
+}
+
+void CWideningGrid::AddRange(int min, int max)
+{
+    InsertRange(Control().GetColumns().GetCount(), min, max);
+}
+
+// Menu
+
+// The standard categories, then the rows of other names.
+std::vector<CString> CWideningGrid::Categories() const
+{
+    std::vector<CString> categories(std::begin(kStandardCategories), std::end(kStandardCategories));
+    for (int row = 0; row < GetRowCount(); ++row)
+        if (const CString& name = RowHeader(row)->GetCaption(); !Contains(categories, name))
+            categories.push_back(name);
+    return categories;
+}
+
+CMenu CWideningGrid::MakeMenu(const CXTPReportColumn* column) const
+{
+    CMenu menu;
+    UINT id = kFirstCommand;
+    for (const CString& category : Categories())
+        menu.AppendMenu(MF_STRING | (FindRow(category) >= 0 ? MF_CHECKED : 0), id++,
+                        CMenu::Escape(category));
+    menu.AppendMenu(MF_STRING, id++, L"输入加宽类别...");
+    menu.AppendMenu(MF_SEPARATOR);
+    if (const CMyRadiusRangeColumn* range = RangeOf(column))
+        menu.AppendMenu(MF_STRING, id++, L"移除“" + OneLine(range->GetCaption()) + L"”");
+    menu.AppendMenu(GetRowCount() == 0 ? MF_GRAYED : MF_STRING, id, L"输入圆曲线半径...");
+    return menu;
+}
+
+void CWideningGrid::Choose(int index, const CXTPReportColumn* column)
+{
+    const std::vector<CString> categories = Categories();
+    const int afterCategories = index - static_cast<int>(categories.size());
+    if (afterCategories < 0)
+        ToggleCategory(categories[static_cast<size_t>(index)]);
+    else if (afterCategories == 0)
+        AskForCategory();
+    else if (afterCategories == 1 && RangeOf(column))
+        Control().GetColumns().Remove(column);
+    else
+        AskForRange();
+}
+
+void CWideningGrid::ToggleCategory(const CString& category)
+{
+    if (const int row = FindRow(category); row >= 0)
+        RemoveRow(row);
+    else
+        AddRow(category);
+}
+
+void CWideningGrid::AskForCategory()
+{
+    CInputWideningTypeDialog dialog(&Page());
+    CString category;
+    if (!dialog.Input(category)) return;
+    if (FindRow(category) >= 0)
+        MessageBox(&Page(), L"输入的加宽类别已经存在!", L"提示", MB_ICONINFORMATION);
+    else
+        AddRow(category);
+}
+
+// One end that is there already is enough to refuse the range.
+void CWideningGrid::AskForRange()
+{
+    CInputRadiusRangeDialog dialog(&Page());
+    CString text;
+    if (!dialog.Input(text)) return;
+    const auto [min, max] = dialog.GetRange();
+    const std::vector<CMyRadiusRangeColumn*> ranges = Ranges();
+    for (const CMyRadiusRangeColumn* range : ranges) {
+        if (range->GetMin() != min && range->GetMax() != max) continue;
+        MessageBox(&Page(), L"输入的圆曲线半径范围已经存在!", L"提示", MB_ICONINFORMATION);
+        return;
+    }
+    const auto lower = std::find_if(ranges.begin(), ranges.end(), [min = min](const auto* range) {
+        return range->GetMin() < min;
+    });
+    InsertRange(1 + static_cast<int>(lower - ranges.begin()), min, max);
+}

@@ -1,0 +1,236 @@
+#include "tests/pages/CurveWideningPageTest.h"
+
+#include <QComboBox>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class CurveWideningPage : public CurveWideningPageTest {};
+
+} // namespace
+
+TEST_F(CurveWideningPage, ShowsTheBuiltInWideningsBeforeAnythingIsLoaded)
+{
+    Show();
+    EXPECT_EQ(Columns(TheGrid()).substr(0, Columns(TheGrid()).find(' ')), "圆曲线半径\\加宽类别");
+    EXPECT_EQ(Captions(), "200<R≤250 150<R≤200 100<R≤150 60<R≤100 50<R≤60 40<R≤50 30<R≤40 "
+                          "20<R≤30 15<R≤20");
+    EXPECT_EQ(Categories(), "小型汽车|普通汽车|铰接车");
+    EXPECT_EQ(Row(TheGrid(), 0), "0.28 0.30 0.32 0.35 0.39 0.40 0.45 0.60 0.70");
+    EXPECT_EQ(Row(TheGrid(), 2), "0.45 0.55 0.75 0.95 1.25 1.50 1.90 2.80 3.50");
+    EXPECT_EQ(TextOf(119), "在右键菜单中添加或删除圆曲线半径和加宽类别");
+    EXPECT_EQ(TextOf(118), "");
+    EXPECT_FALSE(IsShown(106));
+}
+
+TEST_F(CurveWideningPage, ItsGridHasThreeLineCaptionsAndASplitCorner)
+{
+    Show();
+    EXPECT_EQ(TheGrid()->ShownColumn(0)->GetWidth(), 100);
+    EXPECT_EQ(TheGrid()->ShownColumn(1)->GetWidth(), 50);
+    EXPECT_FALSE(TheGrid()->ShownColumn(1)->IsSortable());
+    EXPECT_EQ(TheGrid()->GetPaintManager()->GetHeaderHeight(), 65);
+    EXPECT_EQ(TheGrid()->GetReportHeader()->height(), 65);
+    EXPECT_EQ(ToUtf8(ColumnCaptions(TheGrid())[1]), "200<\nR≤\n250");
+    EditCell(TheGrid(), 0, 0, L"x");
+    EXPECT_EQ(Categories(), "小型汽车|普通汽车|铰接车");
+}
+
+TEST_F(CurveWideningPage, OffersBothWaysToCloseARange)
+{
+    Show();
+    const auto* const mode = Control<QComboBox>(&m_page, kMode);
+    ASSERT_EQ(mode->count(), 2);
+    EXPECT_EQ(mode->itemText(0).toStdString(), "最小半径 < R ≤ 最大半径");
+    EXPECT_EQ(mode->itemText(1).toStdString(), "最小半径 ≤ R < 最大半径");
+    EXPECT_EQ(mode->currentIndex(), 0);
+}
+
+TEST_F(CurveWideningPage, TheModeChangesTheCaptionsAndTheFlagAlone)
+{
+    Show();
+    Load(TwoRanges());
+    SelectMode(Qt::Key_Down);
+    EXPECT_EQ(Captions(), "250≤R<1000 150≤R<250");
+    EXPECT_EQ(Row(TheGrid(), 0), "0.40 0.60");
+    ASSERT_TRUE(Save());
+    CDSCurveWidening expected = TwoRanges();
+    expected.IsGMinAndLEMaxMode = 0;
+    EXPECT_EQ(Stored(), expected);
+
+    m_page.Callback().Load(L"甲");
+    EXPECT_EQ(TextOf(kMode), "最小半径 ≤ R < 最大半径");
+    EXPECT_EQ(Captions(), "250≤R<1000 150≤R<250");
+    SelectMode(Qt::Key_Up);
+    EXPECT_EQ(Captions(), "250<R≤1000 150<R≤250");
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(Stored(), TwoRanges());
+}
+
+TEST_F(CurveWideningPage, ACellThatIsBeingEditedIsKeptWhenTheModeChanges)
+{
+    Show();
+    Load(TwoRanges());
+    ClickCell(TheGrid(), 0, 1);
+    Type(&m_page, L"0.55");
+    SelectMode(Qt::Key_Down);
+    EXPECT_EQ(Row(TheGrid(), 0), "0.55 0.60");
+}
+
+TEST_F(CurveWideningPage, CollectsTheCategoriesOfAllRanges)
+{
+    Show();
+    Load(Ranges({{20, 30, {{L"b", 1}}}, {10, 20, {{L"a", 2}, {L"B", 3}, {L"b", 4}}}}));
+    EXPECT_EQ(Categories(), "b|a");
+    EXPECT_EQ(Row(TheGrid(), 0), "1.00 3.00"); // as a query finds it
+    EXPECT_EQ(Row(TheGrid(), 1), "- 2.00");
+}
+
+TEST_F(CurveWideningPage, KeepsTheOrderOfTheRanges)
+{
+    Show();
+    const CDSCurveWidening criterion = Ranges({{20, 30, {{L"a", 1}}}, {30, 40, {{L"a", 2}}}});
+    Load(criterion);
+    EXPECT_EQ(Captions(), "20<R≤30 30<R≤40");
+    EXPECT_EQ(Row(TheGrid(), 0), "1.00 2.00");
+}
+
+TEST_F(CurveWideningPage, StoresWhatItLoaded)
+{
+    Show();
+    for (const CDSCurveWidening& criterion :
+         {CDSCurveWidening(), TwoRanges(), Ranges({{1, 2, {{L"a", 0.123456}}}})}) {
+        Load(criterion);
+        EXPECT_EQ(Fault(), "");
+        ASSERT_TRUE(Save());
+        EXPECT_EQ(Stored(), criterion);
+    }
+}
+
+TEST_F(CurveWideningPage, StoresAnEditedCell)
+{
+    Show();
+    Load(TwoRanges());
+    EditCell(TheGrid(), 1, 2, L"0.355");
+    EXPECT_EQ(Fault(), "");
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(Stored().ranges[1].widenings, (GrowArray<Widening>{{L"大", 0.6}, {L"小", 0.355}}));
+    m_page.Callback().Load(L"甲");
+    EXPECT_EQ(Row(TheGrid(), 1), "0.25 0.35");
+}
+
+TEST_F(CurveWideningPage, AWrongNumberEmptiesTheCellWithoutAWord)
+{
+    Show();
+    Load(TwoRanges());
+    EditCell(TheGrid(), 0, 1, L"-1");
+    EXPECT_EQ(Row(TheGrid(), 0), "- 0.60");
+    EditCell(TheGrid(), 0, 2, L"abc");
+    EXPECT_EQ(Row(TheGrid(), 0), "- -");
+}
+
+TEST_F(CurveWideningPage, ContinuousRangesPassAndOthersDoNot)
+{
+    Show();
+    Load(Ranges({{250, 1000, {{L"a", 1}}}, {150, 250, {{L"a", 2}}}}));
+    EXPECT_EQ(Fault(), "");
+    Load(Ranges({{250, 1000, {{L"a", 1}}}, {100, 200, {{L"a", 2}}}}));
+    EXPECT_EQ(Fault(), "圆曲线半径范围 100~200 和前一组不连续!");
+}
+
+TEST_F(CurveWideningPage, TheRangesAreCheckedBeforeTheRows)
+{
+    Show();
+    Load(Ranges({{30, 40, {{L"a", 1}}}, {20, 30, {}}, {10, 15, {{L"a", 2}}}}));
+    EXPECT_EQ(Fault(), "圆曲线半径范围 10~15 和前一组不连续!");
+    CDSCurveWidening criterion;
+    CString message;
+    EXPECT_FALSE(m_page.StoreStep(criterion, message));
+    EXPECT_TRUE(criterion.ranges.IsEmpty());
+}
+
+TEST_F(CurveWideningPage, ARangeThatWasRemovedLeavesAGap)
+{
+    Show();
+    Load(CDSCurveWidening());
+    ChooseFromMenu(TheGrid(), 0, 2, L"移除“150<R≤200”");
+    EXPECT_EQ(Fault(), "圆曲线半径范围 100~150 和前一组不连续!");
+}
+
+TEST_F(CurveWideningPage, ACategoryHasNoGapBetweenItsValues)
+{
+    Show();
+    Load(Ranges({{30, 40, {{L"b", 1}, {L"a", 1}}},
+                 {20, 30, {{L"b", 1}}},
+                 {10, 20, {{L"b", 1}, {L"a", 2}}}}));
+    EXPECT_EQ(Row(TheGrid(), 1), "1.00 - 2.00");
+    EXPECT_EQ(Fault(), "加宽类别 a 的加宽值设置不连续，不同圆曲线半径范围之间不能空缺!");
+    m_page.FocusRefused();
+    EXPECT_TRUE(TheGrid()->hasFocus());
+    EditCell(TheGrid(), 1, 1, L"");
+    EXPECT_EQ(Fault(), "");
+}
+
+TEST_F(CurveWideningPage, ACategoryMayHaveValuesInTheMiddleAlone)
+{
+    Show();
+    const CDSCurveWidening criterion = Ranges({{40, 50, {{L"b", 1}}},
+                                               {30, 40, {{L"b", 1}, {L"a", 1}}},
+                                               {20, 30, {{L"b", 1}, {L"a", 1}}},
+                                               {10, 20, {{L"b", 1}}}});
+    Load(criterion);
+    EXPECT_EQ(Row(TheGrid(), 1), "- 1.00 1.00 -");
+    EXPECT_EQ(Fault(), "");
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(Stored(), criterion);
+}
+
+TEST_F(CurveWideningPage, ARangeWithoutValuesIsNotStored)
+{
+    Show();
+    Load(TwoRanges());
+    EditCell(TheGrid(), 0, 2, L"");
+    EXPECT_EQ(Fault(), "");
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(Stored(), Ranges({{250, 1000, {{L"大", 0.4}, {L"小", 0.25}}}}));
+    m_page.Callback().Load(L"甲");
+    EXPECT_EQ(Captions(), "250<R≤1000");
+}
+
+TEST_F(CurveWideningPage, ACategoryWithoutValuesIsNotStored)
+{
+    Show();
+    Load(TwoRanges());
+    ChooseFromMenu(TheGrid(), 0, 1, L"铰接车");
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(Stored(), TwoRanges());
+}
+
+TEST_F(CurveWideningPage, KeepsItsSource)
+{
+    CDSCurveWidening criterion = TwoRanges();
+    criterion.Criterion = L"规范第6条";
+    Show();
+    Load(criterion);
+    EXPECT_EQ(ReadSource(118), "规范第6条");
+    EnterSource(118, L" 第8条 ");
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(Stored().Criterion, L"第8条");
+}
+
+TEST_F(CurveWideningPage, ViewModeLocksAllButTheSource)
+{
+    CDSCurveWidening criterion = TwoRanges();
+    criterion.Criterion = L"来源";
+    Load(criterion);
+    Show(true);
+    EXPECT_FALSE(IsEnabled(kMode));
+    EXPECT_FALSE(IsShown(119));
+    EditCell(TheGrid(), 0, 1, L"5");
+    EXPECT_EQ(Row(TheGrid(), 0), "0.40 0.60");
+    RightClickCell(TheGrid(), 0, 1);
+    RightClickHeader(TheGrid(), 1);
+    WaitForNothing();
+    EXPECT_EQ(ReadSource(118), "来源");
+}
