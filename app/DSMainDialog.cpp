@@ -26,6 +26,17 @@ int PageOf(const QTreeWidgetItem* item)
     return item->data(0, kPageRole).toInt();
 }
 
+// The last widget inside `area` that can have the focus; `area` itself when there is none.
+QWidget* LastToFocus(QWidget* area)
+{
+    QWidget* last = area;
+    QWidget* const window = area->window();
+    for (QWidget* one = window->nextInFocusChain(); one != window; one = one->nextInFocusChain())
+        if (area->isAncestorOf(one) && one->focusPolicy() != Qt::NoFocus && !one->focusProxy())
+            last = one;
+    return last;
+}
+
 } // namespace
 
 CDSMainDialog::CDSMainDialog(const CString& name, bool isNew, const wchar_t* source,
@@ -104,6 +115,9 @@ void CDSMainDialog::PlacePages()
         layout->addWidget(page.window.get(), 0, 0);
         page.window->hide();
     }
+    // The pages came last; Tab is to pass through them on its way to the buttons.
+    setTabOrder(LastToFocus(area), GetDlgItem(IDOK));
+    setTabOrder(GetDlgItem(IDOK), GetDlgItem(IDCANCEL));
 }
 
 void CDSMainDialog::LoadPages()

@@ -3,6 +3,7 @@
 #include <QLayout>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -124,6 +125,27 @@ TEST_F(DSMainDialog, BuildsItsTreeOfGroupsAndPages)
             EXPECT_FALSE(Item(window, "纵断")->isExpanded());
             EXPECT_EQ(SelectedItem(window), "Plan");
             EXPECT_EQ(Shown(window), "1");
+            Cancel(window);
+        },
+        L"甲");
+}
+
+TEST_F(DSMainDialog, TabGoesFromTheTreeThroughThePageToTheButtons)
+{
+    Add(Make(L"甲"));
+    RunPages(
+        [](QWidget* window) {
+            auto* const area = window->findChild<QWidget*>(QStringLiteral("pageArea"));
+            Control(window, 100)->setFocus();
+            int onThePage = 0;
+            for (; onThePage < 50; ++onThePage) {
+                QTest::keyClick(window->focusWidget(), Qt::Key_Tab);
+                if (!area->isAncestorOf(window->focusWidget())) break;
+            }
+            EXPECT_GE(onThePage, 9); // three rows of check box, edit box and button
+            EXPECT_EQ(window->focusWidget(), Control(window, IDOK));
+            QTest::keyClick(window->focusWidget(), Qt::Key_Tab);
+            EXPECT_EQ(window->focusWidget(), Control(window, IDCANCEL));
             Cancel(window);
         },
         L"甲");
