@@ -59,8 +59,11 @@ QIcon LoadIcon(HRESLIB library, const CString& name, int cx, int cy)
     QFile file(QStringLiteral(":%1/%2.svg").arg(RootOf(library), ToQString(name)));
     if (library == 0 || !file.open(QIODevice::ReadOnly) || !picture.load(file.readAll()))
         return icon;
-    for (double scale : kScales)
-        icon.addPixmap(Draw(picture, QSizeF(cx * scale, cy * scale).toSize()));
+    for (double scale : kScales) {
+        const QPixmap drawn = Draw(picture, QSizeF(cx * scale, cy * scale).toSize());
+        icon.addPixmap(drawn);
+        icon.addPixmap(drawn, QIcon::Selected); // else a selected row would tint it
+    }
     return icon;
 }
 

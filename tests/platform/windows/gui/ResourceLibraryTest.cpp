@@ -38,6 +38,13 @@ TEST(ResourceLibrary, IconsOutliveTheLibrary)
     }
 }
 
+TEST(ResourceLibrary, AnIconKeepsItsColoursOnASelectedRow)
+{
+    const QIcon icon = LoadOnce(L"IDI_ICON_RIGHT");
+    ASSERT_GT(PaintedPixels(icon, 16), 40);
+    EXPECT_EQ(icon.pixmap(16, QIcon::Selected).toImage(), icon.pixmap(16).toImage());
+}
+
 TEST(ResourceLibrary, ItsPathMayHaveBackslashes)
 {
     const HRESLIB library = LoadResourceLibrary(ToWide(BINARY_DIR) + L"\\bin\\VMRDRes.dll");
