@@ -3,6 +3,8 @@
 #include <QApplication>
 #include <QFontDatabase>
 #include <QLibraryInfo>
+#include <QPalette>
+#include <QStyleFactory>
 #include <QTranslator>
 
 namespace {
@@ -28,4 +30,29 @@ bool SetAppearance()
     font.setFamilies(QStringList(font.family()) + kChineseFamilies);
     QApplication::setFont(font);
     return !QFontDatabase::families(QFontDatabase::SimplifiedChinese).isEmpty();
+}
+
+void UseDarkColours()
+{
+    // Other styles may draw in colours of their own.
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    const QColor window(45, 48, 52);
+    const QColor text(228, 230, 232);
+    const QColor disabled(130, 134, 140);
+    QPalette palette(window, window); // with the shades that raised edges need
+    for (const QPalette::ColorRole role :
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText,
+          QPalette::BrightText}) {
+        palette.setColor(role, text);
+        palette.setColor(QPalette::Disabled, role, disabled);
+    }
+    palette.setColor(QPalette::Base, QColor(30, 32, 35));
+    palette.setColor(QPalette::AlternateBase, QColor(38, 41, 44));
+    palette.setColor(QPalette::ToolTipBase, QColor(60, 64, 70));
+    palette.setColor(QPalette::PlaceholderText, disabled);
+    palette.setColor(QPalette::Mid, QColor(92, 97, 104));
+    palette.setColor(QPalette::Highlight, QColor(42, 110, 170));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::Link, QColor(100, 170, 230));
+    QApplication::setPalette(palette);
 }

@@ -19,6 +19,7 @@
 namespace {
 
 constexpr char kSnapshotOption[] = "snapshot";
+constexpr char kDarkOption[] = "dark";
 
 // Without a display Qt says of many a call that there is nothing to do; nobody needs to know.
 void KeepQuiet(QtMsgType, const QMessageLogContext&, const QString&) {}
@@ -62,6 +63,7 @@ void AddOptions(QCommandLineParser& parser)
     parser.addOption({QString::fromLatin1(kSnapshotOption),
                       QObject::tr("把每个窗口的图片写入 DIR, 不需要显示器"),
                       QStringLiteral("DIR")});
+    parser.addOption({QString::fromLatin1(kDarkOption), QObject::tr("深色界面")});
     parser.addOption({QStringLiteral("spec"), QObject::tr("图片中显示的样式: 名称或标识"),
                       QStringLiteral("NAME")});
 }
@@ -85,6 +87,7 @@ int main(int argc, char** argv)
     QCommandLineParser parser;
     AddOptions(parser);
     parser.process(application);
+    if (parser.isSet(QString::fromLatin1(kDarkOption))) UseDarkColours();
 
     std::optional<QTemporaryDir> settings;
     if (snapshot) UseSettingsIn(settings.emplace());
