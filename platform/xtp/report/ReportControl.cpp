@@ -154,8 +154,12 @@ void CXTPReportControl::EndUserChange()
 
 void CXTPReportControl::Restore(const CXTPReportSnapshot& snapshot)
 {
+    const auto before = CXTPReportSnapshot::Take(m_columns, m_records);
     snapshot.PutBack(m_columns, m_records);
     Populate();
+    // The user sees what has changed, wherever the grid was scrolled to.
+    if (const auto place = snapshot.FirstChange(before))
+        setCurrentIndex(IndexOf(place->first, place->second));
     emit UndoDone();
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 
 #include <QUndoCommand>
 
@@ -26,6 +27,13 @@ struct CXTPReportSnapshot {
     static CXTPReportSnapshot Take(const CXTPReportColumns& columns,
                                    const CXTPReportRecords& records);
     void PutBack(CXTPReportColumns& columns, CXTPReportRecords& records) const;
+
+    // The place, row and column, of the first cell that is another one or in another state than
+    // the cell there in `other`; null when there is none.
+    std::optional<std::pair<int, int>> FirstChange(const CXTPReportSnapshot& other) const;
+
+private:
+    bool IsSameCell(const CXTPReportSnapshot& other, size_t row, size_t column) const;
 };
 
 class CXTPReportUndoCommand : public QUndoCommand {

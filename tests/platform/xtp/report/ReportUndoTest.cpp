@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QScrollBar>
 #include <QSignalSpy>
 
 #include "tests/platform/xtp/report/TestGrid.h"
@@ -194,4 +195,32 @@ TEST_F(ReportUndo, TellsWhenAStepWasUndone)
     Redo();
     Redo();
     EXPECT_EQ(spy.count(), 2);
+}
+
+TEST_F(ReportUndo, GoesToTheFirstCellThatChanged)
+{
+    EditCell(&m_grid, 1, 1, L"99", Qt::Key_Up);
+    ClickCell(&m_grid, 0, 1);
+    Key(Qt::Key_Escape);
+    Undo();
+    EXPECT_EQ(m_grid.currentIndex(), m_grid.IndexOf(1, 1));
+    AddSpeed(L"80");
+    Undo();
+    Redo();
+    EXPECT_EQ(m_grid.currentIndex(), m_grid.IndexOf(0, 1)); // the new column's first cell
+}
+
+TEST_F(ReportUndo, ScrollsToWhatChanged)
+{
+    for (int i = 0; i < 40; ++i)
+        AddSpeed(Format(L"%d", i));
+    const int last = m_grid.GetColumns().GetCount() - 1;
+    m_grid.setCurrentIndex(m_grid.IndexOf(0, last));
+    ASSERT_GT(m_grid.horizontalScrollBar()->value(), 0);
+    EditCell(&m_grid, 0, last, L"77", Qt::Key_Down);
+    m_grid.setCurrentIndex(m_grid.IndexOf(0, 1));
+    m_grid.horizontalScrollBar()->setValue(0);
+    Undo();
+    EXPECT_TRUE(
+        m_grid.viewport()->rect().contains(m_grid.visualRect(m_grid.IndexOf(0, last)).center()));
 }
