@@ -1,24 +1,15 @@
 #include "pages/InputRadiusRangeDialog.h"
 
 #include "app/input/NumberText.h"
-#include "platform/mfc/MessageBox.h"
 
-CString CInputRadiusRangeDialog::Title() const
+CInputRadiusRangeDialog::CInputRadiusRangeDialog(QWidget* parent)
+    : CCheckedInputDialog(L"输入圆曲线半径", L"圆曲线半径范围(m, 以~分隔):", parent)
 {
-    return L"输入圆曲线半径";
 }
 
-CString CInputRadiusRangeDialog::Prompt() const
-{
-    return L"圆曲线半径范围(m, 以~分隔):";
-}
-
-bool CInputRadiusRangeDialog::CheckValue(CString& value)
+CString CInputRadiusRangeDialog::Fault(CString& value)
 {
     value = EnteredText(value);
-    const CString fault =
-        value.empty() ? L"圆曲线半径范围不能为空!" : ReadRadiusRange(value, m_range);
-    if (fault.empty()) return true;
-    MessageBox(GetDialogWindow(), fault, L"提示", MB_ICONINFORMATION);
-    return false;
+    if (value.empty()) return L"圆曲线半径范围不能为空!";
+    return ReadRadiusRange(value, m_range);
 }

@@ -1,19 +1,18 @@
 // Asks for a range of radii in metres, such as 150~250.
 #pragma once
 
+#include "app/input/CheckedInputDialog.h"
 #include "pages/RadiusRangeText.h"
-#include "platform/vmrd/VMRDControls/InputDialog.h"
 
-class CInputRadiusRangeDialog : public CInputDialog {
+class CInputRadiusRangeDialog : public CCheckedInputDialog {
 public:
-    using CInputDialog::CInputDialog;
-
-    CString Title() const override;
-    CString Prompt() const override;
-    bool CheckValue(CString& value) override;
+    explicit CInputRadiusRangeDialog(QWidget* parent = nullptr);
 
     // The range that was accepted.
     const RadiusRange& GetRange() const { return m_range; }
+
+protected:
+    CString Fault(CString& value) override;
 
 private:
     RadiusRange m_range;

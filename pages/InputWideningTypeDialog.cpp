@@ -1,21 +1,11 @@
 #include "pages/InputWideningTypeDialog.h"
 
-#include "platform/mfc/MessageBox.h"
-
-CString CInputWideningTypeDialog::Title() const
+CInputWideningTypeDialog::CInputWideningTypeDialog(QWidget* parent)
+    : CCheckedInputDialog(L"输入加宽类别", L"输入加宽类别:", parent)
 {
-    return L"输入加宽类别";
 }
 
-CString CInputWideningTypeDialog::Prompt() const
+CString CInputWideningTypeDialog::Fault(CString& value)
 {
-    return L"输入加宽类别:";
-}
-
-bool CInputWideningTypeDialog::CheckValue(CString& value)
-{
-    value = Trim(value);
-    if (!value.empty()) return true;
-    MessageBox(GetDialogWindow(), L"加宽类别不能为空!", L"提示", MB_ICONINFORMATION);
-    return false;
+    return value.empty() ? L"加宽类别不能为空!" : L"";
 }

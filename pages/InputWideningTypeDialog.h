@@ -1,13 +1,12 @@
 // Asks for the name of a widening category, such as a class of vehicles.
 #pragma once
 
-#include "platform/vmrd/VMRDControls/InputDialog.h"
+#include "app/input/CheckedInputDialog.h"
 
-class CInputWideningTypeDialog : public CInputDialog {
+class CInputWideningTypeDialog : public CCheckedInputDialog {
 public:
-    using CInputDialog::CInputDialog;
+    explicit CInputWideningTypeDialog(QWidget* parent = nullptr);
 
-    CString Title() const override;
-    CString Prompt() const override;
-    bool CheckValue(CString& value) override;
+protected:
+    CString Fault(CString& value) override;
 };

@@ -3,40 +3,21 @@
 #include <algorithm>
 
 #include "app/input/NumberText.h"
-#include "platform/mfc/MessageBox.h"
 
 CInputIntValueDialog::CInputIntValueDialog(const CString& name, const CString& prompt,
                                            const CArray<int>& values, QWidget* parent, int minimum,
                                            int maximum)
-    : CInputDialog(parent), m_name(name), m_prompt(prompt), m_values(values), m_minimum(minimum),
-      m_maximum(maximum)
+    : CCheckedInputDialog(L"输入" + name, prompt, parent), m_name(name), m_values(values),
+      m_minimum(minimum), m_maximum(maximum)
 {
 }
 
-CString CInputIntValueDialog::Title() const
-{
-    return L"输入" + m_name;
-}
-
-CString CInputIntValueDialog::Prompt() const
-{
-    return m_prompt;
-}
-
-bool CInputIntValueDialog::CheckValue(CString& value)
+CString CInputIntValueDialog::Fault(CString& value)
 {
     value = EnteredText(value);
-    const CString fault = Fault(value);
-    if (fault.empty()) return true;
-    MessageBox(GetDialogWindow(), fault, L"提示", MB_ICONINFORMATION);
-    return false;
-}
-
-CString CInputIntValueDialog::Fault(const CString& text) const
-{
-    if (text.empty()) return m_name + L"不能为空!";
+    if (value.empty()) return m_name + L"不能为空!";
     int number = 0;
-    if (!ReadWholeNumber(text, number)) return m_name + L"必须是整数!";
+    if (!ReadWholeNumber(value, number)) return m_name + L"必须是整数!";
     if (m_minimum != m_maximum && (number < m_minimum || number > m_maximum))
         return Format(L"%s 必须大于等于 %d 并且小于等于 %d", m_name, m_minimum, m_maximum);
     if (std::find(m_values.begin(), m_values.end(), number) != m_values.end())

@@ -1,9 +1,9 @@
 // Asks for a new whole number, such as a design speed in km/h.
 #pragma once
 
-#include "platform/vmrd/VMRDControls/InputDialog.h"
+#include "app/input/CheckedInputDialog.h"
 
-class CInputIntValueDialog : public CInputDialog {
+class CInputIntValueDialog : public CCheckedInputDialog {
 public:
     // `name` is the quantity's name in the title and the messages. `values` are present already
     // and may not be entered again. `minimum` to `maximum`, both allowed, is the range; equal
@@ -11,16 +11,11 @@ public:
     CInputIntValueDialog(const CString& name, const CString& prompt, const CArray<int>& values,
                          QWidget* parent, int minimum, int maximum);
 
-    CString Title() const override;
-    CString Prompt() const override;
-    bool CheckValue(CString& value) override;
+protected:
+    CString Fault(CString& value) override;
 
 private:
-    // Why the text is refused; empty when it is not.
-    CString Fault(const CString& text) const;
-
     CString m_name;
-    CString m_prompt;
     CArray<int> m_values;
     int m_minimum;
     int m_maximum;

@@ -1,41 +1,21 @@
 #include "pages/InputRadiusRangeDialog.h"
 
-#include <gtest/gtest.h>
-
-#include "platform/mfc/Dialog.h"
-#include "tests/gui/Controls.h"
-#include "tests/gui/Modal.h"
+#include "tests/app/input/InputDialogs.h"
 
 namespace {
 
-// Types `text` and confirms: the range that came back.
+// The range that an accepted text gives.
 std::pair<int, int> Enter(const CString& text)
 {
     CInputRadiusRangeDialog dialog;
-    const ExpectModal modal([&text](QWidget* window) {
-        TypeInto(window, 108, text);
-        Click(window, IDOK);
-    });
-    CString value;
-    EXPECT_TRUE(dialog.Input(value)) << ToUtf8(text);
+    EnterInto(dialog, text);
     return {dialog.GetRange().min, dialog.GetRange().max};
 }
 
 void ExpectRefused(const CString& text, const CString& message)
 {
-    SCOPED_TRACE(ToUtf8(text));
     CInputRadiusRangeDialog dialog;
-    const ExpectModal modal([&](QWidget* window) {
-        TypeInto(window, 108, text);
-        {
-            const ExpectMessage box(message);
-            Click(window, IDOK);
-        }
-        EXPECT_TRUE(window->isVisible());
-        Click(window, IDCANCEL);
-    });
-    CString value;
-    EXPECT_FALSE(dialog.Input(value));
+    ExpectRefusedBy(dialog, text, message);
 }
 
 } // namespace

@@ -1,10 +1,6 @@
 #include "pages/InputWideningTypeDialog.h"
 
-#include <gtest/gtest.h>
-
-#include "platform/mfc/Dialog.h"
-#include "tests/gui/Controls.h"
-#include "tests/gui/Modal.h"
+#include "tests/app/input/InputDialogs.h"
 
 TEST(InputWideningTypeDialog, TakesANameWithoutTheBlanksAroundIt)
 {
@@ -23,16 +19,7 @@ TEST(InputWideningTypeDialog, TakesANameWithoutTheBlanksAroundIt)
 
 TEST(InputWideningTypeDialog, RefusesAnEmptyName)
 {
-    const ExpectModal modal([](QWidget* window) {
-        for (const wchar_t* text : {L"", L"   "}) {
-            TypeInto(window, 108, text);
-            const ExpectMessage box(L"加宽类别不能为空!");
-            Click(window, IDOK);
-        }
-        EXPECT_TRUE(window->isVisible());
-        Click(window, IDCANCEL);
-    });
-    CString name = L"before";
-    EXPECT_FALSE(CInputWideningTypeDialog().Input(name));
-    EXPECT_EQ(name, L"before");
+    CInputWideningTypeDialog dialog;
+    for (const wchar_t* text : {L"", L"   "})
+        ExpectRefusedBy(dialog, text, L"加宽类别不能为空!");
 }

@@ -1,10 +1,6 @@
 #include "app/input/InputGradientDialog.h"
 
-#include <gtest/gtest.h>
-
-#include "platform/mfc/Dialog.h"
-#include "tests/gui/Controls.h"
-#include "tests/gui/Modal.h"
+#include "tests/app/input/InputDialogs.h"
 
 namespace {
 
@@ -12,32 +8,10 @@ const CString kNotOneDecimal = L"坡度必须是正数,并且最多只能有一�
 
 class InputGradientDialog : public ::testing::Test {
 protected:
-    CString Enter(const CString& text)
-    {
-        const ExpectModal modal([&](QWidget* window) {
-            TypeInto(window, 108, text);
-            Click(window, IDOK);
-        });
-        CString value;
-        EXPECT_TRUE(m_dialog.Input(value)) << ToUtf8(text);
-        return value;
-    }
-
+    CString Enter(const CString& text) { return EnterInto(m_dialog, text); }
     void ExpectRefused(const CString& text, const CString& message)
     {
-        SCOPED_TRACE(ToUtf8(text));
-        const ExpectModal modal([&](QWidget* window) {
-            TypeInto(window, 108, text);
-            {
-                const ExpectMessage box(message);
-                Click(window, IDOK);
-            }
-            EXPECT_TRUE(window->isVisible());
-            Click(window, IDCANCEL);
-        });
-        CString value = L"before";
-        EXPECT_FALSE(m_dialog.Input(value));
-        EXPECT_EQ(value, L"before");
+        ExpectRefusedBy(m_dialog, text, message);
     }
 
     CInputGradientDialog m_dialog{L"输入坡度", L"纵坡坡度(%):", {3, 4.5}, nullptr};

@@ -1,10 +1,6 @@
 #include "app/input/InputIntValueDialog.h"
 
-#include <gtest/gtest.h>
-
-#include "platform/mfc/Dialog.h"
-#include "tests/gui/Controls.h"
-#include "tests/gui/Modal.h"
+#include "tests/app/input/InputDialogs.h"
 
 namespace {
 
@@ -12,36 +8,6 @@ CInputIntValueDialog SpeedDialog(const CArray<int>& present = {}, int minimum = 
                                  int maximum = 150)
 {
     return {L"车速", L"设计车速(km/h):", present, nullptr, minimum, maximum};
-}
-
-// Types `text` and confirms: the value that came back.
-CString Enter(CInputIntValueDialog& dialog, const CString& text)
-{
-    const ExpectModal modal([&](QWidget* window) {
-        TypeInto(window, 108, text);
-        Click(window, IDOK);
-    });
-    CString value;
-    EXPECT_TRUE(dialog.Input(value));
-    return value;
-}
-
-// Types `text`, confirms, expects the message, sees the dialog still open and cancels.
-void ExpectRefused(CInputIntValueDialog& dialog, const CString& text, const CString& message)
-{
-    SCOPED_TRACE(ToUtf8(text));
-    const ExpectModal modal([&](QWidget* window) {
-        TypeInto(window, 108, text);
-        {
-            const ExpectMessage box(message);
-            Click(window, IDOK);
-        }
-        EXPECT_TRUE(window->isVisible());
-        Click(window, IDCANCEL);
-    });
-    CString value = L"before";
-    EXPECT_FALSE(dialog.Input(value));
-    EXPECT_EQ(value, L"before");
 }
 
 } // namespace
@@ -56,56 +22,56 @@ TEST(InputIntValueDialog, NamesTheQuantity)
 TEST(InputIntValueDialog, AcceptsAWholeNumberWithBlanksAround)
 {
     auto dialog = SpeedDialog();
-    EXPECT_EQ(Enter(dialog, L" 60  "), L"60");
+    EXPECT_EQ(EnterInto(dialog, L" 60  "), L"60");
 }
 
 TEST(InputIntValueDialog, AcceptsFullWidthDigits)
 {
     auto dialog = SpeedDialog();
-    EXPECT_EQ(Enter(dialog, L"　８５"), L"85");
+    EXPECT_EQ(EnterInto(dialog, L"　８５"), L"85");
 }
 
 TEST(InputIntValueDialog, RefusesNothing)
 {
     auto dialog = SpeedDialog();
-    ExpectRefused(dialog, L"", L"车速不能为空!");
-    ExpectRefused(dialog, L"   ", L"车速不能为空!");
+    ExpectRefusedBy(dialog, L"", L"车速不能为空!");
+    ExpectRefusedBy(dialog, L"   ", L"车速不能为空!");
 }
 
 TEST(InputIntValueDialog, RefusesWhatIsNoWholeNumber)
 {
     auto dialog = SpeedDialog();
     for (const wchar_t* text : {L"060", L"+60", L"60.0", L"60a", L"abc", L"6 0", L"99999999999"})
-        ExpectRefused(dialog, text, L"车速必须是整数!");
+        ExpectRefusedBy(dialog, text, L"车速必须是整数!");
 }
 
 TEST(InputIntValueDialog, RefusesWhatIsOutOfRange)
 {
     auto dialog = SpeedDialog();
     for (const wchar_t* text : {L"9", L"151", L"-60", L"0"})
-        ExpectRefused(dialog, text, L"车速 必须大于等于 10 并且小于等于 150");
-    EXPECT_EQ(Enter(dialog, L"10"), L"10");
-    EXPECT_EQ(Enter(dialog, L"150"), L"150");
+        ExpectRefusedBy(dialog, text, L"车速 必须大于等于 10 并且小于等于 150");
+    EXPECT_EQ(EnterInto(dialog, L"10"), L"10");
+    EXPECT_EQ(EnterInto(dialog, L"150"), L"150");
 }
 
 TEST(InputIntValueDialog, EqualEndsStandForNoRange)
 {
     auto dialog = SpeedDialog({}, 0, 0);
-    EXPECT_EQ(Enter(dialog, L"-5"), L"-5");
-    EXPECT_EQ(Enter(dialog, L"2000"), L"2000");
+    EXPECT_EQ(EnterInto(dialog, L"-5"), L"-5");
+    EXPECT_EQ(EnterInto(dialog, L"2000"), L"2000");
 }
 
 TEST(InputIntValueDialog, RefusesAValueThatIsPresent)
 {
     auto dialog = SpeedDialog({120, 60});
-    ExpectRefused(dialog, L"60", L"输入的车速已经存在!");
-    EXPECT_EQ(Enter(dialog, L"80"), L"80");
+    ExpectRefusedBy(dialog, L"60", L"输入的车速已经存在!");
+    EXPECT_EQ(EnterInto(dialog, L"80"), L"80");
 }
 
 TEST(InputIntValueDialog, TheRangeIsLookedAtBeforeThePresentValues)
 {
     auto dialog = SpeedDialog({160});
-    ExpectRefused(dialog, L"160", L"车速 必须大于等于 10 并且小于等于 150");
+    ExpectRefusedBy(dialog, L"160", L"车速 必须大于等于 10 并且小于等于 150");
 }
 
 TEST(InputIntValueDialog, CopiesThePresentValues)
@@ -113,7 +79,7 @@ TEST(InputIntValueDialog, CopiesThePresentValues)
     CArray<int> present = {60};
     CInputIntValueDialog dialog(L"车速", L"", present, nullptr, 10, 150);
     present.clear();
-    ExpectRefused(dialog, L"60", L"输入的车速已经存在!");
+    ExpectRefusedBy(dialog, L"60", L"输入的车速已经存在!");
 }
 
 TEST(InputIntValueDialog, CanBeCorrectedAfterARefusal)
