@@ -12,8 +12,10 @@ CXTPReportRightClick::CXTPReportRightClick(QWidget* viewport, Callback callback)
     viewport->installEventFilter(this);
 }
 
-bool CXTPReportRightClick::eventFilter(QObject*, QEvent* event)
+bool CXTPReportRightClick::eventFilter(QObject* watched, QEvent* event)
 {
+    // Filters hear the mouse over disabled windows too.
+    if (!static_cast<QWidget*>(watched)->isEnabled()) return false;
     if (event->type() == QEvent::ContextMenu) {
         const auto* const menu = static_cast<QContextMenuEvent*>(event);
         m_pressed = false;

@@ -1,4 +1,5 @@
-// Tells of a right click on the viewport of a grid or a header, once for each click.
+// Tells of a right click on the viewport of a grid or a header that is enabled, once for each
+// click.
 #pragma once
 
 #include <functional>

@@ -303,6 +303,19 @@ TEST_F(ReportControl, TellsOfRightClicksOnTheHeader)
     EXPECT_EQ(spy[0][0].value<CXTPReportColumn*>(), m_grid.GetColumns().GetAt(3));
 }
 
+TEST_F(ReportControl, TellsOfNoRightClickWhileItIsDisabled)
+{
+    m_grid.setEnabled(false);
+    QSignalSpy rows(&m_grid, &CXTPReportControl::RowRightClick);
+    QSignalSpy headers(&m_grid, &CXTPReportControl::HeaderRightClick);
+    RightClickCell(&m_grid, 1, 2);
+    RightClickHeader(&m_grid, 3);
+    const QPoint place = m_grid.visualRect(m_grid.IndexOf(0, 1)).center();
+    QContextMenuEvent menu(QContextMenuEvent::Mouse, place, m_grid.viewport()->mapToGlobal(place));
+    QApplication::sendEvent(m_grid.viewport(), &menu);
+    EXPECT_EQ(rows.count() + headers.count(), 0);
+}
+
 // A window system sends press, request for a menu and release; it is one click.
 TEST_F(ReportControl, OneRightClickIsToldOnce)
 {
