@@ -4,6 +4,7 @@
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLayout>
 #include <QScrollBar>
 #include <QUndoStack>
@@ -53,6 +54,8 @@ void CXTPReportControl::CreateOver(QWidget* placeholder, int controlId)
     setSizePolicy(placeholder->sizePolicy());
     setMinimumSize(placeholder->minimumSize());
     setTabOrder(placeholder, this);
+    for (QLabel* label : parentWidget()->findChildren<QLabel*>())
+        if (label->buddy() == placeholder) label->setBuddy(this);
     QLayout* const layout = parentWidget()->layout();
     if (layout) delete layout->replaceWidget(placeholder, this);
     placeholder->hide();

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QFrame>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 
@@ -252,4 +253,17 @@ TEST(Dialog, AGridOverAPlaceholderWithoutLayoutTakesItsRectangle)
     grid->CreateOver(placeholder, 1001);
     EXPECT_EQ(grid->geometry(), QRect(10, 20, 300, 150));
     EXPECT_EQ(grid->parentWidget(), &page);
+}
+
+TEST(Dialog, AGridTakesThePlaceholdersLabel)
+{
+    QWidget page;
+    auto* const placeholder = new QFrame(&page);
+    QLabel label(QStringLiteral("表:"), &page);
+    label.setBuddy(placeholder);
+    QLabel other(&page);
+    auto* const grid = new CXTPReportControl;
+    grid->CreateOver(placeholder, 1001);
+    EXPECT_EQ(label.buddy(), grid);
+    EXPECT_EQ(other.buddy(), nullptr);
 }
