@@ -5,7 +5,6 @@
 #include "pages/InputRadiusRangeDialog.h"
 #include "pages/InputWideningTypeDialog.h"
 #include "pages/framework/MyRecordItemPositiveDouble.h"
-#include "pages/framework/MyReportPaintManager.h"
 #include "platform/mfc/MessageBox.h"
 
 namespace {
@@ -41,9 +40,7 @@ void CWideningGrid::Create(CDSPage& page)
     CreateGrid(
         page, [](int) { return MakeDecimalCell<2, false>(); }, CDSPage::kGridPlaceholder,
         CDSPage::kGrid, kCorner, kHeaderWidth);
-    auto* const manager = new CMyReportPaintManager;
-    manager->SetHeaderHeight(kCaptionHeight);
-    Control().SetPaintManager(manager);
+    Control().GetPaintManager()->SetHeaderHeight(kCaptionHeight);
     // What undo brings back may have been captioned before the ends changed their rule.
     QObject::connect(&Control(), &CXTPReportControl::UndoDone, &page, [this] { Recaption(); });
 }

@@ -11,6 +11,7 @@ void CHeaderedGrid::CreateGrid(CDSPage& page, const AddedCell& addedCell, int pl
     m_page = &page;
     m_addedCell = addedCell;
     m_control = page.CreateGrid(placeholder, gridId, corner, headerWidth);
+    m_control->SetPaintManager(m_paintManager = new CMyReportPaintManager);
     QObject::connect(m_control, &CXTPReportControl::RowRightClick, m_page,
                      [this](auto*, auto* column, const QPoint& pos) { OnRightClick(column, pos); });
     QObject::connect(m_control, &CXTPReportControl::HeaderRightClick, m_page,
@@ -24,12 +25,9 @@ CXTPReportRecord* CHeaderedGrid::InsertRow(int at, const CString& caption, unsig
     auto* const header = new CXTPReportRecordItemHeard(caption);
     header->SetEditable(false);
     header->SetItemData(itemData);
-    if (caption.find(L'\n') != CString::npos) {
-        // The default row would cut the second line off.
-        auto* manager = dynamic_cast<CMyReportPaintManager*>(m_control->GetPaintManager());
-        if (!manager) m_control->SetPaintManager(manager = new CMyReportPaintManager);
-        header->SetRowHeight(manager->GetTwoLineHeight());
-    }
+    // The default row would cut the second line off.
+    if (caption.find(L'\n') != CString::npos)
+        header->SetRowHeight(m_paintManager->GetTwoLineHeight());
     CXTPReportRecords& records = m_control->GetRecords();
     CXTPReportRecord* const record = records.InsertAt(at, new CXTPReportRecord);
     record->AddItem(header);

@@ -8,6 +8,8 @@
 #include "pages/framework/MyRecordItemValue.h"
 #include "platform/mfc/Menu.h"
 
+class CMyReportPaintManager;
+
 class CHeaderedGrid {
 public:
     // An empty value cell for a column that the user adds to that row.
@@ -68,5 +70,6 @@ private:
 
     CDSPage* m_page = nullptr;
     CXTPReportControl* m_control = nullptr;
+    CMyReportPaintManager* m_paintManager = nullptr; // the control's own
     AddedCell m_addedCell;
 };
