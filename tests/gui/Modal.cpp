@@ -187,7 +187,8 @@ std::vector<ShownMenuItem> ReadItems(const QMenu* menu)
                          action->isChecked(),
                          action->isEnabled(),
                          action->isSeparator(),
-                         {}});
+                         {},
+                         action->data().toUInt()});
         if (action->menu()) items.back().subMenu = ReadItems(action->menu());
     }
     return items;
@@ -272,6 +273,17 @@ std::vector<ShownMenuItem> ReadMenu(QWidget* window)
     if (const auto* const menu = qobject_cast<QMenu*>(window)) return ReadItems(menu);
     ADD_FAILURE() << "no menu: " << window->windowTitle().toStdString();
     return {};
+}
+
+std::vector<unsigned> MenuIds(const std::vector<ShownMenuItem>& items)
+{
+    std::vector<unsigned> ids;
+    for (const ShownMenuItem& item : items) {
+        const std::vector<unsigned> inner = MenuIds(item.subMenu);
+        ids.insert(ids.end(), inner.begin(), inner.end());
+        if (item.id != 0) ids.push_back(item.id);
+    }
+    return ids;
 }
 
 CStringArray MenuLines(QWidget* window)

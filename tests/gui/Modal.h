@@ -73,9 +73,12 @@ struct ShownMenuItem {
     bool enabled = true;
     bool separator = false;
     std::vector<ShownMenuItem> subMenu;
+    unsigned id = 0; // 0 for a separator or a sub-menu
 };
 // The items of a menu, top to bottom; fails the test when the window is no menu.
 std::vector<ShownMenuItem> ReadMenu(QWidget* window);
+// The ids of the items that can be chosen, top to bottom, those of a sub-menu in its place.
+std::vector<unsigned> MenuIds(const std::vector<ShownMenuItem>& items);
 // One line each: "120 km/h", "[x] 100 km/h", "(输入车速...)" when disabled, "---", "超高 >".
 CStringArray MenuLines(QWidget* window);
 // Clicks the item of that text with the mouse, in a sub-menu too, which it opens first.

@@ -53,6 +53,9 @@ TEST_F(BeelineLenDialog, HasItsCaptionsToTheLastBlank)
     EXPECT_EQ(TextOf(103), "最大直线长度(m) ≤");
     EXPECT_EQ(TextOf(105), "同向曲线间最小直线长度(m) ≥ ");
     EXPECT_EQ(TextOf(107), "反向曲线间最小直线长度(m) ≥ ");
+    EXPECT_EQ(Labels(), "倍设计速度(km/h)|倍设计速度(km/h)|倍设计速度(km/h)");
+    for (const RowIds& row : kRows)
+        EXPECT_EQ(TextOf(row.source), "");
 }
 
 TEST_F(BeelineLenDialog, NoLimitsLoadClearedAndAreStoredAsNone)
@@ -173,5 +176,7 @@ TEST_F(BeelineLenDialog, ViewModeLocksBoxesAndFieldsAndShowsTheSources)
         EXPECT_FALSE(IsEnabled(row.edit));
         EXPECT_TRUE(IsEnabled(row.source));
     }
-    EXPECT_EQ(ReadSource(110), "乙源");
+    EXPECT_EQ(ReadLockedSource(109), "甲源");
+    EXPECT_EQ(ReadLockedSource(110), "乙源");
+    EXPECT_EQ(ReadLockedSource(112), "丙源");
 }

@@ -21,6 +21,7 @@ TEST_F(CurveWideningPage, ShowsTheBuiltInWideningsBeforeAnythingIsLoaded)
     EXPECT_EQ(Row(TheGrid(), 2), "0.45 0.55 0.75 0.95 1.25 1.50 1.90 2.80 3.50");
     EXPECT_EQ(TextOf(119), "在右键菜单中添加或删除圆曲线半径和加宽类别");
     EXPECT_EQ(TextOf(118), "");
+    EXPECT_EQ(Labels(), "半径范围输入方式:|加宽类别和加宽表(单车道加宽值,m):");
     EXPECT_FALSE(IsShown(106));
 }
 
@@ -144,10 +145,50 @@ TEST_F(CurveWideningPage, TheRangesAreCheckedBeforeTheRows)
     Show();
     Load(Ranges({{30, 40, {{L"a", 1}}}, {20, 30, {}}, {10, 15, {{L"a", 2}}}}));
     EXPECT_EQ(Fault(), "圆曲线半径范围 10~15 和前一组不连续!");
-    CDSCurveWidening criterion;
+}
+
+TEST_F(CurveWideningPage, AFailureKeepsWhatCameBeforeIt)
+{
+    Show();
+    CDSCurveWidening loaded =
+        Ranges({{30, 40, {{L"b", 1}, {L"a", 1}}}, {20, 30, {{L"b", 2}}}, {10, 15, {{L"a", 3}}}});
+    loaded.Criterion = L"来源";
+    loaded.IsGMinAndLEMaxMode = 0;
+    Load(loaded);
+    CDSCurveWidening stored;
     CString message;
-    EXPECT_FALSE(m_page.StoreStep(criterion, message));
-    EXPECT_TRUE(criterion.ranges.IsEmpty());
+    EXPECT_FALSE(m_page.StoreStep(stored, message)); // the ranges do not join
+    CDSCurveWidening expected = loaded;
+    expected.ranges.RemoveAll();
+    EXPECT_EQ(stored, expected);
+
+    loaded.ranges[2].max = 20;
+    Load(loaded);
+    EXPECT_FALSE(m_page.StoreStep(stored, message)); // a has a gap
+    expected = loaded;
+    expected.ranges[2].widenings.RemoveAll();
+    EXPECT_EQ(stored, expected);
+}
+
+TEST_F(CurveWideningPage, WithoutAModeTheLowerEndIsExcluded)
+{
+    Show();
+    Load(TwoRanges());
+    SelectMode(Qt::Key_Down);
+    Control<QComboBox>(&m_page, kMode)->setCurrentIndex(-1);
+    EXPECT_EQ(Captions(), "250<R≤1000 150<R≤250");
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(Stored(), TwoRanges());
+}
+
+TEST_F(CurveWideningPage, LoadingTwiceLeavesNothingOfTheFirst)
+{
+    Show();
+    Load(CDSCurveWidening());
+    Load(Ranges({{15, 20, {{L"a", 1}}}}));
+    EXPECT_EQ(Captions(), "15<R≤20");
+    EXPECT_EQ(Categories(), "a");
+    EXPECT_FALSE(TheGrid()->CanUndo());
 }
 
 TEST_F(CurveWideningPage, ARangeThatWasRemovedLeavesAGap)
@@ -232,5 +273,5 @@ TEST_F(CurveWideningPage, ViewModeLocksAllButTheSource)
     RightClickCell(TheGrid(), 0, 1);
     RightClickHeader(TheGrid(), 1);
     WaitForNothing();
-    EXPECT_EQ(ReadSource(118), "来源");
+    EXPECT_EQ(ReadLockedSource(118), "来源");
 }

@@ -1,7 +1,11 @@
 // A page alone in a window, with a library that holds one specification, 甲.
 #pragma once
 
+#include <numeric>
+
 #include <QApplication>
+#include <QGroupBox>
+#include <QLabel>
 #include <QTest>
 #include <QVBoxLayout>
 
@@ -57,6 +61,22 @@ protected:
     bool IsShown(int id) { return Control(&m_page, id)->isVisible(); }
     std::string TextOf(int id) { return ToUtf8(m_page.GetDlgItemText(id)); }
 
+    // The captions of labels and groups that have no id, joined by bars.
+    std::string Labels()
+    {
+        std::string texts;
+        const auto add = [&texts](const QWidget* widget, const QString& text) {
+            if (widget->property(kControlIdProperty).isValid()) return;
+            texts += (texts.empty() ? "" : "|") + text.toStdString();
+        };
+        for (const QWidget* widget : m_page.template findChildren<QWidget*>()) {
+            if (const auto* label = qobject_cast<const QLabel*>(widget)) add(label, label->text());
+            if (const auto* group = qobject_cast<const QGroupBox*>(widget))
+                add(group, group->title());
+        }
+        return texts;
+    }
+
     // Opens the source behind a button and reads it without a change.
     std::string ReadSource(int button)
     {
@@ -75,6 +95,13 @@ protected:
             Click(window, IDOK);
         });
         Click(&m_page, button);
+    }
+
+    // In view mode: what the source reads after somebody has tried to change it.
+    std::string ReadLockedSource(int button)
+    {
+        EnterSource(button, L"改");
+        return ReadSource(button);
     }
 
     // The texts of a grid's row without its header, joined by blanks; "-" is an empty cell.
@@ -128,10 +155,19 @@ protected:
     Page m_page;
 
 private:
+    // They run from 10001 without a gap, whatever the menu holds.
+    static void ExpectIdsInOrder(QWidget* menu)
+    {
+        const std::vector<unsigned> ids = MenuIds(ReadMenu(menu));
+        std::vector<unsigned> expected(ids.size());
+        std::iota(expected.begin(), expected.end(), 10001U);
+        EXPECT_EQ(ids, expected);
+    }
     static std::vector<std::string> LinesOfMenu(const std::function<void()>& rightClick)
     {
         std::vector<std::string> lines;
         ExpectModal menu([&lines](QWidget* window) {
+            ExpectIdsInOrder(window);
             for (const CString& line : MenuLines(window))
                 lines.push_back(ToUtf8(line));
             PressKey(window, Qt::Key_Escape);

@@ -53,6 +53,7 @@ TEST_F(RadiusDialog, HasItsCaptions)
     EXPECT_EQ(TextOf(119), "在右键菜单中添加或删除车速");
     EXPECT_EQ(TextOf(109), "");
     EXPECT_EQ(TextOf(110), "");
+    EXPECT_EQ(Labels(), "圆曲线最小半径");
     EXPECT_FALSE(IsShown(106));
 }
 
@@ -186,6 +187,33 @@ TEST_F(RadiusDialog, EditedCellsAreStored)
     EXPECT_EQ(Stored().SuperelevationMinRad.entries[2].value, 0);
 }
 
+TEST_F(RadiusDialog, SpeedsAreAddedAndRemovedByTheMenu)
+{
+    CDSCircularCurveRad criterion = Empty();
+    criterion.noSuperelevationMinRad = {{85, 1200}, {60, 600}};
+    criterion.SuperelevationMinRad = {{60, 150}};
+    Show();
+    Load(criterion);
+    const std::vector<std::string> menu = {"120 km/h",    "100 km/h", "[x] 85 km/h", "80 km/h",
+                                           "[x] 60 km/h", "50 km/h",  "40 km/h",     "30 km/h",
+                                           "20 km/h",     "---",      "输入车速..."};
+    EXPECT_EQ(MenuOf(TheGrid(), 2, 1), menu);
+    EXPECT_EQ(HeaderMenuOf(TheGrid(), 0), menu);
+    ChooseFromMenu(TheGrid(), 0, 1, L"80 km/h");
+    ChooseFromHeaderMenu(TheGrid(), 1, L"85 km/h");
+    EXPECT_EQ(Columns(TheGrid()), "设计车速(km/h) 80 60");
+    EXPECT_EQ(TheGrid()->ShownColumn(1)->GetWidth(), 40);
+    EXPECT_EQ(Row(TheGrid(), 0), "- 600");
+    EditCell(TheGrid(), 1, 1, L"400");
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(Stored().noSuperelevationMinRad, (SpeedToIntValues{{60, 600}}));
+    EXPECT_EQ(Stored().SuperelevationRecommendRad, (SpeedToIntValues{{80, 400}}));
+    EXPECT_EQ(Stored().SuperelevationMinRad, (SpeedToIntValues{{60, 150}}));
+    m_page.Callback().Load(L"甲");
+    EXPECT_EQ(Columns(TheGrid()), "设计车速(km/h) 80 60");
+    EXPECT_EQ(Row(TheGrid(), 1), "400 -");
+}
+
 TEST_F(RadiusDialog, ACellThatIsStillBeingEditedCounts)
 {
     Show();
@@ -225,6 +253,7 @@ TEST_F(RadiusDialog, ViewModeLocksAllButTheSources)
 {
     CDSCircularCurveRad criterion;
     criterion.MaxRadCriterion = L"来源";
+    criterion.MinRadCriterion = L"另一个";
     Load(criterion);
     Show(true);
     EXPECT_FALSE(IsEnabled(107));
@@ -232,7 +261,20 @@ TEST_F(RadiusDialog, ViewModeLocksAllButTheSources)
     EXPECT_FALSE(IsShown(119));
     EditCell(TheGrid(), 0, 1, L"5");
     EXPECT_EQ(Row(TheGrid(), 0), "1000 600 400 300 150 70");
-    EXPECT_EQ(ReadSource(109), "来源");
+    RightClickCell(TheGrid(), 0, 1);
+    RightClickHeader(TheGrid(), 1);
+    WaitForNothing();
+    EXPECT_EQ(ReadLockedSource(109), "来源");
+    EXPECT_EQ(ReadLockedSource(110), "另一个");
+}
+
+TEST_F(RadiusDialog, ViewModeLeavesTheSourceOfNoMaximumDisabled)
+{
+    Load(Empty());
+    Show(true);
+    EXPECT_FALSE(IsEnabled(108));
+    EXPECT_FALSE(IsEnabled(109));
+    EXPECT_TRUE(IsEnabled(110));
 }
 
 TEST_F(RadiusDialog, SaveFailsWithoutASpecificationOfTheName)

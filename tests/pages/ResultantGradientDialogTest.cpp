@@ -49,6 +49,7 @@ TEST_F(ResultantGradientDialog, ShowsTheBuiltInCityRoadsBeforeAnythingIsLoaded)
     EXPECT_EQ(TextOf(108), "6.0");
     EXPECT_EQ(TextOf(118), "");
     EXPECT_EQ(TextOf(119), "在右键菜单中添加或删除车速和道路等级");
+    EXPECT_EQ(Labels(), "最大合成坡度(%):|积雪冰冻地区最大合成坡度(%):");
     EXPECT_FALSE(IsShown(106));
     EXPECT_EQ(TheGrid()->ShownColumn(0)->GetWidth(), 140);
     EXPECT_EQ(TheGrid()->ShownColumn(1)->GetWidth(), 40);
@@ -76,6 +77,46 @@ TEST_F(ResultantGradientDialog, TheMenuListsSpeedsAndRoadClasses)
                                         "50 km/h", "40 km/h", "30 km/h", "20 km/h", "输入车速...",
                                         "---", "城市道路", "[x] 高速公路", "[x] 一级公路",
                                         "二级公路", "三级公路", "四级公路", "其它道路"}));
+}
+
+TEST_F(ResultantGradientDialog, TheMenuListsOtherSpeedsInTheirPlace)
+{
+    C criterion;
+    criterion.Item(C::CityRoad) = {{120, 1}, {100, 1}, {90, 1}, {80, 1}, {60, 1},
+                                   {50, 1},  {40, 1},  {30, 1}, {20, 1}, {10, 1}};
+    for (int type = 1; type < C::kRoadTypes; ++type)
+        criterion.tables[type] = {{20, 2}};
+    Show();
+    Load(criterion);
+    const std::vector<std::string> menu = {
+        "[x] 120 km/h", "[x] 100 km/h", "[x] 90 km/h",  "[x] 80 km/h",  "[x] 60 km/h",
+        "[x] 50 km/h",  "[x] 40 km/h",  "[x] 30 km/h",  "[x] 20 km/h",  "[x] 10 km/h",
+        "输入车速...",  "---",          "[x] 城市道路", "[x] 高速公路", "[x] 一级公路",
+        "[x] 二级公路", "[x] 三级公路", "[x] 四级公路", "[x] 其它道路"};
+    EXPECT_EQ(MenuOf(TheGrid(), 6, 0), menu);
+    EXPECT_EQ(HeaderMenuOf(TheGrid(), 3), menu);
+}
+
+TEST_F(ResultantGradientDialog, WhenItsRowsHaveGoneItsSpeedsStayAndAreGreyed)
+{
+    Show();
+    ChooseFromMenu(TheGrid(), 0, 1, L"城市道路");
+    EXPECT_EQ(Columns(TheGrid()), "设计车速(km/h) 80 60 50 40 30 20");
+    EXPECT_EQ(HeaderMenuOf(TheGrid(), 1)[2], "[x] (80 km/h)");
+    ChooseFromHeaderMenu(TheGrid(), 1, L"高速公路");
+    EXPECT_EQ(Row(TheGrid(), 0), "- - - - - -");
+}
+
+TEST_F(ResultantGradientDialog, TheSnowValueStandsBesideItsLabel)
+{
+    Show();
+    const QWidget* const edit = Control(&m_page, 108);
+    const auto labels = m_page.findChildren<QLabel*>();
+    const auto label = std::find_if(labels.begin(), labels.end(),
+                                    [edit](const QLabel* one) { return one->buddy() == edit; });
+    ASSERT_NE(label, labels.end());
+    EXPECT_EQ((*label)->text().toStdString(), "积雪冰冻地区最大合成坡度(%):");
+    EXPECT_LT(edit->x() - (*label)->geometry().right(), 20);
 }
 
 TEST_F(ResultantGradientDialog, WithoutARowOnlyARoadClassCanBeAdded)
@@ -208,6 +249,11 @@ TEST_F(ResultantGradientDialog, AFailureLeavesWhatComesAfterIt)
     EXPECT_EQ(criterion.MaxResultantGradOnSnowFrozenRegion, 6.55);
     EXPECT_EQ(criterion.Item(C::CityRoad), C().Item(C::CityRoad));
     EXPECT_EQ(criterion.Item(C::FreeWay).count, 0);
+
+    criterion = C();
+    TypeInto(&m_page, 108, L" ");
+    EXPECT_FALSE(m_page.StoreStep(criterion, message));
+    EXPECT_EQ(criterion, C());
 }
 
 TEST_F(ResultantGradientDialog, KeepsItsSource)
@@ -235,5 +281,5 @@ TEST_F(ResultantGradientDialog, ViewModeLocksAllButTheSource)
     RightClickCell(TheGrid(), 0, 1);
     RightClickHeader(TheGrid(), 0);
     WaitForNothing();
-    EXPECT_EQ(ReadSource(118), "来源");
+    EXPECT_EQ(ReadLockedSource(118), "来源");
 }

@@ -95,6 +95,9 @@ TEST_F(SuperElevationPage, ShowsTheFirstBuiltInTable)
     EXPECT_EQ(TheGrid()->ShownColumn(1)->GetWidth(), 70);
     EXPECT_FALSE(TheGrid()->ShownColumn(1)->IsSortable());
     EXPECT_EQ(TextOf(119), "在右键菜单中添加或删除车速和超高");
+    EXPECT_EQ(TextOf(118), "");
+    EXPECT_EQ(Labels(), "不同最大超高情况下的超高表:");
+    EXPECT_EQ(List()->item(0)->data(Qt::UserRole).toInt(), 6);
     EXPECT_FALSE(IsShown(106));
 }
 
@@ -241,6 +244,61 @@ TEST_F(SuperElevationPage, TheMenuListsSuperelevationsDownToTwo)
     EXPECT_EQ(lines, "*8% *7% *6% 5% 4% 3% 2% ");
 }
 
+TEST_F(SuperElevationPage, TheMenuListsOtherSpeedsInTheirPlace)
+{
+    CDSSuperElevation criterion = Eight();
+    criterion.definitions[0].rows.Add({125, {{700, 800, 8}}});
+    criterion.definitions[0].rows.Add({35, {{70, 80, 8}}});
+    UseMaxima({8});
+    Show();
+    Load(criterion);
+    const std::vector<std::string> menu = {"[x] 125 km/h", "120 km/h", "100 km/h",    "80 km/h",
+                                           "[x] 60 km/h",  "50 km/h",  "[x] 40 km/h", "[x] 35 km/h",
+                                           "30 km/h",      "20 km/h",  "输入车速...", "---",
+                                           "超高 >"};
+    EXPECT_EQ(MenuOf(TheGrid(), 2, 0), menu);
+    EXPECT_EQ(HeaderMenuOf(TheGrid(), 1), menu);
+}
+
+TEST_F(SuperElevationPage, ASpeedCanBeEnteredAndRemoved)
+{
+    UseMaxima({8});
+    Show();
+    Load(Eight());
+    {
+        ExpectModal menu([](QWidget* window) { ChooseMenuItem(window, L"输入车速..."); });
+        ExpectModal dialog([](QWidget* window) {
+            TypeInto(window, 108, L"55");
+            Click(window, IDOK);
+        });
+        RightClickHeader(TheGrid(), 0);
+    }
+    EXPECT_EQ(Columns(TheGrid()), "设计车速(km/h) 60 55 40");
+    EXPECT_EQ(TheGrid()->ShownColumn(2)->GetWidth(), 70);
+    EXPECT_EQ(Fault(), "");
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(Stored(), Eight()); // a speed without a range has no entry
+    ChooseFromMenu(TheGrid(), 0, 1, L"60 km/h");
+    EXPECT_EQ(Fault(), "");
+    ASSERT_TRUE(Save());
+    CDSSuperElevation expected = Eight();
+    expected.definitions = {{8, {{40, {{90, 120, 8}}}}}};
+    EXPECT_EQ(Stored(), expected);
+}
+
+TEST_F(SuperElevationPage, TheTableIsStoredAsItWasCheckedLast)
+{
+    UseMaxima({8});
+    Show();
+    Load(Eight());
+    EditCell(TheGrid(), 0, 2, L"80~120");
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(Stored(), Eight());
+    EXPECT_EQ(Fault(), "");
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(Stored().definitions[0].rows[1].ranges[0].minRadius, 80);
+}
+
 TEST_F(SuperElevationPage, ASuperelevationIsRemovedAndComesBackEmptyInItsPlace)
 {
     UseMaxima({8});
@@ -345,6 +403,24 @@ TEST_F(SuperElevationPage, AFilledTableStaysInTheListButIsNotStoredOnceItsMaximu
     EXPECT_EQ(Stored().definitions[0].maxSuperElev, 4);
 }
 
+TEST_F(SuperElevationPage, AMaximumThatComesBackHasItsTableStill)
+{
+    UseMaxima({6, 4, 2});
+    Show();
+    Load(CDSSuperElevation());
+    EditCell(TheGrid(), 0, 1, L"100~300");
+    UseMaxima({4, 2});
+    BringToFrontAgain();
+    EXPECT_EQ(Selected(), "最大6%");
+    Select(1);
+    UseMaxima({6, 4, 2});
+    BringToFrontAgain();
+    EXPECT_EQ(Fault(), "");
+    ASSERT_TRUE(Save());
+    ASSERT_EQ(Stored().definitions.count, 3);
+    EXPECT_EQ(Stored().definitions[0].rows[0].ranges[0].minRadius, 100);
+}
+
 TEST_F(SuperElevationPage, TheSelectionStaysWhenTheListIsRebuilt)
 {
     Show();
@@ -387,15 +463,20 @@ TEST_F(SuperElevationPage, KeepsItsSource)
 TEST_F(SuperElevationPage, ViewModeLocksTheGridOnly)
 {
     UseMaxima({6, 4, 2});
-    Load(CDSSuperElevation());
+    CDSSuperElevation criterion;
+    criterion.Criterion = L"来源";
+    Load(criterion);
     Show(true);
     EXPECT_FALSE(IsShown(119));
     EditCell(TheGrid(), 0, 1, L"1~2");
     EXPECT_EQ(Row(TheGrid(), 0), "200~300");
     RightClickCell(TheGrid(), 0, 1);
+    RightClickHeader(TheGrid(), 1);
     WaitForNothing();
+    EXPECT_TRUE(IsEnabled(kList));
     Select(1);
     EXPECT_EQ(Row(TheGrid(), 0), "150~230 110~150");
+    EXPECT_EQ(ReadLockedSource(118), "来源");
 }
 
 TEST_F(SuperElevationPage, SaveFailsWithoutASpecificationOfTheName)

@@ -55,7 +55,9 @@ TEST_F(TransitionCurveDialog, ShowsTheBuiltInLimitsBeforeAnythingIsLoaded)
     ExpectBySuperelevation(false);
     EXPECT_EQ(Lengths()->ShownColumn(0)->GetWidth(), 135);
     EXPECT_EQ(Radii()->ShownColumn(0)->GetWidth(), 140);
+    EXPECT_EQ(Lengths()->ShownColumn(1)->GetWidth(), 40);
     EXPECT_EQ(Radii()->ShownColumn(1)->GetWidth(), 40);
+    EXPECT_FALSE(Radii()->ShownColumn(1)->IsSortable());
 }
 
 TEST_F(TransitionCurveDialog, HasItsCaptions)
@@ -65,6 +67,8 @@ TEST_F(TransitionCurveDialog, HasItsCaptions)
     EXPECT_EQ(TextOf(kByMinRad), "圆曲线半径大于下值");
     EXPECT_EQ(TextOf(119), "在右键菜单中添加或删除车速");
     EXPECT_EQ(TextOf(125), "在右键菜单中添加或删除车速");
+    EXPECT_EQ(TextOf(118), "");
+    EXPECT_EQ(Labels(), "缓和曲线最小长度|不设缓和曲线的条件");
     EXPECT_FALSE(IsShown(106));
     EXPECT_FALSE(IsShown(113));
 }
@@ -166,6 +170,17 @@ TEST_F(TransitionCurveDialog, AFlagThatIsSetStaysSetBesideNewRadii)
     EXPECT_EQ(Row(Radii(), 0), "2000");
 }
 
+TEST_F(TransitionCurveDialog, RadiiThatDoNotDecideHaveNoMenuAndNoEditor)
+{
+    Show();
+    Load(Make(1, {{80, 70}}, {{80, 2000}}));
+    RightClickCell(Radii(), 0, 1);
+    RightClickHeader(Radii(), 1);
+    WaitForNothing();
+    EditCell(Radii(), 0, 1, L"5");
+    EXPECT_EQ(Row(Radii(), 0), "2000");
+}
+
 TEST_F(TransitionCurveDialog, EachGridHasSpeedsOfItsOwn)
 {
     Show();
@@ -174,6 +189,8 @@ TEST_F(TransitionCurveDialog, EachGridHasSpeedsOfItsOwn)
                                            "50 km/h",  "40 km/h",    "30 km/h", "20 km/h",
                                            "---",      "输入车速..."};
     EXPECT_EQ(MenuOf(Radii(), 0, 1), menu);
+    EXPECT_EQ(HeaderMenuOf(Radii(), 0), menu);
+    EXPECT_EQ(HeaderMenuOf(Lengths(), 1)[2], "[x] 80 km/h");
     ChooseFromMenu(Lengths(), 0, 1, L"100 km/h");
     EXPECT_EQ(Columns(Lengths()), "设计车速(km/h) 100 80");
     EXPECT_EQ(Columns(Radii()), "设计车速(km/h) 60");
@@ -212,5 +229,5 @@ TEST_F(TransitionCurveDialog, ViewModeLocksAllButTheSource)
         RightClickHeader(grid, 1);
     }
     WaitForNothing();
-    EXPECT_EQ(ReadSource(118), "来源");
+    EXPECT_EQ(ReadLockedSource(118), "来源");
 }

@@ -45,10 +45,13 @@ TEST_F(VerticalCurveMinRadDialog, ShowsTheBuiltInLimitsBeforeAnythingIsLoaded)
     EXPECT_EQ(Row(TheGrid(), 2), "2700 1500 1050 850 700 550 400 250 150 90");
     EXPECT_EQ(Row(TheGrid(), 3), "1800 1000 700 550 450 350 250 170 100 60");
     EXPECT_EQ(Row(TheGrid(), 4), "70 50 40 40 35 30 25 20 20 15");
+    EXPECT_EQ(TextOf(118), "");
     EXPECT_EQ(TextOf(119), "在右键菜单中添加或删除车速");
+    EXPECT_EQ(Labels(), "竖曲线最小半径及最小长度(m):");
     EXPECT_FALSE(IsShown(106));
     EXPECT_EQ(TheGrid()->ShownColumn(0)->GetWidth(), 100);
     EXPECT_EQ(TheGrid()->ShownColumn(1)->GetWidth(), 40);
+    EXPECT_FALSE(TheGrid()->ShownColumn(1)->IsSortable());
 }
 
 TEST_F(VerticalCurveMinRadDialog, StoresWhatItLoaded)
@@ -119,6 +122,7 @@ TEST_F(VerticalCurveMinRadDialog, AnAddedSpeedHasACellInEachRow)
                                            "50 km/h",  "40 km/h",    "30 km/h", "20 km/h",
                                            "---",      "输入车速..."};
     EXPECT_EQ(MenuOf(TheGrid(), 4, 1), menu);
+    EXPECT_EQ(HeaderMenuOf(TheGrid(), 0), menu);
     ChooseFromMenu(TheGrid(), 4, 1, L"80 km/h");
     for (int row = 0; row < 5; ++row)
         EditCell(TheGrid(), row, 1, Format(L"%d", 100 + row));
@@ -129,6 +133,9 @@ TEST_F(VerticalCurveMinRadDialog, AnAddedSpeedHasACellInEachRow)
     EXPECT_EQ(Stored().ConcaveGeneralMinRad, (SpeedToIntValues{{80, 102}}));
     EXPECT_EQ(Stored().ConcaveLimitMinRad, (SpeedToIntValues{{80, 103}}));
     EXPECT_EQ(Stored().MinLens, (SpeedToIntValues{{80, 104}}));
+    m_page.Callback().Load(L"甲");
+    EXPECT_EQ(Columns(TheGrid()), "设计车速(km/h) 80");
+    EXPECT_EQ(Row(TheGrid(), 3), "103");
 }
 
 TEST_F(VerticalCurveMinRadDialog, KeepsItsSource)
@@ -154,5 +161,5 @@ TEST_F(VerticalCurveMinRadDialog, ViewModeLocksTheGridAndShowsTheSource)
     RightClickCell(TheGrid(), 0, 1);
     RightClickHeader(TheGrid(), 1);
     WaitForNothing();
-    EXPECT_EQ(ReadSource(118), "来源");
+    EXPECT_EQ(ReadLockedSource(118), "来源");
 }

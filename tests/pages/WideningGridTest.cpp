@@ -23,6 +23,33 @@ TEST_F(WideningGrid, ItsMenuListsTheStandardCategoriesThenTheOthers)
                                         "输入加宽类别...", "---", "输入圆曲线半径..."}));
 }
 
+TEST_F(WideningGrid, ItsMenuChecksTheStandardCategoriesThatAreThere)
+{
+    Show();
+    Load(Ranges({{1,
+                  2,
+                  {{L"3类: 5.2m+8.8m", 1},
+                   {L"2类: 8m", 1},
+                   {L"1类: 5m", 1},
+                   {L"铰接车", 1},
+                   {L"普通汽车", 1},
+                   {L"小型汽车", 1}}}}));
+    EXPECT_EQ(MenuOf(TheGrid(), 0, 0),
+              (std::vector<std::string>{"[x] 小型汽车", "[x] 普通汽车", "[x] 铰接车", "[x] 1类: 5m",
+                                        "[x] 2类: 8m", "[x] 3类: 5.2m+8.8m", "输入加宽类别...",
+                                        "---", "输入圆曲线半径..."}));
+}
+
+TEST_F(WideningGrid, ItsMenuNamesARangeAsItIsCaptioned)
+{
+    Show();
+    Load(TwoRanges());
+    SelectMode(Qt::Key_Down);
+    EXPECT_EQ(HeaderMenuOf(TheGrid(), 1)[10], "移除“250≤R<1000”");
+    EnterByMenu(kEnterRange, L"100~150");
+    EXPECT_EQ(Captions(), "250≤R<1000 150≤R<250 100≤R<150");
+}
+
 TEST_F(WideningGrid, OnARangeItsMenuCanRemoveTheRange)
 {
     Show();
@@ -55,6 +82,20 @@ TEST_F(WideningGrid, WithoutARowNoRangeCanBeAdded)
     EXPECT_EQ(Row(TheGrid(), 0), "-");
 }
 
+TEST_F(WideningGrid, WhenItsRowsHaveGoneTheRangesStay)
+{
+    Show();
+    Load(TwoRanges());
+    ChooseFromMenu(TheGrid(), 0, 1, L"大");
+    ChooseFromMenu(TheGrid(), 0, 1, L"小");
+    EXPECT_EQ(Captions(), "250<R≤1000 150<R≤250");
+    const std::vector<std::string> menu = HeaderMenuOf(TheGrid(), 2);
+    EXPECT_EQ(menu[8], "移除“150<R≤250”");
+    EXPECT_EQ(menu[9], "(输入圆曲线半径...)");
+    ChooseFromHeaderMenu(TheGrid(), 0, L"铰接车");
+    EXPECT_EQ(Row(TheGrid(), 0), "- -");
+}
+
 TEST_F(WideningGrid, ACheckedCategoryIsRemovedAndAnUncheckedOneAddedLast)
 {
     Show();
@@ -79,6 +120,8 @@ TEST_F(WideningGrid, ACategoryCanBeEntered)
     EnterByMenu(kEnterCategory, L"Truck");
     ExpectRefused(kEnterCategory, L"TRUCK", L"输入的加宽类别已经存在!");
     EXPECT_EQ(Categories(), "大|小|半挂车 & 拖车|Truck");
+    EnterByMenu(kEnterCategory, L"铰接车");
+    EXPECT_EQ(HeaderMenuOf(TheGrid(), 0)[2], "[x] 铰接车");
 }
 
 TEST_F(WideningGrid, ARangeIsPutBeforeTheFirstLowerOne)
