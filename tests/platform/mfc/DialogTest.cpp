@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -266,4 +267,21 @@ TEST(Dialog, AGridTakesThePlaceholdersLabel)
     grid->CreateOver(placeholder, 1001);
     EXPECT_EQ(label.buddy(), grid);
     EXPECT_EQ(other.buddy(), nullptr);
+}
+
+TEST(Dialog, TabReachesAGridWhereThePlaceholderStood)
+{
+    QWidget page;
+    auto* const before = new QLineEdit(&page);
+    auto* const placeholder = new QFrame(&page);
+    auto* const after = new QLineEdit(&page);
+    auto* const grid = new CXTPReportControl;
+    grid->CreateOver(placeholder, 1001);
+    page.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&page));
+    before->setFocus();
+    PressKey(&page, Qt::Key_Tab);
+    EXPECT_TRUE(grid->hasFocus());
+    PressKey(&page, Qt::Key_Tab);
+    EXPECT_TRUE(after->hasFocus());
 }
