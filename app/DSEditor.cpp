@@ -1,9 +1,8 @@
 #include "app/DSEditor.h"
 
-#include <algorithm>
-
 #include "app/DSMainDialog.h"
 #include "app/NameWaitDialog.h"
+#include "app/PictureTour.h"
 #include "library/SpecificationEdit.h"
 #include "platform/arx/Documents.h"
 #include "platform/arx/Frame.h"
@@ -92,13 +91,5 @@ void CDSEditor::View(CStyle* style)
 void CDSEditor::Snapshot(CStyle* style, const Picture& picture)
 {
     const AcAxDocLock lock;
-    CDSMainDialog dialog(style->Name(), false, nullptr, acedGetAcadFrame());
-    dialog.SetViewMode(L"");
-    dialog.show();
-    for (int i = 0; i < dialog.PageCount(); ++i) {
-        dialog.SelectPage(i);
-        CString name = dialog.PagePath(i);
-        std::replace(name.begin(), name.end(), L'\\', L'-');
-        picture(&dialog, name);
-    }
+    CPictureTour(style->Name(), picture).Run();
 }

@@ -4,12 +4,14 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QPainter>
 
 #include "host/DeletedStylesDialog.h"
 #include "host/HostWindow.h"
 #include "host/ImportDialog.h"
 #include "host/StyleGroupTree.h"
 #include "host/StyleManagerView.h"
+#include "platform/mfc/ModalVisit.h"
 #include "platform/mfc/QtText.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
 
@@ -30,6 +32,25 @@ QString FileName(const QString& name)
     return file + QStringLiteral(".png");
 }
 
+// Without a window system nobody draws a window's frame, and its title would be missing.
+QPixmap WithFrame(const QWidget& window, const QPixmap& content)
+{
+    if (window.windowType() == Qt::Popup || window.windowTitle().isEmpty()) return content;
+    const int bar = window.fontMetrics().height() * 7 / 4;
+    const QRect inside(QPoint(1, 1 + bar), content.deviceIndependentSize().toSize());
+    const QRect outside = inside.adjusted(-1, -1 - bar, 1, 1);
+    QPixmap framed(outside.size() * content.devicePixelRatio());
+    framed.setDevicePixelRatio(content.devicePixelRatio());
+    framed.fill(window.palette().color(QPalette::Mid));
+    QPainter painter(&framed);
+    painter.setFont(window.font());
+    painter.setPen(window.palette().color(QPalette::WindowText));
+    painter.drawText(QRect(0, 0, outside.width(), inside.top()), Qt::AlignCenter,
+                     window.windowTitle());
+    painter.drawPixmap(inside.topLeft(), content);
+    return framed;
+}
+
 class Album {
 public:
     explicit Album(const QDir& folder) : m_folder(folder) {}
@@ -40,7 +61,7 @@ public:
         QApplication::processEvents();
         const QString path = m_folder.absoluteFilePath(
             QStringLiteral("%1-%2").arg(++m_number, 2, 10, QLatin1Char('0')).arg(FileName(name)));
-        if (window->grab().save(path))
+        if (WithFrame(*window, window->grab()).save(path))
             std::printf("%s\n", qUtf8Printable(path));
         else {
             Complain(QObject::tr("无法写入: %1").arg(path));
@@ -66,6 +87,15 @@ CStyle* Find(const CStyles& styles, const QString& spec)
     for (int i = 0; i < styles.Count(); ++i)
         if (EqualNoCase(styles.Item(i)->Name(), FromQString(spec))) return styles.Item(i);
     return nullptr;
+}
+
+// The menu of the selected style, and the question before it would be deleted; the answer is no.
+void TakeQuestions(StyleManagerView& view, Album& album)
+{
+    VisitModals([&view] { view.ShowContextMenu({}); },
+                {[&album](QWidget* menu) { album.Take(menu, QObject::tr("样式菜单")); }});
+    VisitModals([&view] { view.Commands().Run(kCommandDeleteStyle, view.Selected()); },
+                {[&album](QWidget* box) { album.Take(box, QObject::tr("删除")); }});
 }
 
 void TakeDialogs(CStyleEditor& editor, Album& album)
@@ -104,6 +134,7 @@ int WriteSnapshots(HostWindow& window, const SnapshotOptions& options)
         view.Groups().Select(editor);
         view.Select(style->ID());
         album.Take(&window, QObject::tr("样式管理器"));
+        TakeQuestions(view, album);
         TakeDialogs(*editor, album);
         editor->Snapshot(style, [&album](QWidget* one, const CString& name) {
             album.Take(one, ToQString(name));

@@ -39,6 +39,8 @@ public:
     StyleCommands::Selection Selected() const;
     // Selects one, and takes a filter away that hides it.
     void Select(const GUID& id);
+    // The menu for the selected ones, at that place of the screen; waits until it is closed.
+    void ShowContextMenu(const QPoint& position);
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -58,7 +60,6 @@ private:
     std::optional<GUID> Current() const;
     void ShowHint();
     void Adjust();
-    void ShowContextMenu(const QPoint& position);
     void RestoreLayout();
     void SaveLayout() const;
 

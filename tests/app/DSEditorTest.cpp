@@ -242,21 +242,6 @@ TEST_F(DSEditor, ViewsAStyle)
     m_editor.View(&style);
 }
 
-TEST_F(DSEditor, TakesAPictureOfEachPage)
-{
-    CDesignSpecification& style = AddSaved(Make(L"甲"));
-    std::vector<std::string> names;
-    m_editor.Snapshot(&style, [&names](QWidget* window, const CString& name) {
-        EXPECT_TRUE(window->isVisible());
-        EXPECT_EQ(window->windowTitle(), QStringLiteral("设计规范 -- 查看模式"));
-        const std::string page = ToUtf8(name.substr(name.find(L'-') + 1));
-        EXPECT_EQ(SelectedItem(window), page);
-        names.push_back(ToUtf8(name));
-    });
-    ASSERT_EQ(names.size(), PageTable().size());
-    EXPECT_EQ(names[0], "平面-直线长度");
-}
-
 // The default specification for other modules
 
 TEST_F(DSEditor, ViewDesignSpecificationShowsTheDefaultOneAtAPage)

@@ -57,6 +57,8 @@ public:
         QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { Look(); });
         m_timer.start(kPollMs);
     }
+    void Pause() { m_timer.stop(); }
+    void Resume() { m_timer.start(kPollMs); }
     void Add(const std::shared_ptr<ExpectModal::State>& state) { m_pending.push_back(state); }
     void Drop(const std::shared_ptr<ExpectModal::State>& state) { std::erase(m_pending, state); }
 
@@ -242,6 +244,16 @@ ExpectMessage::ExpectMessage(const CString& text, const CString& caption, UINT i
           ClickMessageButton(window, ButtonText(answer));
       })
 {
+}
+
+UnwatchedModals::UnwatchedModals()
+{
+    ModalWatch::Get().Pause();
+}
+
+UnwatchedModals::~UnwatchedModals()
+{
+    ModalWatch::Get().Resume();
 }
 
 ShownMessage ReadMessage(QWidget* window)

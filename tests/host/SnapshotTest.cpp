@@ -10,6 +10,11 @@ namespace {
 class SnapshotTest : public HostTest {
 protected:
     QString Folder() const { return ToQString(ToWide((settings.Native() / "pictures").string())); }
+    void Write(int status, const QString& spec = {})
+    {
+        const UnwatchedModals answeredByTheAlbum;
+        EXPECT_EQ(WriteSnapshots(*host, {Folder(), spec}), status);
+    }
     QStringList Pictures() const { return QDir(Folder()).entryList(QDir::Files, QDir::Name); }
 };
 
@@ -17,11 +22,12 @@ TEST_F(SnapshotTest, EveryWindowOfHostAndEditorGetsItsPicture)
 {
     Have({L"甲", L"乙"});
     Start();
-    EXPECT_EQ(WriteSnapshots(*host, {Folder(), {}}), 0);
+    Write(0);
     EXPECT_EQ(Pictures(),
-              (QStringList{QStringLiteral("01-样式管理器.png"), QStringLiteral("02-导入.png"),
-                           QStringLiteral("03-已删除的样式.png"), QStringLiteral("04-编辑 乙.png"),
-                           QStringLiteral("05-跟踪.png"), QStringLiteral("06-模块.png")}));
+              (QStringList{QStringLiteral("01-样式管理器.png"), QStringLiteral("02-样式菜单.png"),
+                           QStringLiteral("03-删除.png"), QStringLiteral("04-导入.png"),
+                           QStringLiteral("05-已删除的样式.png"), QStringLiteral("06-编辑 乙.png"),
+                           QStringLiteral("07-跟踪.png"), QStringLiteral("08-模块.png")}));
     for (const QString& file : Pictures()) {
         const QImage picture(QDir(Folder()).filePath(file));
         EXPECT_GT(picture.width(), 50) << file.toStdString();
@@ -29,29 +35,57 @@ TEST_F(SnapshotTest, EveryWindowOfHostAndEditorGetsItsPicture)
     }
 }
 
+TEST_F(SnapshotTest, AWindowIsPicturedWithItsTitleAMenuHasNone)
+{
+    Have({L"甲"});
+    Start();
+    Write(0);
+    const QImage window(QDir(Folder()).filePath(QStringLiteral("01-样式管理器.png")));
+    EXPECT_EQ(window.width(), host->width() + 2);
+    EXPECT_GT(window.height(), host->height() + host->fontMetrics().height());
+    // The title is written into a bar of one colour.
+    const QRgb bar = window.pixel(0, 0);
+    bool written = false;
+    for (int x = 0; x < window.width(); ++x)
+        written = written || window.pixel(x, host->fontMetrics().height()) != bar;
+    EXPECT_TRUE(written);
+    const QImage menu(QDir(Folder()).filePath(QStringLiteral("02-样式菜单.png")));
+    EXPECT_NE(menu.pixel(0, 0), bar);
+}
+
+TEST_F(SnapshotTest, PicturesOfQuestionsDeleteNothing)
+{
+    Have({L"甲", L"乙"});
+    Start();
+    Write(0);
+    EXPECT_EQ(Listed(), (CStringArray{L"甲", L"乙"}));
+    EXPECT_EQ(HdsFiles("规范"), 2U);
+    EXPECT_EQ(HdsFiles("规范/已删除"), 0U);
+}
+
 TEST_F(SnapshotTest, AStyleIsChosenByNameOrIdentity)
 {
     Have({L"甲", L"Ab"});
     Start();
-    EXPECT_EQ(WriteSnapshots(*host, {Folder(), QStringLiteral("aB")}), 0);
-    EXPECT_TRUE(Pictures().contains(QStringLiteral("04-编辑 Ab.png")));
+    Write(0, QStringLiteral("aB"));
+    EXPECT_TRUE(Pictures().contains(QStringLiteral("06-编辑 Ab.png")));
     const QString id = ToQString(VMRDPub::GUIDToStr(files.Item(L"甲")->id));
-    EXPECT_EQ(WriteSnapshots(*host, {Folder(), id}), 0);
-    EXPECT_TRUE(Pictures().contains(QStringLiteral("04-编辑 甲.png")));
+    Write(0, id);
+    EXPECT_TRUE(Pictures().contains(QStringLiteral("06-编辑 甲.png")));
 }
 
 TEST_F(SnapshotTest, AnUnknownStyleIsStatus2)
 {
     Have({L"甲"});
     Start();
-    EXPECT_EQ(WriteSnapshots(*host, {Folder(), QStringLiteral("丙")}), 2);
+    Write(2, QStringLiteral("丙"));
 }
 
 TEST_F(SnapshotTest, AFolderThatCannotBeMadeIsStatus3)
 {
     Start();
     settings.Write("pictures", "a file");
-    EXPECT_EQ(WriteSnapshots(*host, {Folder(), {}}), 3);
+    Write(3);
 }
 
 } // namespace
