@@ -14,6 +14,7 @@
 
 namespace {
 
+constexpr int kTree = 100;
 constexpr int kName = 108;
 constexpr wchar_t kOpensDialog[] = L"..."; // what an item ends in that asks for something
 
@@ -96,6 +97,7 @@ void CPictureTour::ShowPages()
 {
     for (int i = 0; i < m_dialog.PageCount(); ++i) {
         m_dialog.SelectPage(i);
+        m_dialog.GetDlgItem(kTree)->setFocus(); // where a click that selects the page puts it
         m_page = m_dialog.PagePath(i);
         std::replace(m_page.begin(), m_page.end(), L'\\', L'-');
         Show(&m_dialog, m_page);

@@ -122,6 +122,7 @@ int WriteSnapshots(HostWindow& window, const SnapshotOptions& options)
         Complain(QObject::tr("文件夹无法创建: %1").arg(options.folder));
         return 3;
     }
+    QApplication::setCursorFlashTime(0); // a picture is the same each time
     Album album(folder);
     StyleManagerView& view = window.Styles();
     bool found = options.spec.isEmpty();
