@@ -1,0 +1,44 @@
+#!/bin/bash
+# docs/pictures.sh: makes the pictures that the user's guide shows anew, from the windows of the
+# programs that ./run has built. They get smaller where optipng is installed.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+roadhost=$PWD/build/release/bin/roadhost
+guide=docs/user-guide.zh-CN.md
+pictures=docs/pictures
+work=${TMPDIR:-/tmp}/roadhost-pictures # a window shows it
+mkdir "$work"
+trap 'rm -rf "$work"' EXIT
+
+# take PROJECT FOLDER: pictures of all windows, without the numbers before their names.
+take() {
+    "$roadhost" "$1" --snapshot "$2" >/dev/null || return
+    local picture
+    for picture in "$2"/*.png; do
+        mv "$picture" "$2/${picture#"$2"/[0-9][0-9]-}"
+    done
+}
+
+# A project with a specification that was deleted ...
+project=$work/示例道路
+cp -r examples/project "$project"
+mkdir "$project/规范/已删除"
+sed -e 's/Style Name="城市道路"/Style Name="旧城区道路"/' -e 's/D3F3F681/7A10C2E5/' \
+    "$project"/规范/城市道路*.hds \
+    >"$project/规范/已删除/旧城区道路7A10C2E5-EA44-451F-A12E-3EA2063C3DA7.hds"
+take "$project" "$work/all"
+
+# ... and the same one with a file that cannot be read, for its messages.
+printf '<?xml version="1.0" encoding="UTF-8"?>\n<StyleLibrary>\n  <Group>\n' >"$project/规范/损坏.hds"
+take "$project" "$work/broken"
+mv "$work/broken/跟踪.png" "$work/all/跟踪.png"
+
+rm -rf "$pictures"
+mkdir "$pictures"
+grep -o 'pictures/[^)]*\.png' "$guide" | sort -u | while read -r picture; do
+    cp "$work/all/${picture#pictures/}" "$pictures"
+done
+if command -v optipng >/dev/null; then
+    optipng -quiet -o2 "$pictures"/*.png
+fi
