@@ -518,6 +518,33 @@ TEST_F(DSMainDialog, ACopyStartsFromItsSource)
     EXPECT_EQ(SpecificationFiles(), 2);
 }
 
+// The way out of a condition that cannot be changed back in the specification itself.
+TEST_F(DSMainDialog, ACopyCanNeedTransitionCurvesByRadiusAgain)
+{
+    CDesignSpecification original = Make(L"甲");
+    original.TransitionCurveMinLen.NoTCBySuperelevation = 1;
+    original.TransitionCurveMinLen.NoTCByMinRad.RemoveAll();
+    AddSaved(original);
+    const auto chooseRadii = [](QWidget* window) {
+        ClickItem(window, "缓和曲线最小长度");
+        auto* const page = window->findChild<QWidget*>(QStringLiteral("CTransitionCurveDialog"));
+        ASSERT_NE(page, nullptr);
+        Click(page, 112);
+        CXTPReportControl* const radii = Grid(page, 10002);
+        {
+            const ExpectModal menu([](QWidget* opened) { ChooseMenuItem(opened, L"60 km/h"); });
+            RightClickHeader(radii, 0);
+        }
+        EditCell(radii, 0, 1, L"1000");
+        Click(window, IDOK);
+    };
+    EXPECT_EQ(RunPages(chooseRadii, L"乙", true, L"甲"), IDOK);
+    const CTransitionCurveMinLen& copied = Reload().Item(L"乙")->TransitionCurveMinLen;
+    EXPECT_EQ(copied.NoTCBySuperelevation, 0);
+    ASSERT_EQ(copied.NoTCByMinRad.count, 1);
+    EXPECT_EQ(copied.NoTCByMinRad[0].value, 1000);
+}
+
 TEST_F(DSMainDialog, ANewOneHasTheBuiltInLimits)
 {
     AddSaved(Make(L"甲", 33));
