@@ -186,11 +186,11 @@ std::vector<ShownMenuItem> ReadItems(const QMenu* menu)
     std::vector<ShownMenuItem> items;
     for (const QAction* action : menu->actions()) {
         items.push_back({FromQString(action->text()),
+                         action->data().toUInt(),
                          action->isChecked(),
                          action->isEnabled(),
                          action->isSeparator(),
-                         {},
-                         action->data().toUInt()});
+                         {}});
         if (action->menu()) items.back().subMenu = ReadItems(action->menu());
     }
     return items;

@@ -78,11 +78,11 @@ void ClickMessageButton(QWidget* window, const CString& text);
 
 struct ShownMenuItem {
     CString text;
+    UINT id = 0; // 0 for separators and sub-menus
     bool checked = false;
     bool enabled = true;
     bool separator = false;
     std::vector<ShownMenuItem> subMenu;
-    unsigned id = 0; // 0 for a separator or a sub-menu
 };
 // The items of a menu, top to bottom; fails the test when the window is no menu.
 std::vector<ShownMenuItem> ReadMenu(QWidget* window);

@@ -32,16 +32,7 @@ protected:
             texts += (row ? " " : "") + ToUtf8(CellText(TheGrid(), row, 0));
         return texts;
     }
-    std::vector<ShownMenuItem> Menu()
-    {
-        std::vector<ShownMenuItem> items;
-        ExpectModal menu([&items](QWidget* window) {
-            items = ReadMenu(window);
-            PressKey(window, Qt::Key_Escape);
-        });
-        RightClickHeader(TheGrid(), 0);
-        return items;
-    }
+    std::vector<ShownMenuItem> Menu() { return HeaderMenuItemsOf(TheGrid(), 0); }
     // The sub-menu's items, joined by blanks; "*" is behind the checked ones.
     std::string GradientMenu()
     {
@@ -56,11 +47,7 @@ protected:
         }
         return texts;
     }
-    void Choose(const CString& item)
-    {
-        ExpectModal menu([&item](QWidget* window) { ChooseMenuItem(window, item); });
-        RightClickHeader(TheGrid(), 0);
-    }
+    void Choose(const CString& item) { ChooseFromHeaderMenu(TheGrid(), 0, item); }
     void EnterGradient(const ModalAction& action)
     {
         ExpectModal menu([](QWidget* window) { ChooseMenuItem(window, L"输入坡度..."); });
@@ -98,6 +85,7 @@ TEST_F(LonGradLenDialog, ShowsTheBuiltInLimitsBeforeAnythingIsLoaded)
     EXPECT_EQ(Row(TheGrid(), 2), "400 400 350 -");
     EXPECT_EQ(Row(TheGrid(), 5), "- - - 200");
     EXPECT_EQ(TextOf(118), "");
+    EXPECT_TRUE(HasLabel("最大坡长(m):"));
     EXPECT_EQ(TextOf(119), "在右键菜单中添加或删除车速和坡度");
     EXPECT_FALSE(IsShown(106));
     EXPECT_EQ(TheGrid()->ShownColumn(0)->GetWidth(), 120);
@@ -143,6 +131,57 @@ TEST_F(LonGradLenDialog, TheMenuListsSpeedsAndGradients)
                                         "40 km/h", "30 km/h", "20 km/h", "输入车速...", "---",
                                         "纵坡坡度(%) >"}));
     EXPECT_EQ(GradientMenu(), "3% 4% 4.5% 5%* 5.5% 6%* 6.5% 7% 8% 9% 10% 输入坡度...");
+    EXPECT_EQ(HeaderMenuOf(TheGrid(), 1), MenuOf(TheGrid(), 1, 0));
+}
+
+TEST_F(LonGradLenDialog, ItsMenusNumberTheirItemsFromTheFirstSpeedOn)
+{
+    Show();
+    LoadGradients({4.2});
+    Choose(L"80 km/h");
+    const std::vector<ShownMenuItem> items = Menu();
+    ASSERT_EQ(items.size(), 11U);
+    UINT id = 10001;
+    for (size_t i = 0; i < 9; ++i) // eight speeds and the entry of another one
+        EXPECT_EQ(items[i].id, id++) << i;
+    EXPECT_TRUE(items[9].separator);
+    ASSERT_EQ(items[10].subMenu.size(), 13U); // eleven standard gradients, 4.2 and the entry
+    for (const ShownMenuItem& item : items[10].subMenu)
+        EXPECT_EQ(item.id, id++) << ToUtf8(item.text);
+}
+
+TEST_F(LonGradLenDialog, OtherSpeedsAndAllGradientsCanBePresent)
+{
+    C criterion;
+    criterion.rows.RemoveAll();
+    for (double gradient : {3.0, 4.0, 4.5, 5.0, 5.5, 6.0, 6.5, 7.0, 8.0, 9.0, 10.0})
+        criterion.rows.Add({gradient, {{130, 10}, {70, 20}}});
+    Show();
+    Load(criterion);
+    EXPECT_EQ(MenuOf(TheGrid(), 0, 1),
+              (std::vector<std::string>{"[x] 130 km/h", "120 km/h", "100 km/h", "80 km/h",
+                                        "[x] 70 km/h", "60 km/h", "50 km/h", "40 km/h", "30 km/h",
+                                        "20 km/h", "输入车速...", "---", "纵坡坡度(%) >"}));
+    EXPECT_EQ(GradientMenu(), "3%* 4%* 4.5%* 5%* 5.5%* 6%* 6.5%* 7%* 8%* 9%* 10%* 输入坡度...");
+}
+
+TEST_F(LonGradLenDialog, WhenItsRowsAreGoneItsSpeedsAreGreyedUntilThereIsOneAgain)
+{
+    Show();
+    LoadGradients({4});
+    Choose(L"4%");
+    EXPECT_EQ(Columns(TheGrid()), "设计车速(km/h) 60");
+    EXPECT_EQ(HeaderMenuOf(TheGrid(), 0),
+              (std::vector<std::string>{"(120 km/h)", "(100 km/h)", "(80 km/h)", "[x] (60 km/h)",
+                                        "(50 km/h)", "(40 km/h)", "(30 km/h)", "(20 km/h)",
+                                        "(输入车速...)", "---", "纵坡坡度(%) >"}));
+    EXPECT_EQ(Fault(), "");
+    Choose(L"7%");
+    EXPECT_EQ(Row(TheGrid(), 0), "-");
+    EditCell(TheGrid(), 0, 1, L"300");
+    ASSERT_TRUE(Save());
+    ASSERT_EQ(Stored().rows.count, 1);
+    EXPECT_EQ(Stored().rows[0], (GradientRow{7, {{60, 300}}}));
 }
 
 TEST_F(LonGradLenDialog, AGradientThatIsNotStandardIsListedBehindThePresentOnes)
@@ -163,7 +202,7 @@ TEST_F(LonGradLenDialog, WithoutARowOnlyAGradientCanBeAdded)
     const std::vector<ShownMenuItem> items = Menu();
     ASSERT_EQ(items.size(), 11U);
     for (size_t i = 0; i < 9; ++i)
-        EXPECT_FALSE(items[i].enabled);
+        EXPECT_FALSE(items[i].enabled || items[i].checked) << i;
     EXPECT_EQ(GradientMenu(), "3% 4% 4.5% 5% 5.5% 6% 6.5% 7% 8% 9% 10% 输入坡度...");
     Choose(L"4%");
     Choose(L"60 km/h");
@@ -229,6 +268,47 @@ TEST_F(LonGradLenDialog, APresentGradientCannotBeEnteredAgain)
     EXPECT_EQ(Headers(), "坡度4% 坡度6%");
 }
 
+TEST_F(LonGradLenDialog, AnEnteredGradientHasOneDecimalAtMost)
+{
+    Show();
+    LoadGradients({4, 6});
+    EnterGradient([](QWidget* window) {
+        EXPECT_EQ(dynamic_cast<CDialog*>(window)->GetDlgItemText(119), L"纵坡坡度(%):");
+        for (const wchar_t* text : {L"4.25", L"-1"}) {
+            TypeInto(window, 108, text);
+            ExpectMessage box(L"坡度必须是正数,并且最多只能有一位小数!");
+            Click(window, IDOK);
+        }
+        Click(window, IDCANCEL);
+    });
+    EXPECT_EQ(Headers(), "坡度4% 坡度6%");
+    EXPECT_FALSE(TheGrid()->CanUndo());
+}
+
+TEST_F(LonGradLenDialog, AGradientOfZeroIsARowToo)
+{
+    Show();
+    LoadGradients({4});
+    EnterGradient([](QWidget* window) {
+        TypeInto(window, 108, L"0");
+        Click(window, IDOK);
+    });
+    EXPECT_EQ(Headers(), "坡度0% 坡度4%");
+    EXPECT_EQ(GradientMenu(), "0%* 3% 4%* 4.5% 5% 5.5% 6% 6.5% 7% 8% 9% 10% 输入坡度...");
+    Choose(L"0%");
+    EXPECT_EQ(Headers(), "坡度4%");
+}
+
+TEST_F(LonGradLenDialog, AnAddedGradientAmongUnorderedOnesStandsBelowTheLastLowerOne)
+{
+    Show();
+    LoadGradients({6, 3, 8});
+    Choose(L"5%");
+    EXPECT_EQ(Headers(), "坡度6% 坡度3% 坡度5% 坡度8%");
+    Choose(L"7%");
+    EXPECT_EQ(Headers(), "坡度6% 坡度3% 坡度5% 坡度7% 坡度8%");
+}
+
 TEST_F(LonGradLenDialog, SpeedsAreAddedToAllRowsAndRemoved)
 {
     Show();
@@ -292,8 +372,6 @@ TEST_F(LonGradLenDialog, ViewModeLocksAllButTheSource)
     EXPECT_FALSE(IsShown(119));
     EditCell(TheGrid(), 0, 1, L"5");
     EXPECT_EQ(Row(TheGrid(), 0), "600 - - -");
-    RightClickCell(TheGrid(), 0, 1);
-    RightClickHeader(TheGrid(), 0);
-    WaitForNothing();
+    ExpectNoMenu(TheGrid());
     EXPECT_EQ(ReadSource(118), "来源");
 }

@@ -47,6 +47,7 @@ TEST_F(MaxSuperElevPage, ShowsTheBuiltInLimitsBeforeAnythingIsLoaded)
 TEST_F(MaxSuperElevPage, HasItsCaptions)
 {
     Show();
+    EXPECT_TRUE(HasLabel("最大超高和超高渐变率:"));
     EXPECT_EQ(TextOf(121), "积雪冰冻地区最大超高(%):");
     EXPECT_EQ(TextOf(119), "在右键菜单中添加或删除车速");
     EXPECT_EQ(TextOf(118), "");
@@ -74,15 +75,12 @@ TEST_F(MaxSuperElevPage, LoadsEditsStoresAndLoadsAgain)
     EXPECT_EQ(Row(TheGrid(), 2), "10 6");
 }
 
-TEST_F(MaxSuperElevPage, ARatioIsEnteredWithAndWithoutOnePer)
+TEST_F(MaxSuperElevPage, ARatioOutOfRangeEmptiesItsCell)
 {
     Show();
     Load(TwoSpeeds());
     const std::pair<const wchar_t*, const wchar_t*> kCases[] = {
-        {L"150", L"1/150"}, {L"1/150", L"1/150"},   {L"1/2", L"1/2"},   {L"999", L"1/999"},
-        {L"1/1", L""},      {L"1000", L""},         {L"1", L""},        {L"2/150", L""},
-        {L"1/", L""},       {L"-5", L""},           {L"12.7", L"1/12"}, {L"1/1/20", L""},
-        {L"abc", L""},      {L"１／２０", L"1/20"},
+        {L"1/2", L"1/2"}, {L"1/1", L""}, {L"999", L"1/999"}, {L"1000", L""}, {L"１／２０", L"1/20"},
     };
     for (const auto& [text, shown] : kCases) {
         EditCell(TheGrid(), 0, 1, text);
@@ -102,6 +100,58 @@ TEST_F(MaxSuperElevPage, EveryCellMustBeFilled)
     }
     m_page.FocusRefused();
     EXPECT_TRUE(TheGrid()->hasFocus());
+}
+
+TEST_F(MaxSuperElevPage, TheFirstFaultFromTheLeftAndTheTopIsNamed)
+{
+    CDSMaxSuperElevation criterion;
+    criterion.GradualChangeRatio1 = {{80, 150}};
+    criterion.GradualChangeRatio2 = {{60, 175}};
+    criterion.MaxSuperElev = {{60, 20}};
+    criterion.MaxSuperElevOnSFR = 6;
+    Show();
+    Load(criterion);
+    EXPECT_EQ(Row(TheGrid(), 0), "1/150 -");
+    EXPECT_EQ(Row(TheGrid(), 1), "- 1/175");
+    EXPECT_EQ(Row(TheGrid(), 2), "- 20");
+    TypeInto(&m_page, 120, L"0");
+    EXPECT_EQ(Fault(), "设计车速 80 对应的 旋转轴在边线的超高渐变率 不能为空!");
+    EditCell(TheGrid(), 1, 1, L"150");
+    EXPECT_EQ(Fault(), "设计车速 80 对应的 最大超高 不能为空!");
+    EditCell(TheGrid(), 2, 1, L"6");
+    EXPECT_EQ(Fault(), "设计车速 60 对应的 旋转轴在中线的超高渐变率 不能为空!");
+    EditCell(TheGrid(), 0, 2, L"125");
+    EXPECT_EQ(Fault(), "设计车速 60 对应的 最大超高 值不合法, 必须在0~20之间!");
+    EditCell(TheGrid(), 2, 2, L"4");
+    EXPECT_EQ(Fault(), "积雪冰冻地区最大超高必须为大于0的正整数!");
+    Click(&m_page, 121);
+    EXPECT_EQ(Fault(), "");
+}
+
+TEST_F(MaxSuperElevPage, AnAddedSpeedMustBeFilledOrRemoved)
+{
+    Show();
+    Load(TwoSpeeds());
+    ChooseFromMenu(TheGrid(), 0, 1, L"30 km/h");
+    EXPECT_EQ(Fault(), "设计车速 30 对应的 旋转轴在中线的超高渐变率 不能为空!");
+    ChooseFromHeaderMenu(TheGrid(), 0, L"30 km/h");
+    EXPECT_EQ(Fault(), "");
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(Stored(), TwoSpeeds());
+}
+
+TEST_F(MaxSuperElevPage, WithoutSpeedsTheTablesAreStoredEmpty)
+{
+    Show();
+    Load(TwoSpeeds());
+    for (const wchar_t* speed : {L"80 km/h", L"60 km/h"})
+        ChooseFromMenu(TheGrid(), 0, 0, speed);
+    EXPECT_EQ(Columns(TheGrid()), "设计车速(km/h)");
+    EXPECT_EQ(Fault(), "");
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(Stored().GradualChangeRatio1.count, 0);
+    EXPECT_EQ(Stored().GradualChangeRatio2.count, 0);
+    EXPECT_EQ(Stored().MaxSuperElev.count, 0);
 }
 
 TEST_F(MaxSuperElevPage, MaximaFromOneToNineteenAreAccepted)
@@ -206,6 +256,7 @@ TEST_F(MaxSuperElevPage, AnAddedSpeedIsEmptyAndNarrower)
     EXPECT_EQ(Columns(TheGrid()), "设计车速(km/h) 100 80 60");
     EXPECT_EQ(TheGrid()->ShownColumn(1)->GetWidth(), 40);
     EXPECT_EQ(TheGrid()->ShownColumn(2)->GetWidth(), 50);
+    EXPECT_FALSE(TheGrid()->ShownColumn(1)->IsSortable());
     EditCell(TheGrid(), 0, 1, L"1/225");
     EditCell(TheGrid(), 1, 1, L"175");
     EditCell(TheGrid(), 2, 1, L"8.9");
@@ -242,6 +293,10 @@ TEST_F(MaxSuperElevPage, ViewModeLocksGridAndSnowValue)
     EXPECT_TRUE(IsEnabled(118));
     EditCell(TheGrid(), 2, 1, L"5");
     EXPECT_EQ(Row(TheGrid(), 2), "8 6");
-    RightClickCell(TheGrid(), 0, 1);
-    WaitForNothing();
+    Click(&m_page, 121);
+    EXPECT_TRUE(m_page.IsDlgButtonChecked(121));
+    TypeInto(&m_page, 120, L"7");
+    EXPECT_EQ(TextOf(120), "6");
+    ExpectNoMenu(TheGrid());
+    EXPECT_EQ(ReadSource(118), "");
 }

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QGroupBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QTest>
 #include <QVBoxLayout>
 
@@ -77,11 +78,21 @@ protected:
         return texts;
     }
 
-    // Opens the source behind a button and reads it without a change.
+    // Whether a label of that text can be seen.
+    bool HasLabel(const char* text)
+    {
+        for (const QLabel* label : m_frame.findChildren<QLabel*>())
+            if (label->isVisible() && label->text() == QString::fromUtf8(text)) return true;
+        return false;
+    }
+
+    // Opens the source behind a button and reads it without a change, which view mode would not
+    // allow.
     std::string ReadSource(int button)
     {
         std::string text;
-        ExpectModal dialog([&text](QWidget* window) {
+        ExpectModal dialog([this, &text](QWidget* window) {
+            EXPECT_EQ(Control<QLineEdit>(window, 108)->isReadOnly(), m_viewMode);
             text = ToUtf8(dynamic_cast<CDialog*>(window)->GetDlgItemText(108));
             Click(window, IDCANCEL);
         });
@@ -142,6 +153,24 @@ protected:
     {
         ExpectModal menu([&item](QWidget* window) { ChooseMenuItem(window, item); });
         RightClickHeader(grid, column);
+    }
+    // The items of that menu with their ids.
+    static std::vector<ShownMenuItem> HeaderMenuItemsOf(CXTPReportControl* grid, int column)
+    {
+        std::vector<ShownMenuItem> items;
+        ExpectModal menu([&items](QWidget* window) {
+            items = ReadMenu(window);
+            PressKey(window, Qt::Key_Escape);
+        });
+        RightClickHeader(grid, column);
+        return items;
+    }
+    // Neither a row nor the header has a menu.
+    static void ExpectNoMenu(CXTPReportControl* grid)
+    {
+        RightClickCell(grid, 0, 1);
+        RightClickHeader(grid, 0);
+        WaitForNothing();
     }
     // No menu and no message comes: one that did would fail the test.
     static void WaitForNothing() { QTest::qWait(50); }
