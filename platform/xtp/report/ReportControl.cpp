@@ -53,6 +53,7 @@ void CXTPReportControl::CreateOver(QWidget* placeholder, int controlId)
     setGeometry(placeholder->geometry());
     setSizePolicy(placeholder->sizePolicy());
     setMinimumSize(placeholder->minimumSize());
+    setAccessibleName(placeholder->accessibleName());
     placeholder->setFocusPolicy(Qt::TabFocus); // what takes no focus has no place in the order
     setTabOrder(placeholder, this);
     for (QLabel* label : parentWidget()->findChildren<QLabel*>())

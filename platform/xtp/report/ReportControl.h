@@ -29,7 +29,8 @@ public:
     ~CXTPReportControl() override;
 
     // Gives the grid a placeholder's place in its layout (or its rectangle, without a layout),
-    // its place in the tab order, its label and the control id, and hides the placeholder.
+    // its place in the tab order, its label, its accessible name and the control id, and hides
+    // the placeholder.
     void CreateOver(QWidget* placeholder, int controlId);
 
     CXTPReportColumns& GetColumns() { return m_columns; }

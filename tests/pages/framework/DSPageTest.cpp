@@ -115,8 +115,10 @@ TEST_F(DSPage, ViewModeShowsASourceReadOnly)
 
 TEST_F(DSPage, AGridTakesThePlaceholdersPlace)
 {
+    m_page.GetDlgItem(CDSPage::kGridPlaceholder)->setAccessibleName(QStringLiteral("半径"));
     CXTPReportControl* const grid = m_page.MakeGrid();
     Show();
+    EXPECT_EQ(grid->accessibleName(), QStringLiteral("半径"));
     EXPECT_EQ(Control(&m_page, CDSPage::kGrid), grid);
     EXPECT_TRUE(grid->isVisible());
     EXPECT_FALSE(IsShown(CDSPage::kGridPlaceholder));
