@@ -77,6 +77,20 @@ protected:
         }
         return texts;
     }
+    // The ids of the controls that Tab goes through, joined by blanks.
+    std::string TabOrder()
+    {
+        std::string ids;
+        for (const QWidget* next = m_page.nextInFocusChain(); next != &m_page;
+             next = next->nextInFocusChain()) {
+            const QVariant id = next->property(kControlIdProperty);
+            const bool isStop = next->isVisible() && next->isEnabled() &&
+                                (next->focusPolicy() & Qt::TabFocus) == Qt::TabFocus;
+            if (isStop && id.isValid() && m_page.isAncestorOf(next))
+                ids += (ids.empty() ? "" : " ") + std::to_string(id.toInt());
+        }
+        return ids;
+    }
 
     // Whether a label of that text can be seen.
     bool HasLabel(const char* text)
