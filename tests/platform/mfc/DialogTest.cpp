@@ -256,16 +256,18 @@ TEST(Dialog, AGridOverAPlaceholderWithoutLayoutTakesItsRectangle)
     EXPECT_EQ(grid->parentWidget(), &page);
 }
 
-TEST(Dialog, AGridTakesThePlaceholdersLabel)
+TEST(Dialog, AGridTakesThePlaceholdersNameAndLabel)
 {
     QWidget page;
     auto* const placeholder = new QFrame(&page);
+    placeholder->setAccessibleName(QStringLiteral("坡长"));
     QLabel label(QStringLiteral("表:"), &page);
     label.setBuddy(placeholder);
     QLabel other(&page);
     auto* const grid = new CXTPReportControl;
     grid->CreateOver(placeholder, 1001);
     EXPECT_EQ(label.buddy(), grid);
+    EXPECT_EQ(grid->accessibleName(), QStringLiteral("坡长"));
     EXPECT_EQ(other.buddy(), nullptr);
 }
 
