@@ -6,13 +6,11 @@
 #include <QApplication>
 #include <QGroupBox>
 #include <QLabel>
-#include <QLineEdit>
 #include <QTest>
 #include <QVBoxLayout>
 
 #include "pages/framework/DSPage.h"
-#include "tests/gui/Controls.h"
-#include "tests/gui/Modal.h"
+#include "tests/pages/PageActions.h"
 #include "tests/support/LibraryTest.h"
 
 template <class Page> class PageTest : public LibraryTest, private CPageHost {
@@ -100,28 +98,8 @@ protected:
         return false;
     }
 
-    // Opens the source behind a button and reads it without a change, which view mode would not
-    // allow.
-    std::string ReadSource(int button)
-    {
-        std::string text;
-        ExpectModal dialog([this, &text](QWidget* window) {
-            EXPECT_EQ(Control<QLineEdit>(window, 108)->isReadOnly(), m_viewMode);
-            text = ToUtf8(dynamic_cast<CDialog*>(window)->GetDlgItemText(108));
-            Click(window, IDCANCEL);
-        });
-        Click(&m_page, button);
-        return text;
-    }
-    void EnterSource(int button, const CString& text)
-    {
-        ExpectModal dialog([&text](QWidget* window) {
-            TypeInto(window, 108, text);
-            Click(window, IDOK);
-        });
-        Click(&m_page, button);
-    }
-
+    std::string ReadSource(int button) { return ::ReadSource(&m_page, button, m_viewMode); }
+    void EnterSource(int button, const CString& text) { ::EnterSource(&m_page, button, text); }
     // In view mode: what the source reads after somebody has tried to change it.
     std::string ReadLockedSource(int button)
     {
@@ -129,24 +107,6 @@ protected:
         return ReadSource(button);
     }
 
-    // The texts of a grid's row without its header, joined by blanks; "-" is an empty cell.
-    static std::string Row(const CXTPReportControl* grid, int row)
-    {
-        std::string texts;
-        for (int column = 1; grid->ShownColumn(column); ++column) {
-            const std::string text = ToUtf8(CellText(grid, row, column));
-            texts += (column > 1 ? " " : "") + (text.empty() ? "-" : text);
-        }
-        return texts;
-    }
-    // The captions of a grid's columns, joined by blanks.
-    static std::string Columns(const CXTPReportControl* grid)
-    {
-        std::string texts;
-        for (const CString& caption : ColumnCaptions(grid))
-            texts += (texts.empty() ? "" : " ") + ToUtf8(caption);
-        return texts;
-    }
     // The lines of the menu that a right click on a cell opens; nothing is chosen.
     static std::vector<std::string> MenuOf(CXTPReportControl* grid, int row, int column)
     {
@@ -156,11 +116,6 @@ protected:
     static std::vector<std::string> HeaderMenuOf(CXTPReportControl* grid, int column)
     {
         return LinesOfMenu([=] { RightClickHeader(grid, column); });
-    }
-    static void ChooseFromMenu(CXTPReportControl* grid, int row, int column, const CString& item)
-    {
-        ExpectModal menu([&item](QWidget* window) { ChooseMenuItem(window, item); });
-        RightClickCell(grid, row, column);
     }
     // Of a grid without rows too.
     static void ChooseFromHeaderMenu(CXTPReportControl* grid, int column, const CString& item)
