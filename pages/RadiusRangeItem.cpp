@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "pages/RadiusRangeText.h"
-#include "platform/mfc/MessageBox.h"
 #include "platform/xtp/report/ReportControl.h"
 
 void CRadiusRangeItem::SetRange(int minRadius, int maxRadius)
@@ -27,7 +26,7 @@ CMyRecordItemValue::Values CRadiusRangeItem::Read(CXTPReportControl* control,
     RadiusRange range;
     const CString fault = ReadRadiusRange(joined, range);
     if (!fault.empty()) {
-        MessageBox(control, fault, L"提示", MB_ICONINFORMATION);
+        control->Tell(fault);
         return {};
     }
     return {static_cast<double>(range.min), static_cast<double>(range.max)};

@@ -28,7 +28,7 @@ protected:
     // The text that shows the values; it is only asked when there are some.
     virtual CString TextOf(const Values& values) const = 0;
     // The values that the user means by `text`, which has no blanks around it; none when it is
-    // no good. `control` can own a message box.
+    // no good. `control` can tell why.
     virtual Values Read(CXTPReportControl* control, const CString& text) const = 0;
 
 private:

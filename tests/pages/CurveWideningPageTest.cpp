@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/pages/CellKeys.h"
+
 namespace {
 
 class CurveWideningPage : public CurveWideningPageTest {};
@@ -274,4 +276,50 @@ TEST_F(CurveWideningPage, ViewModeLocksAllButTheSource)
     RightClickHeader(TheGrid(), 1);
     WaitForNothing();
     EXPECT_EQ(ReadLockedSource(118), "来源");
+}
+
+TEST_F(CurveWideningPage, KeysAndClipboardKnowTwoDecimals)
+{
+    Show();
+    Load(TwoRanges());
+    CellKeys keys(TheGrid());
+    keys.ExpectF2OffersTheText();
+    keys.ExpectTyped(L"１．５", "1.50");
+    keys.ExpectTyped(L"1.456", "1.46");
+    keys.ExpectCopied();
+    keys.ExpectCopiedFromEditorToEditor();
+    keys.ExpectCutAndDeleted();
+    keys.ExpectEmptiedBy(L"-0.5");
+    keys.ExpectEmptiedBy(L"0.5m");
+}
+
+TEST_F(CurveWideningPage, ABlockFromASpreadsheetFillsTwoDecimals)
+{
+    Show();
+    Load(TwoRanges());
+    PasteAt(TheGrid(), 0, 1, L"0.5\t０．７\r\n0.3\tabc\r\n");
+    EXPECT_EQ(Row(TheGrid(), 0), "0.50 0.70");
+    EXPECT_EQ(Row(TheGrid(), 1), "0.30 -");
+    PressKey(&m_page, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(ClipboardText(), "0.50\t0.70\n0.30\t");
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(Stored(),
+              Ranges({{250, 1000, {{L"大", 0.5}, {L"小", 0.3}}}, {150, 250, {{L"大", 0.7}}}}));
+    PressKey(&m_page, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Row(TheGrid(), 0), "0.40 0.60");
+}
+
+// A cell shows two decimals and keeps what was loaded until another text is entered.
+TEST_F(CurveWideningPage, LookingIntoACellKeepsTheDecimalsThatItDoesNotShow)
+{
+    Show();
+    const CDSCurveWidening criterion = Ranges({{250, 1000, {{L"大", 0.456}}}});
+    Load(criterion);
+    for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Return, Qt::Key_Escape}) {
+        ClickCell(TheGrid(), 0, 1);
+        EXPECT_EQ(EditorText(TheGrid()), "0.46");
+        PressKey(TheGrid(), key);
+    }
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(Stored(), criterion);
 }

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/pages/CellKeys.h"
 #include "tests/pages/PageTest.h"
 
 namespace {
@@ -300,4 +301,38 @@ TEST_F(MaxSuperElevPage, ViewModeLocksGridAndSnowValue)
     EXPECT_EQ(TextOf(120), "6");
     ExpectNoMenu(TheGrid());
     EXPECT_EQ(ReadSource(118), "");
+}
+
+TEST_F(MaxSuperElevPage, KeysAndClipboardKnowRatios)
+{
+    Show();
+    Load(TwoSpeeds());
+    CellKeys keys(TheGrid());
+    keys.ExpectF2OffersTheText();
+    keys.ExpectTyped(L"１／２００", "1/200");
+    keys.ExpectTyped(L" 200 ", "1/200");
+    keys.ExpectCopied();
+    keys.ExpectCopiedFromEditorToEditor();
+    keys.ExpectCutAndDeleted();
+    keys.ExpectEmptiedBy(L"1/1000");
+    keys.ExpectEmptiedBy(L"1:200");
+}
+
+TEST_F(MaxSuperElevPage, ABlockFromASpreadsheetIsReadByEachCellInItsWay)
+{
+    Show();
+    Load(TwoSpeeds());
+    PasteAt(TheGrid(), 0, 1, L"1/210\t２２０\r\n１／２３０\tabc\r\n７\t1/9\r\n");
+    EXPECT_EQ(Row(TheGrid(), 0), "1/210 1/220");
+    EXPECT_EQ(Row(TheGrid(), 1), "1/230 -");
+    EXPECT_EQ(Row(TheGrid(), 2), "7 -");
+    PressKey(&m_page, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(ClipboardText(), "1/210\t1/220\n1/230\t\n7\t");
+    PressKey(&m_page, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Row(TheGrid(), 1), "1/200 1/175");
+    PasteAt(TheGrid(), 0, 1, L"1/210\t220\n1/230\t240\n7\t5");
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(Stored().GradualChangeRatio1, (SpeedToIntValues{{80, 210}, {60, 220}}));
+    EXPECT_EQ(Stored().GradualChangeRatio2, (SpeedToIntValues{{80, 230}, {60, 240}}));
+    EXPECT_EQ(Stored().MaxSuperElev, (SpeedToIntValues{{80, 7}, {60, 5}}));
 }

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/pages/CellKeys.h"
 #include "tests/pages/PageTest.h"
 
 namespace {
@@ -114,4 +115,30 @@ TEST_F(MinACurveLenDialog, ViewModeLocksTheGridAndShowsTheSource)
     ExpectNoMenu(TheGrid());
     EXPECT_TRUE(HasLabel("3. 输入值时可不输入“/α”。"));
     EXPECT_EQ(ReadSource(118), "规范第6条");
+}
+
+TEST_F(MinACurveLenDialog, KeysAndClipboardKnowTheAngle)
+{
+    Show();
+    Load({{80, 1200}, {60, 700}});
+    CellKeys keys(TheGrid());
+    keys.ExpectF2OffersTheText();
+    keys.ExpectTyped(L"１５００／α", "1500/α");
+    keys.ExpectTyped(L"1500", "1500/α");
+    keys.ExpectCopied();
+    keys.ExpectCopiedFromEditorToEditor();
+    keys.ExpectCutAndDeleted();
+    keys.ExpectEmptiedBy(L"α/1500 m");
+}
+
+TEST_F(MinACurveLenDialog, ABlockFromASpreadsheetComesWithAndWithoutTheAngle)
+{
+    Show();
+    Load({{80, 1200}, {60, 700}, {50, 600}});
+    PasteAt(TheGrid(), 0, 1, L"1500/α\t１４００\tabc\r\n");
+    EXPECT_EQ(Row(TheGrid(), 0), "1500/α 1400/α -");
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(Stored().HorizontalCurveMinLen, (SpeedToIntValues{{80, 1500}, {60, 1400}}));
+    PressKey(&m_page, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Row(TheGrid(), 0), "1200/α 700/α 600/α");
 }

@@ -4,6 +4,7 @@
 
 #include <QListWidget>
 
+#include "tests/pages/CellKeys.h"
 #include "tests/pages/PageTest.h"
 
 namespace {
@@ -484,4 +485,76 @@ TEST_F(SuperElevationPage, SaveFailsWithoutASpecificationOfTheName)
     m_page.Callback().Load(L"甲");
     m_page.Callback().Rename(L"乙");
     EXPECT_FALSE(Save());
+}
+
+TEST_F(SuperElevationPage, KeysAndClipboardKnowRanges)
+{
+    UseMaxima({8});
+    Show();
+    Load(Eight());
+    CellKeys keys(TheGrid());
+    keys.ExpectF2OffersTheText();
+    keys.ExpectTyped(L"２５０～３００", "250~300");
+    keys.ExpectTyped(L"300 250", "250~300");
+    keys.ExpectCopied();
+    keys.ExpectCopiedFromEditorToEditor();
+    keys.ExpectCutAndDeleted();
+    keys.ExpectEmptiedBy(L"300", L"圆曲线半径范围的输入格式为 最小半径~最大半径 !");
+    keys.ExpectEmptiedBy(L"0~300", L"圆曲线半径必须大于0!");
+}
+
+TEST_F(SuperElevationPage, ABlockFromASpreadsheetFillsRanges)
+{
+    UseMaxima({8});
+    Show();
+    Load(Eight());
+    PasteAt(TheGrid(), 0, 1, L"250~280\t90 130\r\n２８０～３３０\t130,150\r\n400~330\t\r\n");
+    EXPECT_EQ(Row(TheGrid(), 0), "250~280 90~130");
+    EXPECT_EQ(Row(TheGrid(), 1), "280~330 130~150");
+    EXPECT_EQ(Row(TheGrid(), 2), "330~400 -");
+    EXPECT_EQ(Fault(), "");
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(Stored().definitions[0],
+              (SuperElevDefinition{8,
+                                   {{60, {{250, 280, 8}, {280, 330, 7}, {330, 400, 6}}},
+                                    {40, {{90, 130, 8}, {130, 150, 7}}}}}));
+    PressKey(&m_page, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Row(TheGrid(), 1), "270~330 -");
+}
+
+// A box for each bad cell would be a nuisance.
+TEST_F(SuperElevationPage, ABlockWithBadTextsIsToldInOneBox)
+{
+    UseMaxima({8});
+    Show();
+    Load(Eight());
+    {
+        const ExpectMessage box(L"圆曲线半径范围的输入格式为 最小半径~最大半径 !\n"
+                                L"圆曲线半径必须大于0!");
+        PasteAt(TheGrid(), 0, 1, L"300\t0~90\nabc\t100~120\n-5~7\t7");
+    }
+    WaitForNothing();
+    EXPECT_EQ(Row(TheGrid(), 0), "- -");
+    EXPECT_EQ(Row(TheGrid(), 1), "- 100~120");
+    EXPECT_EQ(Row(TheGrid(), 2), "- -");
+    PressKey(&m_page, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Row(TheGrid(), 0), "250~270 90~120");
+    EXPECT_FALSE(TheGrid()->CanUndo());
+}
+
+TEST_F(SuperElevationPage, OneBadTextPastedIntoManyCellsIsToldOnce)
+{
+    UseMaxima({8});
+    Show();
+    Load(Eight());
+    GoToCell(TheGrid(), 0, 1);
+    DragCells(TheGrid(), 0, 1, 2, 2);
+    PutOnClipboard(L"300");
+    {
+        const ExpectMessage box(L"圆曲线半径范围的输入格式为 最小半径~最大半径 !");
+        PressKey(&m_page, Qt::Key_V, Qt::ControlModifier);
+    }
+    WaitForNothing();
+    EXPECT_EQ(Row(TheGrid(), 0), "- -");
+    EXPECT_EQ(Row(TheGrid(), 2), "- -");
 }

@@ -11,6 +11,7 @@
 
 #include "platform/mfc/Dialog.h"
 #include "platform/mfc/HalfWidth.h"
+#include "platform/mfc/MessageBox.h"
 #include "platform/mfc/QtText.h"
 #include "platform/xtp/report/ReportDelegate.h"
 #include "platform/xtp/report/ReportModel.h"
@@ -153,8 +154,24 @@ void CXTPReportControl::EndUserChange()
     const auto before = std::move(m_before);
     auto after =
         std::make_shared<CXTPReportSnapshot>(CXTPReportSnapshot::Take(m_columns, m_records));
-    if (*before == *after) return;
-    m_undo->push(new CXTPReportUndoCommand(this, m_changeText, before, std::move(after)));
+    if (*before != *after)
+        m_undo->push(new CXTPReportUndoCommand(this, m_changeText, before, std::move(after)));
+    ShowMessages();
+}
+
+void CXTPReportControl::Tell(const CString& message)
+{
+    if (std::find(m_messages.begin(), m_messages.end(), message) == m_messages.end())
+        m_messages.push_back(message);
+    if (m_changeDepth == 0) ShowMessages();
+}
+
+void CXTPReportControl::ShowMessages()
+{
+    CString text;
+    for (const CString& message : std::exchange(m_messages, {}))
+        text += (text.empty() ? L"" : L"\n") + message;
+    if (!text.empty()) MessageBox(this, text, L"提示", MB_ICONINFORMATION);
 }
 
 void CXTPReportControl::Restore(const CXTPReportSnapshot& snapshot)

@@ -67,6 +67,9 @@ public:
     // Calls may be nested; the outermost counts. A step that changed nothing is none.
     void BeginUserChange(const CString& text);
     void EndUserChange();
+    // Shows a message box about what the user entered. Within a user change it waits for the end:
+    // one box then tells all that is wrong, each thing once, however many cells were pasted.
+    void Tell(const CString& message);
     // Forgets all steps, as after loading.
     void ClearUndo();
     bool CanUndo() const;
@@ -131,6 +134,7 @@ private:
     void ApplyHeights();
     void PasteBlock(const std::vector<CStringArray>& rows, const QModelIndex& topLeft);
     void Restore(const CXTPReportSnapshot& snapshot);
+    void ShowMessages();
     friend class CXTPReportUndoCommand;
 
     CXTPReportColumns m_columns;
@@ -142,6 +146,7 @@ private:
     QUndoStack* m_undo;
     std::shared_ptr<const CXTPReportSnapshot> m_before; // while a user change is open
     CString m_changeText;
+    CStringArray m_messages; // to be shown
     int m_changeDepth = 0;
     bool m_allowEdit = false;
     bool m_editOnClick = true;

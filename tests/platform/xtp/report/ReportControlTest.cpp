@@ -354,3 +354,27 @@ TEST_F(ReportControl, ARightClickOnAnOpenEditorEndsTheEditAndCounts)
     EXPECT_EQ(Text(1, 1), L"77");
     EXPECT_FALSE(IsEditing());
 }
+
+TEST_F(ReportControl, TellsAtOnceOutsideOfAUserChange)
+{
+    const ExpectMessage box(L"甲");
+    m_grid.Tell(L"甲");
+}
+
+TEST_F(ReportControl, TellsEachThingOnceWhenAUserChangeEnds)
+{
+    {
+        const ExpectMessage box(L"甲\n乙");
+        const CXTPReportUserChange outer(m_grid, L"粘贴");
+        for (const wchar_t* message : {L"甲", L"乙", L"甲"}) {
+            const CXTPReportUserChange inner(m_grid, L"编辑");
+            m_grid.Tell(message);
+        }
+        QTest::qWait(50); // nothing is told yet
+        EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    }
+    {
+        const CXTPReportUserChange next(m_grid, L"编辑");
+    }
+    QTest::qWait(50); // nor again
+}
