@@ -6,6 +6,8 @@ wchar_t HalfWidthOf(wchar_t c)
 {
     if (c >= L'０' && c <= L'９') return L'0' + (c - L'０');
     switch (c) {
+    case L'\u3000':
+        return L' ';
     case L'．':
         return L'.';
     case L'，':

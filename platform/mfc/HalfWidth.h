@@ -4,5 +4,5 @@
 
 #include "platform/mfc/Text.h"
 
-// Digits, point, comma, tilde (also the wave dash) and solidus; everything else stays.
+// Digits, blank, point, comma, tilde (also the wave dash) and solidus; everything else stays.
 AFX_EXT_API CString ToHalfWidth(std::wstring_view text);

@@ -339,6 +339,7 @@ TEST_F(SuperElevationPage, ARangeIsEnteredWithWaveBlankOrComma)
         {L"", "-"},
         {L"250.9~300.9", "250~300"},
         {L"２５０～３００", "250~300"},
+        {L"２５０\u3000３００", "250~300"},
     };
     for (const auto& [text, shown] : kCases) {
         EditCell(TheGrid(), 0, 1, text);

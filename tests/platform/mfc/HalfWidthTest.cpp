@@ -10,6 +10,7 @@ TEST(HalfWidth, TurnsNumbersIntoAscii)
     EXPECT_EQ(ToHalfWidth(L"250〜300"), L"250~300");
     EXPECT_EQ(ToHalfWidth(L"１／１５０"), L"1/150");
     EXPECT_EQ(ToHalfWidth(L"400，330"), L"400,330");
+    EXPECT_EQ(ToHalfWidth(L"250\u3000300"), L"250 300");
 }
 
 TEST(HalfWidth, LeavesTheRest)
