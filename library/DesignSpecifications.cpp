@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "library/StyleName.h"
+#include "model/Criteria.h"
 #include "platform/vmrd/VMRDEnv/DeletedStyles.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
 #include "platform/vmrd/VmHFCBaseU/Files.h"
@@ -54,6 +55,31 @@ bool Contains(const CStringArray& names, const CString& name)
 {
     return std::any_of(names.begin(), names.end(),
                        [&](const CString& one) { return EqualNoCase(one, name); });
+}
+
+// Takes out every table: loading empties them or resets their criterion, and to make the built-in
+// ones for each of a thousand files takes as long as to parse them.
+CDesignSpecification WithoutTables(CDesignSpecification specification)
+{
+    for (const CriterionInfo& criterion : Criteria()) {
+        void* const object = criterion.get(specification);
+        for (const Field& field : criterion.fields) {
+            if (field.kind == FieldKind::IntTable) field.Of<SpeedToIntValues>(object) = {};
+            if (field.kind == FieldKind::DoubleTable) field.Of<SpeedToDoubleValues>(object) = {};
+        }
+    }
+    specification.LonGradMaxLen.rows = {};
+    specification.SuperElevation.definitions = {};
+    specification.CurveWidening.ranges = {};
+    return specification;
+}
+
+std::unique_ptr<CDesignSpecification> Load(CXTPPropExchange style)
+{
+    static const CDesignSpecification blank = WithoutTables({});
+    auto loaded = std::make_unique<CDesignSpecification>(blank);
+    loaded->DoPropExchange(&style);
+    return loaded;
 }
 
 // Says what is wrong with the name or the identity that a file gives; it is loaded all the same.
@@ -317,9 +343,7 @@ bool CDesignSpecifications::Import(const wchar_t* path, const CStringArray& name
 void CDesignSpecifications::ImportStyle(const CXTPPropExchange& style, const CString& path,
                                         const CStringArray& filter, bool overwrite)
 {
-    auto loaded = std::make_unique<CDesignSpecification>();
-    CXTPPropExchange exchange = style;
-    loaded->DoPropExchange(&exchange);
+    std::unique_ptr<CDesignSpecification> loaded = Load(style);
     const std::vector<ExchangeProblem> problems = style.TakeProblems();
 
     const CString name = loaded->Name();
