@@ -188,30 +188,22 @@ CString DecodeXml(std::string_view bytes, std::string& utf8)
     return DecodeText(bytes.substr(markSize), encoding, utf8) ? CString() : L"内容不符合文件的编码";
 }
 
+// Stops the walk over a tree that reaches the allowed depth.
+struct DepthCheck : pugi::xml_tree_walker {
+    bool for_each(pugi::xml_node&) override { return depth() < kXmlDepthLimit; }
+};
+
 // True for a tree that does not even reach the allowed depth, with one element at the top and no
 // text beside it.
-bool IsPlainTree(const pugi::xml_document& tree)
+bool IsPlainTree(pugi::xml_document& tree)
 {
     int roots = 0;
     for (pugi::xml_node top = tree.first_child(); top; top = top.next_sibling()) {
         if (top.type() == pugi::node_element) ++roots;
         if (top.type() == pugi::node_pcdata) return false;
     }
-    int depth = 0;
-    for (pugi::xml_node node = tree.first_child(); node && depth < kXmlDepthLimit;) {
-        if (const pugi::xml_node child = node.first_child()) {
-            node = child;
-            ++depth;
-            continue;
-        }
-        pugi::xml_node next = node.next_sibling();
-        for (; !next && depth > 0; --depth) {
-            node = node.parent();
-            next = node.next_sibling();
-        }
-        node = next;
-    }
-    return roots == 1 && depth == 0;
+    DepthCheck check;
+    return roots == 1 && tree.traverse(check);
 }
 
 pugi::xml_parse_result MakeTree(const std::string& source, pugi::xml_document& tree,
