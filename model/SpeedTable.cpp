@@ -147,14 +147,17 @@ bool Query(const GrowArray<SpeedEntry<T>>& table, std::int32_t speed, QueryValue
     return true;
 }
 
+constexpr std::wstring_view kSpeed = L"speed";
+constexpr std::wstring_view kValue = L"value";
+
 void ExchangeValue(CXTPPropExchange* pPX, std::int32_t& value)
 {
-    PX_Int(pPX, L"value", value, 0);
+    PX_Int(pPX, kValue, value, 0);
 }
 
 void ExchangeValue(CXTPPropExchange* pPX, double& value)
 {
-    PX_Double(pPX, L"value", value, 0);
+    PX_Double(pPX, kValue, value, 0);
 }
 
 template <class T> void SortTable(GrowArray<SpeedEntry<T>>& table)
@@ -168,7 +171,7 @@ template <class T> void SortTable(GrowArray<SpeedEntry<T>>& table)
 template <class T> void ExchangeTable(CXTPPropExchange* pPX, GrowArray<SpeedEntry<T>>& table)
 {
     ExchangeEach(pPX, L"Item", table, [](CXTPPropExchange* item, SpeedEntry<T>& entry) {
-        PX_Int(item, L"speed", entry.speed, 0);
+        PX_Int(item, kSpeed, entry.speed, 0);
         ExchangeValue(item, entry.value);
     });
     if (pPX->IsLoading()) SortTable(table);

@@ -32,7 +32,6 @@ CString Quotable(const char* utf8)
 // A document with the text it was read from, which is only kept to count lines in.
 struct XmlDocument {
     pugi::xml_document tree;
-    bool storing = false;
     std::vector<ExchangeProblem> problems;
 
     void SetSource(std::string text)
@@ -56,13 +55,13 @@ struct XmlDocument {
         return m_line;
     }
 
-    void AddProblem(std::ptrdiff_t offset, const char* element, const wchar_t* key,
+    void AddProblem(std::ptrdiff_t offset, const char* element, std::wstring_view key,
                     const char* value, const wchar_t* kind)
     {
         if (problems.size() == kProblemLimit) problems.push_back({0, L"其余的问题不再列出"});
         if (problems.size() > kProblemLimit) return;
-        problems.push_back({LineAt(offset), Format(L"%s 的 %s 为“%s”,不是%s", ToWide(element), key,
-                                                   Quotable(value), kind)});
+        problems.push_back({LineAt(offset), Format(L"%s 的 %s 为“%s”,不是%s", ToWide(element),
+                                                   CString(key), Quotable(value), kind)});
     }
 
 private:
@@ -71,20 +70,13 @@ private:
     int m_line = 1;
 };
 
-// The text of a value that is in the document, and the name in front of it; both null for one that
-// is not.
-struct CXTPPropExchange::Stored {
-    const char* text = nullptr;
-    const char* name = nullptr;
-};
-
 namespace {
 
 // One step of a section path.
 struct PathStep {
     std::wstring_view name;
-    std::string attribute; // empty: any element of that name
-    std::string value;
+    std::wstring_view attribute; // empty: any element of that name
+    std::wstring_view value;
 };
 
 // XML 1.0 has no place for most control characters, nor for what is no character at all.
@@ -114,8 +106,8 @@ PathStep TakeStep(std::wstring_view& path)
             path = {};
             return step;
         }
-        step.attribute = ToUtf8(path.substr(2, equals - 2));
-        step.value = WithoutForbidden(path.substr(equals + 2, end - equals - 2));
+        step.attribute = path.substr(2, equals - 2);
+        step.value = path.substr(equals + 2, end - equals - 2);
         path.remove_prefix(end + 2);
     } else if (path.starts_with(L'[')) {
         path = {};
@@ -127,11 +119,11 @@ PathStep TakeStep(std::wstring_view& path)
 // Names are nearly always ASCII; those are compared without making a string.
 bool SameName(const char* name, std::wstring_view key)
 {
-    for (size_t i = 0; i < key.size(); ++i) {
-        if (key[i] >= 0x80) return ToUtf8(key) == name;
-        if (name[i] != static_cast<char>(key[i])) return false;
-    }
-    return name[key.size()] == 0;
+    size_t same = 0; // characters; a byte that is not ASCII is below 0, and no character is that
+    while (same < key.size() && static_cast<signed char>(name[same]) == key[same])
+        ++same;
+    if (same == key.size()) return name[same] == 0;
+    return key[same] >= 0x80 && ToUtf8(key) == name;
 }
 
 pugi::xml_node FindChild(pugi::xml_node parent, std::wstring_view key)
@@ -142,14 +134,38 @@ pugi::xml_node FindChild(pugi::xml_node parent, std::wstring_view key)
     return child;
 }
 
+// The text of a value that is in the document, and the name in front of it; both null for one that
+// is not.
+struct Stored {
+    const char* text = nullptr;
+    const char* name = nullptr;
+};
+
+Stored FindAttribute(pugi::xml_node node, std::wstring_view key)
+{
+    for (auto one = node.first_attribute();; one = one.next_attribute()) {
+        const char* name = one.name();
+        if (*name == 0) return {}; // behind the last one
+        if (SameName(name, key)) return {one.value(), name};
+    }
+}
+
+Stored FindValue(pugi::xml_node node, bool compact, std::wstring_view key)
+{
+    if (compact) return FindAttribute(node, key);
+    const pugi::xml_node child = FindChild(node, key);
+    return child ? Stored{child.child_value(), child.name()} : Stored{};
+}
+
 // An empty step, as before a "/" that a path begins with, stays where it is.
 pugi::xml_node FindStep(pugi::xml_node parent, const PathStep& step)
 {
     if (step.name.empty()) return parent;
     return step.attribute.empty()
                ? FindChild(parent, step.name)
-               : parent.find_child_by_attribute(ToUtf8(step.name).c_str(), step.attribute.c_str(),
-                                                step.value.c_str());
+               : parent.find_child_by_attribute(ToUtf8(step.name).c_str(),
+                                                ToUtf8(step.attribute).c_str(),
+                                                WithoutForbidden(step.value).c_str());
 }
 
 // The encoding that the XML declaration names; nothing without one.
@@ -266,11 +282,6 @@ bool IsXmlText(std::wstring_view text)
                        [](wchar_t c) { return IsXmlCharacter(static_cast<char32_t>(c)); });
 }
 
-bool CXTPPropExchange::IsStoring() const
-{
-    return m_document && m_document->storing;
-}
-
 CXTPPropExchange CXTPPropExchange::GetSection(const wchar_t* path) const
 {
     if (IsLoading()) return FindSection(path);
@@ -281,25 +292,30 @@ CXTPPropExchange CXTPPropExchange::GetSection(const wchar_t* path) const
         if (!child) {
             child = node.append_child(ToUtf8(step.name).c_str());
             if (!step.attribute.empty())
-                child.append_attribute(step.attribute.c_str()).set_value(step.value.c_str());
+                child.append_attribute(ToUtf8(step.attribute).c_str())
+                    .set_value(WithoutForbidden(step.value).c_str());
         }
         node = child;
     }
-    return {m_document, node.internal_object(), m_compact};
+    return Section(node.internal_object());
 }
 
 CXTPPropExchange CXTPPropExchange::FindSection(const wchar_t* path) const
 {
     pugi::xml_node node(m_node);
-    for (std::wstring_view rest = path; node && !rest.empty();)
+    std::wstring_view rest = path;
+    // Nearly every path is one plain name, and no element's name is more than that.
+    if (const pugi::xml_node child = FindChild(node, rest); child && !rest.empty())
+        return Section(child.internal_object());
+    while (node && !rest.empty())
         node = FindStep(node, TakeStep(rest));
-    return {m_document, node.internal_object(), m_compact};
+    return Section(node.internal_object());
 }
 
 CXTPPropExchange CXTPPropExchange::AppendSection(const wchar_t* name) const
 {
     pugi::xml_node child = pugi::xml_node(m_node).append_child(ToUtf8(name).c_str());
-    return {m_document, child.internal_object(), m_compact};
+    return Section(child.internal_object());
 }
 
 CXTPPropExchange CXTPPropExchange::ReplaceSection(const wchar_t* name) const
@@ -332,20 +348,7 @@ CXTPPropExchange CXTPPropExchangeEnumerator::GetNext()
     return current;
 }
 
-CXTPPropExchange::Stored CXTPPropExchange::FindValue(const wchar_t* key) const
-{
-    const pugi::xml_node node(m_node);
-    const std::wstring_view wanted = key;
-    if (m_compact) {
-        for (auto one = node.first_attribute(); one; one = one.next_attribute())
-            if (const char* name = one.name(); SameName(name, wanted)) return {one.value(), name};
-        return {};
-    }
-    const pugi::xml_node child = FindChild(node, wanted);
-    return child ? Stored{child.child_value(), child.name()} : Stored{};
-}
-
-void CXTPPropExchange::WriteValue(const wchar_t* key, const std::string& text) const
+void CXTPPropExchange::WriteValue(std::wstring_view key, const std::string& text) const
 {
     pugi::xml_node node(m_node);
     const std::string name = ToUtf8(key);
@@ -360,46 +363,51 @@ void CXTPPropExchange::WriteValue(const wchar_t* key, const std::string& text) c
     child.text().set(text.c_str());
 }
 
-template <class T, class Parse>
-bool CXTPPropExchange::ReadNumber(const wchar_t* key, T& value, Parse parse,
-                                  const wchar_t* kind) const
+template <class T>
+bool CXTPPropExchange::ReadNumber(std::wstring_view key, T& value,
+                                  bool (*parse)(std::string_view, T&), const wchar_t* kind) const
 {
-    const Stored stored = FindValue(key);
+    const Stored stored = FindValue(pugi::xml_node(m_node), m_compact, key);
     if (!stored.text) return false;
-    if (parse(stored.text, value)) return true;
+    return parse(stored.text, value) || Refuse(key, stored.text, stored.name, kind);
+}
+
+bool CXTPPropExchange::Refuse(std::wstring_view key, const char* text, const char* name,
+                              const wchar_t* kind) const
+{
     // The parser leaves names where they stand in its copy of the source.
     const pugi::xml_node node(m_node);
-    m_document->AddProblem(node.offset_debug() + (stored.name - node.name()), node.name(), key,
-                           stored.text, kind);
+    m_document->AddProblem(node.offset_debug() + (name - node.name()), node.name(), key, text,
+                           kind);
     return false;
 }
 
-bool CXTPPropExchange::ExchangeText(const wchar_t* key, CString& value) const
+bool CXTPPropExchange::ExchangeText(std::wstring_view key, CString& value) const
 {
     if (IsStoring()) {
         WriteValue(key, WithoutForbidden(value));
         return true;
     }
-    const Stored stored = FindValue(key);
+    const Stored stored = FindValue(pugi::xml_node(m_node), m_compact, key);
     if (stored.text) value = ToWide(stored.text);
     return stored.text != nullptr;
 }
 
-bool CXTPPropExchange::ExchangeInt(const wchar_t* key, int& value) const
+bool CXTPPropExchange::ExchangeInt(std::wstring_view key, int& value) const
 {
     if (IsLoading()) return ReadNumber(key, value, ParseInt, L"整数");
     WriteValue(key, std::to_string(value));
     return true;
 }
 
-bool CXTPPropExchange::ExchangeDouble(const wchar_t* key, double& value) const
+bool CXTPPropExchange::ExchangeDouble(std::wstring_view key, double& value) const
 {
     if (IsLoading()) return ReadNumber(key, value, ParseDouble, L"数");
     WriteValue(key, DoubleToText(value));
     return true;
 }
 
-bool CXTPPropExchange::ExchangeBool(const wchar_t* key, int& value) const
+bool CXTPPropExchange::ExchangeBool(std::wstring_view key, int& value) const
 {
     if (IsLoading()) return ReadNumber(key, value, ParseBool, L"是非值(0 或 1)");
     WriteValue(key, value ? "1" : "0");
@@ -427,9 +435,10 @@ std::vector<ExchangeProblem> CXTPPropExchange::TakeProblems() const
 }
 
 CXTPPropExchangeXMLNode::CXTPPropExchangeXMLNode(bool loading, const wchar_t* rootName)
-    : CXTPPropExchange(std::make_shared<XmlDocument>(), nullptr, false), m_rootName(rootName)
+    : m_rootName(rootName)
 {
-    m_document->storing = !loading;
+    m_document = std::make_shared<XmlDocument>();
+    m_storing = !loading;
     m_node = m_document->tree.append_child(ToUtf8(rootName).c_str()).internal_object();
 }
 

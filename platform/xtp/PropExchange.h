@@ -27,7 +27,7 @@ class AFX_EXT_CLASS CXTPPropExchange {
 public:
     CXTPPropExchange() = default;
 
-    bool IsStoring() const;
+    bool IsStoring() const { return m_storing; }
     bool IsLoading() const { return !IsStoring(); }
     // False for a section that was asked for while loading and is not in the document. Values
     // exchanged with it stay as they are.
@@ -55,10 +55,10 @@ public:
     // Each returns false when loading and there is no such value; `value` then stays as it is.
     // A value that is there but cannot be read leaves `value` too, returns false, and is kept
     // among the document's problems.
-    bool ExchangeText(const wchar_t* key, CString& value) const;
-    bool ExchangeInt(const wchar_t* key, int& value) const;
-    bool ExchangeDouble(const wchar_t* key, double& value) const;
-    bool ExchangeBool(const wchar_t* key, int& value) const;
+    bool ExchangeText(std::wstring_view key, CString& value) const;
+    bool ExchangeInt(std::wstring_view key, int& value) const;
+    bool ExchangeDouble(std::wstring_view key, double& value) const;
+    bool ExchangeBool(std::wstring_view key, int& value) const;
 
     // An attribute's text, whichever way the exchange goes; empty when it is missing.
     CString Attribute(const wchar_t* key) const;
@@ -73,22 +73,26 @@ public:
 
 protected:
     friend class CXTPPropExchangeEnumerator;
-    CXTPPropExchange(std::shared_ptr<XmlDocument> document, pugi::xml_node_struct* node,
-                     bool compact)
-        : m_document(std::move(document)), m_node(node), m_compact(compact)
-    {
-    }
-
     std::shared_ptr<XmlDocument> m_document;
     pugi::xml_node_struct* m_node = nullptr;
+    bool m_storing = false;
     bool m_compact = false;
 
 private:
-    struct Stored; // where a value's text stands
-    Stored FindValue(const wchar_t* key) const;
-    void WriteValue(const wchar_t* key, const std::string& text) const;
-    template <class T, class Parse>
-    bool ReadNumber(const wchar_t* key, T& value, Parse parse, const wchar_t* kind) const;
+    // That element of the same document, in the same mode.
+    CXTPPropExchange Section(pugi::xml_node_struct* node) const
+    {
+        CXTPPropExchange section = *this;
+        section.m_node = node;
+        return section;
+    }
+    void WriteValue(std::wstring_view key, const std::string& text) const;
+    template <class T>
+    bool ReadNumber(std::wstring_view key, T& value, bool (*parse)(std::string_view, T&),
+                    const wchar_t* kind) const;
+    // Keeps a value that cannot be read among the problems, by its name and text; false.
+    bool Refuse(std::wstring_view key, const char* text, const char* name,
+                const wchar_t* kind) const;
 };
 
 class AFX_EXT_CLASS CXTPPropExchangeEnumerator {
@@ -132,27 +136,27 @@ private:
 
 // The exchange of one value, as DoPropExchange writes it. The forms with a default give that to
 // `value` when loading and the value is missing.
-inline void PX_String(CXTPPropExchange* pPX, const wchar_t* key, CString& value)
+inline void PX_String(CXTPPropExchange* pPX, std::wstring_view key, CString& value)
 {
     pPX->ExchangeText(key, value);
 }
-inline void PX_Int(CXTPPropExchange* pPX, const wchar_t* key, int& value)
+inline void PX_Int(CXTPPropExchange* pPX, std::wstring_view key, int& value)
 {
     pPX->ExchangeInt(key, value);
 }
-inline void PX_Int(CXTPPropExchange* pPX, const wchar_t* key, int& value, int missing)
+inline void PX_Int(CXTPPropExchange* pPX, std::wstring_view key, int& value, int missing)
 {
     if (!pPX->ExchangeInt(key, value)) value = missing;
 }
-inline void PX_Double(CXTPPropExchange* pPX, const wchar_t* key, double& value)
+inline void PX_Double(CXTPPropExchange* pPX, std::wstring_view key, double& value)
 {
     pPX->ExchangeDouble(key, value);
 }
-inline void PX_Double(CXTPPropExchange* pPX, const wchar_t* key, double& value, double missing)
+inline void PX_Double(CXTPPropExchange* pPX, std::wstring_view key, double& value, double missing)
 {
     if (!pPX->ExchangeDouble(key, value)) value = missing;
 }
-inline void PX_Bool(CXTPPropExchange* pPX, const wchar_t* key, int& value)
+inline void PX_Bool(CXTPPropExchange* pPX, std::wstring_view key, int& value)
 {
     pPX->ExchangeBool(key, value);
 }
