@@ -10,18 +10,20 @@ template <class T, class Exchange>
 void ExchangeEach(CXTPPropExchange* pPX, const wchar_t* name, GrowArray<T>& entries,
                   Exchange exchange)
 {
-    const auto exchangeOne = [&exchange](CXTPPropExchange section, T& entry) {
+    const auto exchangeOne = [&exchange](CXTPPropExchange& section, T& entry) {
         section.EnableCompactMode(true);
         exchange(&section, entry);
     };
     if (pPX->IsStoring()) {
-        for (T& entry : entries)
-            exchangeOne(pPX->AppendSection(name), entry);
+        for (T& entry : entries) {
+            CXTPPropExchange section = pPX->AppendSection(name);
+            exchangeOne(section, entry);
+        }
         return;
     }
-    CXTPPropExchangeEnumerator sections = pPX->GetEnumerator(name);
-    while (sections.HasNext())
-        exchangeOne(sections.GetNext(), entries.Add({}));
+    for (CXTPPropExchange section = pPX->FindSection(name); section.IsSectionExists();
+         section.MoveToNext())
+        exchangeOne(section, entries.Add({}));
 }
 
 // The same within a child element `key`, which storing makes anew. Loading empties the array

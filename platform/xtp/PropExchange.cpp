@@ -340,11 +340,16 @@ CXTPPropExchangeEnumerator CXTPPropExchange::GetEnumerator(const wchar_t* path) 
     return enumerator;
 }
 
+void CXTPPropExchange::MoveToNext()
+{
+    const pugi::xml_node node(m_node);
+    m_node = node.next_sibling(node.name()).internal_object();
+}
+
 CXTPPropExchange CXTPPropExchangeEnumerator::GetNext()
 {
     CXTPPropExchange current = m_next;
-    const pugi::xml_node node(m_next.m_node);
-    m_next.m_node = node.next_sibling(node.name()).internal_object();
+    m_next.MoveToNext();
     return current;
 }
 

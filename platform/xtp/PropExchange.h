@@ -49,6 +49,8 @@ public:
     // Takes the section out of its document. Storing only.
     void RemoveSection();
 
+    // Goes on to the next section of the same name beside this one; at the end it does not exist.
+    void MoveToNext();
     // The child sections at a path, in document order; the last step is their name.
     CXTPPropExchangeEnumerator GetEnumerator(const wchar_t* path) const;
 
