@@ -41,9 +41,11 @@ template <class T>
 Neighbours FindNeighbours(const GrowArray<SpeedEntry<T>>& table, std::int32_t speed)
 {
     Neighbours found;
-    Step base = Step{0} - (static_cast<Step>(speed) << kPlaceBits);
-    for (const SpeedEntry<T>& entry : table) {
-        const Step step = (static_cast<Step>(entry.speed) << kPlaceBits) + base++;
+    const Step asked = static_cast<Step>(speed) << kPlaceBits;
+    const auto count = static_cast<Step>(table.count);
+    for (Step place = 0; place < count; ++place) {
+        const Step step =
+            (static_cast<Step>(table.entries[place].speed) << kPlaceBits) - asked + place;
         found.above = std::min(found.above, step);
         found.below = std::max(found.below, step);
     }
