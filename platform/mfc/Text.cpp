@@ -1,5 +1,6 @@
 #include "platform/mfc/Text.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <functional>
@@ -91,7 +92,9 @@ private:
 CString ToWide(std::string_view utf8)
 {
     CString text;
-    text.reserve(utf8.size());
+    // Each character but has one first byte; Chinese text would else take three times its room.
+    text.reserve(static_cast<size_t>(
+        std::count_if(utf8.begin(), utf8.end(), [](char c) { return (c & 0xC0) != 0x80; })));
     while (!utf8.empty()) {
         const size_t run = AsciiRun(utf8);
         text.append(utf8.begin(), utf8.begin() + static_cast<std::ptrdiff_t>(run));
