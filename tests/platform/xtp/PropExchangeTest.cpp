@@ -395,6 +395,18 @@ TEST_F(PropExchange, TheEnumeratorGivesTheSectionsOfOneNameInTheirOrder)
     EXPECT_FALSE(root.GetEnumerator(L"None/Item").HasNext());
 }
 
+TEST_F(PropExchange, ASectionMovesOverThoseOfItsNameAndEndsBehindThem)
+{
+    CXTPPropExchange section = Loaded("<A n='1'/><B n='2'/>text<A n='3'/>").FindSection(L"A");
+    EXPECT_EQ(section.Attribute(L"n"), L"1");
+    section.MoveToNext();
+    EXPECT_EQ(section.Attribute(L"n"), L"3");
+    section.MoveToNext();
+    EXPECT_FALSE(section.IsSectionExists());
+    section.MoveToNext();
+    EXPECT_FALSE(section.IsSectionExists());
+}
+
 TEST_F(PropExchange, TheEnumeratorOutlivesTheSectionItGave)
 {
     CXTPPropExchangeXMLNode root(false, kRoot);
