@@ -1,8 +1,8 @@
 # The command at work on a copy of the example project; sourced by ./run after setup.sh.
 
-# fresh_project FOLDER: a copy of the example project that may be changed.
-fresh_project() {
-    rm -rf "$1"
+# copy_example FOLDER: a copy of the example project, unless there is one already.
+copy_example() {
+    [ -d "$1" ] && return
     mkdir -p "$(dirname "$1")"
     cp -r examples/project "$1" || fail "examples/project could not be copied to $1"
 }
