@@ -17,7 +17,7 @@ CString NameForNew(const CStyle* from)
 {
     const CDesignSpecifications& library = *CDesignSpecifications::GetInstance();
     if (from) return ProposedCopyName(library, from->Name());
-    const CString name = ProposedName(library);
+    CString name = ProposedName(library);
     if (!CNameWaitDialog::IsTaken(name)) return name;
     return CNameWaitDialog(name, acedGetAcadFrame()).DoModal() == IDOK ? name : CString();
 }

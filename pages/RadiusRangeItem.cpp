@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "pages/RadiusRangeText.h"
+#include "platform/mfc/MessageBox.h"
 #include "platform/xtp/report/ReportControl.h"
 
 void CRadiusRangeItem::SetRange(int minRadius, int maxRadius)
@@ -26,7 +27,10 @@ CMyRecordItemValue::Values CRadiusRangeItem::Read(CXTPReportControl* control,
     RadiusRange range;
     const CString fault = ReadRadiusRange(joined, range);
     if (!fault.empty()) {
-        control->Tell(fault);
+        if (control)
+            control->Tell(fault);
+        else
+            MessageBox(nullptr, fault, L"提示", MB_ICONINFORMATION);
         return {};
     }
     return {static_cast<double>(range.min), static_cast<double>(range.max)};

@@ -84,6 +84,14 @@ TEST_F(RadiusRangeItem, TellsWhatIsWrongAndIsEmptyThen)
     }
 }
 
+TEST_F(RadiusRangeItem, TellsItWithoutAGridToo)
+{
+    const ExpectMessage box(L"圆曲线半径必须大于0!");
+    m_cell.SetRange(1, 2);
+    m_cell.OnEditChanged(nullptr, L"0~300");
+    ExpectEmpty();
+}
+
 TEST_F(RadiusRangeItem, ItsStateHoldsBothEnds)
 {
     m_cell.SetRange(250, 300);
