@@ -11,12 +11,13 @@ namespace {
 
 constexpr QSize kSize(100, 65);
 
-template <class Manager> QImage Header(const CString& caption)
+template <class Manager> QImage Header(const CString& caption, int scale = 1)
 {
-    return Picture(kSize, [&caption](QPainter& painter) {
+    const auto draw = [&caption](QPainter& painter) {
         const CXTPReportColumn column(0, caption, 100);
         Manager().DrawColumnHeader(painter, QRect({}, kSize), &column);
-    });
+    };
+    return Picture(kSize, draw, scale);
 }
 
 } // namespace
@@ -61,6 +62,25 @@ TEST(MyReportPaintManager, ABackslashSplitsTheHeaderByADiagonal)
     EXPECT_LE(lower.bottom(), 61);
     // The line goes through the middle.
     EXPECT_FALSE(DarkRect(image, QRect(45, 28, 8, 8)).isNull());
+}
+
+// The captions of widenings: both whole, and clear of the edges of the cell.
+TEST(MyReportPaintManager, BothCornersHaveRoomAtAnyScale)
+{
+    const int line = QFontMetrics(CXTPReportPaintManager().GetCaptionFont()).height();
+    const int upperWidth = QFontMetrics(CXTPReportPaintManager().GetCaptionFont())
+                               .horizontalAdvance(QStringLiteral("圆曲线半径"));
+    EXPECT_LE(upperWidth, kSize.width() - 8);
+    EXPECT_LE(2 * line, kSize.height() - 8);
+    for (const int scale : {1, 2}) {
+        const QImage image = Header<CMyReportPaintManager>(L"圆曲线半径\\加宽类别", scale);
+        const QRect right = DarkRect(image, QRect(50 * scale, 0, 50 * scale, (4 + line) * scale));
+        const QRect left = DarkRect(image, QRect(0, (61 - line) * scale, 50 * scale, line * scale));
+        EXPECT_GE(right.top(), 4 * scale) << scale;
+        EXPECT_LE(right.right(), 96 * scale) << scale;
+        EXPECT_GE(left.left(), 4 * scale) << scale;
+        EXPECT_LE(left.bottom(), 61 * scale) << scale;
+    }
 }
 
 TEST(MyReportPaintManager, OtherCaptionsAreDrawnAsUsual)
