@@ -14,6 +14,38 @@
 
 namespace {
 
+CString CauseOf(pugi::xml_parse_status status)
+{
+    switch (status) {
+    case pugi::status_out_of_memory:
+        return L"内存不足";
+    case pugi::status_unrecognized_tag:
+        return L"无法识别的标记";
+    case pugi::status_bad_pi:
+        return L"声明或处理指令没有写完";
+    case pugi::status_bad_comment:
+        return L"注释没有写完";
+    case pugi::status_bad_cdata:
+        return L"CDATA 段没有写完";
+    case pugi::status_bad_doctype:
+        return L"文档类型声明有错";
+    case pugi::status_bad_pcdata:
+        return L"文字有错";
+    case pugi::status_bad_start_element:
+        return L"开始标记有错";
+    case pugi::status_bad_attribute:
+        return L"属性有错";
+    case pugi::status_bad_end_element:
+        return L"结束标记有错";
+    case pugi::status_end_element_mismatch:
+        return L"开始标记与结束标记不配对";
+    case pugi::status_no_document_element:
+        return L"没有根元素";
+    default:
+        return L"无法解析"; // such as what only reading from a file could give
+    }
+}
+
 constexpr size_t kSizeLimit = 32 << 20;
 constexpr size_t kPlainLimit = 1 << 20; // of a text that a tree is made of before it is checked
 constexpr size_t kProblemLimit = 1000;  // nobody reads more; a hostile file may hold millions
@@ -248,7 +280,7 @@ std::optional<XmlFault> ParseXml(const std::string& source, pugi::xml_document& 
     const auto result = MakeTree(source, tree);
     if (!result)
         return XmlFault{static_cast<size_t>(result.offset),
-                        L"XML 格式错误: " + ToWide(result.description())};
+                        L"XML 格式错误: " + CauseOf(result.status)};
     const pugi::xml_node root = tree.document_element();
     for (pugi::xml_node node = root.next_sibling(); node; node = node.next_sibling())
         if (node.type() == pugi::node_element)

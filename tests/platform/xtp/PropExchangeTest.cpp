@@ -557,8 +557,8 @@ TEST_F(PropExchange, AFileThatCannotBeReadIsTold)
 TEST_F(PropExchange, AnEmptyFileIsTold)
 {
     ExpectRefused("", 0, L"文件是空的");
-    ExpectRefused("\xEF\xBB\xBF", 0, L"XML 格式错误: No document element found");
-    ExpectRefused(" \n ", 2, L"XML 格式错误: No document element found");
+    ExpectRefused("\xEF\xBB\xBF", 0, L"XML 格式错误: 没有根元素");
+    ExpectRefused(" \n ", 2, L"XML 格式错误: 没有根元素");
 }
 
 TEST_F(PropExchange, WhatIsNoXmlIsTold)
@@ -567,9 +567,23 @@ TEST_F(PropExchange, WhatIsNoXmlIsTold)
     ExpectRefused("{\"a\": 1}", 1, L"XML 格式错误: 根元素之外有文字");
     ExpectRefused("<StyleLibrary/>\n tail", 2, L"XML 格式错误: 根元素之外有文字");
     ExpectRefused("<StyleLibrary>\n<a>\n</b></StyleLibrary>", 3,
-                  L"XML 格式错误: Start-end tags mismatch");
-    ExpectRefused("<StyleLibrary>\n<a b=1/></StyleLibrary>", 2,
-                  L"XML 格式错误: Error parsing element attribute");
+                  L"XML 格式错误: 开始标记与结束标记不配对");
+    ExpectRefused("<StyleLibrary>\n<a b=1/></StyleLibrary>", 2, L"XML 格式错误: 属性有错");
+}
+
+TEST_F(PropExchange, WhatIsNotFinishedIsTold)
+{
+    const std::pair<const char*, const wchar_t*> kCases[] = {
+        {"<?xml version='1.0'", L"声明或处理指令没有写完"},
+        {"<StyleLibrary><!-- a </StyleLibrary>", L"注释没有写完"},
+        {"<StyleLibrary><![CDATA[ a </StyleLibrary>", L"CDATA 段没有写完"},
+        {"<StyleLibrary><a", L"开始标记有错"},
+        {"<StyleLibrary a='1></StyleLibrary>", L"属性有错"},
+        {"<StyleLibrary></StyleLibrary", L"结束标记有错"},
+        {"<StyleLibrary><1/></StyleLibrary>", L"无法识别的标记"},
+    };
+    for (const auto& [text, cause] : kCases)
+        ExpectRefused(text, 1, CString(L"XML 格式错误: ") + cause);
 }
 
 TEST_F(PropExchange, AnotherRootIsTold)
