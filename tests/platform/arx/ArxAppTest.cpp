@@ -6,26 +6,33 @@ using namespace AcRx;
 
 namespace {
 
-// Answers each message with a number of its own.
+// Remembers which handler was called, and answers as no base handler does.
 class Answering : public AcRxArxApp {
 public:
-    static AppRetCode Code(int number) { return static_cast<AppRetCode>(number + 100); }
+    int m_handled = -1;
 
-    AppRetCode On_kInitAppMsg(void*) override { return Code(kInitAppMsg); }
-    AppRetCode On_kUnloadAppMsg(void*) override { return Code(kUnloadAppMsg); }
-    AppRetCode On_kLoadDwgMsg(void*) override { return Code(kLoadDwgMsg); }
-    AppRetCode On_kUnloadDwgMsg(void*) override { return Code(kUnloadDwgMsg); }
-    AppRetCode On_kInvkSubrMsg(void*) override { return Code(kInvkSubrMsg); }
-    AppRetCode On_kCfgMsg(void*) override { return Code(kCfgMsg); }
-    AppRetCode On_kEndMsg(void*) override { return Code(kEndMsg); }
-    AppRetCode On_kQuitMsg(void*) override { return Code(kQuitMsg); }
-    AppRetCode On_kSaveMsg(void*) override { return Code(kSaveMsg); }
-    AppRetCode On_kDependencyMsg(void*) override { return Code(kDependencyMsg); }
-    AppRetCode On_kNoDependencyMsg(void*) override { return Code(kNoDependencyMsg); }
-    AppRetCode On_kOleUnloadAppMsg(void*) override { return Code(kOleUnloadAppMsg); }
-    AppRetCode On_kPreQuitMsg(void*) override { return Code(kPreQuitMsg); }
-    AppRetCode On_kInitDialogMsg(void*) override { return Code(kInitDialogMsg); }
-    AppRetCode On_kEndDialogMsg(void*) override { return Code(kEndDialogMsg); }
+    AppRetCode On_kInitAppMsg(void*) override { return Handled(kInitAppMsg); }
+    AppRetCode On_kUnloadAppMsg(void*) override { return Handled(kUnloadAppMsg); }
+    AppRetCode On_kLoadDwgMsg(void*) override { return Handled(kLoadDwgMsg); }
+    AppRetCode On_kUnloadDwgMsg(void*) override { return Handled(kUnloadDwgMsg); }
+    AppRetCode On_kInvkSubrMsg(void*) override { return Handled(kInvkSubrMsg); }
+    AppRetCode On_kCfgMsg(void*) override { return Handled(kCfgMsg); }
+    AppRetCode On_kEndMsg(void*) override { return Handled(kEndMsg); }
+    AppRetCode On_kQuitMsg(void*) override { return Handled(kQuitMsg); }
+    AppRetCode On_kSaveMsg(void*) override { return Handled(kSaveMsg); }
+    AppRetCode On_kDependencyMsg(void*) override { return Handled(kDependencyMsg); }
+    AppRetCode On_kNoDependencyMsg(void*) override { return Handled(kNoDependencyMsg); }
+    AppRetCode On_kOleUnloadAppMsg(void*) override { return Handled(kOleUnloadAppMsg); }
+    AppRetCode On_kPreQuitMsg(void*) override { return Handled(kPreQuitMsg); }
+    AppRetCode On_kInitDialogMsg(void*) override { return Handled(kInitDialogMsg); }
+    AppRetCode On_kEndDialogMsg(void*) override { return Handled(kEndDialogMsg); }
+
+private:
+    AppRetCode Handled(int message)
+    {
+        m_handled = message;
+        return kRetError;
+    }
 };
 
 const AppMsgCode kMessages[] = {kInitAppMsg,  kUnloadAppMsg,  kLoadDwgMsg,      kUnloadDwgMsg,
@@ -36,8 +43,10 @@ const AppMsgCode kMessages[] = {kInitAppMsg,  kUnloadAppMsg,  kLoadDwgMsg,      
 TEST(ArxApp, EachMessageReachesItsHandler)
 {
     Answering app;
-    for (const AppMsgCode message : kMessages)
-        EXPECT_EQ(app.acrxEntryPoint(message, nullptr), Answering::Code(message)) << message;
+    for (const AppMsgCode message : kMessages) {
+        EXPECT_EQ(app.acrxEntryPoint(message, nullptr), kRetError) << message;
+        EXPECT_EQ(app.m_handled, message);
+    }
 }
 
 TEST(ArxApp, TheBaseHandlersAnswerOK)
