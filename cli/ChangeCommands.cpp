@@ -16,7 +16,7 @@ constexpr int kHighestSpeed = 150;
 CString NameArgument(const CDesignSpecifications& library, const std::string& text,
                      const CString& openedName)
 {
-    const CString name = Trim(ToWide(text));
+    CString name = Trim(ToWide(text));
     if (const CString problem = StyleNameProblem(library, name, openedName); !problem.empty())
         Refuse(problem);
     if (const CString problem = FileNameProblem(name); !problem.empty()) Refuse(problem);

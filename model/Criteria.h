@@ -12,6 +12,9 @@ template <class C> struct CriterionMember {
     const wchar_t* name;  // of the member, and of its element in files
     const wchar_t* label; // for people
 };
+// Not every compiler deduces it by itself.
+template <class C>
+CriterionMember(C CDesignSpecification::*, const wchar_t*, const wchar_t*) -> CriterionMember<C>;
 
 inline constexpr auto kCriteria = std::tuple{
     CriterionMember{&CDesignSpecification::BeelineLen, L"BeelineLen", L"直线长度"},

@@ -11,7 +11,7 @@ CString EnteredText(const CString& text)
 
 CString DecimalText(double value, int decimals, bool trim)
 {
-    const CString text = Format(Format(L"%%.%df", decimals).c_str(), value);
+    CString text = Format(Format(L"%%.%df", decimals).c_str(), value);
     // Without a point every zero counts.
     if (!trim || text.find(L'.') == CString::npos) return text;
     return TrimRight(TrimRight(text, L"0"), L".");
