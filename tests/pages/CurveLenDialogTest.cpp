@@ -115,12 +115,7 @@ TEST_F(CurveLenDialog, AnEmptyGridIsStored)
 
 TEST_F(CurveLenDialog, KeepsItsSource)
 {
-    Show();
-    Load({{80, 140}}, {});
-    EXPECT_EQ(ReadSource(118), "规范第6条");
-    EnterSource(118, L" 第7条 ");
-    ASSERT_TRUE(Save());
-    EXPECT_EQ(Stored().Criterion, L"第7条");
+    ExpectKeepsSource(118, &CDesignSpecification::CurveMinLen);
 }
 
 TEST_F(CurveLenDialog, ViewModeLocksTheGridAndShowsTheSource)

@@ -252,14 +252,7 @@ TEST_F(CurveWideningPage, ACategoryWithoutValuesIsNotStored)
 
 TEST_F(CurveWideningPage, KeepsItsSource)
 {
-    CDSCurveWidening criterion = TwoRanges();
-    criterion.Criterion = L"规范第6条";
-    Show();
-    Load(criterion);
-    EXPECT_EQ(ReadSource(118), "规范第6条");
-    EnterSource(118, L" 第8条 ");
-    ASSERT_TRUE(Save());
-    EXPECT_EQ(Stored().Criterion, L"第8条");
+    ExpectKeepsSource(118, &CDesignSpecification::CurveWidening);
 }
 
 TEST_F(CurveWideningPage, ViewModeLocksAllButTheSource)
@@ -272,9 +265,7 @@ TEST_F(CurveWideningPage, ViewModeLocksAllButTheSource)
     EXPECT_FALSE(IsShown(119));
     EditCell(TheGrid(), 0, 1, L"5");
     EXPECT_EQ(Row(TheGrid(), 0), "0.40 0.60");
-    RightClickCell(TheGrid(), 0, 1);
-    RightClickHeader(TheGrid(), 1);
-    WaitForNothing();
+    ExpectNoMenu(TheGrid());
     EXPECT_EQ(ReadLockedSource(118), "来源");
 }
 

@@ -227,14 +227,7 @@ TEST_F(LonGradDialog, WithoutSpeedsBothTablesAreEmpty)
 
 TEST_F(LonGradDialog, KeepsItsSource)
 {
-    CDSLonGrad criterion;
-    criterion.Criterion = L"规范第7条";
-    Show();
-    Load(criterion);
-    EXPECT_EQ(ReadSource(118), "规范第7条");
-    EnterSource(118, L" 第8条 ");
-    ASSERT_TRUE(Save());
-    EXPECT_EQ(Stored().Criterion, L"第8条");
+    ExpectKeepsSource(118, &CDesignSpecification::LonGrad);
 }
 
 TEST_F(LonGradDialog, ViewModeLocksAllButTheSource)

@@ -97,12 +97,7 @@ TEST_F(MinACurveLenDialog, AnAddedSpeedHasAWideCellOfTheSameKind)
 
 TEST_F(MinACurveLenDialog, KeepsItsSource)
 {
-    Show();
-    Load({{80, 1000}});
-    EXPECT_EQ(ReadSource(118), "规范第6条");
-    EnterSource(118, L"第7条");
-    ASSERT_TRUE(Save());
-    EXPECT_EQ(Stored().Criterion, L"第7条");
+    ExpectKeepsSource(118, &CDesignSpecification::SmallAngleCurveMinLen);
 }
 
 TEST_F(MinACurveLenDialog, ViewModeLocksTheGridAndShowsTheSource)

@@ -75,12 +75,7 @@ TEST_F(MinLonGradLenDialog, ClearedCellsAreStoredAsAnEmptyTable)
 
 TEST_F(MinLonGradLenDialog, KeepsItsSource)
 {
-    Show();
-    Load({{80, 290}});
-    EXPECT_EQ(ReadSource(118), "规范第8条");
-    EnterSource(118, L"第9条");
-    ASSERT_TRUE(Save());
-    EXPECT_EQ(Stored().Criterion, L"第9条");
+    ExpectKeepsSource(118, &CDesignSpecification::LonGradMinLen);
 }
 
 TEST_F(MinLonGradLenDialog, ViewModeLocksTheGridAndShowsTheSource)

@@ -107,6 +107,22 @@ protected:
         return ReadSource(button);
     }
 
+    // The page shows the criterion's source and stores what is entered, without blanks around it.
+    template <class Criterion>
+    void ExpectKeepsSource(int button, Criterion CDesignSpecification::*member)
+    {
+        Criterion& stored = Specification().*member;
+        stored.Criterion = L"规范第7条";
+        m_page.Callback().Load(L"甲");
+        Show();
+        EXPECT_EQ(ReadSource(button), "规范第7条");
+        EnterSource(button, L" 第8条 ");
+        ASSERT_TRUE(Save());
+        EXPECT_EQ(stored.Criterion, L"第8条");
+        m_page.Callback().Load(L"甲");
+        EXPECT_EQ(ReadSource(button), "第8条");
+    }
+
     // The lines of the menu that a right click on a cell opens; nothing is chosen.
     static std::vector<std::string> MenuOf(CXTPReportControl* grid, int row, int column)
     {

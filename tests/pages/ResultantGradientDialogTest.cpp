@@ -258,14 +258,7 @@ TEST_F(ResultantGradientDialog, AFailureLeavesWhatComesAfterIt)
 
 TEST_F(ResultantGradientDialog, KeepsItsSource)
 {
-    C criterion;
-    criterion.Criterion = L"规范第7条";
-    Show();
-    Load(criterion);
-    EXPECT_EQ(ReadSource(118), "规范第7条");
-    EnterSource(118, L" 第8条 ");
-    ASSERT_TRUE(Save());
-    EXPECT_EQ(Stored().Criterion, L"第8条");
+    ExpectKeepsSource(118, &CDesignSpecification::MaxResultantGrad);
 }
 
 TEST_F(ResultantGradientDialog, ViewModeLocksAllButTheSource)
@@ -278,8 +271,6 @@ TEST_F(ResultantGradientDialog, ViewModeLocksAllButTheSource)
     EXPECT_FALSE(IsShown(119));
     EditCell(TheGrid(), 0, 1, L"5");
     EXPECT_EQ(Row(TheGrid(), 0), "7 6.5 6.5 7 7 8");
-    RightClickCell(TheGrid(), 0, 1);
-    RightClickHeader(TheGrid(), 0);
-    WaitForNothing();
+    ExpectNoMenu(TheGrid());
     EXPECT_EQ(ReadLockedSource(118), "来源");
 }

@@ -452,14 +452,7 @@ TEST_F(SuperElevationPage, WithoutAMaximumThereIsNoTableAndNoMenu)
 
 TEST_F(SuperElevationPage, KeepsItsSource)
 {
-    CDSSuperElevation criterion;
-    criterion.Criterion = L"规范第7条";
-    Show();
-    Load(criterion);
-    EXPECT_EQ(ReadSource(118), "规范第7条");
-    EnterSource(118, L" 第8条 ");
-    ASSERT_TRUE(Save());
-    EXPECT_EQ(Stored().Criterion, L"第8条");
+    ExpectKeepsSource(118, &CDesignSpecification::SuperElevation);
 }
 
 TEST_F(SuperElevationPage, ViewModeLocksTheGridOnly)
@@ -472,9 +465,7 @@ TEST_F(SuperElevationPage, ViewModeLocksTheGridOnly)
     EXPECT_FALSE(IsShown(119));
     EditCell(TheGrid(), 0, 1, L"1~2");
     EXPECT_EQ(Row(TheGrid(), 0), "200~300");
-    RightClickCell(TheGrid(), 0, 1);
-    RightClickHeader(TheGrid(), 1);
-    WaitForNothing();
+    ExpectNoMenu(TheGrid());
     EXPECT_TRUE(IsEnabled(kList));
     Select(1);
     EXPECT_EQ(Row(TheGrid(), 0), "150~230 110~150");

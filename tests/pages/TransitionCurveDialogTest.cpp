@@ -205,12 +205,7 @@ TEST_F(TransitionCurveDialog, EachGridHasSpeedsOfItsOwn)
 
 TEST_F(TransitionCurveDialog, KeepsItsSource)
 {
-    Show();
-    Load(Make(0, {{80, 70}}, {{60, 1000}}));
-    EXPECT_EQ(ReadSource(118), "来源");
-    EnterSource(118, L"第7条");
-    ASSERT_TRUE(Save());
-    EXPECT_EQ(Stored().Criterion, L"第7条");
+    ExpectKeepsSource(118, &CDesignSpecification::TransitionCurveMinLen);
 }
 
 TEST_F(TransitionCurveDialog, ViewModeLocksAllButTheSource)

@@ -140,12 +140,7 @@ TEST_F(VerticalCurveMinRadDialog, AnAddedSpeedHasACellInEachRow)
 
 TEST_F(VerticalCurveMinRadDialog, KeepsItsSource)
 {
-    Show();
-    Load(CDSVerticalCurveMinRadAndLen());
-    EnterSource(118, L"第9条");
-    ASSERT_TRUE(Save());
-    EXPECT_EQ(Stored().Criterion, L"第9条");
-    EXPECT_EQ(ReadSource(118), "第9条");
+    ExpectKeepsSource(118, &CDesignSpecification::VerticalCurveMinRadAndLen);
 }
 
 TEST_F(VerticalCurveMinRadDialog, ViewModeLocksTheGridAndShowsTheSource)
@@ -158,8 +153,6 @@ TEST_F(VerticalCurveMinRadDialog, ViewModeLocksTheGridAndShowsTheSource)
     EXPECT_FALSE(IsShown(119));
     EditCell(TheGrid(), 0, 1, L"5");
     EXPECT_EQ(Row(TheGrid(), 0), "1800");
-    RightClickCell(TheGrid(), 0, 1);
-    RightClickHeader(TheGrid(), 1);
-    WaitForNothing();
+    ExpectNoMenu(TheGrid());
     EXPECT_EQ(ReadLockedSource(118), "来源");
 }
