@@ -65,11 +65,12 @@ void CDSMainDialog::RegisterPages(std::span<const PageEntry> entries)
     CDSPage* before = nullptr;
     for (const PageEntry& entry : entries) {
         Page page{entry.group ? entry.group : L"", entry.label, entry.make(before)};
-        before = page.window.get();
+        before = nullptr;
         if (!page.window->Create(frame ? frame : this)) {
             Trace(L"页面“%s”无法创建", page.label);
             continue;
         }
+        before = page.window.get();
         page.Callback().SetMainDialog(this);
         page.window->hide();
         m_pages.push_back(std::move(page));

@@ -9,7 +9,8 @@
 struct PageEntry {
     const wchar_t* group; // of the tree
     const wchar_t* label;
-    // `before` is the page of the entry before, null for the first: a page may know it.
+    // `before` is the page of the entry before, which a page may know; null for the first, and
+    // when that page could not be created.
     std::unique_ptr<CDSPage> (*make)(CDSPage* before);
 };
 

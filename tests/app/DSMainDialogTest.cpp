@@ -178,6 +178,26 @@ TEST_F(DSMainDialog, EachPageIsToldThePageBefore)
     EXPECT_NE(dynamic_cast<CRecordingPage<3>*>(g_recorded.before[3]), nullptr);
 }
 
+TEST_F(DSMainDialog, APageThatCannotBeCreatedIsLeftOutAndToldToNoOther)
+{
+    struct Formless : CDSPage {
+        Formless() : CDSPage(9999) {} // there is no such form
+        CDSCallback& Callback() override { return m_callback; }
+        CRecordingCallback m_callback{this, 5};
+    };
+    const PageEntry entries[] = {
+        {L"组", L"无表单", [](CDSPage*) { return std::unique_ptr<CDSPage>(new Formless); }},
+        {L"组", L"二", MakeRecordingPage<2>},
+        {L"组", L"三", MakeRecordingPage<3>},
+    };
+    const CDSMainDialog dialog(L"甲", false, nullptr, &m_frame, entries);
+    ASSERT_EQ(dialog.PageCount(), 2);
+    EXPECT_EQ(dialog.PagePath(0), L"组\\二");
+    ASSERT_EQ(g_recorded.before.size(), 2U);
+    EXPECT_EQ(g_recorded.before[0], nullptr);
+    EXPECT_NE(dynamic_cast<CRecordingPage<2>*>(g_recorded.before[1]), nullptr);
+}
+
 TEST_F(DSMainDialog, SelectingAPageShowsItAlone)
 {
     Run(
