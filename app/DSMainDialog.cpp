@@ -3,6 +3,9 @@
 #include <QGridLayout>
 #include <QTreeWidget>
 
+#include "base/Format.h"
+#include "base/NoCase.h"
+#include "base/Text.h"
 #include "library/StyleName.h"
 #include "pages/framework/FamilyIcon.h"
 #include "platform/arx/Documents.h"
@@ -10,6 +13,8 @@
 #include "platform/mfc/MessageBox.h"
 #include "platform/mfc/QtText.h"
 #include "platform/vmrd/VmHFCBaseU/Trace.h"
+
+using namespace designspec;
 
 namespace {
 
@@ -67,7 +72,7 @@ void CDSMainDialog::RegisterPages(std::span<const PageEntry> entries)
         Page page{entry.group ? entry.group : L"", entry.label, entry.make(before)};
         before = nullptr;
         if (!page.window->Create(frame ? frame : this)) {
-            Trace(L"页面“%s”无法创建", page.label);
+            Trace(Format(L"页面“%s”无法创建", CString(page.label)));
             continue;
         }
         before = page.window.get();

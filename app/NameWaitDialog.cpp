@@ -1,6 +1,9 @@
 #include "app/NameWaitDialog.h"
 
+#include "base/Format.h"
 #include "library/DesignSpecifications.h"
+
+using namespace designspec;
 
 namespace {
 

@@ -4,11 +4,14 @@
 
 #include "app/DSEditor.h"
 #include "app/DesignSpecificationGroup.h"
+#include "base/Format.h"
 #include "library/DesignSpecifications.h"
 #include "platform/arx/Modeler.h"
 #include "platform/arx/Modules.h"
 #include "platform/vmrd/VMRDPrj/PrjManager.h"
 #include "platform/vmrd/VmHFCBaseU/Trace.h"
+
+using namespace designspec;
 
 namespace {
 
@@ -21,7 +24,7 @@ AcRx::AppRetCode CRDDesignSpecificationApp::On_kInitAppMsg(void* packet)
 {
     acdbModelerStart();
     if (!acrxLoadModule(kProjectModule, false, false)) {
-        Trace(L"项目模块 %s 无法加载, 设计规范模块不能使用", kProjectModule);
+        Trace(Format(L"项目模块 %s 无法加载, 设计规范模块不能使用", CString(kProjectModule)));
         return AcRx::kRetError;
     }
     const AcRx::AppRetCode result = AcRxArxApp::On_kInitAppMsg(packet);
@@ -39,7 +42,7 @@ AcRx::AppRetCode CRDDesignSpecificationApp::On_kInitAppMsg(void* packet)
 
 AcRx::AppRetCode CRDDesignSpecificationApp::On_kUnloadAppMsg(void* packet)
 {
-    Trace(L"%s-%d", L"CRDDesignSpecificationApp::On_kUnloadAppMsg", 341);
+    Trace(Format(L"%s-%d", CString(L"CRDDesignSpecificationApp::On_kUnloadAppMsg"), 341));
     const AcRx::AppRetCode result = AcRxArxApp::On_kUnloadAppMsg(packet);
     // There is always a group to take out, even when none was published.
     if (!m_group) m_group = new CDesignSpecificationGroup;

@@ -3,9 +3,12 @@
 #include <exception>
 
 #include "app/DSMainDialog.h"
+#include "base/Text.h"
 #include "platform/arx/Documents.h"
 #include "platform/arx/Frame.h"
 #include "platform/vmrd/VmHFCBaseU/Trace.h"
+
+using namespace designspec;
 
 void ViewDesignSpecification(const wchar_t* page)
 try {
@@ -17,5 +20,5 @@ try {
     dialog.SetViewMode(page);
     dialog.DoModal();
 } catch (const std::exception& error) {
-    Trace(L"默认规范无法查看: %s", ToWide(error.what()));
+    Trace(L"默认规范无法查看: " + ToWide(error.what()));
 }

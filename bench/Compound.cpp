@@ -6,9 +6,13 @@
 #include <benchmark/benchmark.h>
 #include <fmt/format.h>
 
+#include "base/NoCase.h"
+#include "base/Text.h"
 #include "bench/Bench.h"
 #include "bench/Sql.h"
 #include "model/DesignSpecification.h"
+
+using namespace designspec;
 
 namespace {
 

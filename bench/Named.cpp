@@ -4,7 +4,10 @@
 
 #include <benchmark/benchmark.h>
 
+#include "base/NoCase.h"
 #include "bench/TemporaryProject.h"
+
+using namespace designspec;
 
 namespace {
 

@@ -6,6 +6,8 @@
 #include "bench/SpeedTableWays.h"
 #include "model/Criteria.h"
 
+using namespace designspec;
+
 using QueryValue::QueryMode;
 
 namespace {

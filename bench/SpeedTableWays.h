@@ -6,6 +6,8 @@
 #include <map>
 #include <vector>
 
+#include "platform/mfc/Export.h"
+
 #include "bench/Sql.h"
 #include "model/SpeedTable.h"
 

@@ -5,9 +5,14 @@
 #include <string>
 #include <vector>
 
+#include "base/Format.h"
+#include "base/Text.h"
 #include "bench/Bench.h"
 #include "library/DesignSpecifications.h"
+#include "platform/mfc/String.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
+
+using namespace designspec;
 
 class TemporaryProject {
 public:

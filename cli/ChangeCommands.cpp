@@ -1,11 +1,15 @@
 #include <algorithm>
 
+#include "base/File.h"
+#include "base/Format.h"
+#include "base/Number.h"
+#include "base/Text.h"
 #include "cli/JsonText.h"
 #include "library/SpecificationEdit.h"
 #include "library/StyleName.h"
 #include "platform/vmrd/VMRDEnv/DeletedStyles.h"
-#include "platform/windows/File.h"
-#include "platform/windows/Number.h"
+
+using namespace designspec;
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/mfc/Text.h"
+#include "platform/mfc/String.h"
 
 // Exit statuses.
 enum Status : int {

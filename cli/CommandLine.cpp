@@ -4,8 +4,12 @@
 
 #include <CLI/CLI.hpp>
 
+#include "base/Format.h"
+#include "base/Text.h"
 #include "cli/Project.h"
 #include "platform/vmrd/VmHFCBaseU/Trace.h"
+
+using namespace designspec;
 
 namespace {
 

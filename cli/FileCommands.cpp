@@ -1,9 +1,12 @@
 #include <algorithm>
 
+#include "base/Text.h"
 #include "cli/JsonText.h"
 #include "cli/TextTable.h"
 #include "library/SpecificationEdit.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
+
+using namespace designspec;
 
 namespace {
 

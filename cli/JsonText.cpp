@@ -1,6 +1,9 @@
 #include "cli/JsonText.h"
 
+#include "base/Text.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
+
+using namespace designspec;
 
 namespace {
 

@@ -8,9 +8,9 @@
 using Json = nlohmann::ordered_json;
 
 Json ToJson(const CString& text);
-Json ToJson(const Field& field, const void* criterion); // a value, or a table's entries
+Json ToJson(const designspec::Field& field, const void* criterion); // a value, or a table's entries
 // The fields of a criterion and its nested rows.
-Json ToJson(const CriterionInfo& criterion, CDesignSpecification& specification);
+Json ToJson(const designspec::CriterionInfo& criterion, CDesignSpecification& specification);
 // Name and identity.
 Json ToJson(const CStyle& style);
 

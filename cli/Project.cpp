@@ -2,11 +2,15 @@
 
 #include <cstdio>
 
+#include "base/File.h"
+#include "base/Format.h"
+#include "base/Number.h"
+#include "base/Text.h"
 #include "cli/TextTable.h"
 #include "platform/vmrd/VMRDEnv/DeletedStyles.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
-#include "platform/windows/File.h"
-#include "platform/windows/Number.h"
+
+using namespace designspec;
 
 namespace {
 

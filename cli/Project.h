@@ -30,13 +30,13 @@ CString PathArgument(const std::string& path);
 
 // CRITERION.FIELD taken apart. `field` is null for a criterion alone.
 struct FieldPath {
-    const CriterionInfo* criterion = nullptr;
-    const Field* field = nullptr;
+    const designspec::CriterionInfo* criterion = nullptr;
+    const designspec::Field* field = nullptr;
 };
 FieldPath ParseFieldPath(const std::string& path);
 // The paths of a criterion's fields with their labels, each on a line of its own that begins with a
 // line break.
-CString FieldList(const CriterionInfo& criterion, int indent = 2);
+CString FieldList(const designspec::CriterionInfo& criterion, int indent = 2);
 
 // A whole number or a decimal that the command line gives for the option or value `what`.
 int IntArgument(const std::string& text, const wchar_t* what);

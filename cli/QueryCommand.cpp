@@ -1,7 +1,12 @@
 #include <limits>
 
+#include "base/Format.h"
+#include "base/NoCase.h"
+#include "base/Number.h"
+#include "base/Text.h"
 #include "cli/JsonText.h"
-#include "platform/windows/Number.h"
+
+using namespace designspec;
 
 namespace {
 

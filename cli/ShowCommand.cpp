@@ -3,10 +3,15 @@
 #include <map>
 #include <set>
 
+#include "base/Format.h"
+#include "base/NoCase.h"
+#include "base/Number.h"
+#include "base/Text.h"
 #include "cli/JsonText.h"
 #include "cli/TextTable.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
-#include "platform/windows/Number.h"
+
+using namespace designspec;
 
 namespace {
 

@@ -1,8 +1,12 @@
 #include "cli/TextTable.h"
 
+#include "base/Text.h"
+
 #include <algorithm>
 
 #include <utf8proc.h>
+
+using namespace designspec;
 
 namespace {
 

@@ -1,7 +1,7 @@
 // Tables of text with aligned columns on a terminal, where a Chinese character takes two columns.
 #pragma once
 
-#include "platform/mfc/Text.h"
+#include "platform/mfc/String.h"
 
 // Columns that the text takes on a terminal.
 int DisplayWidth(const CString& text);

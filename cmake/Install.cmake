@@ -11,11 +11,13 @@ install(TARGETS designspec EXPORT designspecTargets
 install(DIRECTORY model library DESTINATION ${DESIGNSPEC_HEADERS}
     FILES_MATCHING PATTERN "*.h")
 get_target_property(PLATFORM_SOURCES platform_core SOURCES)
-foreach(SOURCE mfc/Export.cpp ${PLATFORM_SOURCES})
+foreach(SOURCE mfc/Export.cpp mfc/String.cpp ${PLATFORM_SOURCES})
     cmake_path(REPLACE_EXTENSION SOURCE h OUTPUT_VARIABLE HEADER)
     cmake_path(GET HEADER PARENT_PATH FOLDER)
     install(FILES platform/${HEADER} DESTINATION ${DESIGNSPEC_HEADERS}/platform/${FOLDER})
 endforeach()
+
+install(FILES base/NoCase.h DESTINATION ${DESIGNSPEC_HEADERS}/base)
 
 install(EXPORT designspecTargets NAMESPACE designspec:: DESTINATION ${DESIGNSPEC_PACKAGE})
 configure_package_config_file(cmake/designspecConfig.cmake.in

@@ -5,8 +5,11 @@
 #include <fstream>
 #include <iterator>
 
+#include "base/Text.h"
 #include "fuzz/Fuzz.h"
 #include "platform/windows/Profile.h"
+
+using namespace designspec;
 
 namespace {
 

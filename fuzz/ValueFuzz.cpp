@@ -1,11 +1,15 @@
 // The readings of single values with any text.
 #include <cmath>
 
+#include "base/Encoding.h"
+#include "base/NoCase.h"
+#include "base/Number.h"
+#include "base/Text.h"
 #include "fuzz/Fuzz.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
 #include "platform/vmrd/VmHFCBaseU/Text.h"
-#include "platform/windows/Encoding.h"
-#include "platform/windows/Number.h"
+
+using namespace designspec;
 
 namespace {
 
@@ -35,7 +39,6 @@ void ReadTexts(const CString& wide)
     Require(EqualNoCase(wide, wide));
     Require(CompareNoCase(wide, L"规范") == -CompareNoCase(L"规范", wide));
     Require(Trim(Trim(wide)) == Trim(wide));
-    Require(Trim(wide) == TrimLeft(TrimRight(wide)));
     CString joined;
     for (const CString& part : SplitText(wide, L"/\\"))
         joined += part;

@@ -7,6 +7,8 @@
 
 #include "platform/mfc/QtText.h"
 
+using namespace designspec;
+
 namespace {
 constexpr int kSettleTime = 200; // milliseconds
 }

@@ -7,7 +7,9 @@
 #include <QFileSystemWatcher>
 #include <QTimer>
 
-#include "platform/windows/File.h"
+#include "base/File.h"
+#include "platform/mfc/String.h"
+#include "platform/vmrd/VmHFCBaseU/FileChange.h"
 
 class LibraryWatcher : public QObject {
     Q_OBJECT

@@ -9,12 +9,14 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
+#include "base/File.h"
 #include "host/ControlIds.h"
 #include "host/FileChoice.h"
 #include "host/HostModules.h"
 #include "platform/mfc/QtText.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
-#include "platform/windows/File.h"
+
+using namespace designspec;
 
 namespace {
 

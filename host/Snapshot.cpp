@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QPainter>
 
+#include "base/NoCase.h"
 #include "host/DeletedStylesDialog.h"
 #include "host/HostWindow.h"
 #include "host/ImportDialog.h"
@@ -14,6 +15,8 @@
 #include "platform/mfc/ModalVisit.h"
 #include "platform/mfc/QtText.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
+
+using namespace designspec;
 
 namespace {
 

@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QWidget>
 
+#include "base/Format.h"
 #include "host/DeletedStylesDialog.h"
 #include "host/FileChoice.h"
 #include "host/ImportDialog.h"
@@ -10,6 +11,8 @@
 #include "platform/mfc/MessageBox.h"
 #include "platform/mfc/QtText.h"
 #include "platform/vmrd/VMRDEnv/DeletedStyles.h"
+
+using namespace designspec;
 
 namespace {
 

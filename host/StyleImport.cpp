@@ -2,7 +2,10 @@
 
 #include <algorithm>
 
+#include "base/NoCase.h"
 #include "platform/vmrd/VMRDEnv/DeletedStyles.h"
+
+using namespace designspec;
 
 namespace {
 

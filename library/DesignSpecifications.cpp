@@ -3,14 +3,19 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/File.h"
+#include "base/Format.h"
+#include "base/NoCase.h"
+#include "base/Text.h"
 #include "library/StyleName.h"
 #include "model/Criteria.h"
 #include "platform/vmrd/VMRDEnv/DeletedStyles.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
 #include "platform/vmrd/VmHFCBaseU/Files.h"
 #include "platform/vmrd/VmHFCBaseU/Trace.h"
-#include "platform/windows/File.h"
 #include "platform/windows/Profile.h"
+
+using namespace designspec;
 
 IMPLEMENT_DYNAMIC(CDesignSpecifications, CStyles)
 

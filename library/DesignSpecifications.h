@@ -8,6 +8,7 @@
 #include <memory>
 
 #include "model/DesignSpecification.h"
+#include "platform/mfc/Export.h"
 #include "platform/vmrd/VMRDEnv/Styles.h"
 
 class AFX_EXT_CLASS CDesignSpecifications : public CStyles {

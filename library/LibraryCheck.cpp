@@ -1,10 +1,14 @@
 #include "library/LibraryCheck.h"
 
+#include "base/File.h"
+#include "base/Format.h"
+#include "base/Text.h"
 #include "library/DesignSpecifications.h"
 #include "model/Criteria.h"
 #include "platform/vmrd/VMRDEnv/DeletedStyles.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
-#include "platform/windows/File.h"
+
+using namespace designspec;
 
 namespace {
 

@@ -2,6 +2,7 @@
 // read.
 #pragma once
 
+#include "platform/mfc/Export.h"
 #include "platform/vmrd/VmHFCBaseU/Trace.h"
 
 // For each file of the current project's library: a file name that does not match name and

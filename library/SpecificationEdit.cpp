@@ -1,5 +1,9 @@
 #include "library/SpecificationEdit.h"
 
+#include "base/Format.h"
+
+using namespace designspec;
+
 CString ProposedName(const CDesignSpecifications& library)
 {
     return Format(L"规范%d", library.Count() + 1);

@@ -1,6 +1,8 @@
 // What a user does to specifications, the same way from the editor and from the command.
 #pragma once
 
+#include "platform/mfc/Export.h"
+
 #include "library/DesignSpecifications.h"
 
 // The name proposed for a new specification: 规范 and the count plus one. It may be taken.

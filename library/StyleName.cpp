@@ -1,5 +1,10 @@
 #include "library/StyleName.h"
 
+#include "base/NoCase.h"
+#include "base/Text.h"
+
+using namespace designspec;
+
 namespace {
 
 constexpr wchar_t kForbidden[] = L"<>/\\\":;=|,*?'";

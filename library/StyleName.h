@@ -1,6 +1,8 @@
 // What a specification may be called.
 #pragma once
 
+#include "platform/mfc/Export.h"
+
 #include "library/DesignSpecifications.h"
 
 // Why a user may not give the name (already trimmed) to a specification; empty when he may.

@@ -1,5 +1,7 @@
 #include "model/BeelineLen.h"
 
+using namespace designspec;
+
 std::span<const Field> CDSBeelineLen::Fields()
 {
     using C = CDSBeelineLen;

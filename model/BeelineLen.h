@@ -1,6 +1,8 @@
 // Lengths of straight lines (tangents) of the horizontal alignment.
 #pragma once
 
+#include "platform/mfc/Export.h"
+
 #include "model/Field.h"
 
 // Each limit is a factor: the length in metres is factor x design speed in km/h. A factor of 0
@@ -15,6 +17,6 @@ public:
     CString MinLenReverseCurveCriterion;
 
     void DoPropExchange(CXTPPropExchange* pPX);
-    static std::span<const Field> Fields();
+    static std::span<const designspec::Field> Fields();
     bool operator==(const CDSBeelineLen&) const = default;
 };

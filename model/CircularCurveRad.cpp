@@ -1,5 +1,7 @@
 #include "model/CircularCurveRad.h"
 
+using namespace designspec;
+
 CDSCircularCurveRad::CDSCircularCurveRad()
     : noSuperelevationMinRad{{80, 1000}, {60, 600}, {50, 400}, {40, 300}, {30, 150}, {20, 70}},
       SuperelevationRecommendRad{{80, 400}, {60, 300}, {50, 200}, {40, 150}, {30, 85}, {20, 40}},

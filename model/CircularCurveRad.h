@@ -1,6 +1,8 @@
 // Radii of circular curves.
 #pragma once
 
+#include "platform/mfc/Export.h"
+
 #include "model/Field.h"
 
 // All radii in metres.
@@ -15,6 +17,6 @@ public:
 
     CDSCircularCurveRad();
     void DoPropExchange(CXTPPropExchange* pPX);
-    static std::span<const Field> Fields();
+    static std::span<const designspec::Field> Fields();
     bool operator==(const CDSCircularCurveRad&) const = default;
 };

@@ -1,7 +1,11 @@
 #include "model/Criteria.h"
 
+#include "base/NoCase.h"
+
 #include <algorithm>
 #include <array>
+
+namespace designspec {
 
 namespace {
 
@@ -43,3 +47,5 @@ const Field* FindField(const CriterionInfo& criterion, std::wstring_view key)
                                     [&](const auto& one) { return EqualNoCase(one.key, key); });
     return found == criterion.fields.end() ? nullptr : &*found;
 }
+
+} // namespace designspec

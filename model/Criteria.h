@@ -4,7 +4,11 @@
 #include <span>
 #include <tuple>
 
+#include "platform/mfc/Export.h"
+
 #include "model/DesignSpecification.h"
+
+namespace designspec {
 
 // One criterion of the specification class: its member and what it is called.
 template <class C> struct CriterionMember {
@@ -54,3 +58,5 @@ AFX_EXT_API std::span<const CriterionInfo> Criteria();
 // The criterion, or the field of one, of that name, ignoring case; null when there is none.
 AFX_EXT_API const CriterionInfo* FindCriterion(std::wstring_view name);
 AFX_EXT_API const Field* FindField(const CriterionInfo& criterion, std::wstring_view key);
+
+} // namespace designspec

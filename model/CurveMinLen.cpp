@@ -1,5 +1,7 @@
 #include "model/CurveMinLen.h"
 
+using namespace designspec;
+
 CDSCurveMinLen::CDSCurveMinLen()
     : HorizontalCurveMinLen{{80, 140}, {60, 100}, {50, 85}, {40, 70}, {30, 50}, {20, 40}},
       CircularCurveMinLen{{80, 70}, {60, 50}, {50, 40}, {40, 35}, {30, 25}, {20, 20}}

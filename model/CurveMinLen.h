@@ -1,6 +1,8 @@
 // Lengths of horizontal curves, and of those with a small deflection angle.
 #pragma once
 
+#include "platform/mfc/Export.h"
+
 #include "model/Field.h"
 
 // Lengths in metres.
@@ -12,7 +14,7 @@ public:
 
     CDSCurveMinLen();
     void DoPropExchange(CXTPPropExchange* pPX);
-    static std::span<const Field> Fields();
+    static std::span<const designspec::Field> Fields();
     bool operator==(const CDSCurveMinLen&) const = default;
 };
 
@@ -25,6 +27,6 @@ public:
 
     CSmallAngleCurveMinLen();
     void DoPropExchange(CXTPPropExchange* pPX);
-    static std::span<const Field> Fields();
+    static std::span<const designspec::Field> Fields();
     bool operator==(const CSmallAngleCurveMinLen&) const = default;
 };

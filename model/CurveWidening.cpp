@@ -1,6 +1,9 @@
 #include "model/CurveWidening.h"
 
+#include "base/NoCase.h"
 #include "model/Nested.h"
+
+using namespace designspec;
 
 namespace {
 

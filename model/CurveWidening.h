@@ -1,6 +1,8 @@
 // Widening of a lane on circular curves.
 #pragma once
 
+#include "platform/mfc/Export.h"
+
 #include "model/Field.h"
 
 struct Widening {
@@ -36,7 +38,7 @@ public:
     int QueryWidening(const wchar_t* carType, int radius, double& widening) const;
 
     void DoPropExchange(CXTPPropExchange* pPX);
-    static std::span<const Field> Fields(); // without the ranges
+    static std::span<const designspec::Field> Fields(); // without the ranges
     bool operator==(const CDSCurveWidening&) const = default;
 
 private:

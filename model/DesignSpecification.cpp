@@ -1,7 +1,10 @@
 #include "model/DesignSpecification.h"
 
+#include "base/NoCase.h"
 #include "model/Criteria.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
+
+using namespace designspec;
 
 IMPLEMENT_DYNAMIC(CDesignSpecification, CStyle)
 

@@ -1,6 +1,7 @@
 // One design specification (设计规范): a style with a name, an identity and thirteen criteria.
 #pragma once
 
+#include "base/NoCase.h"
 #include "model/BeelineLen.h"
 #include "model/CircularCurveRad.h"
 #include "model/CurveMinLen.h"
@@ -12,6 +13,7 @@
 #include "model/SuperElevation.h"
 #include "model/TransitionCurveMinLen.h"
 #include "model/VerticalCurve.h"
+#include "platform/mfc/Export.h"
 #include "platform/vmrd/VMRDEnv/Style.h"
 
 class AFX_EXT_CLASS CDesignSpecification : public CStyle {
@@ -19,7 +21,7 @@ class AFX_EXT_CLASS CDesignSpecification : public CStyle {
 
 private:
     CString m_strName; // unique in its library
-    NoCaseKey m_nameKey;
+    designspec::NoCaseKey m_nameKey;
     GUID m_id;
 
 public:
@@ -51,7 +53,7 @@ public:
     // Quick enough to ask of each in a library: whether it is that one, and whether it is called
     // so, ignoring case.
     bool HasID(const GUID& id) const { return m_id == id; }
-    bool IsNamed(const NoCaseKey& name) const { return m_nameKey == name; }
+    bool IsNamed(const designspec::NoCaseKey& name) const { return m_nameKey == name; }
 
     // Takes the other's criteria; name and identity stay.
     void CopyCriteria(const CDesignSpecification& other);

@@ -1,5 +1,9 @@
 #include "model/Field.h"
 
+#include "base/Text.h"
+
+namespace designspec {
+
 namespace {
 
 template <class Table, class Exchange>
@@ -56,3 +60,5 @@ void ExchangeFields(CXTPPropExchange* pPX, void* criterion, std::span<const Fiel
     }
     pPX->EnableCompactMode(true);
 }
+
+} // namespace designspec

@@ -5,10 +5,14 @@
 #include <span>
 #include <type_traits>
 
+#include "platform/mfc/Export.h"
+
 #include "model/SpeedTable.h"
 
 // A 32-bit boolean: 0 is false, anything else true.
 using BOOL = std::int32_t;
+
+namespace designspec {
 
 enum class FieldKind { Int, Double, Bool, Text, IntTable, DoubleTable };
 
@@ -102,3 +106,5 @@ constexpr Field ZeroMeans(Field field, const wchar_t* meaning)
 // first when loading.
 AFX_EXT_API void ExchangeFields(CXTPPropExchange* pPX, void* criterion,
                                 std::span<const Field> fields);
+
+} // namespace designspec

@@ -1,5 +1,7 @@
 #include "model/LonGrad.h"
 
+using namespace designspec;
+
 CDSLonGrad::CDSLonGrad()
     : MaxGradRecommendedValues{{80, 4}, {60, 5}, {50, 5.5}, {40, 6}, {30, 7}, {20, 8}},
       MaxGradLimitedValues{{80, 6}, {60, 7}, {50, 7}, {40, 8}, {30, 9}, {20, 9}}

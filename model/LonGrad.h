@@ -1,6 +1,8 @@
 // Longitudinal gradients.
 #pragma once
 
+#include "platform/mfc/Export.h"
+
 #include "model/Field.h"
 
 // All gradients in percent.
@@ -15,6 +17,6 @@ public:
 
     CDSLonGrad();
     void DoPropExchange(CXTPPropExchange* pPX);
-    static std::span<const Field> Fields();
+    static std::span<const designspec::Field> Fields();
     bool operator==(const CDSLonGrad&) const = default;
 };

@@ -4,6 +4,8 @@
 
 #include "model/Nested.h"
 
+using namespace designspec;
+
 namespace {
 
 constexpr double kSameGradient = 0.01; // %

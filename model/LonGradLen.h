@@ -1,6 +1,8 @@
 // Lengths of grades: stretches of one gradient between two vertical points of intersection.
 #pragma once
 
+#include "platform/mfc/Export.h"
+
 #include "model/Field.h"
 
 class AFX_EXT_CLASS CDSLonGradMinLen {
@@ -10,7 +12,7 @@ public:
 
     CDSLonGradMinLen();
     void DoPropExchange(CXTPPropExchange* pPX);
-    static std::span<const Field> Fields();
+    static std::span<const designspec::Field> Fields();
     bool operator==(const CDSLonGradMinLen&) const = default;
 };
 
@@ -40,7 +42,7 @@ public:
     bool QueryVal(double grad, int speed, QueryValue::QueryMode mode, int& value) const;
 
     void DoPropExchange(CXTPPropExchange* pPX);
-    static std::span<const Field> Fields(); // without the rows
+    static std::span<const designspec::Field> Fields(); // without the rows
     bool operator==(const CDSLonGradMaxLen&) const = default;
 
 private:

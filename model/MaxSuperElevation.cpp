@@ -1,5 +1,7 @@
 #include "model/MaxSuperElevation.h"
 
+using namespace designspec;
+
 namespace {
 
 using C = CDSMaxSuperElevation;

@@ -1,6 +1,8 @@
 // Maximum superelevation and its runoff.
 #pragma once
 
+#include "platform/mfc/Export.h"
+
 #include "model/Field.h"
 
 // A runoff ratio is the n of 1 : n.
@@ -14,6 +16,6 @@ public:
 
     CDSMaxSuperElevation();
     void DoPropExchange(CXTPPropExchange* pPX);
-    static std::span<const Field> Fields();
+    static std::span<const designspec::Field> Fields();
     bool operator==(const CDSMaxSuperElevation&) const = default;
 };

@@ -4,6 +4,8 @@
 #include "model/GrowArray.h"
 #include "platform/xtp/PropExchange.h"
 
+namespace designspec {
+
 // Stores each entry into a new child element `name`, or appends one entry for each such child;
 // `exchange(pPX, entry)` does the one entry, in compact mode.
 template <class T, class Exchange>
@@ -36,3 +38,5 @@ void ExchangeArray(CXTPPropExchange* pPX, const wchar_t* key, const wchar_t* nam
     CXTPPropExchange section = pPX->IsStoring() ? pPX->ReplaceSection(key) : pPX->FindSection(key);
     if (section.IsSectionExists()) ExchangeEach(&section, name, entries, exchange);
 }
+
+} // namespace designspec

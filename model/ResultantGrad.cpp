@@ -1,5 +1,7 @@
 #include "model/ResultantGrad.h"
 
+using namespace designspec;
+
 namespace {
 
 using C = CDSMaxResultantGrad;

@@ -1,6 +1,8 @@
 // Resultant gradients: longitudinal and cross slope combined.
 #pragma once
 
+#include "platform/mfc/Export.h"
+
 #include "model/Field.h"
 
 // All gradients in percent.
@@ -28,7 +30,7 @@ public:
     const SpeedToDoubleValues& Item(RoadType type) const;
 
     void DoPropExchange(CXTPPropExchange* pPX);
-    static std::span<const Field> Fields();
+    static std::span<const designspec::Field> Fields();
     bool operator==(const CDSMaxResultantGrad&) const = default;
 };
 

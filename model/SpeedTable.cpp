@@ -6,6 +6,8 @@
 
 #include "model/Nested.h"
 
+using namespace designspec;
+
 namespace {
 
 // How far an entry's speed is from the asked one, and its place in the table, in one number, so

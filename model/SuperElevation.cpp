@@ -2,6 +2,8 @@
 
 #include "model/Nested.h"
 
+using namespace designspec;
+
 namespace {
 
 constexpr int kAnswered = 0;

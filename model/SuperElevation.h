@@ -1,6 +1,8 @@
 // Superelevation tables: the superelevation that a circular curve of a given radius receives.
 #pragma once
 
+#include "platform/mfc/Export.h"
+
 #include "model/Field.h"
 
 struct SuperElevRange {
@@ -49,6 +51,6 @@ public:
                             int speedTolerance, int radius, int& superElev) const;
 
     void DoPropExchange(CXTPPropExchange* pPX);
-    static std::span<const Field> Fields(); // without the definitions
+    static std::span<const designspec::Field> Fields(); // without the definitions
     bool operator==(const CDSSuperElevation&) const = default;
 };

@@ -1,5 +1,7 @@
 #include "model/TransitionCurveMinLen.h"
 
+using namespace designspec;
+
 namespace {
 
 using C = CTransitionCurveMinLen;

@@ -1,6 +1,8 @@
 // Lengths of transition curves, and when a circular curve may do without one.
 #pragma once
 
+#include "platform/mfc/Export.h"
+
 #include "model/Field.h"
 
 class AFX_EXT_CLASS CTransitionCurveMinLen {
@@ -16,6 +18,6 @@ public:
 
     CTransitionCurveMinLen();
     void DoPropExchange(CXTPPropExchange* pPX);
-    static std::span<const Field> Fields();
+    static std::span<const designspec::Field> Fields();
     bool operator==(const CTransitionCurveMinLen&) const = default;
 };

@@ -1,5 +1,7 @@
 #include "model/VerticalCurve.h"
 
+using namespace designspec;
+
 namespace {
 
 constexpr struct {

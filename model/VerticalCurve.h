@@ -1,6 +1,8 @@
 // Vertical curves: their radii and lengths.
 #pragma once
 
+#include "platform/mfc/Export.h"
+
 #include "model/Field.h"
 
 // All in metres.
@@ -15,6 +17,6 @@ public:
 
     CDSVerticalCurveMinRadAndLen();
     void DoPropExchange(CXTPPropExchange* pPX);
-    static std::span<const Field> Fields();
+    static std::span<const designspec::Field> Fields();
     bool operator==(const CDSVerticalCurveMinRadAndLen&) const = default;
 };

@@ -1,6 +1,10 @@
 #include "pages/CurveWideningPage.h"
 
+#include "base/Format.h"
+
 #include <QComboBox>
+
+using namespace designspec;
 
 namespace {
 

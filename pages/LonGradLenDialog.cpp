@@ -4,8 +4,10 @@
 
 #include "app/input/InputGradientDialog.h"
 #include "app/input/NumberText.h"
+#include "base/Number.h"
 #include "pages/framework/MyRecordItemPositiveInt.h"
-#include "platform/windows/Number.h"
+
+using namespace designspec;
 
 namespace {
 

@@ -3,7 +3,10 @@
 #include <QCheckBox>
 
 #include "app/input/NumberText.h"
+#include "base/Format.h"
 #include "pages/GradualChangeRatioItem.h"
+
+using namespace designspec;
 
 namespace {
 

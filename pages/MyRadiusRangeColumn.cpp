@@ -1,5 +1,9 @@
 #include "pages/MyRadiusRangeColumn.h"
 
+#include "base/Format.h"
+
+using namespace designspec;
+
 CMyRadiusRangeColumn::CMyRadiusRangeColumn(int itemIndex, int width)
     : CXTPReportColumn(itemIndex, {}, width, false, false)
 {

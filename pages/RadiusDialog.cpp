@@ -1,7 +1,10 @@
 #include "pages/RadiusDialog.h"
 
+#include "base/Format.h"
+#include "base/Number.h"
 #include "platform/vmrd/VmHFCBaseU/Text.h"
-#include "platform/windows/Number.h"
+
+using namespace designspec;
 
 namespace {
 

@@ -2,9 +2,12 @@
 
 #include <algorithm>
 
+#include "base/Format.h"
 #include "pages/RadiusRangeText.h"
 #include "platform/mfc/MessageBox.h"
 #include "platform/xtp/report/ReportControl.h"
+
+using namespace designspec;
 
 void CRadiusRangeItem::SetRange(int minRadius, int maxRadius)
 {

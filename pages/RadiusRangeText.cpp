@@ -2,8 +2,10 @@
 
 #include <algorithm>
 
+#include "base/Number.h"
 #include "platform/vmrd/VmHFCBaseU/Text.h"
-#include "platform/windows/Number.h"
+
+using namespace designspec;
 
 CString ReadRadiusRange(const CString& text, RadiusRange& range)
 {

@@ -1,7 +1,7 @@
 // Ranges of radii as users enter them: "150~250".
 #pragma once
 
-#include "platform/mfc/Text.h"
+#include "platform/mfc/String.h"
 
 struct RadiusRange {
     int min = 0; // m

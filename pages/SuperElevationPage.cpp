@@ -5,8 +5,11 @@
 #include <QListWidget>
 #include <QSignalBlocker>
 
+#include "base/Format.h"
 #include "pages/RadiusRangeItem.h"
 #include "platform/mfc/QtText.h"
+
+using namespace designspec;
 
 namespace {
 

@@ -2,10 +2,13 @@
 
 #include <algorithm>
 
+#include "base/NoCase.h"
 #include "pages/InputRadiusRangeDialog.h"
 #include "pages/InputWideningTypeDialog.h"
 #include "pages/framework/MyRecordItemPositiveDouble.h"
 #include "platform/mfc/MessageBox.h"
+
+using namespace designspec;
 
 namespace {
 

@@ -1,6 +1,9 @@
 #include "app/input/CheckedInputDialog.h"
 
+#include "base/Text.h"
 #include "platform/mfc/MessageBox.h"
+
+using namespace designspec;
 
 CCheckedInputDialog::CCheckedInputDialog(const CString& title, const CString& prompt,
                                          QWidget* parent)

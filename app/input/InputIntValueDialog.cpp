@@ -3,6 +3,9 @@
 #include <algorithm>
 
 #include "app/input/NumberText.h"
+#include "base/Format.h"
+
+using namespace designspec;
 
 CInputIntValueDialog::CInputIntValueDialog(const CString& name, const CString& prompt,
                                            const CArray<int>& values, QWidget* parent, int minimum,

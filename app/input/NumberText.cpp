@@ -1,8 +1,12 @@
 #include "app/input/NumberText.h"
 
-#include "platform/mfc/HalfWidth.h"
+#include "base/Format.h"
+#include "base/HalfWidth.h"
+#include "base/Number.h"
+#include "base/Text.h"
 #include "platform/vmrd/VmHFCBaseU/Text.h"
-#include "platform/windows/Number.h"
+
+using namespace designspec;
 
 CString EnteredText(const CString& text)
 {

@@ -1,7 +1,7 @@
 // Numbers as the editor shows them and as users enter them.
 #pragma once
 
-#include "platform/mfc/Text.h"
+#include "platform/mfc/String.h"
 
 // What an edit field holds, ready to be read as a number: without blanks around it, and with the
 // signs of a Chinese input method turned into ASCII.

@@ -1,6 +1,7 @@
 // Asks the default specification of a project each of the library's queries once.
 //
 //   consumer PROJECT        PROJECT is the folder that holds 规范
+#include <filesystem>
 #include <iostream>
 
 #include "library/DesignSpecifications.h"
@@ -65,7 +66,8 @@ int main(int argc, char** argv)
         std::cerr << "usage: consumer PROJECT\n";
         return 2;
     }
-    VMRDPub::SetCurPrjPath(ToWide(argv[1]));
+    const std::u32string folder = std::filesystem::path(argv[1]).u32string();
+    VMRDPub::SetCurPrjPath({folder.begin(), folder.end()});
     CDesignSpecifications& library = *CDesignSpecifications::GetInstance();
     library.Update();
     const auto* specification = dynamic_cast<const CDesignSpecification*>(library.DefaultItem());
@@ -73,7 +75,8 @@ int main(int argc, char** argv)
         std::cerr << "no default specification\n";
         return 1;
     }
-    std::cout << ToUtf8(specification->Name()) << '\n';
+    const CString name = specification->Name();
+    std::cout << std::filesystem::path(std::u32string(name.begin(), name.end())).string() << '\n';
     AskSpeedTables(*specification);
     AskCompoundTables(*specification);
     CDesignSpecifications::Destroy();

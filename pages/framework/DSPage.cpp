@@ -6,8 +6,11 @@
 
 #include "app/input/InputTextDialog.h"
 #include "app/input/NumberText.h"
+#include "base/Text.h"
 #include "pages/framework/FamilyIcon.h"
 #include "platform/mfc/QtText.h"
+
+using namespace designspec;
 
 namespace {
 

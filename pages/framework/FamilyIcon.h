@@ -3,7 +3,7 @@
 
 #include <QIcon>
 
-#include "platform/mfc/Text.h"
+#include "platform/mfc/String.h"
 
 inline constexpr int kFamilyIconSize = 16; // pixels at 100 % scale
 

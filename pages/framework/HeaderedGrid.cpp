@@ -2,8 +2,11 @@
 
 #include <algorithm>
 
+#include "base/NoCase.h"
 #include "pages/framework/MyReportPaintManager.h"
 #include "pages/framework/XTPReportRecordItemHeard.h"
+
+using namespace designspec;
 
 void CHeaderedGrid::CreateGrid(CDSPage& page, const AddedCell& addedCell, int placeholder,
                                int gridId, const CString& corner, int headerWidth)

@@ -1,8 +1,10 @@
 #include "pages/framework/MyRecordItemPositiveDouble.h"
 
 #include "app/input/NumberText.h"
+#include "base/Number.h"
 #include "platform/vmrd/VmHFCBaseU/Text.h"
-#include "platform/windows/Number.h"
+
+using namespace designspec;
 
 CMyRecordItemPositiveDouble::CMyRecordItemPositiveDouble(int decimals, bool trimZeros)
     : m_bTrimZeros(trimZeros), m_nDecimals(decimals)

@@ -1,7 +1,10 @@
 #include "pages/framework/MyRecordItemPositiveInt.h"
 
+#include "base/Format.h"
+#include "base/Number.h"
 #include "platform/vmrd/VmHFCBaseU/Text.h"
-#include "platform/windows/Number.h"
+
+using namespace designspec;
 
 CString CMyRecordItemPositiveInt::TextOf(const Values& values) const
 {

@@ -1,6 +1,10 @@
 #include "pages/framework/MyRecordItemValue.h"
 
+#include "base/Text.h"
+
 #include <utility>
+
+using namespace designspec;
 
 void CMyRecordItemValue::OnEditChanged(CXTPReportControl* control, const CString& newText)
 {

@@ -3,7 +3,10 @@
 #include <algorithm>
 
 #include "app/input/InputIntValueDialog.h"
-#include "platform/windows/Number.h"
+#include "base/Format.h"
+#include "base/Number.h"
+
+using namespace designspec;
 
 namespace {
 

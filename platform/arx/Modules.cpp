@@ -5,10 +5,15 @@
 
 #include <dlfcn.h>
 
+#include "base/File.h"
+#include "base/Format.h"
+#include "base/NoCase.h"
+#include "base/Text.h"
 #include "platform/arx/AppMessages.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
 #include "platform/vmrd/VmHFCBaseU/Trace.h"
-#include "platform/windows/File.h"
+
+using namespace designspec;
 
 namespace {
 

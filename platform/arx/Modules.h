@@ -3,7 +3,8 @@
 
 #include <functional>
 
-#include "platform/mfc/Text.h"
+#include "platform/mfc/Export.h"
+#include "platform/mfc/String.h"
 
 // Loads the module, or counts one more user of it when it is loaded. A name without a folder is
 // looked for in the install path; two names are the same module when their file names are, in any

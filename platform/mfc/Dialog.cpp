@@ -10,8 +10,11 @@
 #include <QPushButton>
 #include <QUiLoader>
 
+#include "base/Format.h"
 #include "platform/mfc/QtText.h"
 #include "platform/vmrd/VmHFCBaseU/Trace.h"
+
+using namespace designspec;
 
 namespace {
 
@@ -60,7 +63,7 @@ bool CDialog::LoadTemplate(UINT nIDTemplate)
     QFile file(QStringLiteral(":/dialogs/%1.ui").arg(nIDTemplate));
     CFormLoader loader(this);
     if (file.open(QIODevice::ReadOnly) && loader.load(&file)) return true;
-    Trace(L"对话框资源 %u 不存在或无法读取", nIDTemplate);
+    Trace(Format(L"对话框资源 %u 不存在或无法读取", nIDTemplate));
     return false;
 }
 

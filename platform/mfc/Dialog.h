@@ -3,7 +3,8 @@
 
 #include <QDialog>
 
-#include "platform/mfc/Text.h"
+#include "platform/mfc/Export.h"
+#include "platform/mfc/String.h"
 
 using UINT = unsigned int;
 

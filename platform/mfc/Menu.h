@@ -6,6 +6,8 @@
 #include <QPoint>
 
 #include "platform/mfc/Dialog.h"
+#include "platform/mfc/Export.h"
+#include "platform/mfc/String.h"
 
 class QAction;
 class QMenu;

@@ -2,6 +2,8 @@
 #pragma once
 
 #include "platform/mfc/Dialog.h"
+#include "platform/mfc/Export.h"
+#include "platform/mfc/String.h"
 
 class QWidget;
 

@@ -4,7 +4,8 @@
 
 #include <QString>
 
-#include "platform/mfc/Text.h"
+#include "platform/mfc/Export.h"
+#include "platform/mfc/String.h"
 
 AFX_EXT_API QString ToQString(std::wstring_view text);
 AFX_EXT_API CString FromQString(QStringView text);

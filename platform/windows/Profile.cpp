@@ -3,9 +3,14 @@
 #include <algorithm>
 #include <optional>
 
+#include "base/Encoding.h"
+#include "base/File.h"
+#include "base/Format.h"
+#include "base/NoCase.h"
+#include "base/Text.h"
 #include "platform/vmrd/VmHFCBaseU/Trace.h"
-#include "platform/windows/Encoding.h"
-#include "platform/windows/File.h"
+
+using namespace designspec;
 
 namespace {
 

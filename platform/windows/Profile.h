@@ -5,7 +5,8 @@
 // they do not understand, which is why this one is our own.
 #pragma once
 
-#include "platform/mfc/Text.h"
+#include "platform/mfc/Export.h"
+#include "platform/mfc/String.h"
 
 // The value of `key` in `section` of the file, without blanks and one pair of quotes around it;
 // `missing` when the file, the section or the key is not there. Names are compared ignoring case.

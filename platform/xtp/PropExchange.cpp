@@ -6,11 +6,15 @@
 
 #include <pugixml.hpp>
 
+#include "base/Encoding.h"
+#include "base/File.h"
+#include "base/Format.h"
+#include "base/Number.h"
+#include "base/Text.h"
+#include "base/XmlCheck.h"
 #include "platform/vmrd/VmHFCBaseU/Trace.h"
-#include "platform/windows/Encoding.h"
-#include "platform/windows/File.h"
-#include "platform/windows/Number.h"
-#include "platform/xtp/XmlCheck.h"
+
+using namespace designspec;
 
 namespace {
 

@@ -8,7 +8,8 @@
 
 #include <memory>
 
-#include "platform/mfc/Text.h"
+#include "platform/mfc/Export.h"
+#include "platform/mfc/String.h"
 
 namespace pugi {
 struct xml_node_struct;

@@ -10,8 +10,11 @@
 #include "app/DesignSpecificationGroup.h"
 #include "app/NameWaitDialog.h"
 #include "app/ViewDesignSpecification.h"
+#include "base/Text.h"
 #include "platform/mfc/Menu.h"
 #include "tests/app/AppTest.h"
+
+using namespace designspec;
 
 namespace {
 

@@ -10,11 +10,15 @@
 
 #include <gtest/gtest.h>
 
+#include "base/NoCase.h"
+#include "base/Text.h"
 #include "platform/arx/Frame.h"
 #include "platform/arx/Modeler.h"
 #include "platform/arx/Modules.h"
 #include "platform/vmrd/VMRDPrj/PrjManager.h"
 #include "tests/app/AppTest.h"
+
+using namespace designspec;
 
 namespace {
 

@@ -4,8 +4,11 @@
 #include <QListWidget>
 #include <QTest>
 
+#include "base/Text.h"
 #include "pages/framework/DSPage.h"
 #include "tests/pages/PageActions.h"
+
+using namespace designspec;
 
 namespace {
 

@@ -5,7 +5,10 @@
 #include <gtest/gtest.h>
 
 #include "app/DSEditor.h"
+#include "base/Text.h"
 #include "tests/app/AppTest.h"
+
+using namespace designspec;
 
 namespace {
 

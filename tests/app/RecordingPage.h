@@ -1,7 +1,11 @@
 // Pages that write down what the main dialog asks of them.
 #pragma once
 
+#include "base/Text.h"
 #include "pages/PageTable.h"
+#include "platform/mfc/String.h"
+
+using namespace designspec;
 
 struct RecordingState {
     std::vector<std::string> log; // "2.Load(甲)"

@@ -1,8 +1,11 @@
 // 确定 without a change: the file keeps its content, save for what is stated here with its reason.
 #include "app/DSMainDialog.h"
 
+#include "base/Text.h"
 #include "tests/app/AppTest.h"
 #include "tests/support/ValidSpecification.h"
+
+using namespace designspec;
 
 namespace {
 

@@ -1,7 +1,10 @@
+#include "base/Text.h"
 #include "model/Criteria.h"
 #include "tests/cli/CommandTest.h"
 
 #include <fcntl.h>
+
+using namespace designspec;
 
 namespace {
 

@@ -1,6 +1,9 @@
 #include "cli/JsonText.h"
+#include "base/Text.h"
 
 #include <gtest/gtest.h>
+
+using namespace designspec;
 
 namespace {
 

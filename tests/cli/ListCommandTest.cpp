@@ -1,5 +1,8 @@
+#include "base/Text.h"
 #include "cli/TextTable.h"
 #include "tests/cli/CommandTest.h"
+
+using namespace designspec;
 
 namespace {
 

@@ -1,4 +1,7 @@
+#include "base/Text.h"
 #include "tests/cli/CommandTest.h"
+
+using namespace designspec;
 
 namespace {
 

@@ -1,6 +1,9 @@
+#include "base/Text.h"
 #include "cli/TextTable.h"
 #include "model/Criteria.h"
 #include "tests/cli/CommandTest.h"
+
+using namespace designspec;
 
 namespace {
 

@@ -1,7 +1,10 @@
 #include <gtest/gtest.h>
 
+#include "base/File.h"
+#include "base/Text.h"
 #include "model/Criteria.h"
-#include "platform/windows/File.h"
+
+using namespace designspec;
 
 TEST(FileFormat, DescribesEveryCriterionAndField)
 {

@@ -2,9 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/windows/File.h"
+#include "base/File.h"
+#include "base/Text.h"
 #include "tests/support/LibraryTest.h"
 #include "tests/support/RandomSpecification.h"
+
+using namespace designspec;
 
 namespace {
 

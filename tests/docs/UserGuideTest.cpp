@@ -3,7 +3,10 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/windows/File.h"
+#include "base/File.h"
+#include "base/Text.h"
+
+using namespace designspec;
 
 namespace {
 

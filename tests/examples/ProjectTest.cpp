@@ -1,9 +1,12 @@
 #include <gtest/gtest.h>
 
+#include "base/File.h"
+#include "base/Text.h"
 #include "library/DesignSpecifications.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
-#include "platform/windows/File.h"
 #include "tests/support/TraceCapture.h"
+
+using namespace designspec;
 
 namespace {
 

@@ -3,7 +3,7 @@
 
 #include <Qt>
 
-#include "platform/mfc/Text.h"
+#include "platform/mfc/String.h"
 
 class CXTPReportControl;
 class QWidget;

@@ -14,7 +14,10 @@
 
 #include <gtest/gtest.h>
 
+#include "base/Text.h"
 #include "platform/mfc/QtText.h"
+
+using namespace designspec;
 
 struct ExpectModal::State {
     ModalAction action;

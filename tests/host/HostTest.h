@@ -9,15 +9,19 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
+#include "base/Text.h"
 #include "host/ControlIds.h"
 #include "host/HostWindow.h"
 #include "host/MessageBar.h"
 #include "host/StyleManagerView.h"
 #include "platform/mfc/QtText.h"
+#include "platform/mfc/String.h"
 #include "tests/gui/Controls.h"
 #include "tests/gui/Modal.h"
 #include "tests/modules/FakeLibrary.h"
 #include "tests/modules/TestInstall.h"
+
+using namespace designspec;
 
 class HostTest : public ::testing::Test {
 protected:

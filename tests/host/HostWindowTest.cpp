@@ -5,11 +5,14 @@
 #include <QMenuBar>
 #include <QPushButton>
 
+#include "base/Text.h"
 #include "host/ProjectFolders.h"
 #include "platform/arx/Documents.h"
 #include "platform/arx/Frame.h"
 #include "platform/arx/Modules.h"
 #include "tests/host/HostTest.h"
+
+using namespace designspec;
 
 namespace {
 

@@ -3,7 +3,10 @@
 #include <QDir>
 #include <QImage>
 
+#include "base/Text.h"
 #include "tests/host/HostTest.h"
+
+using namespace designspec;
 
 namespace {
 

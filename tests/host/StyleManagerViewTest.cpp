@@ -5,7 +5,10 @@
 #include <QPushButton>
 #include <QTreeWidget>
 
+#include "base/Text.h"
 #include "tests/host/HostTest.h"
+
+using namespace designspec;
 
 namespace {
 

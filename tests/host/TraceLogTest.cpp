@@ -25,7 +25,7 @@ TEST(TraceLog, KeepsEveryLine)
     TraceLog log;
     const QAbstractItemModelTester tester(&log);
     for (int i = 0; i < 1000; ++i)
-        Trace(L"line %d", i);
+        Trace(L"line " + std::to_wstring(i));
     TraceFile(TraceLevel::Error, L"a.hds", 7, L"坏了");
     ASSERT_EQ(log.rowCount(), 1001);
     EXPECT_EQ(Cell(log, 0, TraceLog::TextColumn), QStringLiteral("line 0"));

@@ -3,8 +3,11 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "platform/windows/Encoding.h"
+#include "base/Encoding.h"
+#include "base/Text.h"
 #include "tests/support/LibraryTest.h"
+
+using namespace designspec;
 
 namespace fs = std::filesystem;
 

@@ -2,10 +2,14 @@
 
 #include <memory>
 
-#include "platform/windows/Encoding.h"
+#include "base/Encoding.h"
+#include "base/Format.h"
+#include "base/Text.h"
 #include "tests/support/Exchanged.h"
 #include "tests/support/LibraryTest.h"
 #include "tests/support/RandomSpecification.h"
+
+using namespace designspec;
 
 namespace fs = std::filesystem;
 

@@ -13,9 +13,12 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "base/Text.h"
 #include "library/SpecificationEdit.h"
 #include "platform/vmrd/VMRDEnv/DeletedStyles.h"
 #include "tests/support/LibraryTest.h"
+
+using namespace designspec;
 
 namespace {
 

@@ -6,8 +6,11 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "base/Text.h"
 #include "tests/support/LibraryTest.h"
 #include "tests/support/RandomSpecification.h"
+
+using namespace designspec;
 
 namespace {
 

@@ -1,8 +1,11 @@
 #include "model/Criteria.h"
+#include "base/Text.h"
 
 #include <set>
 
 #include <gtest/gtest.h>
+
+using namespace designspec;
 
 TEST(Criteria, AreThirteenInTheOrderOfTheFile)
 {

@@ -6,10 +6,13 @@
 
 #include <gtest/gtest.h>
 
+#include "base/Text.h"
 #include "model/Criteria.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
 #include "tests/support/Exchanged.h"
 #include "tests/support/RandomSpecification.h"
+
+using namespace designspec;
 
 namespace {
 

@@ -14,6 +14,8 @@
 #include "tests/support/Allocations.h"
 #include "tests/support/Exchanged.h"
 
+using namespace designspec;
+
 using namespace QueryValue;
 
 namespace {

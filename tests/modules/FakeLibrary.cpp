@@ -2,11 +2,15 @@
 
 #include <algorithm>
 
+#include "base/File.h"
+#include "base/Format.h"
+#include "base/NoCase.h"
 #include "platform/vmrd/VMRDEnv/DeletedStyles.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
 #include "platform/vmrd/VmHFCBaseU/Files.h"
-#include "platform/windows/File.h"
 #include "platform/windows/Profile.h"
+
+using namespace designspec;
 
 namespace {
 

@@ -8,8 +8,12 @@
 #include <QLineEdit>
 #include <QTest>
 
+#include "base/Text.h"
 #include "platform/mfc/QtText.h"
+#include "platform/mfc/String.h"
 #include "tests/pages/PageActions.h"
+
+using namespace designspec;
 
 inline void PutOnClipboard(const CString& text)
 {

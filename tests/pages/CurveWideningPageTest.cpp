@@ -4,7 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include "base/Text.h"
 #include "tests/pages/CellKeys.h"
+
+using namespace designspec;
 
 namespace {
 

@@ -1,8 +1,12 @@
 // The page for curve widenings with its grid, for the tests of both.
 #pragma once
 
+#include "base/Text.h"
 #include "pages/CurveWideningPage.h"
+#include "platform/mfc/String.h"
 #include "tests/pages/PageTest.h"
+
+using namespace designspec;
 
 class CurveWideningPageTest : public PageTest<CCurveWideningPage> {
 protected:

@@ -1,8 +1,11 @@
 // What all grids of all pages have in common.
 #include <gtest/gtest.h>
 
+#include "base/Text.h"
 #include "pages/PageTable.h"
 #include "tests/pages/CellKeys.h"
+
+using namespace designspec;
 
 namespace {
 

@@ -2,7 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include "base/Format.h"
+#include "base/Text.h"
 #include "tests/pages/PageTest.h"
+
+using namespace designspec;
 
 namespace {
 

@@ -2,8 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include "base/Text.h"
 #include "tests/pages/CellKeys.h"
 #include "tests/pages/PageTest.h"
+
+using namespace designspec;
 
 namespace {
 

@@ -1,8 +1,11 @@
 #include "pages/MyRecordItemSmallACurveLen.h"
+#include "base/Text.h"
 
 #include <memory>
 
 #include <gtest/gtest.h>
+
+using namespace designspec;
 
 TEST(MyRecordItemSmallACurveLen, ShowsItsValueOverTheAngle)
 {

@@ -5,10 +5,14 @@
 
 #include <gtest/gtest.h>
 
+#include "base/Text.h"
 #include "platform/mfc/Dialog.h"
+#include "platform/mfc/String.h"
 #include "platform/xtp/report/ReportControl.h"
 #include "tests/gui/Controls.h"
 #include "tests/gui/Modal.h"
+
+using namespace designspec;
 
 // Opens the source behind a button and reads it without a change, which it would not allow when
 // it is `locked`.

@@ -1,8 +1,11 @@
 #include "pages/PageTable.h"
+#include "base/Text.h"
 
 #include <QTest>
 
 #include <gtest/gtest.h>
+
+using namespace designspec;
 
 namespace {
 

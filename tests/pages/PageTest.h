@@ -9,9 +9,13 @@
 #include <QTest>
 #include <QVBoxLayout>
 
+#include "base/Text.h"
 #include "pages/framework/DSPage.h"
+#include "platform/mfc/String.h"
 #include "tests/pages/PageActions.h"
 #include "tests/support/LibraryTest.h"
+
+using namespace designspec;
 
 template <class Page> class PageTest : public LibraryTest, private CPageHost {
 protected:

@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include "base/Text.h"
 #include "tests/pages/PageTest.h"
+
+using namespace designspec;
 
 namespace {
 

@@ -4,8 +4,11 @@
 
 #include <gtest/gtest.h>
 
+#include "base/Text.h"
 #include "platform/xtp/report/ReportControl.h"
 #include "tests/gui/Modal.h"
+
+using namespace designspec;
 
 namespace {
 

@@ -1,6 +1,11 @@
 #include "pages/RadiusRangeText.h"
 
+#include "base/Format.h"
+#include "base/Text.h"
+
 #include <gtest/gtest.h>
+
+using namespace designspec;
 
 namespace {
 

@@ -4,8 +4,11 @@
 
 #include <QListWidget>
 
+#include "base/Text.h"
 #include "tests/pages/CellKeys.h"
 #include "tests/pages/PageTest.h"
+
+using namespace designspec;
 
 namespace {
 

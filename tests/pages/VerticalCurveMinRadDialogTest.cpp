@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include "base/Format.h"
 #include "tests/pages/PageTest.h"
+
+using namespace designspec;
 
 namespace {
 

@@ -3,10 +3,14 @@
 
 #include <gtest/gtest.h>
 
+#include "base/Text.h"
 #include "library/DesignSpecifications.h"
+#include "platform/mfc/String.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/TraceCapture.h"
+
+using namespace designspec;
 
 class LibraryTest : public testing::Test {
 protected:

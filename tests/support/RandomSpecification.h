@@ -3,7 +3,11 @@
 
 #include <random>
 
+#include "base/Text.h"
 #include "model/Criteria.h"
+#include "platform/mfc/String.h"
+
+using namespace designspec;
 
 class RandomSpecification {
 public:

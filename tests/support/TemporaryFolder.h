@@ -9,7 +9,10 @@
 #include <string>
 #include <string_view>
 
-#include "platform/mfc/Text.h"
+#include "base/Text.h"
+#include "platform/mfc/String.h"
+
+using namespace designspec;
 
 class TemporaryFolder {
 public:

@@ -3,7 +3,10 @@
 
 #include <set>
 
+#include "base/Format.h"
 #include "tests/support/RandomSpecification.h"
+
+using namespace designspec;
 
 class ValidSpecification {
 public:

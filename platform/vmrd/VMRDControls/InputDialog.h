@@ -1,7 +1,8 @@
 // The family's dialog that asks for one value.
 #pragma once
 
-#include "platform/mfc/Text.h"
+#include "platform/mfc/Export.h"
+#include "platform/mfc/String.h"
 
 class QWidget;
 

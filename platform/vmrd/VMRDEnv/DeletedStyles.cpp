@@ -2,10 +2,14 @@
 
 #include <algorithm>
 
+#include "base/File.h"
+#include "base/Format.h"
+#include "base/Text.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
 #include "platform/vmrd/VmHFCBaseU/Files.h"
 #include "platform/vmrd/VmHFCBaseU/Trace.h"
-#include "platform/windows/File.h"
+
+using namespace designspec;
 
 namespace {
 

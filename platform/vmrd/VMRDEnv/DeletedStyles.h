@@ -2,6 +2,8 @@
 // folder, from where they can be brought back. The library does not read files there.
 #pragma once
 
+#include "platform/mfc/Export.h"
+#include "platform/mfc/String.h"
 #include "platform/vmrd/VMRDEnv/Styles.h"
 
 struct DeletedStyle {

@@ -1,8 +1,9 @@
 // A style of the style manager: anything with a name and an identity.
 #pragma once
 
+#include "platform/mfc/Export.h"
 #include "platform/mfc/Object.h"
-#include "platform/mfc/Text.h"
+#include "platform/mfc/String.h"
 #include "platform/windows/Guid.h"
 
 class AFX_EXT_CLASS CStyle : public CObject {

@@ -2,9 +2,12 @@
 
 #include <utility>
 
+#include "base/File.h"
+#include "base/Format.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
 #include "platform/vmrd/VmHFCBaseU/Text.h"
-#include "platform/windows/File.h"
+
+using namespace designspec;
 
 IMPLEMENT_DYNAMIC(CStyles, CObject)
 

@@ -3,6 +3,8 @@
 
 #include <functional>
 
+#include "platform/mfc/Export.h"
+#include "platform/mfc/String.h"
 #include "platform/vmrd/VMRDEnv/Style.h"
 #include "platform/xtp/PropExchange.h"
 

@@ -3,6 +3,8 @@
 
 #include <functional>
 
+#include "platform/mfc/Export.h"
+#include "platform/mfc/String.h"
 #include "platform/vmrd/VMRDEnv/Styles.h"
 #include "platform/vmrd/VMRDPrj/StyleCommand.h"
 

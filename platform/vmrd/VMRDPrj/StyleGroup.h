@@ -5,6 +5,8 @@
 
 #include <QIcon>
 
+#include "platform/mfc/Export.h"
+#include "platform/mfc/String.h"
 #include "platform/vmrd/VMRDPrj/StyleEditor.h"
 
 class AFX_EXT_CLASS CStyleGroup : public CObject {

@@ -2,8 +2,11 @@
 
 #include <nlohmann/json.hpp>
 
+#include "base/File.h"
+#include "base/Text.h"
 #include "platform/vmrd/VmHFCBaseU/Trace.h"
-#include "platform/windows/File.h"
+
+using namespace designspec;
 
 namespace {
 constexpr size_t kLargestFile = 1 << 20; // bytes

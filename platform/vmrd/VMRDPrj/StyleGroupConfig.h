@@ -4,7 +4,8 @@
 
 #include <memory>
 
-#include "platform/mfc/Text.h"
+#include "platform/mfc/Export.h"
+#include "platform/mfc/String.h"
 
 class AFX_EXT_CLASS StyleGroupConfig {
 public:

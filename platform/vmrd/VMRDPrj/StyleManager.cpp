@@ -3,7 +3,10 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/Format.h"
 #include "platform/vmrd/VmHFCBaseU/Trace.h"
+
+using namespace designspec;
 
 namespace {
 
@@ -23,7 +26,7 @@ void TellListener()
 CStyleManager::~CStyleManager()
 {
     if (m_groups.empty()) return;
-    Trace(L"样式管理器结束时仍有 %d 个样式组未移除", GroupsCount());
+    Trace(Format(L"样式管理器结束时仍有 %d 个样式组未移除", GroupsCount()));
     m_groups.clear();
     TellListener();
 }

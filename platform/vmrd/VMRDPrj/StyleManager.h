@@ -1,6 +1,7 @@
 // The style manager's list of groups. A host shows it; modules put their groups into it.
 #pragma once
 
+#include "platform/mfc/Export.h"
 #include "platform/vmrd/VMRDPrj/StyleGroup.h"
 #include "platform/vmrd/VMRDPrj/StyleGroupConfig.h"
 

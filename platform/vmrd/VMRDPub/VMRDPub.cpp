@@ -1,6 +1,10 @@
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
 
+#include "base/Text.h"
+
 #include <filesystem>
+
+using namespace designspec;
 
 namespace {
 

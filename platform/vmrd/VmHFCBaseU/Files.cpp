@@ -2,8 +2,10 @@
 
 #include <filesystem>
 
+#include "base/File.h"
 #include "platform/vmrd/VmHFCBaseU/Trace.h"
-#include "platform/windows/File.h"
+
+using namespace designspec;
 
 bool FileExists(const CString& path)
 {

@@ -1,7 +1,8 @@
 // Folders and files, as the family's base library offers them.
 #pragma once
 
-#include "platform/mfc/Text.h"
+#include "platform/mfc/Export.h"
+#include "platform/mfc/String.h"
 
 AFX_EXT_API bool FileExists(const CString& path);
 

@@ -3,7 +3,8 @@
 
 #include <string_view>
 
-#include "platform/mfc/Text.h"
+#include "platform/mfc/Export.h"
+#include "platform/mfc/String.h"
 
 // True for one or more ASCII digits with at most one point among or around them: "12", "1.",
 // ".5". No sign, no blanks, no exponent, no full-width digits.

@@ -3,7 +3,11 @@
 #include <cstdio>
 #include <utility>
 
-#include "platform/windows/File.h"
+#include "base/File.h"
+#include "base/Format.h"
+#include "base/Text.h"
+
+using namespace designspec;
 
 namespace {
 
@@ -34,4 +38,9 @@ void TraceFile(TraceLevel level, const CString& file, int line, const CString& t
         sink(traced);
     else
         std::fprintf(stderr, "%s\n", ToUtf8(traced.Text()).c_str());
+}
+
+void Trace(const CString& text)
+{
+    TraceFile(TraceLevel::Note, {}, 0, text);
 }

@@ -4,7 +4,8 @@
 
 #include <functional>
 
-#include "platform/mfc/Text.h"
+#include "platform/mfc/Export.h"
+#include "platform/mfc/String.h"
 
 enum class TraceLevel {
     Note,  // worth knowing: nothing is missing
@@ -30,7 +31,4 @@ AFX_EXT_API TraceSink SetTraceSink(TraceSink sink);
 AFX_EXT_API void TraceFile(TraceLevel level, const CString& file, int line, const CString& text);
 
 // A line of its own, without a file.
-template <class... Args> void Trace(const wchar_t* format, const Args&... args)
-{
-    TraceFile(TraceLevel::Note, {}, 0, Format(format, args...));
-}
+AFX_EXT_API void Trace(const CString& text);

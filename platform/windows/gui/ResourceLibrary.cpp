@@ -7,9 +7,11 @@
 #include <QResource>
 #include <QSvgRenderer>
 
+#include "base/File.h"
 #include "platform/mfc/QtText.h"
 #include "platform/vmrd/VmHFCBaseU/Trace.h"
-#include "platform/windows/File.h"
+
+using namespace designspec;
 
 namespace {
 

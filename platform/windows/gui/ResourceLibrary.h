@@ -3,7 +3,8 @@
 
 #include <QIcon>
 
-#include "platform/mfc/Text.h"
+#include "platform/mfc/Export.h"
+#include "platform/mfc/String.h"
 
 // A loaded library; 0 is none.
 using HRESLIB = unsigned int;

@@ -1,7 +1,8 @@
 // A column of the report grid: it shows one cell of every record.
 #pragma once
 
-#include "platform/mfc/Text.h"
+#include "platform/mfc/Export.h"
+#include "platform/mfc/String.h"
 #include "platform/xtp/report/ReportList.h"
 
 class AFX_EXT_CLASS CXTPReportColumn {

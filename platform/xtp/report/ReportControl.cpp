@@ -9,8 +9,9 @@
 #include <QScrollBar>
 #include <QUndoStack>
 
+#include "base/HalfWidth.h"
+#include "base/NoCase.h"
 #include "platform/mfc/Dialog.h"
-#include "platform/mfc/HalfWidth.h"
 #include "platform/mfc/MessageBox.h"
 #include "platform/mfc/QtText.h"
 #include "platform/xtp/report/ReportDelegate.h"
@@ -18,6 +19,8 @@
 #include "platform/xtp/report/ReportRightClick.h"
 #include "platform/xtp/report/ReportUndo.h"
 #include "platform/xtp/report/TabText.h"
+
+using namespace designspec;
 
 CXTPReportControl::CXTPReportControl(QWidget* parent)
     : QTableView(parent), m_model(new CXTPReportModel(this)), m_header(new CXTPReportHeader(this)),

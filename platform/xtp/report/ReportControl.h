@@ -10,7 +10,8 @@
 
 #include <QTableView>
 
-#include "platform/mfc/Text.h"
+#include "platform/mfc/Export.h"
+#include "platform/mfc/String.h"
 #include "platform/xtp/report/ReportColumn.h"
 #include "platform/xtp/report/ReportHeader.h"
 #include "platform/xtp/report/ReportPaintManager.h"

@@ -6,8 +6,9 @@
 #include <QPalette>
 #include <QRect>
 
+#include "platform/mfc/Export.h"
 #include "platform/mfc/Object.h"
-#include "platform/mfc/Text.h"
+#include "platform/mfc/String.h"
 
 class CXTPReportControl;
 class QPainter;

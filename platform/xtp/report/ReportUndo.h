@@ -6,6 +6,7 @@
 
 #include <QUndoCommand>
 
+#include "platform/mfc/String.h"
 #include "platform/xtp/report/ReportColumn.h"
 #include "platform/xtp/report/ReportRecord.h"
 

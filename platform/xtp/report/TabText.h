@@ -3,7 +3,8 @@
 
 #include <vector>
 
-#include "platform/mfc/Text.h"
+#include "platform/mfc/Export.h"
+#include "platform/mfc/String.h"
 
 // Rows of cells; rows may differ in length. A line break at the very end ends the last row. A
 // cell in double quotes may hold tabs, line breaks and doubled quotes. No text, no rows.

@@ -3,10 +3,14 @@
 
 #include <gtest/gtest.h>
 
+#include "base/Text.h"
 #include "platform/mfc/Dialog.h"
+#include "platform/mfc/String.h"
 #include "platform/vmrd/VMRDControls/InputDialog.h"
 #include "tests/gui/Controls.h"
 #include "tests/gui/Modal.h"
+
+using namespace designspec;
 
 // Types `text` and confirms: the value that came back.
 inline CString EnterInto(CInputDialog& dialog, const CString& text)

@@ -1,6 +1,9 @@
 #include "app/input/NumberText.h"
+#include "base/Text.h"
 
 #include <gtest/gtest.h>
+
+using namespace designspec;
 
 TEST(NumberText, EnteredTextLosesBlanksAndFullWidthSigns)
 {

@@ -1,6 +1,9 @@
 #include "pages/framework/MyRecordItemPositiveDouble.h"
+#include "base/Text.h"
 
 #include <gtest/gtest.h>
+
+using namespace designspec;
 
 TEST(MyRecordItemPositiveDouble, IsMadeEmptyOrWithAValue)
 {

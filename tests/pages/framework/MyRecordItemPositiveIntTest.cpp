@@ -1,6 +1,9 @@
 #include "pages/framework/MyRecordItemPositiveInt.h"
+#include "base/Text.h"
 
 #include <gtest/gtest.h>
+
+using namespace designspec;
 
 TEST(MyRecordItemPositiveInt, ANewCellIsEmpty)
 {

@@ -1,6 +1,10 @@
 #include "pages/framework/MyRecordItemValue.h"
 
+#include "base/Format.h"
+
 #include <gtest/gtest.h>
+
+using namespace designspec;
 
 namespace {
 

@@ -2,10 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include "base/Text.h"
 #include "platform/arx/AppMessages.h"
 #include "platform/arx/Modeler.h"
 #include "platform/vmrd/VMRDPrj/PrjManager.h"
 #include "tests/modules/TestInstall.h"
+
+using namespace designspec;
 
 namespace {
 

@@ -3,9 +3,12 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include "platform/windows/Encoding.h"
+#include "base/Encoding.h"
+#include "base/Text.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/TraceCapture.h"
+
+using namespace designspec;
 
 using namespace std::string_view_literals;
 

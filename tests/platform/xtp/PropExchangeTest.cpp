@@ -6,8 +6,11 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
+#include "base/Text.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/TraceCapture.h"
+
+using namespace designspec;
 
 using namespace std::string_literals;
 using namespace std::string_view_literals;

@@ -3,10 +3,14 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
-#include "platform/windows/File.h"
+#include "base/File.h"
+#include "base/Format.h"
+#include "base/Text.h"
 #include "tests/platform/vmrd/VMRDEnv/SignStyles.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/TraceCapture.h"
+
+using namespace designspec;
 
 namespace fs = std::filesystem;
 

@@ -2,9 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include "base/Text.h"
 #include "tests/platform/vmrd/VMRDEnv/SignStyles.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/TraceCapture.h"
+
+using namespace designspec;
 
 namespace {
 

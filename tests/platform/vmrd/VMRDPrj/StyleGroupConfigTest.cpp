@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include "base/Text.h"
 #include "tests/modules/TestInstall.h"
+
+using namespace designspec;
 
 namespace {
 

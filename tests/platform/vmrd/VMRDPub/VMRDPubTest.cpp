@@ -1,8 +1,11 @@
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
+#include "base/Text.h"
 
 #include <filesystem>
 
 #include <gtest/gtest.h>
+
+using namespace designspec;
 
 namespace {
 

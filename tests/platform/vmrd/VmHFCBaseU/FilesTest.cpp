@@ -2,8 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include "base/Text.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/TraceCapture.h"
+
+using namespace designspec;
 
 TEST(Files, MakesAFolderWithWhatIsMissingAboveIt)
 {

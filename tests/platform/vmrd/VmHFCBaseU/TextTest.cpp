@@ -1,6 +1,9 @@
+#include "base/Text.h"
 #include "platform/vmrd/VmHFCBaseU/Text.h"
 
 #include <gtest/gtest.h>
+
+using namespace designspec;
 
 TEST(BaseText, DigitsWithAtMostOnePointAreNumeric)
 {

@@ -16,7 +16,7 @@ TEST(Trace, GoesToTheSinkThatWasSetLast)
     TraceCapture outer;
     {
         const TraceCapture inner;
-        Trace(L"%s 共 %d 条", CString(L"规范"), 3);
+        Trace(L"规范 共 3 条");
         TraceFile(TraceLevel::Error, L"a.hds", 2, L"坏");
         ASSERT_EQ(inner.Lines().size(), 2U);
         EXPECT_EQ(inner.Lines()[0].level, TraceLevel::Note);

@@ -4,7 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include "base/Text.h"
 #include "platform/vmrd/VmHFCBaseU/Trace.h"
+
+using namespace designspec;
 
 namespace {
 

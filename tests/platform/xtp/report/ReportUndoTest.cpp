@@ -5,7 +5,10 @@
 #include <QScrollBar>
 #include <QSignalSpy>
 
+#include "base/Format.h"
 #include "tests/platform/xtp/report/TestGrid.h"
+
+using namespace designspec;
 
 namespace {
 

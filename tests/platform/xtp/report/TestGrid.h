@@ -6,11 +6,16 @@
 
 #include <gtest/gtest.h>
 
+#include "base/Format.h"
+#include "base/Number.h"
+#include "base/Text.h"
+#include "platform/mfc/String.h"
 #include "platform/vmrd/VmHFCBaseU/Text.h"
-#include "platform/windows/Number.h"
 #include "platform/xtp/report/ReportControl.h"
 #include "tests/gui/Controls.h"
 #include "tests/gui/Modal.h"
+
+using namespace designspec;
 
 // A whole number or nothing.
 class CTestNumberItem : public CXTPReportRecordItem {

@@ -1,6 +1,8 @@
-#include "platform/mfc/HalfWidth.h"
+#include "base/HalfWidth.h"
 
 #include <gtest/gtest.h>
+
+using namespace designspec;
 
 TEST(HalfWidth, TurnsNumbersIntoAscii)
 {

@@ -1,17 +1,22 @@
-#include "platform/windows/File.h"
+#include "base/File.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
 #include <random>
-#include <utility>
 
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "base/Format.h"
+#include "base/NoCase.h"
+#include "base/Text.h"
+#include "platform/vmrd/VmHFCBaseU/FileChange.h"
 #include "platform/vmrd/VmHFCBaseU/Trace.h"
+
+namespace designspec {
 
 namespace {
 
@@ -20,27 +25,21 @@ constexpr std::string_view kTemporaryEnd = ".tmp";
 constexpr size_t kLongestName = 255; // bytes
 constexpr size_t kCopyLimit = 256 << 20;
 
-bool Fail(const CString& path, const wchar_t* what, int error)
+bool Fail(const std::wstring& path, const wchar_t* what, int error)
 {
     TraceFile(TraceLevel::Error, path, 0, Format(L"%s: %s", what, ErrorText(error)));
     return false;
 }
 
 // For the operating system a path ends at its first NUL: it would reach another file.
-bool IsCutShort(const CString& path)
+bool IsCutShort(const std::wstring& path)
 {
-    return path.find(L'\0') != CString::npos;
+    return path.find(L'\0') != std::wstring::npos;
 }
 
-FileChangeListener& Listener()
+bool Changed(const std::wstring& path)
 {
-    static FileChangeListener listener;
-    return listener;
-}
-
-bool Changed(const CString& path)
-{
-    if (Listener()) Listener()(path);
+    TellFileChange(path);
     return true;
 }
 
@@ -122,7 +121,7 @@ int FlushNative(const std::string& folder)
     return fsync(opened.Get()) == 0 || errno == EINVAL ? 0 : errno;
 }
 
-bool FlushFolderOf(const CString& path, const wchar_t* what)
+bool FlushFolderOf(const std::wstring& path, const wchar_t* what)
 {
     const int error = FlushNative(FolderOf(NativePath(path)));
     return error == 0 || Fail(path, what, error);
@@ -130,7 +129,7 @@ bool FlushFolderOf(const CString& path, const wchar_t* what)
 
 } // namespace
 
-std::string NativePath(const CString& path)
+std::string NativePath(const std::wstring& path)
 {
     std::string native = ToUtf8(path);
     std::replace(native.begin(), native.end(), '\\', '/');
@@ -144,7 +143,7 @@ bool IsFileName(std::wstring_view name)
            ToUtf8(name).size() <= kLongestName;
 }
 
-CString ErrorText(int error)
+std::wstring ErrorText(int error)
 {
     switch (error) {
     case ENOENT:
@@ -178,13 +177,13 @@ CString ErrorText(int error)
     }
 }
 
-bool PathFileExists(const CString& path)
+bool PathFileExists(const std::wstring& path)
 {
     struct stat status = {};
     return !IsCutShort(path) && lstat(NativePath(path).c_str(), &status) == 0;
 }
 
-bool IsSameFile(const CString& a, const CString& b)
+bool IsSameFile(const std::wstring& a, const std::wstring& b)
 {
     struct stat first = {};
     struct stat second = {};
@@ -193,27 +192,27 @@ bool IsSameFile(const CString& a, const CString& b)
            first.st_ino == second.st_ino;
 }
 
-CStringArray FindFiles(const CString& folder, std::wstring_view ending)
+std::vector<std::wstring> FindFiles(const std::wstring& folder, std::wstring_view ending)
 {
-    CStringArray names;
+    std::vector<std::wstring> names;
     if (!PathFileExists(folder)) return names;
     std::error_code error;
     std::filesystem::directory_iterator entry(NativePath(folder), error);
     for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
-        const CString name = ToWide(entry->path().filename().string());
+        const std::wstring name = ToWide(entry->path().filename().string());
         if (name.size() >= ending.size() &&
             EqualNoCase(std::wstring_view(name).substr(name.size() - ending.size()), ending))
             names.push_back(name);
     }
     if (error) Fail(folder, L"文件夹无法读取", error.value());
-    std::sort(names.begin(), names.end(), [](const CString& a, const CString& b) {
+    std::sort(names.begin(), names.end(), [](const std::wstring& a, const std::wstring& b) {
         const int order = CompareNoCase(a, b);
         return order != 0 ? order < 0 : a < b;
     });
     return names;
 }
 
-bool ReadWholeFile(const CString& path, std::string& bytes, size_t limit)
+bool ReadWholeFile(const std::wstring& path, std::string& bytes, size_t limit)
 {
     static constexpr wchar_t kWhat[] = L"无法读取";
     if (IsCutShort(path)) return Fail(path, kWhat, EINVAL);
@@ -244,7 +243,7 @@ bool ReadWholeFile(const CString& path, std::string& bytes, size_t limit)
     return true;
 }
 
-bool WriteWholeFile(const CString& path, std::string_view bytes)
+bool WriteWholeFile(const std::wstring& path, std::string_view bytes)
 {
     static constexpr wchar_t kWhat[] = L"无法写入";
     if (IsCutShort(path)) return Fail(path, kWhat, EINVAL);
@@ -262,7 +261,7 @@ bool WriteWholeFile(const CString& path, std::string_view bytes)
     return FlushFolderOf(path, kWhat);
 }
 
-bool FlushFolder(const CString& folder)
+bool FlushFolder(const std::wstring& folder)
 {
     const int error = FlushNative(NativePath(folder));
     return error == 0 || Fail(folder, L"无法写入", error);
@@ -273,13 +272,13 @@ bool IsTemporaryFile(std::wstring_view name)
     return name.starts_with(ToWide(kTemporaryStart)) && name.ends_with(ToWide(kTemporaryEnd));
 }
 
-bool CopyFile(const CString& source, const CString& target)
+bool CopyFile(const std::wstring& source, const std::wstring& target)
 {
     std::string bytes;
     return ReadWholeFile(source, bytes, kCopyLimit) && WriteWholeFile(target, bytes);
 }
 
-bool MoveFile(const CString& source, const CString& target)
+bool MoveFile(const std::wstring& source, const std::wstring& target)
 {
     static constexpr wchar_t kWhat[] = L"无法移动";
     if (IsCutShort(source) || IsCutShort(target)) return Fail(source, kWhat, EINVAL);
@@ -290,7 +289,7 @@ bool MoveFile(const CString& source, const CString& target)
     return FlushFolderOf(target, kWhat) && FlushFolderOf(source, kWhat);
 }
 
-bool DeleteFile(const CString& path)
+bool DeleteFile(const std::wstring& path)
 {
     static constexpr wchar_t kWhat[] = L"无法删除";
     if (IsCutShort(path)) return Fail(path, kWhat, EINVAL);
@@ -301,7 +300,4 @@ bool DeleteFile(const CString& path)
     return errno == ENOENT ? false : Fail(path, kWhat, errno);
 }
 
-FileChangeListener SetFileChangeListener(FileChangeListener listener)
-{
-    return std::exchange(Listener(), std::move(listener));
-}
+} // namespace designspec

@@ -1,21 +1,18 @@
-#include "platform/mfc/Text.h"
+#include "base/Text.h"
 
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
-#include <functional>
 
 #include <utf8proc.h>
+
+namespace designspec {
 
 namespace {
 
 constexpr wchar_t kEscapeFirst = 0xDC80;
 constexpr wchar_t kEscapeLast = 0xDCFF;
 constexpr wchar_t kReplacement = 0xFFFD;
-
-// The scripts of East Asia, Chinese among them, have no case.
-constexpr wchar_t kCaselessFirst = 0x2E80;
-constexpr wchar_t kCaselessLast = 0xA4CF;
 
 // Length of the ASCII run at the start of `text`, eight bytes at a step.
 size_t AsciiRun(std::string_view text)
@@ -48,50 +45,11 @@ bool IsSpace(wchar_t c)
            category == UTF8PROC_CATEGORY_ZP || c == 0x85;
 }
 
-// Walks a text as its case-folded characters; one character may fold to several.
-class FoldedReader {
-public:
-    explicit FoldedReader(std::wstring_view text) : m_rest(text) {}
-
-    // The next folded character, or -1 at the end.
-    std::int32_t Next()
-    {
-        while (m_used == m_count) {
-            if (m_rest.empty()) return -1;
-            Fold(m_rest.front());
-            m_rest.remove_prefix(1);
-        }
-        return m_folded[m_used++];
-    }
-
-private:
-    void Fold(utf8proc_int32_t c)
-    {
-        m_used = 0;
-        m_count = 1;
-        m_folded[0] = c;
-        if (c < 0x80) {
-            if (c >= L'A' && c <= L'Z') m_folded[0] = c - L'A' + L'a';
-            return;
-        }
-        if (c >= kCaselessFirst && c <= kCaselessLast) return;
-        int boundary = 0;
-        const auto length = utf8proc_decompose_char(c, m_folded, std::ssize(m_folded),
-                                                    UTF8PROC_CASEFOLD, &boundary);
-        if (length >= 0 && length <= std::ssize(m_folded)) m_count = static_cast<size_t>(length);
-    }
-
-    std::wstring_view m_rest;
-    utf8proc_int32_t m_folded[8] = {};
-    size_t m_used = 0;
-    size_t m_count = 0;
-};
-
 } // namespace
 
-CString ToWide(std::string_view utf8)
+std::wstring ToWide(std::string_view utf8)
 {
-    CString text;
+    std::wstring text;
     // Each character but has one first byte; Chinese text would else take three times its room.
     text.reserve(static_cast<size_t>(
         std::count_if(utf8.begin(), utf8.end(), [](char c) { return (c & 0xC0) != 0x80; })));
@@ -148,60 +106,25 @@ bool IsUtf8(std::string_view bytes, size_t& offset)
     return true;
 }
 
-CString TrimLeft(std::wstring_view text)
-{
-    while (!text.empty() && IsSpace(text.front()))
-        text.remove_prefix(1);
-    return CString(text);
-}
-
-CString TrimRight(std::wstring_view text)
+std::wstring TrimRight(std::wstring_view text)
 {
     while (!text.empty() && IsSpace(text.back()))
         text.remove_suffix(1);
-    return CString(text);
+    return std::wstring(text);
 }
 
-CString Trim(std::wstring_view text)
+std::wstring Trim(std::wstring_view text)
 {
     while (!text.empty() && IsSpace(text.front()))
         text.remove_prefix(1);
     return TrimRight(text);
 }
 
-CString TrimRight(std::wstring_view text, std::wstring_view set)
+std::wstring TrimRight(std::wstring_view text, std::wstring_view set)
 {
     while (!text.empty() && set.find(text.back()) != std::wstring_view::npos)
         text.remove_suffix(1);
-    return CString(text);
+    return std::wstring(text);
 }
 
-int CompareNoCase(std::wstring_view a, std::wstring_view b)
-{
-    while (!a.empty() && !b.empty() && a.front() == b.front()) {
-        a.remove_prefix(1);
-        b.remove_prefix(1);
-    }
-    FoldedReader left(a);
-    FoldedReader right(b);
-    for (;;) {
-        const auto l = left.Next();
-        const auto r = right.Next();
-        if (l != r) return l < r ? -1 : 1;
-        if (l < 0) return 0;
-    }
-}
-
-bool EqualNoCase(std::wstring_view a, std::wstring_view b)
-{
-    return CompareNoCase(a, b) == 0;
-}
-
-NoCaseKey::NoCaseKey(std::wstring_view text)
-{
-    m_folded.reserve(text.size());
-    FoldedReader reader(text);
-    for (std::int32_t c = reader.Next(); c >= 0; c = reader.Next())
-        m_folded.push_back(static_cast<wchar_t>(c));
-    m_hash = std::hash<CString>()(m_folded);
-}
+} // namespace designspec

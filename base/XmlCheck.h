@@ -5,7 +5,9 @@
 #include <optional>
 #include <string_view>
 
-#include "platform/mfc/Text.h"
+#include <string>
+
+namespace designspec {
 
 // True for a character that XML 1.0 has a place for.
 bool IsXmlCharacter(char32_t c);
@@ -14,7 +16,7 @@ constexpr int kXmlDepthLimit = 64; // of nested elements; a library's files need
 
 struct XmlFault {
     size_t offset = 0; // in bytes
-    CString cause;
+    std::wstring cause;
 };
 
 // The first fault of a text in UTF-8 among these: a character that XML forbids, bare or by
@@ -26,3 +28,5 @@ std::optional<XmlFault> CheckXml(std::string_view xml);
 // outside the root: no character that XML forbids, no reference, nothing that begins with "<!".
 // Ten times as fast, and so it is for nearly every file.
 bool HasMarkupToCheck(std::string_view xml);
+
+} // namespace designspec

@@ -1,7 +1,11 @@
-#include "platform/xtp/XmlCheck.h"
+#include "base/XmlCheck.h"
+
+#include "base/Format.h"
 
 #include <algorithm>
 #include <charconv>
+
+namespace designspec {
 
 namespace {
 
@@ -28,7 +32,7 @@ public:
     }
 
 private:
-    void Fault(size_t offset, const CString& cause)
+    void Fault(size_t offset, const std::wstring& cause)
     {
         if (!m_fault || offset < m_fault->offset) m_fault = XmlFault{offset, cause};
     }
@@ -165,3 +169,5 @@ std::optional<XmlFault> CheckXml(std::string_view xml)
 {
     return Walk(xml).Run();
 }
+
+} // namespace designspec

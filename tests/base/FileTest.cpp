@@ -1,4 +1,4 @@
-#include "platform/windows/File.h"
+#include "base/File.h"
 
 #include <chrono>
 #include <csignal>
@@ -11,8 +11,12 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "base/Text.h"
+#include "platform/vmrd/VmHFCBaseU/FileChange.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/TraceCapture.h"
+
+using namespace designspec;
 
 namespace fs = std::filesystem;
 

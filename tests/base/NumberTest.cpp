@@ -1,4 +1,4 @@
-#include "platform/windows/Number.h"
+#include "base/Number.h"
 
 #include <bit>
 #include <climits>
@@ -12,7 +12,11 @@
 
 #include <gtest/gtest.h>
 
+#include "base/Format.h"
+#include "base/Text.h"
 #include "tests/support/TemporaryFolder.h"
+
+using namespace designspec;
 
 namespace {
 

@@ -2,7 +2,11 @@
 // numbers are read from.
 #pragma once
 
-#include "platform/mfc/Text.h"
+#include <string>
+
+namespace designspec {
 
 // Digits, blank, point, comma, tilde (also the wave dash) and solidus; everything else stays.
-AFX_EXT_API CString ToHalfWidth(std::wstring_view text);
+std::wstring ToHalfWidth(std::wstring_view text);
+
+} // namespace designspec

@@ -1,9 +1,11 @@
-#include "platform/windows/Number.h"
+#include "base/Number.h"
 
 #include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <limits>
+
+namespace designspec {
 
 namespace {
 
@@ -120,3 +122,5 @@ std::string DoubleToText(double value)
     const auto result = std::to_chars(buffer, buffer + sizeof buffer, value);
     return std::string(buffer, result.ptr);
 }
+
+} // namespace designspec

@@ -3,20 +3,24 @@
 
 #include <string_view>
 
-#include "platform/mfc/Text.h"
+#include <string>
+
+namespace designspec {
 
 // The run-time library's lenient readings: blanks, then as much of a number as stands there.
 // 0 when there is none. A whole number outside 32 bits is held at the nearer end; a double outside
 // its range, an infinity and "nan" read as 0.
-AFX_EXT_API int Wtoi(std::wstring_view text);
-AFX_EXT_API double Wtof(std::wstring_view text);
+int Wtoi(std::wstring_view text);
+double Wtof(std::wstring_view text);
 
 // Strict readings: the whole text, blanks around it aside, is one number in range. False leaves
 // `value` as it was. Doubles must be finite; a leading plus sign is allowed.
-AFX_EXT_API bool ParseInt(std::string_view text, int& value);
-AFX_EXT_API bool ParseDouble(std::string_view text, double& value);
+bool ParseInt(std::string_view text, int& value);
+bool ParseDouble(std::string_view text, double& value);
 // "1" or "true", "0" or "false", ignoring case.
-AFX_EXT_API bool ParseBool(std::string_view text, int& value);
+bool ParseBool(std::string_view text, int& value);
 
 // The shortest text that reads back to the same double.
-AFX_EXT_API std::string DoubleToText(double value);
+std::string DoubleToText(double value);
+
+} // namespace designspec

@@ -1,4 +1,4 @@
-#include "platform/windows/Encoding.h"
+#include "base/Encoding.h"
 
 #include <algorithm>
 #include <array>
@@ -6,7 +6,10 @@
 #include <iconv.h>
 #include <utility>
 
-#include "platform/mfc/Text.h"
+#include "base/NoCase.h"
+#include "base/Text.h"
+
+namespace designspec {
 
 namespace {
 
@@ -78,7 +81,7 @@ bool EncodingByName(std::string_view name, TextEncoding& encoding)
         {L"UTF-16BE", TextEncoding::Utf16BE}, {L"GB2312", TextEncoding::Gb18030},
         {L"GBK", TextEncoding::Gb18030},      {L"GB18030", TextEncoding::Gb18030},
     };
-    const CString wanted = ToWide(name);
+    const std::wstring wanted = ToWide(name);
     for (const auto& [known, value] : kNames) {
         if (EqualNoCase(known, wanted)) {
             encoding = value;
@@ -102,3 +105,5 @@ bool EncodeText(std::string_view utf8, TextEncoding encoding, std::string& bytes
     bytes.clear();
     return Convert(IconvName(encoding), "UTF-8", utf8, bytes);
 }
+
+} // namespace designspec

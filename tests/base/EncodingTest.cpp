@@ -1,6 +1,8 @@
-#include "platform/windows/Encoding.h"
+#include "base/Encoding.h"
 
 #include <gtest/gtest.h>
+
+using namespace designspec;
 
 using namespace std::string_view_literals;
 

@@ -1,4 +1,6 @@
-#include "platform/mfc/HalfWidth.h"
+#include "base/HalfWidth.h"
+
+namespace designspec {
 
 namespace {
 
@@ -24,10 +26,12 @@ wchar_t HalfWidthOf(wchar_t c)
 
 } // namespace
 
-CString ToHalfWidth(std::wstring_view text)
+std::wstring ToHalfWidth(std::wstring_view text)
 {
-    CString result(text);
+    std::wstring result(text);
     for (wchar_t& c : result)
         c = HalfWidthOf(c);
     return result;
 }
+
+} // namespace designspec

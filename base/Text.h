@@ -1,0 +1,25 @@
+// Wide text: to and from UTF-8, trimmed.
+//
+// File names and file contents reach the system as UTF-8. A byte that is not UTF-8 becomes a
+// lone low surrogate (U+DC80..U+DCFF) and turns into the same byte on the way back, so any
+// file name survives the round trip.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace designspec {
+
+std::wstring ToWide(std::string_view utf8);
+std::string ToUtf8(std::wstring_view text);
+
+// True when `bytes` are UTF-8 throughout; otherwise `offset` is where the first wrong byte is.
+bool IsUtf8(std::string_view bytes, size_t& offset);
+
+// White space (Unicode included) cut off on the right, or on both sides.
+std::wstring TrimRight(std::wstring_view text);
+std::wstring Trim(std::wstring_view text);
+// The characters of `set` cut off on the right.
+std::wstring TrimRight(std::wstring_view text, std::wstring_view set);
+
+} // namespace designspec

@@ -1,0 +1,38 @@
+#include "base/Text.h"
+
+#include <gtest/gtest.h>
+
+using namespace designspec;
+
+TEST(Text, TurnsUtf8IntoWideTextAndBack)
+{
+    const std::string utf8 = "规范A \xF0\x9D\x84\x9E α";
+    EXPECT_EQ(ToWide(utf8), L"规范A \U0001D11E α");
+    EXPECT_EQ(ToUtf8(ToWide(utf8)), utf8);
+}
+
+TEST(Text, KeepsBytesThatAreNotUtf8)
+{
+    const std::string bytes = "a\xB9\xE6\xFF"
+                              "b";
+    EXPECT_EQ(ToUtf8(ToWide(bytes)), bytes);
+}
+
+TEST(Text, FindsTheFirstByteThatIsNotUtf8)
+{
+    size_t offset = 99;
+    EXPECT_TRUE(IsUtf8("规范 plain text that is longer than one word", offset));
+    EXPECT_EQ(offset, 99U);
+    EXPECT_FALSE(IsUtf8("12345678规\xB9\xE6", offset));
+    EXPECT_EQ(offset, 11U);
+    EXPECT_FALSE(IsUtf8("\xC0\x80", offset)); // an over-long NUL
+    EXPECT_EQ(offset, 0U);
+}
+
+TEST(Text, TrimsUnicodeWhiteSpace)
+{
+    EXPECT_EQ(Trim(L" \t\r\n　甲 乙　\u00A0"), L"甲 乙");
+    EXPECT_EQ(TrimRight(L"  a "), L"  a");
+    EXPECT_EQ(Trim(L"   "), L"");
+    EXPECT_EQ(TrimRight(L"1200/ a", L" \ta/"), L"1200");
+}
