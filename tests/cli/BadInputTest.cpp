@@ -283,6 +283,23 @@ TEST_F(BadInput, AFolderWithoutPermission)
     EXPECT_EQ(Names(), (std::vector<std::string>{"城市"}));
 }
 
+// A command may read it several times.
+TEST_F(BadInput, IsToldOnce)
+{
+    m_folder.Write("规范/bad.hds", "<StyleLibrary>");
+    for (const Words& words : {Words{"list"}, Words{"check"}, Words{"remove", "城市"}}) {
+        const ProcessResult result = Call(words);
+        EXPECT_EQ(result.status, 3) << words[0];
+        const std::vector<std::string> lines = Lines(result.err);
+        EXPECT_EQ(std::count_if(lines.begin(), lines.end(),
+                                [](const std::string& line) {
+                                    return line.find("bad.hds:") != std::string::npos;
+                                }),
+                  1)
+            << result.err;
+    }
+}
+
 TEST_F(BadInput, AFullDisk)
 {
     const auto fullDisk = [] {

@@ -191,6 +191,35 @@ TEST_F(RemoveCommand, FindsAFileThatGivesNoIdentity)
     EXPECT_TRUE(m_folder.Has("规范/已删除/noid.hds"));
 }
 
+// Which of the two it is, the file does not tell.
+TEST_F(RemoveCommand, LeavesAFileOfSeveralThatGivesNoIdentity)
+{
+    New("城市");
+    New("乡村");
+    Done({"export", "both.hds"});
+    Call({"remove", "城市"});
+    Call({"remove", "乡村"});
+    const std::string both =
+        std::regex_replace(m_folder.Read("both.hds"), std::regex(R"( ID="[^"]*")"), "");
+    m_folder.Write("规范/both.hds", both);
+    const ProcessResult result = Call({"remove", "城市"});
+    EXPECT_EQ(result.status, 3);
+    EXPECT_THAT(result.err, HasSubstr("文件中没有要删除的样式"));
+    EXPECT_EQ(m_folder.Read("规范/both.hds"), both);
+    EXPECT_EQ(Names().size(), 2U);
+}
+
+TEST_F(RemoveCommand, FailsWhereTheFileCannotBeSetAside)
+{
+    New("城市");
+    const std::string file = FileOf("城市");
+    const std::string content = m_folder.Read(file);
+    m_folder.Write("规范/已删除", "no folder");
+    EXPECT_EQ(Call({"remove", "城市"}).status, 3);
+    EXPECT_EQ(m_folder.Read(file), content);
+    EXPECT_EQ(Names(), (std::vector<std::string>{"城市"}));
+}
+
 TEST_F(RemoveCommand, KeepsTheOthersOfAFileWithSeveral)
 {
     New("城市");

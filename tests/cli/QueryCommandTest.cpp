@@ -241,6 +241,9 @@ TEST_F(QueryCommand, RefusesOptionsThatTheQueryDoesNotTake)
     Wrong("不用 --radius", {kMinRad, "--speed", "80", "--radius", "5"});
     Wrong("不用 --mode",
           {"CurveWidening", "--car", "普通汽车", "--radius", "5", "--mode", "lower"});
+    Wrong("不用 --tolerance", {kMinRad, "--speed", "80", "--tolerance", "5"});
+    Wrong("不用 --tolerance",
+          {"CurveWidening", "--car", "普通汽车", "--radius", "5", "--tolerance", "5"});
     Wrong("不用 --grad",
           {"SuperElevation", "--max-super", "6", "--speed", "80", "--radius", "5", "--grad", "1"});
     Wrong("不用 --car", {"LonGradMaxLen", "--grad", "6", "--speed", "60", "--car", "x"});

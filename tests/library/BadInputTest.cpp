@@ -199,6 +199,20 @@ TEST_F(BadInput, ValuesThatAreNoNumbers)
                   7, L"NoTCBySuperelevation 为“maybe”,不是是非值(0 或 1)");
 }
 
+TEST_F(BadInput, AWrongValueIsQuotedUpToSixtyCharacters)
+{
+    for (const char* character : {"x", "规", "\U0002070E"}) {
+        const auto file = [&](size_t times) {
+            return Envelope("<Style Name=\"m\">\n<BeelineLen MaxLen=\"" + Repeat(character, times) +
+                            "\"/></Style>");
+        };
+        const CString quoted = L"“" + ToWide(Repeat(character, 60));
+        ExpectRefused(file(60), 6, quoted + L"”,不是数");
+        ExpectRefused(file(61), 6, quoted + L"…”,不是数");
+        ExpectRefused(file(1000), 6, quoted + L"…”,不是数");
+    }
+}
+
 TEST_F(BadInput, AStyleWithABadValueDoesNotTakeItsNeighboursAlong)
 {
     m_project.Write("规范/m.hds", Envelope("<Style Name='bad'><BeelineLen MaxLen='x'/></Style>\n" +

@@ -267,6 +267,23 @@ TEST_F(DesignSpecifications, SaveOfTwoInEachOthersFilesLosesNeither)
     EXPECT_EQ(MarkOf(L"b"), 5);
 }
 
+TEST_F(DesignSpecifications, AFailedSetAsideIsMadeGoodByTheNextSave)
+{
+    m_project.Write("规范/zzz.hds", Envelope(Style("m", kIdA, 1)));
+    m_project.Write("规范/已删除", "no folder");
+    Reload();
+    At(0).BeelineLen.MaxLen = 2;
+    EXPECT_FALSE(Library().Save(&At(0)));
+    EXPECT_TRUE(m_project.Has("规范/zzz.hds"));
+    fs::remove(m_project.Native("规范/已删除"));
+    EXPECT_TRUE(Library().Save(&At(0)));
+    EXPECT_FALSE(m_project.Has("规范/zzz.hds"));
+    EXPECT_TRUE(m_project.Has("规范/已删除/zzz.hds"));
+    Reload();
+    EXPECT_EQ(Names(), L"m");
+    EXPECT_EQ(MarkOf(L"m"), 2);
+}
+
 TEST_F(DesignSpecifications, SaveWithoutPlaceForTheFolderFails)
 {
     m_project.Write("规范", "a file");

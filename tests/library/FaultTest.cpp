@@ -6,6 +6,7 @@
 #include <cstdarg>
 #include <functional>
 #include <map>
+#include <set>
 #include <utility>
 
 #include <dlfcn.h>
@@ -19,6 +20,7 @@
 #include "tests/support/LibraryTest.h"
 
 using namespace designspec;
+namespace fs = std::filesystem;
 
 namespace {
 
@@ -36,6 +38,14 @@ struct Fault {
 };
 
 Fault g_fault;
+
+// What happens when a folder is flushed.
+struct FolderFlushes {
+    int error = 0;              // 0: it works
+    std::set<fs::path> folders; // the ones flushed
+};
+
+FolderFlushes g_flushes;
 
 // Counts one operation; true when it must fail.
 bool MustFail()
@@ -87,6 +97,12 @@ ssize_t write(int fd, const void* buffer, size_t size)
 int fsync(int fd)
 {
     static const auto real = Real<int(int)>("fsync");
+    struct stat status = {};
+    if (fstat(fd, &status) == 0 && S_ISDIR(status.st_mode)) {
+        g_flushes.folders.insert(fs::read_symlink("/proc/self/fd/" + std::to_string(fd)));
+        errno = g_flushes.error;
+        if (g_flushes.error != 0) return -1;
+    }
     return MustFail() ? -1 : real(fd);
 }
 
@@ -129,7 +145,6 @@ int mkdir(const char* path, mode_t mode) noexcept
 
 namespace {
 
-namespace fs = std::filesystem;
 using Specifications = std::map<std::string, CDesignSpecification>; // by identity
 
 class FaultyDisk : public LibraryTest {
@@ -477,6 +492,34 @@ TEST_F(FaultyDisk, BringingBackKeepsTheSpecificationHereOrThere)
                 EXPECT_TRUE(loaded.at(kIdA) == m_old);
             }
         });
+}
+
+// Some file systems cannot flush a folder: a file there is as safe as it can be.
+TEST_F(FaultyDisk, AFolderThatCannotBeFlushedIsNoError)
+{
+    g_flushes = {EINVAL, {}};
+    const bool saved = Library().Save(&Add(m_old));
+    g_flushes.error = EIO;
+    const bool savedAfterAll = Library().Save(&At(0));
+    g_flushes.error = 0;
+    EXPECT_TRUE(saved);
+    EXPECT_FALSE(savedAfterAll);
+    EXPECT_TRUE(Traced(FileOf(m_old), 0, L"无法写入: 读写出错"));
+    EXPECT_TRUE(Loaded().at(kIdA) == m_old);
+}
+
+TEST_F(FaultyDisk, AFileThatMovesIsFlushedOutOfOneFolderAndIntoTheOther)
+{
+    const fs::path library = m_project.Native("规范");
+    const std::set<fs::path> both = {library, library / "已删除"};
+    AddSaved(m_old);
+    fs::create_directory(library / "已删除");
+    g_flushes = {};
+    ASSERT_TRUE(SetStyleAside(Library(), m_old.ID()));
+    EXPECT_EQ(g_flushes.folders, both);
+    g_flushes = {};
+    ASSERT_TRUE(BringStyleBack(DeletedStyles(Library()).at(0).file));
+    EXPECT_EQ(g_flushes.folders, both);
 }
 
 TEST_F(FaultyDisk, AFullDiskIsToldWithTheFile)
