@@ -7,14 +7,12 @@
 #include "cli/JsonText.h"
 #include "library/SpecificationEdit.h"
 #include "library/StyleName.h"
+#include "model/Rules.h"
 #include "platform/vmrd/VMRDEnv/DeletedStyles.h"
 
 using namespace designspec;
 
 namespace {
-
-constexpr int kLowestSpeed = 10; // km/h, as in the editor
-constexpr int kHighestSpeed = 150;
 
 // The name that a user gives, by the editor's rules.
 CString NameArgument(const CDesignSpecifications& library, const std::string& text,
@@ -31,14 +29,14 @@ CString NameArgument(const CDesignSpecifications& library, const std::string& te
 int LimitArgument(const std::string& text, std::int32_t)
 {
     const int value = IntArgument(text, L"值");
-    if (value < 0) Refuse(L"值不能小于 0");
+    if (!IsTableValue(value)) Refuse(kTableValueText);
     return value;
 }
 
 double LimitArgument(const std::string& text, double)
 {
     const double value = DoubleArgument(text, L"值");
-    if (value < 0) Refuse(L"值不能小于 0");
+    if (!IsTableValue(value)) Refuse(kTableValueText);
     return value + 0.0; // no negative zero
 }
 
@@ -51,8 +49,7 @@ void SetSpeed(GrowArray<SpeedEntry<T>>& table, int speed, const Arguments& argum
     };
     const bool present = find() != table.end();
     if (arguments.unset && !present) Refuse(Format(L"表中没有车速 %d", speed));
-    if (!present && (speed < kLowestSpeed || speed > kHighestSpeed))
-        Refuse(Format(L"车速 必须大于等于 %d 并且小于等于 %d", kLowestSpeed, kHighestSpeed));
+    if (!present && !IsSpeed(speed)) Refuse(SpeedText());
     const T value = arguments.unset ? T() : LimitArgument(*arguments.value, T());
     // A file may hold the speed twice; a query could find either.
     while (find() != table.end())

@@ -1,6 +1,9 @@
 #include "pages/BeelineLenDialog.h"
 
 #include "app/input/NumberText.h"
+#include "model/Rules.h"
+
+using namespace designspec;
 
 // One limit: its controls, and its fields of the criterion.
 struct BeelineLenRow {
@@ -46,7 +49,7 @@ void CBeelineLenDialog::LoadStep(const CDSBeelineLen& criterion)
     CString* source = m_sources;
     for (const BeelineLenRow& row : kRows) {
         const double value = criterion.*row.value;
-        const bool limited = value > 0;
+        const bool limited = IsStraightLimit(value);
         CheckDlgButton(row.check, limited);
         SetDlgItemText(row.edit, limited ? DecimalText(value, 1, true) : CString());
         *source++ = limited ? criterion.*row.source : CString();
@@ -73,8 +76,8 @@ bool CBeelineLenDialog::StoreRow(const BeelineLenRow& row, const CString& source
     const CString text = EnteredTextOf(row.edit);
     const CString name = row.name;
     if (text.empty()) return Refuse(message, name + L"不能是空!", row.edit);
-    if (!ReadOneDecimal(text, value) || value <= 0)
-        return Refuse(message, name + L"必须是正数,且最多只有一位小数!", row.edit);
+    if (!ReadOneDecimal(text, value) || !IsStraightLimit(value))
+        return Refuse(message, StraightText(name), row.edit);
     criterion.*row.source = source;
     return true;
 }

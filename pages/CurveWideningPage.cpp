@@ -1,8 +1,8 @@
 #include "pages/CurveWideningPage.h"
 
-#include "base/Format.h"
-
 #include <QComboBox>
+
+#include "model/Rules.h"
 
 using namespace designspec;
 
@@ -89,10 +89,7 @@ bool CCurveWideningPage::CheckContinuity(CString& message)
     const CMyRadiusRangeColumn* left = nullptr;
     for (const CMyRadiusRangeColumn* column : m_grid.Ranges()) {
         if (left && column->GetMax() != left->GetMin())
-            return Refuse(
-                message,
-                Format(L"圆曲线半径范围 %d~%d 和前一组不连续!", column->GetMin(), column->GetMax()),
-                kGrid);
+            return Refuse(message, WideningRangeGapText(column->GetMin(), column->GetMax()), kGrid);
         left = column;
     }
     return true;
@@ -102,23 +99,14 @@ bool CCurveWideningPage::CheckContinuity(CString& message)
 bool CCurveWideningPage::StoreRow(int row, CDSCurveWidening& criterion, CString& message)
 {
     const CString& category = m_grid.RowHeader(row)->GetCaption();
-    bool began = false;
-    bool ended = false;
+    std::vector<bool> filled;
     std::int32_t range = 0;
     for (const CMyRadiusRangeColumn* column : m_grid.Ranges()) {
         const CMyRecordItemValue* const cell = m_grid.Cell(row, column);
         GrowArray<Widening>& widenings = criterion.ranges[range++].widenings;
-        if (!cell || cell->IsEmpty()) {
-            ended = began;
-            continue;
-        }
-        if (ended)
-            return Refuse(message,
-                          Format(L"加宽类别 %s 的加宽值设置不连续，不同圆曲线半径范围之间不能空缺!",
-                                 category),
-                          kGrid);
-        began = true;
-        widenings.Add({category, cell->GetNumber()});
+        filled.push_back(cell && !cell->IsEmpty());
+        if (!Gaps(filled).empty()) return Refuse(message, WideningGapText(category), kGrid);
+        if (filled.back()) widenings.Add({category, cell->GetNumber()});
     }
     return true;
 }

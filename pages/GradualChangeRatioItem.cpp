@@ -2,6 +2,7 @@
 
 #include "base/Format.h"
 #include "base/Number.h"
+#include "model/Rules.h"
 #include "platform/vmrd/VmHFCBaseU/Text.h"
 
 using namespace designspec;
@@ -9,8 +10,6 @@ using namespace designspec;
 namespace {
 
 constexpr std::wstring_view kOnePer = L"1/";
-constexpr int kSmallest = 2;
-constexpr int kLargest = 999;
 
 } // namespace
 
@@ -29,6 +28,6 @@ CMyRecordItemValue::Values CGradualChangeRatioItem::Read(CXTPReportControl*,
 {
     const CString number = text.starts_with(kOnePer) ? text.substr(kOnePer.size()) : text;
     const int value = Wtoi(number);
-    if (!IsNumericText(number) || value < kSmallest || value > kLargest) return {};
+    if (!IsNumericText(number) || !IsRunoff(value)) return {};
     return {static_cast<double>(value)};
 }

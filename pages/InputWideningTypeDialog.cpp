@@ -1,5 +1,9 @@
 #include "pages/InputWideningTypeDialog.h"
 
+#include "model/Rules.h"
+
+using namespace designspec;
+
 CInputWideningTypeDialog::CInputWideningTypeDialog(QWidget* parent)
     : CCheckedInputDialog(L"输入加宽类别", L"输入加宽类别:", parent)
 {
@@ -7,5 +11,5 @@ CInputWideningTypeDialog::CInputWideningTypeDialog(QWidget* parent)
 
 CString CInputWideningTypeDialog::Fault(CString& value)
 {
-    return value.empty() ? L"加宽类别不能为空!" : L"";
+    return value.empty() ? kNoCategoryText : L"";
 }

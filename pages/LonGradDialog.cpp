@@ -1,7 +1,10 @@
 #include "pages/LonGradDialog.h"
 
 #include "app/input/NumberText.h"
+#include "model/Rules.h"
 #include "pages/framework/MyRecordItemPositiveDouble.h"
+
+using namespace designspec;
 
 namespace {
 
@@ -58,7 +61,7 @@ bool CLonGradDialog::StoreStep(CDSLonGrad& criterion, CString& message)
         const CString name = one.name;
         if (text.empty()) return Refuse(message, name + L"不能是空!", one.edit);
         if (!ReadOneDecimal(text, criterion.*one.value))
-            return Refuse(message, name + L"必须大于等于0,并且最多只有一位小数!", one.edit);
+            return Refuse(message, GradientText(name), one.edit);
     }
     m_grid.Store(criterion);
     criterion.Criterion = m_source;

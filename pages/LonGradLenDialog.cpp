@@ -5,6 +5,7 @@
 #include "app/input/InputGradientDialog.h"
 #include "app/input/NumberText.h"
 #include "base/Number.h"
+#include "model/Rules.h"
 #include "pages/framework/MyRecordItemPositiveInt.h"
 
 using namespace designspec;
@@ -90,11 +91,10 @@ bool CLonGradLenDialog::StoreStep(CDSLonGradMaxLen& criterion, CString&)
 
 // Rows
 
-// The header keeps tenths of a percent.
 void CLonGradLenDialog::InsertGradient(int at, double gradient)
 {
-    const int tenths = std::max(TruncateToInt(gradient * 10), 0);
-    m_grid.InsertRow(at, kRowCaption + GradientText(gradient), static_cast<unsigned>(tenths));
+    m_grid.InsertRow(at, kRowCaption + GradientText(gradient),
+                     static_cast<unsigned>(GradientTenths(gradient)));
 }
 
 void CLonGradLenDialog::AddGradient(double gradient)

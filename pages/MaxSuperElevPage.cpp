@@ -4,6 +4,7 @@
 
 #include "app/input/NumberText.h"
 #include "base/Format.h"
+#include "model/Rules.h"
 #include "pages/GradualChangeRatioItem.h"
 
 using namespace designspec;
@@ -21,12 +22,6 @@ constexpr SpeedTableRow<C> kRows[] = {
     {&C::MaxSuperElev, L"最大超高"},
 };
 constexpr int kMaxRow = 2;
-
-// The message for a value out of range says 0~20: both ends are outside.
-bool IsMaxSuperElev(int percent)
-{
-    return percent >= 1 && percent <= 19;
-}
 
 CString WithoutLineBreak(CString text)
 {
@@ -57,8 +52,8 @@ void CMaxSuperElevPage::LoadStep(const CDSMaxSuperElevation& criterion)
 {
     m_grid.Load(criterion);
     const int snow = criterion.MaxSuperElevOnSFR;
-    CheckDlgButton(kSnowCheck, snow >= 1);
-    SetDlgItemText(kSnowEdit, snow >= 1 ? Format(L"%d", snow) : CString());
+    CheckDlgButton(kSnowCheck, IsSnowSuperElev(snow));
+    SetDlgItemText(kSnowEdit, IsSnowSuperElev(snow) ? Format(L"%d", snow) : CString());
 }
 
 bool CMaxSuperElevPage::StoreStep(CDSMaxSuperElevation& criterion, CString& message)
@@ -77,12 +72,10 @@ bool CMaxSuperElevPage::StoreSpeed(int speed, CDSMaxSuperElevation& criterion, C
         const CMyRecordItemValue* const cell = m_grid.Cell(row, speed);
         const CString name = WithoutLineBreak(m_grid.RowHeader(row)->GetCaption());
         if (!cell || cell->IsEmpty())
-            return Refuse(message, Format(L"设计车速 %d 对应的 %s 不能为空!", speed, name), kGrid);
+            return Refuse(message, NoValueAtSpeedText(speed, name), kGrid);
         const int value = static_cast<int>(cell->GetNumber());
         if (row == kMaxRow && !IsMaxSuperElev(value))
-            return Refuse(message,
-                          Format(L"设计车速 %d 对应的 %s 值不合法, 必须在0~20之间!", speed, name),
-                          kGrid);
+            return Refuse(message, MaxSuperElevText(speed, name), kGrid);
         AddSpeed(criterion.*kRows[row].table, speed, value);
     }
     return true;
@@ -92,26 +85,22 @@ bool CMaxSuperElevPage::StoreSnow(CDSMaxSuperElevation& criterion, CString& mess
 {
     int snow = 0;
     if (IsDlgButtonChecked(kSnowCheck) && !ReadSnow(snow))
-        return Refuse(message, L"积雪冰冻地区最大超高必须为大于0的正整数!", kSnowEdit);
+        return Refuse(message, kSnowSuperElevText, kSnowEdit);
     criterion.MaxSuperElevOnSFR = snow;
     return true;
 }
 
 bool CMaxSuperElevPage::ReadSnow(int& value) const
 {
-    return ReadWholeNumber(EnteredTextOf(kSnowEdit), value) && value >= 1;
+    return ReadWholeNumber(EnteredTextOf(kSnowEdit), value) && IsSnowSuperElev(value);
 }
 
 CArray<int> CMaxSuperElevPage::GetMaxSuperElevations() const
 {
-    CArray<int> found;
+    C shown;
+    m_grid.Store(shown);
     int snow = 0;
-    if (IsDlgButtonChecked(kSnowCheck) && ReadSnow(snow)) found.push_back(snow);
-    for (int speed : m_grid.Speeds()) {
-        const CMyRecordItemValue* const cell = m_grid.Cell(kMaxRow, speed);
-        const int value = cell ? static_cast<int>(cell->GetNumber()) : 0; // 0 when it is empty
-        if (IsMaxSuperElev(value) && std::find(found.begin(), found.end(), value) == found.end())
-            found.push_back(value);
-    }
-    return found;
+    const bool hasSnow = IsDlgButtonChecked(kSnowCheck) && ReadSnow(snow);
+    shown.MaxSuperElevOnSFR = hasSnow ? snow : 0;
+    return MaximaInUse(shown);
 }

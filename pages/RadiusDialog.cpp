@@ -2,6 +2,7 @@
 
 #include "base/Format.h"
 #include "base/Number.h"
+#include "model/Rules.h"
 #include "platform/vmrd/VmHFCBaseU/Text.h"
 
 using namespace designspec;
@@ -39,7 +40,7 @@ void CRadiusDialog::InitPage()
 void CRadiusDialog::LoadStep(const CDSCircularCurveRad& criterion)
 {
     m_grid.Load(criterion);
-    const bool limited = criterion.MaxRad > 0;
+    const bool limited = IsRadius(criterion.MaxRad);
     SetDlgItemText(kMaxRadEdit, limited ? Format(L"%d", criterion.MaxRad) : CString());
     CheckDlgButton(kMaxRadCheck, limited);
     m_maxRadSource = criterion.MaxRadCriterion;
@@ -65,7 +66,6 @@ bool CRadiusDialog::StoreMaxRad(CDSCircularCurveRad& criterion, CString& message
     if (text.empty()) return Refuse(message, L"圆曲线最大半径不能为空!", kMaxRadEdit);
     criterion.MaxRad = Wtoi(text);
     const bool whole = IsNumericText(text) && text.find(L'.') == CString::npos;
-    if (!whole || criterion.MaxRad < 1)
-        return Refuse(message, L"圆曲线最大半径必须是正整数!", kMaxRadEdit);
+    if (!whole || !IsRadius(criterion.MaxRad)) return Refuse(message, kMaxRadText, kMaxRadEdit);
     return true;
 }

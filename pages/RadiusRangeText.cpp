@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/Number.h"
+#include "model/Rules.h"
 #include "platform/vmrd/VmHFCBaseU/Text.h"
 
 using namespace designspec;
@@ -12,7 +13,7 @@ CString ReadRadiusRange(const CString& text, RadiusRange& range)
     const CStringArray parts = SplitText(text, L"~");
     if (parts.size() != 2) return L"圆曲线半径范围的输入格式为 最小半径~最大半径 !";
     const auto [smaller, larger] = std::minmax({Wtoi(parts[0]), Wtoi(parts[1])});
-    if (smaller < 1) return L"圆曲线半径必须大于0!";
+    if (!IsRadius(smaller)) return kRadiusText;
     range = {smaller, larger};
     return {};
 }

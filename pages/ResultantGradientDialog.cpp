@@ -1,12 +1,16 @@
 #include "pages/ResultantGradientDialog.h"
 
 #include "app/input/NumberText.h"
+#include "model/Rules.h"
 #include "pages/framework/MyRecordItemPositiveDouble.h"
+
+using namespace designspec;
 
 namespace {
 
 constexpr UINT kDialogResource = 108;
 constexpr int kSnowEdit = 108;
+constexpr wchar_t kSnow[] = L"积雪冰冻地区最大合成坡度"; // in messages
 
 using C = CDSMaxResultantGrad;
 
@@ -47,10 +51,9 @@ void CResultantGradientDialog::LoadStep(const C& criterion)
 bool CResultantGradientDialog::StoreStep(C& criterion, CString& message)
 {
     const CString text = EnteredTextOf(kSnowEdit);
-    if (text.empty()) return Refuse(message, L"积雪冰冻地区最大合成坡度不能是空!", kSnowEdit);
+    if (text.empty()) return Refuse(message, CString(kSnow) + L"不能是空!", kSnowEdit);
     if (!ReadOneDecimal(text, criterion.MaxResultantGradOnSnowFrozenRegion))
-        return Refuse(message, L"积雪冰冻地区最大合成坡度必须大于等于0,并且最多只有一位小数!",
-                      kSnowEdit);
+        return Refuse(message, GradientText(kSnow), kSnowEdit);
     for (SpeedToDoubleValues& table : criterion.tables)
         table.RemoveAll();
     for (int row = 0; row < m_grid.GetRowCount(); ++row)

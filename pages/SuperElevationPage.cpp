@@ -6,6 +6,7 @@
 #include <QSignalBlocker>
 
 #include "base/Format.h"
+#include "model/Rules.h"
 #include "pages/RadiusRangeItem.h"
 #include "platform/mfc/QtText.h"
 
@@ -15,7 +16,6 @@ namespace {
 
 constexpr UINT kDialogResource = 115;
 constexpr int kList = 122;
-constexpr int kLowestSuperElev = 2; // % that the menu offers
 
 void AddOnce(CArray<int>& values, int value)
 {
@@ -98,8 +98,7 @@ bool CSuperElevationPage::Check(CString& message)
 bool CSuperElevationPage::CheckTable(int maximum, CString& message)
 {
     const Rows& rows = m_tables.contains(maximum) ? m_tables[maximum] : Rows();
-    if (rows.IsEmpty())
-        return Refuse(message, Format(L"最大超高 %d%% 的超高表未设置!", maximum), kList);
+    if (rows.IsEmpty()) return Refuse(message, NoSuperElevTableText(maximum), kList);
     return std::all_of(rows.begin(), rows.end(), [&](const SuperElevSpeedRow& row) {
         return CheckSpeed(maximum, row, message);
     });
@@ -113,9 +112,7 @@ bool CSuperElevationPage::CheckSpeed(int maximum, const SuperElevSpeedRow& row, 
         const SuperElevRange& next = row.ranges[i + 1];
         if (range.maxRadius != next.minRadius)
             return Refuse(message,
-                          Format(L"最大超高 %d%% 在 车速 %dkm/h 时, 超高 %d%% 的最大\n"
-                                 L"圆曲线半径应该为 %d%% 的最小圆曲线半径!",
-                                 maximum, row.speed, range.superElev, next.superElev),
+                          SuperElevGapText(maximum, row.speed, range.superElev, next.superElev),
                           kGrid);
     }
     return true;

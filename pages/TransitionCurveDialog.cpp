@@ -1,5 +1,9 @@
 #include "pages/TransitionCurveDialog.h"
 
+#include "model/Rules.h"
+
+using namespace designspec;
+
 namespace {
 
 constexpr UINT kDialogResource = 107;
@@ -43,7 +47,7 @@ bool CTransitionCurveDialog::StoreStep(CTransitionCurveMinLen& criterion, CStrin
 {
     criterion.Criterion = m_source;
     m_lengths.Store(criterion);
-    if (criterion.MinLen.count == 0) return Refuse(message, L"缓和曲线最小长度不能为空!", kGrid);
+    if (criterion.MinLen.count == 0) return Refuse(message, kNoTransitionLenText, kGrid);
     return StoreCondition(criterion, message);
 }
 
@@ -57,6 +61,6 @@ bool CTransitionCurveDialog::StoreCondition(CTransitionCurveMinLen& criterion, C
     // A flag that is set stays set beside the radii.
     m_radii.Store(criterion);
     if (criterion.NoTCByMinRad.count == 0)
-        return Refuse(message, L"不设缓和曲线的最小圆曲线半径条件不能为空!", kRadiusGrid);
+        return Refuse(message, kNoTransitionRadText, kRadiusGrid);
     return true;
 }

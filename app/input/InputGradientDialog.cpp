@@ -3,6 +3,9 @@
 #include <algorithm>
 
 #include "app/input/NumberText.h"
+#include "model/Rules.h"
+
+using namespace designspec;
 
 CInputGradientDialog::CInputGradientDialog(const CString& title, const CString& prompt,
                                            const CArray<double>& gradients, QWidget* parent)
@@ -16,7 +19,7 @@ CString CInputGradientDialog::Fault(CString& value)
     if (value.empty()) return L"坡度不能为空!";
     double gradient = 0;
     // Zero passes, and so does a point at the very end.
-    if (!ReadOneDecimal(value, gradient)) return L"坡度必须是正数,并且最多只能有一位小数!";
+    if (!ReadOneDecimal(value, gradient)) return kRowGradientText;
     if (std::find(m_gradients.begin(), m_gradients.end(), gradient) != m_gradients.end())
         return L"输入的坡度已经存在!";
     return {};

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "app/input/NumberText.h"
-#include "base/Format.h"
+#include "model/Rules.h"
 
 using namespace designspec;
 
@@ -22,7 +22,7 @@ CString CInputIntValueDialog::Fault(CString& value)
     int number = 0;
     if (!ReadWholeNumber(value, number)) return m_name + L"必须是整数!";
     if (m_minimum != m_maximum && (number < m_minimum || number > m_maximum))
-        return Format(L"%s 必须大于等于 %d 并且小于等于 %d", m_name, m_minimum, m_maximum);
+        return RangeText(m_name, m_minimum, m_maximum);
     if (std::find(m_values.begin(), m_values.end(), number) != m_values.end())
         return L"输入的" + m_name + L"已经存在!";
     return {};

@@ -2,6 +2,7 @@
 
 #include "base/Format.h"
 #include "base/Number.h"
+#include "model/Rules.h"
 #include "platform/vmrd/VmHFCBaseU/Text.h"
 
 using namespace designspec;
@@ -15,6 +16,6 @@ CMyRecordItemValue::Values CMyRecordItemPositiveInt::Read(CXTPReportControl*,
                                                           const CString& text) const
 {
     const int value = Wtoi(text);
-    if (!IsNumericText(text) || value < 0) return {};
+    if (!IsNumericText(text) || !IsTableValue(value)) return {};
     return {static_cast<double>(value)};
 }

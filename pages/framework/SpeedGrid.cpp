@@ -5,14 +5,11 @@
 #include "app/input/InputIntValueDialog.h"
 #include "base/Format.h"
 #include "base/Number.h"
+#include "model/Rules.h"
 
 using namespace designspec;
 
 namespace {
-
-constexpr int kStandardSpeeds[] = {120, 100, 80, 60, 50, 40, 30, 20}; // km/h
-constexpr int kLowestSpeed = 10;                                      // that may be entered
-constexpr int kHighestSpeed = 150;
 
 int SpeedOf(const CXTPReportColumn* column)
 {
