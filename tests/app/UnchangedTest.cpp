@@ -2,6 +2,7 @@
 #include "app/DSMainDialog.h"
 
 #include "base/Text.h"
+#include "model/Findings.h"
 #include "tests/app/AppTest.h"
 #include "tests/support/ValidSpecification.h"
 
@@ -360,6 +361,23 @@ void PrintTo(const Unacceptable& content, std::ostream* out)
     *out << content.name;
 }
 
+std::string FirstError(const CDesignSpecification& specification)
+{
+    for (const designspec::Finding& finding : designspec::Findings(specification))
+        if (finding.severity == designspec::Severity::Error) return ToUtf8(finding.text);
+    return {};
+}
+
+// Whether something is found in one that is not found in the other.
+bool HasMoreFindings(const CDesignSpecification& one, const CDesignSpecification& other)
+{
+    const auto known = designspec::Findings(other);
+    const auto found = designspec::Findings(one);
+    return std::any_of(found.begin(), found.end(), [&known](const auto& finding) {
+        return std::find(known.begin(), known.end(), finding) == known.end();
+    });
+}
+
 class UnchangedRefused : public Unchanged, public testing::WithParamInterface<Unacceptable> {};
 
 class UnchangedBut : public Unchanged, public testing::WithParamInterface<Exception> {};
@@ -402,6 +420,7 @@ TEST_P(UnchangedBut, WhatIsStated)
         Content content{made, made};
         GetParam().make(content);
         different += !(content.given == made) || !content.inFile.empty();
+        EXPECT_EQ(HasMoreFindings(content.given, content.kept), !(content.given == content.kept));
         Expect(content, seed % 2);
     }
     EXPECT_GT(different, 1);
@@ -415,6 +434,7 @@ TEST_P(UnchangedRefused, StaysAsItIsInFileAndLibrary)
     CDesignSpecification made;
     made.SetName(L"甲");
     GetParam().make(made);
+    EXPECT_EQ(FirstError(made), GetParam().message);
     AddSaved(made);
     const std::string before = m_project.Read(FileOf(made));
     ASSERT_EQ(Reload().Count(), 1);

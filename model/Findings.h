@@ -1,0 +1,35 @@
+// What is wrong or odd in a specification.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/mfc/Export.h"
+
+class CDesignSpecification;
+
+namespace designspec {
+
+enum class Severity {
+    Note,  // odd, or not what the editor would store
+    Error, // a page of the editor refuses to store it
+};
+
+struct Finding {
+    Severity severity = Severity::Note;
+    std::wstring path; // of the value: CircularCurveRad.SuperelevationMinRad[80]
+    std::wstring text; // for people; where the editor has a message, that message
+
+    bool operator==(const Finding&) const = default;
+};
+
+// All of them, criterion by criterion in the order of files. Of a criterion's errors the first one
+// is what its page says; a value that 确定 would change is at least a note.
+//
+// A limit may rise or fall over speed as those of road standards do: radii, lengths, superelevation
+// and runoff never fall with the speed, and longitudinal gradients never rise. Resultant gradients
+// and the lengths of one gradient do both in some standards (80 km/h: 7 %, 60: 6.5 %, 40: 7 %), so
+// nothing is said of them. The built-in limits have no finding at all.
+AFX_EXT_API std::vector<Finding> Findings(const CDesignSpecification& specification);
+
+} // namespace designspec
