@@ -3,6 +3,7 @@
 #include "base/File.h"
 #include "base/Text.h"
 #include "library/DesignSpecifications.h"
+#include "model/Findings.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
 #include "tests/support/TraceCapture.h"
 
@@ -43,6 +44,14 @@ protected:
 };
 
 } // namespace
+
+TEST_F(ExampleProject, HoldsWhatTheEditorStores)
+{
+    for (int i = 0; i < m_library->Count(); ++i)
+        for (const Finding& finding :
+             Findings(static_cast<const CDesignSpecification&>(*m_library->Item(i))))
+            EXPECT_EQ(finding.severity, Severity::Note) << ToUtf8(finding.path);
+}
 
 TEST_F(ExampleProject, LoadsInFileOrderWithoutATraceLine)
 {
