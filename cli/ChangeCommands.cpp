@@ -1,14 +1,14 @@
-#include <algorithm>
-
 #include "base/File.h"
 #include "base/Format.h"
+#include "base/NoCase.h"
 #include "base/Number.h"
 #include "base/Text.h"
 #include "cli/JsonText.h"
 #include "library/SpecificationEdit.h"
 #include "library/StyleName.h"
-#include "model/Rules.h"
+#include "model/SpecificationValue.h"
 #include "platform/vmrd/VMRDEnv/DeletedStyles.h"
+#include "platform/xtp/PropExchange.h"
 
 using namespace designspec;
 
@@ -26,72 +26,21 @@ CString NameArgument(const CDesignSpecifications& library, const std::string& te
     return name;
 }
 
-int LimitArgument(const std::string& text, std::int32_t)
+// The path of the value to set or of the row to take out.
+ValuePath ChangedPath(const Arguments& arguments)
 {
-    const int value = IntArgument(text, L"值");
-    if (!IsTableValue(value)) Refuse(kTableValueText);
-    return value;
-}
-
-double LimitArgument(const std::string& text, double)
-{
-    const double value = DoubleArgument(text, L"值");
-    if (!IsTableValue(value)) Refuse(kTableValueText);
-    return value + 0.0; // no negative zero
-}
-
-template <class T>
-void SetSpeed(GrowArray<SpeedEntry<T>>& table, int speed, const Arguments& arguments)
-{
-    const auto find = [&] {
-        return std::find_if(table.begin(), table.end(),
-                            [&](const auto& entry) { return entry.speed == speed; });
-    };
-    const bool present = find() != table.end();
-    if (arguments.unset && !present) Refuse(Format(L"表中没有车速 %d", speed));
-    if (!present && !IsSpeed(speed)) Refuse(SpeedText());
-    const T value = arguments.unset ? T() : LimitArgument(*arguments.value, T());
-    // A file may hold the speed twice; a query could find either.
-    while (find() != table.end())
-        table.RemoveAt(static_cast<std::int32_t>(find() - table.begin()));
-    if (arguments.unset) return;
-    AddSpeed(table, speed, value);
-    SortDescending(table);
-}
-
-void SetTable(const Field& field, void* object, const Arguments& arguments)
-{
-    if (!arguments.speed) Refuse(L"表中的值按车速设置,请用 --speed 指定");
-    const int speed = IntArgument(*arguments.speed, L"车速");
-    if (field.isUsed && !field.isUsed(object))
-        Refuse(Format(L"%s 在当前条件下不用,也不会保存", CString(field.key)));
-    if (field.kind == FieldKind::IntTable)
-        SetSpeed(field.Of<SpeedToIntValues>(object), speed, arguments);
-    else
-        SetSpeed(field.Of<SpeedToDoubleValues>(object), speed, arguments);
-}
-
-void SetScalar(const Field& field, void* object, const Arguments& arguments)
-{
-    if (arguments.speed) Refuse(Format(L"%s 不按车速设置", CString(field.key)));
-    if (arguments.unset) Refuse(L"--unset 只用于表中的值");
-    const std::string& text = *arguments.value;
-    switch (field.kind) {
-    case FieldKind::Int:
-        field.Of<std::int32_t>(object) = LimitArgument(text, std::int32_t());
-        break;
-    case FieldKind::Double:
-        field.Of<double>(object) = LimitArgument(text, double());
-        break;
-    case FieldKind::Bool:
-        if (!ParseBool(text, field.Of<BOOL>(object))) Refuse(L"值应为 0 或 1");
-        break;
-    default: {
-        const CString wide = Trim(ToWide(text));
-        if (!IsXmlText(wide)) Refuse(L"值中有文件无法记录的字符");
-        field.Of<CString>(object) = wide;
-    }
-    }
+    ValuePath path = ParsePath(arguments.path);
+    if (path.steps.empty())
+        Refuse(Format(L"请指定 %s 的字段:", path.Text()) + FieldList(*path.criterion));
+    const bool isTable = path.LastField()->IsTable() && path.steps.back().keys.empty();
+    if (arguments.unset == arguments.value.has_value()) Refuse(L"请给出一个值,或用 --unset 去掉它");
+    if (isTable && !arguments.speed) Refuse(L"表中的值按车速设置,请用 --speed 指定");
+    if (!isTable && arguments.speed)
+        Refuse(Format(L"%s 不按车速设置", CString(path.LastField()->key)));
+    if (!arguments.speed) return path;
+    const CString problem = path.AddKey(ToWide(*arguments.speed));
+    if (!problem.empty()) Refuse(problem);
+    return path;
 }
 
 } // namespace
@@ -150,17 +99,13 @@ Status RunDefault(const Arguments& arguments)
 
 Status RunSet(const Arguments& arguments)
 {
-    const FieldPath path = ParseFieldPath(arguments.path);
-    if (!path.field)
-        Refuse(Format(L"请指定 %s 的字段:", CString(path.criterion->name)) +
-               FieldList(*path.criterion));
-    if (arguments.unset == arguments.value.has_value()) Refuse(L"请给出一个值,或用 --unset 去掉它");
+    const ValuePath path = ChangedPath(arguments);
+    if (arguments.unset && path.steps.back().keys.empty()) Refuse(L"--unset 只用于表中的值");
     CDesignSpecifications& library = OpenProject(arguments);
     CDesignSpecification& specification = ChosenSpecification(library, arguments);
-    void* object = path.criterion->get(specification);
-    if (path.field->IsTable())
-        SetTable(*path.field, object, arguments);
-    else
-        SetScalar(*path.field, object, arguments);
+    const CString problem = arguments.unset
+                                ? RemoveRow(specification, path)
+                                : WriteValue(specification, path, ToWide(*arguments.value));
+    if (!problem.empty()) Refuse(problem);
     return StatusOf(library.Save(&specification));
 }

@@ -32,7 +32,8 @@ constexpr char kFooter[] =
     "  designspec query CurveWidening --car 普通汽车 --radius 200\n"
     "  designspec set CircularCurveRad.SuperelevationMinRad --speed 80 260";
 
-constexpr char kPathHelp[] = "条目.字段,例如 CircularCurveRad.MaxRad;全部名称见下";
+constexpr char kPathHelp[] = "条目.字段,例如 CircularCurveRad.MaxRad;一行写作 [键],例如 "
+                             "LonGradMaxLen.rows[6].lengths[60];全部名称见下";
 
 // An empty word where leaving it out has a meaning is a script's slip.
 std::string NotEmpty(const std::string& word)
@@ -183,7 +184,7 @@ private:
         set->add_option("VALUE", m_arguments.value, "新的值")->type_name("");
         set->add_option("--speed", m_arguments.speed, "设计车速(km/h),用于表中的值")
             ->type_name("V");
-        set->add_flag("--unset", m_arguments.unset, "从表中去掉该车速");
+        set->add_flag("--unset", m_arguments.unset, "从表中去掉该车速或该行");
     }
 
     void AddFiles()

@@ -7,54 +7,27 @@ using namespace designspec;
 
 namespace {
 
-template <class T> Json TableJson(const GrowArray<SpeedEntry<T>>& table)
+void AddFields(Json& json, std::span<const Field> fields, const void* object, bool keys)
 {
-    Json entries = Json::array();
-    for (const SpeedEntry<T>& entry : table)
-        entries.push_back({{"speed", entry.speed}, {"value", entry.value}});
-    return entries;
+    for (const Field& field : fields)
+        if (field.isKey == keys) json[ToUtf8(field.key)] = ToJson(field, object);
 }
 
-Json RowsJson(const CDSLonGradMaxLen& criterion)
+// The keys of a row first, whatever their order in files.
+Json ObjectJson(std::span<const Field> fields, const void* object)
+{
+    Json json = Json::object();
+    AddFields(json, fields, object, true);
+    AddFields(json, fields, object, false);
+    return json;
+}
+
+Json RowsJson(const Field& field, const void* object)
 {
     Json rows = Json::array();
-    for (const GradientRow& row : criterion.rows)
-        rows.push_back({{"Grad", row.Grad}, {"lengths", TableJson(row.lengths)}});
+    for (std::int32_t i = 0; i < field.RowCount(object); ++i)
+        rows.push_back(ObjectJson(field.RowFields(), field.Row(object, i)));
     return rows;
-}
-
-Json RowJson(const SuperElevSpeedRow& row)
-{
-    Json ranges = Json::array();
-    for (const SuperElevRange& range : row.ranges)
-        ranges.push_back({{"minRadius", range.minRadius},
-                          {"maxRadius", range.maxRadius},
-                          {"superElev", range.superElev}});
-    return {{"speed", row.speed}, {"ranges", ranges}};
-}
-
-Json DefinitionsJson(const CDSSuperElevation& criterion)
-{
-    Json definitions = Json::array();
-    for (const SuperElevDefinition& definition : criterion.definitions) {
-        Json rows = Json::array();
-        for (const SuperElevSpeedRow& row : definition.rows)
-            rows.push_back(RowJson(row));
-        definitions.push_back({{"maxSuperElev", definition.maxSuperElev}, {"rows", rows}});
-    }
-    return definitions;
-}
-
-Json RangesJson(const CDSCurveWidening& criterion)
-{
-    Json ranges = Json::array();
-    for (const WideningRange& range : criterion.ranges) {
-        Json widenings = Json::array();
-        for (const Widening& one : range.widenings)
-            widenings.push_back({{"carType", ToJson(one.carType)}, {"widening", one.widening}});
-        ranges.push_back({{"min", range.min}, {"max", range.max}, {"widenings", widenings}});
-    }
-    return ranges;
 }
 
 } // namespace
@@ -64,38 +37,25 @@ Json ToJson(const CString& text)
     return ToUtf8(text);
 }
 
-Json ToJson(const Field& field, const void* criterion)
+Json ToJson(const Field& field, const void* object)
 {
     switch (field.kind) {
     case FieldKind::Int:
-        return field.Of<std::int32_t>(criterion);
+        return field.Of<std::int32_t>(object);
     case FieldKind::Double:
-        return field.Of<double>(criterion);
+        return field.Of<double>(object);
     case FieldKind::Bool:
-        return field.Of<BOOL>(criterion) != 0;
+        return field.Of<BOOL>(object) != 0;
     case FieldKind::Text:
-        return ToJson(field.Of<CString>(criterion));
-    case FieldKind::IntTable:
-        return TableJson(field.Of<SpeedToIntValues>(criterion));
-    case FieldKind::DoubleTable:
-        return TableJson(field.Of<SpeedToDoubleValues>(criterion));
+        return ToJson(field.Of<CString>(object));
+    default:
+        return RowsJson(field, object);
     }
-    return {};
 }
 
 Json ToJson(const CriterionInfo& criterion, CDesignSpecification& specification)
 {
-    const void* object = criterion.get(specification);
-    Json json = Json::object();
-    for (const Field& field : criterion.fields)
-        json[ToUtf8(field.key)] = ToJson(field, object);
-    if (object == &specification.LonGradMaxLen)
-        json["rows"] = RowsJson(specification.LonGradMaxLen);
-    if (object == &specification.SuperElevation)
-        json["definitions"] = DefinitionsJson(specification.SuperElevation);
-    if (object == &specification.CurveWidening)
-        json["ranges"] = RangesJson(specification.CurveWidening);
-    return json;
+    return ObjectJson(criterion.fields, criterion.get(specification));
 }
 
 Json ToJson(const CStyle& style)

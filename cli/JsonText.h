@@ -8,8 +8,9 @@
 using Json = nlohmann::ordered_json;
 
 Json ToJson(const CString& text);
-Json ToJson(const designspec::Field& field, const void* criterion); // a value, or a table's entries
-// The fields of a criterion and its nested rows.
+// A value, or the rows that a member of `object` holds.
+Json ToJson(const designspec::Field& field, const void* object);
+// All fields of a criterion.
 Json ToJson(const designspec::CriterionInfo& criterion, CDesignSpecification& specification);
 // Name and identity.
 Json ToJson(const CStyle& style);

@@ -78,33 +78,23 @@ CString PathArgument(const std::string& path)
     return ToWide(path);
 }
 
-FieldPath ParseFieldPath(const std::string& path)
+ValuePath ParsePath(const std::string& path)
 {
-    const CString wide = ToWide(path);
-    const size_t point = wide.find(L'.');
-    FieldPath parsed;
-    parsed.criterion = FindCriterion(wide.substr(0, point));
-    if (!parsed.criterion) {
-        CString text = Format(L"没有条目“%s”。可选:", wide.substr(0, point));
-        for (const CriterionInfo& criterion : Criteria())
-            text += Format(L"\n  %s  %s", CString(criterion.name), CString(criterion.label));
-        Refuse(text);
-    }
-    if (point == CString::npos) return parsed;
-    parsed.field = FindField(*parsed.criterion, wide.substr(point + 1));
-    if (!parsed.field) {
-        Refuse(Format(L"%s 没有字段“%s”。可选:", CString(parsed.criterion->name),
-                      wide.substr(point + 1)) +
-               FieldList(*parsed.criterion));
-    }
-    return parsed;
+    const ParsedPath parsed = ParseValuePath(ToWide(path));
+    if (parsed.problem.empty()) return parsed.path;
+    if (!parsed.isWrongName) Refuse(parsed.problem);
+    CString text = parsed.problem + L"。可选:";
+    if (parsed.path.criterion) Refuse(text + FieldList(*parsed.path.criterion));
+    for (const CriterionInfo& criterion : Criteria())
+        text += Format(L"\n  %s  %s", CString(criterion.name), CString(criterion.label));
+    Refuse(text);
 }
 
 CString FieldList(const CriterionInfo& criterion, int indent)
 {
     TextTable table(false);
-    for (const Field& field : criterion.fields)
-        table.AddRow({Format(L"%s.%s", CString(criterion.name), CString(field.key)), field.label});
+    for (const PathLabel& one : PathsOf(criterion))
+        table.AddRow({one.path, one.label});
     CString text;
     for (const CString& line : table.Lines(indent))
         text += L"\n" + line;

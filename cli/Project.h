@@ -3,7 +3,7 @@
 
 #include "cli/Command.h"
 #include "library/DesignSpecifications.h"
-#include "model/Criteria.h"
+#include "model/ValuePath.h"
 
 enum class ProjectUse {
     Read,   // the folder 规范 must be there
@@ -28,14 +28,10 @@ CDesignSpecification& SpecificationAt(const CDesignSpecifications& library, int 
 // that holds one cannot be reached: kWrongCall.
 CString PathArgument(const std::string& path);
 
-// CRITERION.FIELD taken apart. `field` is null for a criterion alone.
-struct FieldPath {
-    const designspec::CriterionInfo* criterion = nullptr;
-    const designspec::Field* field = nullptr;
-};
-FieldPath ParseFieldPath(const std::string& path);
-// The paths of a criterion's fields with their labels, each on a line of its own that begins with a
-// line break.
+// The path of a value, or of a criterion alone; fails with kWrongCall and the names to choose from.
+designspec::ValuePath ParsePath(const std::string& path);
+// The paths of a criterion's values with their labels, each on a line of its own that begins with
+// a line break.
 CString FieldList(const designspec::CriterionInfo& criterion, int indent = 2);
 
 // A whole number or a decimal that the command line gives for the option or value `what`.

@@ -5,6 +5,7 @@
 #include "base/Number.h"
 #include "base/Text.h"
 #include "cli/JsonText.h"
+#include "model/SpecificationValue.h"
 
 using namespace designspec;
 
@@ -88,44 +89,52 @@ int SpeedOf(const Arguments& arguments)
     return IntArgument(*arguments.speed, L"车速");
 }
 
-Answer QueryField(const Arguments& arguments, const FieldPath& path, const void* object)
+Answer QueryTable(const Arguments& arguments, const ValuePlace& table)
 {
-    const Field& field = *path.field;
-    const std::wstring query = ToWide(arguments.path);
-    if (!field.IsTable()) {
-        CheckOptions(arguments, query, {});
-        return {ToJson(field, object)};
-    }
-    CheckOptions(arguments, query, {kNeedSpeed, kTakeMode});
     const int speed = SpeedOf(arguments);
     const QueryValue::QueryMode mode = ParseMode(arguments);
     Answer answer;
-    if (field.kind == FieldKind::IntTable) {
-        int value = 0;
-        if (QueryValue::QueryIntValBySpeed(&field.Of<SpeedToIntValues>(object), speed, mode, value))
-            answer.value = value;
-    } else {
-        double value = 0;
-        if (QueryValue::QueryDoubleValBySpeed(&field.Of<SpeedToDoubleValues>(object), speed, mode,
-                                              value))
-            answer.value = value;
+    if (!table.field) return answer;
+    int whole = 0;
+    double decimal = 0;
+    if (table.field->kind == FieldKind::IntTable) {
+        if (QueryValue::QueryIntValBySpeed(&table.field->Of<SpeedToIntValues>(table.object), speed,
+                                           mode, whole))
+            answer.value = whole;
+    } else if (QueryValue::QueryDoubleValBySpeed(
+                   &table.field->Of<SpeedToDoubleValues>(table.object), speed, mode, decimal)) {
+        answer.value = decimal;
     }
     return answer;
 }
 
-Answer QueryGradeLength(const Arguments& arguments, const CDSLonGradMaxLen& criterion)
+Answer QueryPath(const Arguments& arguments, CDesignSpecification& specification,
+                 const ValuePath& path)
+{
+    ValuePlace place;
+    if (const CString problem = FindValue(specification, path, place); !problem.empty())
+        Refuse(problem);
+    if (path.steps.back().keys.empty() && path.LastField()->IsTable()) {
+        CheckOptions(arguments, path.Text(), {kNeedSpeed, kTakeMode});
+        return QueryTable(arguments, place);
+    }
+    CheckOptions(arguments, path.Text(), {});
+    return {place.field ? ToJson(*place.field, place.object) : Json()};
+}
+
+Answer QueryGradeLength(const Arguments& arguments, const CDesignSpecification& specification)
 {
     CheckOptions(arguments, L"LonGradMaxLen",
                  {kNeedSpeed, {L"--grad", &Arguments::grad, true}, kTakeMode});
     int value = 0;
     Answer answer;
-    if (criterion.QueryVal(DoubleArgument(*arguments.grad, L"坡度"), SpeedOf(arguments),
-                           ParseMode(arguments), value))
+    if (specification.LonGradMaxLen.QueryVal(DoubleArgument(*arguments.grad, L"坡度"),
+                                             SpeedOf(arguments), ParseMode(arguments), value))
         answer.value = value;
     return answer;
 }
 
-Answer QuerySuperElevation(const Arguments& arguments, const CDSSuperElevation& criterion)
+Answer QuerySuperElevation(const Arguments& arguments, const CDesignSpecification& specification)
 {
     CheckOptions(arguments, L"SuperElevation",
                  {{L"--max-super", &Arguments::maxSuper, true},
@@ -137,7 +146,7 @@ Answer QuerySuperElevation(const Arguments& arguments, const CDSSuperElevation& 
     constexpr int kUnwritten = std::numeric_limits<int>::min();
     int value = kUnwritten;
     Answer answer;
-    answer.code = criterion.QuerySuperElevation(
+    answer.code = specification.SuperElevation.QuerySuperElevation(
         IntArgument(*arguments.maxSuper, L"最大超高"), SpeedOf(arguments), ParseMode(arguments),
         IntArgument(arguments.tolerance.value_or("0"), L"车速容差"),
         IntArgument(*arguments.radius, L"半径"), value);
@@ -146,31 +155,35 @@ Answer QuerySuperElevation(const Arguments& arguments, const CDSSuperElevation& 
     return answer;
 }
 
-Answer QueryWidening(const Arguments& arguments, const CDSCurveWidening& criterion)
+Answer QueryWidening(const Arguments& arguments, const CDesignSpecification& specification)
 {
     CheckOptions(arguments, L"CurveWidening", {{L"--car", &Arguments::car, true}, kNeedRadius});
     double value = 0;
     Answer answer;
-    answer.code = criterion.QueryWidening(ToWide(*arguments.car).c_str(),
-                                          IntArgument(*arguments.radius, L"半径"), value);
+    answer.code = specification.CurveWidening.QueryWidening(
+        ToWide(*arguments.car).c_str(), IntArgument(*arguments.radius, L"半径"), value);
     if (answer.code == 0) answer.value = value;
     answer.cause = CauseOf(kWideningCauses, answer.code);
     return answer;
 }
 
+// Criteria with a query of their own.
+constexpr struct {
+    const wchar_t* criterion;
+    Answer (*ask)(const Arguments& arguments, const CDesignSpecification& specification);
+} kQueries[] = {
+    {L"LonGradMaxLen", QueryGradeLength},
+    {L"SuperElevation", QuerySuperElevation},
+    {L"CurveWidening", QueryWidening},
+};
+
 Answer Ask(const Arguments& arguments, CDesignSpecification& specification)
 {
-    const FieldPath path = ParseFieldPath(arguments.path);
-    const void* object = path.criterion->get(specification);
-    if (path.field) return QueryField(arguments, path, object);
-    if (object == &specification.LonGradMaxLen)
-        return QueryGradeLength(arguments, specification.LonGradMaxLen);
-    if (object == &specification.SuperElevation)
-        return QuerySuperElevation(arguments, specification.SuperElevation);
-    if (object == &specification.CurveWidening)
-        return QueryWidening(arguments, specification.CurveWidening);
-    Refuse(Format(L"请指定 %s 的字段:", CString(path.criterion->name)) +
-           FieldList(*path.criterion));
+    const ValuePath path = ParsePath(arguments.path);
+    if (!path.steps.empty()) return QueryPath(arguments, specification, path);
+    for (const auto& query : kQueries)
+        if (query.criterion == path.Text()) return query.ask(arguments, specification);
+    Refuse(Format(L"请指定 %s 的字段:", path.Text()) + FieldList(*path.criterion));
 }
 
 void PrintAnswer(const Json& value)
@@ -189,7 +202,7 @@ void PrintAnswer(const Json& value)
 
 Status RunQuery(const Arguments& arguments)
 {
-    ParseFieldPath(arguments.path); // a wrong path is told before any file is read
+    ParsePath(arguments.path); // a wrong path is told before any file is read
     CDesignSpecification& specification = ChosenSpecification(OpenProject(arguments), arguments);
     const Answer answer = Ask(arguments, specification);
     if (arguments.json) {

@@ -1,7 +1,4 @@
-#include <algorithm>
-#include <functional>
-#include <map>
-#include <set>
+#include <array>
 
 #include "base/Format.h"
 #include "base/NoCase.h"
@@ -9,28 +6,12 @@
 #include "base/Text.h"
 #include "cli/JsonText.h"
 #include "cli/TextTable.h"
+#include "model/FieldValue.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
 
 using namespace designspec;
 
 namespace {
-
-using Descending = std::greater<>;
-
-CString DecimalText(double value)
-{
-    return ToWide(DoubleToText(value));
-}
-
-CString CellText(std::int32_t value)
-{
-    return std::to_wstring(value);
-}
-
-CString CellText(double value)
-{
-    return DecimalText(value);
-}
 
 CString WithUnit(const Field& field)
 {
@@ -38,78 +19,80 @@ CString WithUnit(const Field& field)
                        : CString(field.label);
 }
 
-CString ScalarText(const Field& field, const void* criterion)
+CString ScalarText(const Field& field, const void* object)
 {
-    switch (field.kind) {
-    case FieldKind::Int:
-        return CellText(field.Of<std::int32_t>(criterion));
-    case FieldKind::Double:
-        return DecimalText(field.Of<double>(criterion));
-    case FieldKind::Bool:
-        return field.Of<BOOL>(criterion) ? L"是" : L"否";
-    default: {
-        const CString& text = field.Of<CString>(criterion);
-        return text.empty() ? L"(未填)" : text;
-    }
-    }
-}
-
-CString MeaningText(const Field& field, const void* criterion)
-{
-    const CString text = ScalarText(field, criterion);
+    const CString text = ValueText(field, object);
+    if (field.kind == FieldKind::Bool) return text == L"1" ? L"是" : L"否";
+    if (text.empty()) return L"(未填)";
     return text == L"0" && field.zeroMeans ? Format(L"0 (%s)", CString(field.zeroMeans)) : text;
 }
 
-// A grid as the editor shows it: a column for each key, highest first, a row for each caption.
+// A grid as the editor shows it. Columns that are numbers stand highest first, others as they come
+// up. Of several texts for one cell the first one counts.
 class Grid {
 public:
     explicit Grid(CString corner) : m_corner(std::move(corner)) {}
 
-    template <class T> void AddTable(const CString& caption, const GrowArray<SpeedEntry<T>>& table)
+    void AddLine(const CString& caption) { m_lines.push_back({caption, {}}); }
+    // Into the last line of that caption, which is added when there is none.
+    void Set(const CString& caption, const CString& column, const CString& text)
     {
-        Cells& cells = AddRow(caption);
-        for (const SpeedEntry<T>& entry : table) {
-            cells.emplace(entry.speed, CellText(entry.value));
-            m_columns.insert(entry.speed);
-        }
-    }
-    void Set(const CString& caption, std::int32_t column, const CString& text)
-    {
-        const auto found = std::find_if(m_rows.begin(), m_rows.end(),
-                                        [&](const Row& row) { return row.first == caption; });
-        Cells& cells = found == m_rows.end() ? AddRow(caption) : found->second;
-        cells.emplace(column, text);
-        m_columns.insert(column);
+        const auto found = std::find_if(m_lines.rbegin(), m_lines.rend(),
+                                        [&](const Line& line) { return line.caption == caption; });
+        const bool isNew = found == m_lines.rend();
+        if (isNew) AddLine(caption);
+        (isNew ? m_lines.back() : *found).cells.push_back({column, text});
+        AddColumn(column);
     }
     void Print() const
     {
+        if (m_lines.empty()) return PrintLine(L"  (无数据)");
         TextTable table;
         CStringArray header = {m_corner};
-        for (std::int32_t column : m_columns)
-            header.push_back(CellText(column));
+        header.insert(header.end(), m_columns.begin(), m_columns.end());
         table.AddRow(header);
-        for (const auto& [caption, cells] : m_rows) {
-            CStringArray row = {caption};
-            for (std::int32_t column : m_columns) {
-                const auto found = cells.find(column);
-                row.push_back(found == cells.end() ? L"-" : found->second);
-            }
+        for (const Line& line : m_lines) {
+            CStringArray row = {line.caption};
+            for (const CString& column : m_columns)
+                row.push_back(TextAt(line, column));
             table.AddRow(row);
         }
-        if (m_rows.empty()) return PrintLine(L"  (无数据)");
         for (const CString& line : table.Lines(2))
             PrintLine(line);
     }
 
 private:
-    using Cells = std::map<std::int32_t, CString>;
-    using Row = std::pair<CString, Cells>;
+    struct Cell {
+        CString column, text;
+    };
+    struct Line {
+        CString caption;
+        std::vector<Cell> cells;
+    };
 
-    Cells& AddRow(const CString& caption) { return m_rows.emplace_back(caption, Cells()).second; }
+    static CString TextAt(const Line& line, const CString& column)
+    {
+        for (const Cell& cell : line.cells)
+            if (EqualNoCase(cell.column, column)) return cell.text;
+        return L"-";
+    }
+    static int NumberOf(const CString& column)
+    {
+        int number = 0;
+        ParseInt(ToUtf8(column), number);
+        return number;
+    }
+    void AddColumn(const CString& column)
+    {
+        for (const CString& one : m_columns)
+            if (EqualNoCase(one, column)) return;
+        const auto lower = [&](const CString& one) { return NumberOf(one) < NumberOf(column); };
+        m_columns.insert(std::find_if(m_columns.begin(), m_columns.end(), lower), column);
+    }
 
     CString m_corner;
-    std::set<std::int32_t, Descending> m_columns;
-    std::vector<Row> m_rows;
+    CStringArray m_columns;
+    std::vector<Line> m_lines;
 };
 
 constexpr wchar_t kSpeedCorner[] = L"设计车速(km/h)";
@@ -120,74 +103,90 @@ void PrintTables(const CriterionInfo& criterion, const void* object)
     bool any = false;
     for (const Field& field : criterion.fields) {
         if (!field.IsTable() || (field.isUsed && !field.isUsed(object))) continue;
-        const bool isInt = field.kind == FieldKind::IntTable;
-        if (field.skipEmpty && field.Of<SpeedToDoubleValues>(object).IsEmpty()) continue;
+        if (field.skipEmpty && field.RowCount(object) == 0) continue;
         any = true;
-        if (isInt)
-            grid.AddTable(WithUnit(field), field.Of<SpeedToIntValues>(object));
-        else
-            grid.AddTable(WithUnit(field), field.Of<SpeedToDoubleValues>(object));
+        const CString caption = WithUnit(field);
+        const auto fields = field.RowFields(); // speed and value
+        grid.AddLine(caption);
+        for (std::int32_t i = 0; i < field.RowCount(object); ++i) {
+            const void* entry = field.Row(object, i);
+            grid.Set(caption, ValueText(fields[0], entry), ValueText(fields[1], entry));
+        }
     }
     if (any) grid.Print();
 }
 
-void PrintRows(const CDSLonGradMaxLen& criterion)
+// The texts of a row and those around it, by their places in a grid.
+using Texts = std::array<CString, 4>;
+
+CString& At(Texts& texts, GridPlace place)
 {
-    Grid grid(kSpeedCorner);
-    for (const GradientRow& row : criterion.rows)
-        grid.AddTable(Format(L"坡度%s%% 最大坡长(m)", DecimalText(row.Grad)), row.lengths);
-    grid.Print();
+    return texts[static_cast<size_t>(place)];
 }
 
-void PrintDefinitions(const CDSSuperElevation& criterion)
+void AddText(Texts& texts, const Field& field, const void* row)
 {
-    for (const SuperElevDefinition& definition : criterion.definitions) {
-        PrintLine(Format(L"  最大超高 %d%%", definition.maxSuperElev));
-        Grid grid(kSpeedCorner);
-        for (const SuperElevSpeedRow& row : definition.rows)
-            for (const SuperElevRange& range : row.ranges)
-                grid.Set(Format(L"超高 %d%% 时圆曲线半径范围(m)", range.superElev), row.speed,
-                         Format(L"%d~%d", range.minRadius, range.maxRadius));
-        grid.Print();
+    CString& text = At(texts, field.place);
+    if (!text.empty()) text += L"~"; // the ends of a range
+    text += ValueText(field, row);
+    if (field.form) text = Format(field.form, text);
+}
+
+// What stands above the captions: what the columns are, or else what the lines are.
+CString CornerOf(const Field& rows, const CString& lines)
+{
+    for (const Field& field : rows.RowFields()) {
+        if (field.HasRows()) return CornerOf(field, lines);
+        if (field.place == GridPlace::Column && field.kind == FieldKind::Int) return kSpeedCorner;
     }
-    if (criterion.definitions.IsEmpty()) PrintLine(L"  (无数据)");
+    return lines;
 }
 
-void PrintRanges(const CDSCurveWidening& criterion)
+void PrintRows(const Field& field, const void* object);
+
+void AddRows(Grid& grid, const Field& field, const void* object, const Texts& around)
 {
-    CStringArray carTypes;
-    for (const WideningRange& range : criterion.ranges)
-        for (const Widening& one : range.widenings)
-            if (std::none_of(carTypes.begin(), carTypes.end(),
-                             [&](const CString& type) { return EqualNoCase(type, one.carType); }))
-                carTypes.push_back(one.carType);
-    TextTable table;
-    CStringArray header = {L"圆曲线半径(m)"};
-    for (const CString& type : carTypes)
-        header.push_back(type + L"(m)");
-    table.AddRow(header);
-    for (const WideningRange& range : criterion.ranges) {
-        const wchar_t* form = criterion.IsGMinAndLEMaxMode ? L"%d < R ≤ %d" : L"%d ≤ R < %d";
-        CStringArray row = {Format(form, range.min, range.max)};
-        for (const CString& type : carTypes) {
-            CString text = L"-";
-            for (const Widening& one : range.widenings)
-                if (text == L"-" && EqualNoCase(one.carType, type))
-                    text = DecimalText(one.widening);
-            row.push_back(text);
+    for (std::int32_t i = 0; i < field.RowCount(object); ++i) {
+        const void* row = field.Row(object, i);
+        Texts texts = around;
+        const Field* inner = nullptr;
+        for (const Field& one : field.RowFields()) {
+            if (one.HasRows())
+                inner = &one;
+            else
+                AddText(texts, one, row);
         }
-        table.AddRow(row);
+        if (field.rowText) At(texts, GridPlace::Row) = field.rowText(object, row);
+        const CString& line = At(texts, GridPlace::Row);
+        if (!inner) {
+            grid.Set(line, At(texts, GridPlace::Column), At(texts, GridPlace::Cell));
+        } else if (const CString& heading = At(texts, GridPlace::Heading); !heading.empty()) {
+            PrintLine(L"  " + heading);
+            PrintRows(*inner, row);
+        } else {
+            if (!line.empty()) grid.AddLine(line); // be it without cells
+            AddRows(grid, *inner, row, texts);
+        }
     }
-    if (criterion.ranges.IsEmpty()) return PrintLine(L"  (无数据)");
-    for (const CString& line : table.Lines(2))
-        PrintLine(line);
+}
+
+// One grid, or one for each heading.
+void PrintRows(const Field& field, const void* object)
+{
+    Grid grid(CornerOf(field, WithUnit(field)));
+    AddRows(grid, field, object, {});
+    const auto fields = field.RowFields();
+    const bool hasHeadings = std::any_of(fields.begin(), fields.end(), [](const Field& one) {
+        return one.place == GridPlace::Heading;
+    });
+    if (!hasHeadings || field.RowCount(object) == 0) grid.Print();
 }
 
 void PrintScalars(const CriterionInfo& criterion, const void* object, bool texts)
 {
     for (const Field& field : criterion.fields)
-        if (!field.IsTable() && (field.kind == FieldKind::Text) == texts)
-            PrintLine(Format(L"  %s: %s", WithUnit(field), MeaningText(field, object)));
+        if (!field.HasRows() && (field.kind == FieldKind::Text) == texts)
+            PrintLine(Format(L"  %s: %s", WithUnit(field), ScalarText(field, object)));
 }
 
 void PrintCriterion(const CriterionInfo& criterion, CDesignSpecification& specification)
@@ -196,9 +195,8 @@ void PrintCriterion(const CriterionInfo& criterion, CDesignSpecification& specif
     PrintLine(Format(L"%s  %s", CString(criterion.label), CString(criterion.name)));
     PrintScalars(criterion, object, false);
     PrintTables(criterion, object);
-    if (object == &specification.LonGradMaxLen) PrintRows(specification.LonGradMaxLen);
-    if (object == &specification.SuperElevation) PrintDefinitions(specification.SuperElevation);
-    if (object == &specification.CurveWidening) PrintRanges(specification.CurveWidening);
+    for (const Field& field : criterion.fields)
+        if (field.kind == FieldKind::Rows) PrintRows(field, object);
     PrintScalars(criterion, object, true);
 }
 
@@ -210,8 +208,8 @@ std::vector<const CriterionInfo*> ChosenCriteria(const std::string& path)
             chosen.push_back(&criterion);
         return chosen;
     }
-    const FieldPath parsed = ParseFieldPath(path);
-    if (parsed.field) Refuse(L"show 只接受条目,不接受字段");
+    const ValuePath parsed = ParsePath(path);
+    if (!parsed.steps.empty()) Refuse(L"show 只接受条目,不接受字段");
     return {parsed.criterion};
 }
 

@@ -33,7 +33,8 @@ public:
         while (styles.HasNext()) {
             const CXTPPropExchange style = styles.GetNext();
             CheckName(style, file);
-            CheckTables(style);
+            for (const CriterionInfo& criterion : Criteria())
+                CheckRows(style.FindSection(criterion.name), criterion.fields);
         }
     }
 
@@ -51,46 +52,38 @@ private:
         if (file != expected) Find(style, Format(L"文件名与名称和标识不符,应为 %s", expected));
     }
 
-    void CheckTables(const CXTPPropExchange& style)
+    void CheckRows(const CXTPPropExchange& object, std::span<const Field> fields)
     {
-        for (const CriterionInfo& criterion : Criteria()) {
-            const CXTPPropExchange section = style.FindSection(criterion.name);
-            for (const Field& field : criterion.fields)
-                if (field.IsTable()) CheckKeys(section, field.key, L"Item", L"speed", true);
+        for (const Field& field : fields) {
+            if (!field.HasRows()) continue;
+            const CXTPPropExchange section = object.FindSection(field.element);
+            if (field.order != RowOrder::AsGiven) CheckOrder(section, field);
+            CXTPPropExchangeEnumerator rows = section.GetEnumerator(field.rowElement);
+            while (rows.HasNext())
+                CheckRows(rows.GetNext(), field.RowFields());
         }
-        CheckKeys(style, L"LonGradMaxLen/maxLens", L"Item", L"Grad", false);
-        CheckEach(style, L"LonGradMaxLen/maxLens/Item", L"Item", L"speed");
-        CheckEach(style, L"SuperElevation/SuperElevDefs/SuperElevDef", L"Items", L"speed");
     }
 
-    void CheckEach(const CXTPPropExchange& style, const wchar_t* path, const wchar_t* item,
-                   const wchar_t* key)
+    // The keys of the rows must fall from row to row, or rise.
+    void CheckOrder(const CXTPPropExchange& section, const Field& field)
     {
-        CXTPPropExchangeEnumerator sections = style.GetEnumerator(path);
-        while (sections.HasNext())
-            CheckKeys(sections.GetNext(), L"", item, key, true);
-    }
-
-    // The keys of a table must fall from item to item, or rise.
-    void CheckKeys(const CXTPPropExchange& parent, const wchar_t* path, const wchar_t* item,
-                   const wchar_t* key, bool falling)
-    {
-        const CXTPPropExchange table = parent.FindSection(path);
-        CXTPPropExchangeEnumerator items = table.GetEnumerator(item);
+        const CString key = field.RowFields()[0].key;
+        const bool falling = field.order == RowOrder::Descending;
+        CXTPPropExchangeEnumerator rows = section.GetEnumerator(field.rowElement);
         std::vector<double> keys;
         bool ordered = true;
-        while (items.HasNext()) {
-            CXTPPropExchange one = items.GetNext();
-            one.EnableCompactMode(true);
+        while (rows.HasNext()) {
+            CXTPPropExchange row = rows.GetNext();
+            row.EnableCompactMode(true);
             double value = 0;
-            PX_Double(&one, key, value, 0);
+            PX_Double(&row, key, value, 0);
             if (std::find(keys.begin(), keys.end(), value) != keys.end())
-                Find(one, Format(L"%s 中 %s=%g 出现两次", table.Name(), CString(key), value));
+                Find(row, Format(L"%s 中 %s=%g 出现两次", section.Name(), key, value));
             else if (!keys.empty() && (falling ? value > keys.back() : value < keys.back()))
                 ordered = false;
             keys.push_back(value);
         }
-        if (!ordered) Find(table, Format(L"%s 的各项未按 %s 排序", table.Name(), CString(key)));
+        if (!ordered) Find(section, Format(L"%s 的各项未按 %s 排序", section.Name(), key));
     }
 
     CString m_path;

@@ -1,9 +1,8 @@
 #include "model/Criteria.h"
 
-#include "base/NoCase.h"
-
-#include <algorithm>
 #include <array>
+
+#include "base/NoCase.h"
 
 namespace designspec {
 
@@ -35,17 +34,16 @@ std::span<const CriterionInfo> Criteria()
 
 const CriterionInfo* FindCriterion(std::wstring_view name)
 {
-    const auto all = Criteria();
-    const auto found = std::find_if(all.begin(), all.end(),
-                                    [&](const auto& one) { return EqualNoCase(one.name, name); });
-    return found == all.end() ? nullptr : &*found;
+    for (const CriterionInfo& one : Criteria())
+        if (EqualNoCase(one.name, name)) return &one;
+    return nullptr;
 }
 
-const Field* FindField(const CriterionInfo& criterion, std::wstring_view key)
+const Field* FindField(std::span<const Field> fields, std::wstring_view key)
 {
-    const auto found = std::find_if(criterion.fields.begin(), criterion.fields.end(),
-                                    [&](const auto& one) { return EqualNoCase(one.key, key); });
-    return found == criterion.fields.end() ? nullptr : &*found;
+    for (const Field& one : fields)
+        if (EqualNoCase(one.key, key)) return &one;
+    return nullptr;
 }
 
 } // namespace designspec

@@ -4,8 +4,6 @@
 #include <span>
 #include <tuple>
 
-#include "platform/mfc/Export.h"
-
 #include "model/DesignSpecification.h"
 
 namespace designspec {
@@ -55,8 +53,8 @@ struct CriterionInfo {
 
 // In file order.
 AFX_EXT_API std::span<const CriterionInfo> Criteria();
-// The criterion, or the field of one, of that name, ignoring case; null when there is none.
+// The criterion, or the field, of that name, ignoring case; null when there is none.
 AFX_EXT_API const CriterionInfo* FindCriterion(std::wstring_view name);
-AFX_EXT_API const Field* FindField(const CriterionInfo& criterion, std::wstring_view key);
+AFX_EXT_API const Field* FindField(std::span<const Field> fields, std::wstring_view key);
 
 } // namespace designspec

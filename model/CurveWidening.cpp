@@ -1,7 +1,7 @@
 #include "model/CurveWidening.h"
 
+#include "base/Format.h"
 #include "base/NoCase.h"
-#include "model/Nested.h"
 
 using namespace designspec;
 
@@ -69,12 +69,53 @@ int CDSCurveWidening::WhyNoRange(int radius) const
     return smallest >= radius ? kBelowRanges : kNoRange;
 }
 
+std::span<const Field> Widening::Fields()
+{
+    static constexpr Field kFields[] = {
+        In(GridPlace::Column, Key(MakeAttribute<&Widening::carType>(L"carType", L"车型")),
+           L"%s(m)"),
+        MakeAttribute<&Widening::widening>(L"widening", L"加宽", L"m"),
+    };
+    return kFields;
+}
+
+std::span<const Field> WideningRange::Fields()
+{
+    using R = WideningRange;
+    static constexpr Field kFields[] = {
+        In(GridPlace::Row, Key(MakeAttribute<&R::min>(L"min", L"半径下限", L"m"))),
+        In(GridPlace::Row, Key(MakeAttribute<&R::max>(L"max", L"半径上限", L"m"))),
+        MakeRows<&R::widenings>(L"widenings", L"加宽", L"m", L"", L"Item"),
+    };
+    return kFields;
+}
+
+namespace {
+
+CString RangeText(const void* criterion, const void* row)
+{
+    const auto& range = *static_cast<const WideningRange*>(row);
+    const bool holdsMax = static_cast<const CDSCurveWidening*>(criterion)->IsGMinAndLEMaxMode != 0;
+    return Format(holdsMax ? L"%d < R ≤ %d" : L"%d ≤ R < %d", range.min, range.max);
+}
+
+constexpr Field RangesField()
+{
+    Field field =
+        MakeRows<&CDSCurveWidening::ranges>(L"ranges", L"圆曲线半径", L"m", L"Radiuses", L"Radius");
+    field.rowText = RangeText;
+    return field;
+}
+
+} // namespace
+
 std::span<const Field> CDSCurveWidening::Fields()
 {
     using C = CDSCurveWidening;
     static constexpr Field kFields[] = {
         MakeField<&C::Criterion>(L"Criterion", L"数据来源"),
         MakeBool<&C::IsGMinAndLEMaxMode>(L"IsGMinAndLEMaxMode", L"半径范围含上限、不含下限"),
+        RangesField(),
     };
     return kFields;
 }
@@ -82,14 +123,4 @@ std::span<const Field> CDSCurveWidening::Fields()
 void CDSCurveWidening::DoPropExchange(CXTPPropExchange* pPX)
 {
     ExchangeFields(pPX, this, Fields());
-    ExchangeArray(pPX, L"Radiuses", L"Radius", ranges,
-                  [](CXTPPropExchange* radius, WideningRange& range) {
-                      PX_Int(radius, L"min", range.min, 0);
-                      PX_Int(radius, L"max", range.max, 0);
-                      ExchangeEach(radius, L"Item", range.widenings,
-                                   [](CXTPPropExchange* item, Widening& one) {
-                                       PX_String(item, L"carType", one.carType);
-                                       PX_Double(item, L"widening", one.widening, 0);
-                                   });
-                  });
 }

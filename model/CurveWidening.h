@@ -9,6 +9,7 @@ struct Widening {
     CString carType;     // name of the design vehicle
     double widening = 0; // m
 
+    static std::span<const designspec::Field> Fields();
     bool operator==(const Widening&) const = default;
 };
 
@@ -17,6 +18,7 @@ struct WideningRange {
     std::int32_t max = 0; // radius, m
     GrowArray<Widening> widenings;
 
+    static std::span<const designspec::Field> Fields();
     bool operator==(const WideningRange&) const = default;
 };
 
@@ -38,7 +40,7 @@ public:
     int QueryWidening(const wchar_t* carType, int radius, double& widening) const;
 
     void DoPropExchange(CXTPPropExchange* pPX);
-    static std::span<const designspec::Field> Fields(); // without the ranges
+    static std::span<const designspec::Field> Fields();
     bool operator==(const CDSCurveWidening&) const = default;
 
 private:

@@ -3,6 +3,7 @@
 #include "base/NoCase.h"
 #include "model/Criteria.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
+#include "platform/xtp/PropExchange.h"
 
 using namespace designspec;
 

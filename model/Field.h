@@ -1,44 +1,99 @@
-// What a criterion consists of, described once. Storing, loading, the command's paths, printing
-// and comparing all run over the table of a criterion's fields.
+// What a criterion consists of, described once. Storing, loading, paths to single values, printing
+// and comparing all run over the table of a criterion's fields. Rows within rows are fields as
+// well: arrays of records that have fields in turn.
 #pragma once
 
 #include <span>
 #include <type_traits>
 
-#include "platform/mfc/Export.h"
-
 #include "model/SpeedTable.h"
+#include "platform/mfc/Export.h"
+#include "platform/mfc/String.h"
 
 // A 32-bit boolean: 0 is false, anything else true.
 using BOOL = std::int32_t;
 
 namespace designspec {
 
-enum class FieldKind { Int, Double, Bool, Text, IntTable, DoubleTable };
+enum class FieldKind { Int, Double, Bool, Text, IntTable, DoubleTable, Rows };
 
+// How the rows of an array stand by their first key.
+enum class RowOrder { AsGiven, Ascending, Descending };
+
+// Where a value of a row stands when people see the rows as a grid.
+enum class GridPlace { Cell, Column, Row, Heading };
+
+struct Field;
+
+// An array of records, whatever they are.
+struct RowArray {
+    std::span<const Field> (*fields)(); // of a record, in their order in files
+    std::int32_t (*count)(const void* array);
+    void* (*at)(void* array, std::int32_t index);
+    void* (*insert)(void* array, std::int32_t index); // an empty record
+    void (*removeAt)(void* array, std::int32_t index);
+};
+
+// A member of a criterion or of a record; `object` below is the one it is a member of.
 struct Field {
-    const wchar_t* key; // the member's name, which is its name in files as well
+    const wchar_t* key; // the member's name
     FieldKind kind;
-    bool isAttribute;     // of the criterion's element; else a child element
+    bool isAttribute;     // of the object's element; else a child element
     const wchar_t* label; // for people
     const wchar_t* unit;  // empty when there is none
-    void* (*member)(void* criterion);
+    void* (*member)(void* object);
 
-    // Tables only. Whether the table has a place in the file at all; null: always.
-    bool (*isUsed)(const void* criterion) = nullptr;
+    // Tables and rows only.
+    const RowArray* rows = nullptr;
+    // The child element that holds the rows; empty: they stand straight in the object's own.
+    const wchar_t* element = nullptr;
+    const wchar_t* rowElement = nullptr; // of each row
+    RowOrder order = RowOrder::AsGiven;
+    // Whether the table has a place in the file at all; null: always.
+    bool (*isUsed)(const void* object) = nullptr;
     // An empty table leaves no element.
     bool skipEmpty = false;
+    // What a row is called for people; null: by its values that have their place there.
+    CString (*rowText)(const void* object, const void* row) = nullptr;
+
+    // Single values only.
+    bool isKey = false; // one of those that tell a row from the others
     // What a value of 0 says, for people; null when it is a value like any other.
     const wchar_t* zeroMeans = nullptr;
     // A value that is missing in a file is 0, rather than what it was.
     bool zeroWhenMissing = false;
+    GridPlace place = GridPlace::Cell;
+    const wchar_t* form = nullptr; // of the text in that place, with %s for the value
 
-    template <class T> T& Of(void* criterion) const { return *static_cast<T*>(member(criterion)); }
-    template <class T> const T& Of(const void* criterion) const
+    template <class T> T& Of(void* object) const { return *static_cast<T*>(member(object)); }
+    template <class T> const T& Of(const void* object) const
     {
-        return *static_cast<const T*>(member(const_cast<void*>(criterion)));
+        return *static_cast<const T*>(member(const_cast<void*>(object)));
     }
+    // A table by design speed.
     bool IsTable() const { return kind == FieldKind::IntTable || kind == FieldKind::DoubleTable; }
+    // A table or rows; else a single value.
+    bool HasRows() const { return rows != nullptr; }
+
+    std::span<const Field> RowFields() const { return rows->fields(); }
+    std::int32_t RowCount(const void* object) const
+    {
+        return rows->count(member(const_cast<void*>(object)));
+    }
+    void* Row(void* object, std::int32_t index) const { return rows->at(member(object), index); }
+    const void* Row(const void* object, std::int32_t index) const
+    {
+        return Row(const_cast<void*>(object), index);
+    }
+    // An empty row before that one.
+    void* InsertRow(void* object, std::int32_t index) const
+    {
+        return rows->insert(member(object), index);
+    }
+    void RemoveRow(void* object, std::int32_t index) const
+    {
+        rows->removeAt(member(object), index);
+    }
 };
 
 namespace FieldDetail {
@@ -61,23 +116,60 @@ template <class V> constexpr FieldKind KindOf()
         return FieldKind::IntTable;
     else if constexpr (std::is_same_v<V, SpeedToDoubleValues>)
         return FieldKind::DoubleTable;
+    else
+        return FieldKind::Rows;
 }
+
+template <class Record> std::span<const Field> FieldsOf()
+{
+    return Record::Fields();
+}
+template <> std::span<const Field> FieldsOf<SpeedEntry<std::int32_t>>();
+template <> std::span<const Field> FieldsOf<SpeedEntry<double>>();
+
+template <class V> constexpr const RowArray* kRowArray = nullptr;
+template <class Record>
+inline constexpr RowArray kArrayOf = {
+    FieldsOf<Record>,
+    [](const void* array) { return static_cast<const GrowArray<Record>*>(array)->count; },
+    [](void* array, std::int32_t index) -> void* {
+        return &(*static_cast<GrowArray<Record>*>(array))[index];
+    },
+    [](void* array, std::int32_t index) -> void* {
+        return &static_cast<GrowArray<Record>*>(array)->Insert(index, {});
+    },
+    [](void* array, std::int32_t index) {
+        static_cast<GrowArray<Record>*>(array)->RemoveAt(index);
+    },
+};
+template <class Record>
+inline constexpr const RowArray* kRowArray<GrowArray<Record>> = &kArrayOf<Record>;
 
 } // namespace FieldDetail
 
-// The field behind a member pointer: an element, of the kind that its type tells.
+// The field of that type: a child element, of the kind that the type tells. A table is an element
+// of its own, with its rows highest speed first.
+template <class Value>
+constexpr Field FieldOf(const wchar_t* key, const wchar_t* label, const wchar_t* unit,
+                        void* (*member)(void* object))
+{
+    constexpr FieldKind kind = FieldDetail::KindOf<Value>();
+    Field field{key, kind, false, label, unit, member};
+    field.rows = FieldDetail::kRowArray<Value>;
+    field.element = key;
+    field.rowElement = L"Item";
+    field.order = kind == FieldKind::Rows ? RowOrder::AsGiven : RowOrder::Descending;
+    return field;
+}
+
+// The field behind a member pointer.
 template <auto Member>
 constexpr Field MakeField(const wchar_t* key, const wchar_t* label, const wchar_t* unit = L"")
 {
     using Traits = FieldDetail::MemberOf<decltype(Member)>;
-    return {key,
-            FieldDetail::KindOf<typename Traits::Value>(),
-            false,
-            label,
-            unit,
-            [](void* criterion) -> void* {
-                return &(static_cast<typename Traits::Class*>(criterion)->*Member);
-            }};
+    return FieldOf<typename Traits::Value>(key, label, unit, [](void* object) -> void* {
+        return &(static_cast<typename Traits::Class*>(object)->*Member);
+    });
 }
 
 template <auto Member>
@@ -95,6 +187,35 @@ template <auto Member> constexpr Field MakeBool(const wchar_t* key, const wchar_
     return field;
 }
 
+// An array of records, which have Fields(); each is an element `row` within `element`, or straight
+// in the object's own when that is empty.
+template <auto Member>
+constexpr Field MakeRows(const wchar_t* key, const wchar_t* label, const wchar_t* unit,
+                         const wchar_t* element, const wchar_t* row,
+                         RowOrder order = RowOrder::AsGiven)
+{
+    Field field = MakeField<Member>(key, label, unit);
+    field.element = element;
+    field.rowElement = row;
+    field.order = order;
+    return field;
+}
+
+// The same field, as one that tells a row from the others: an attribute, taken as it stands.
+constexpr Field Key(Field field)
+{
+    field.isKey = true;
+    return field;
+}
+
+// The same field, in that place of a grid.
+constexpr Field In(GridPlace place, Field field, const wchar_t* form = nullptr)
+{
+    field.place = place;
+    field.form = form;
+    return field;
+}
+
 // The same field, for which 0 says something of its own.
 constexpr Field ZeroMeans(Field field, const wchar_t* meaning)
 {
@@ -102,9 +223,8 @@ constexpr Field ZeroMeans(Field field, const wchar_t* meaning)
     return field;
 }
 
-// Stores or loads the fields in the order of the table. Texts are trimmed and tables emptied
-// first when loading.
-AFX_EXT_API void ExchangeFields(CXTPPropExchange* pPX, void* criterion,
-                                std::span<const Field> fields);
+// Stores or loads the fields in the order of the table. Texts that are elements are trimmed and
+// arrays emptied first when loading.
+AFX_EXT_API void ExchangeFields(CXTPPropExchange* pPX, void* object, std::span<const Field> fields);
 
 } // namespace designspec

@@ -18,7 +18,7 @@ struct Limit {
 
 Limit LimitOf(const wchar_t* criterion, const wchar_t* key, const void* object)
 {
-    const Field& field = *FindField(*FindCriterion(criterion), key);
+    const Field& field = *FindField(FindCriterion(criterion)->fields, key);
     return {CString(criterion) + L"." + key, field.label, field.Of<double>(object)};
 }
 

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "model/Nested.h"
+#include "platform/xtp/PropExchange.h"
 
 using namespace designspec;
 
@@ -103,10 +103,27 @@ bool CDSLonGradMaxLen::QueryBetween(const GradientRow& gentler, const GradientRo
     }
 }
 
+std::span<const Field> GradientRow::Fields()
+{
+    static constexpr auto kLengths = [] {
+        Field field = MakeField<&GradientRow::lengths>(L"lengths", L"最大坡长", L"m");
+        field.element = L"";
+        return field;
+    }();
+    static constexpr Field kFields[] = {
+        In(GridPlace::Row, Key(MakeAttribute<&GradientRow::Grad>(L"Grad", L"坡度", L"%")),
+           L"坡度%s%% 最大坡长(m)"),
+        kLengths,
+    };
+    return kFields;
+}
+
 std::span<const Field> CDSLonGradMaxLen::Fields()
 {
+    using C = CDSLonGradMaxLen;
     static constexpr Field kFields[] = {
-        MakeField<&CDSLonGradMaxLen::Criterion>(L"Criterion", L"数据来源"),
+        MakeField<&C::Criterion>(L"Criterion", L"数据来源"),
+        MakeRows<&C::rows>(L"rows", L"最大坡长", L"m", L"maxLens", L"Item", RowOrder::Ascending),
     };
     return kFields;
 }
@@ -114,10 +131,6 @@ std::span<const Field> CDSLonGradMaxLen::Fields()
 void CDSLonGradMaxLen::DoPropExchange(CXTPPropExchange* pPX)
 {
     ExchangeFields(pPX, this, Fields());
-    ExchangeArray(pPX, L"maxLens", L"Item", rows, [](CXTPPropExchange* item, GradientRow& row) {
-        PX_Double(item, L"Grad", row.Grad, 0);
-        ExchangeItems(item, row.lengths);
-    });
     if (pPX->IsLoading()) TidyRows();
 }
 

@@ -21,6 +21,7 @@ struct GradientRow {
     double Grad = 0;          // %
     SpeedToIntValues lengths; // m, by design speed
 
+    static std::span<const designspec::Field> Fields();
     bool operator==(const GradientRow&) const = default;
 };
 
@@ -42,7 +43,7 @@ public:
     bool QueryVal(double grad, int speed, QueryValue::QueryMode mode, int& value) const;
 
     void DoPropExchange(CXTPPropExchange* pPX);
-    static std::span<const designspec::Field> Fields(); // without the rows
+    static std::span<const designspec::Field> Fields();
     bool operator==(const CDSLonGradMaxLen&) const = default;
 
 private:

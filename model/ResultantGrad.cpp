@@ -12,11 +12,10 @@ constexpr const wchar_t* kLabels[C::kRoadTypes] = {
 
 template <C::RoadType Type> constexpr Field TableField(const wchar_t* key)
 {
-    Field field = {
-        key,   FieldKind::DoubleTable,
-        false, kLabels[Type],
-        L"%",  [](void* criterion) -> void* {
-                       return &static_cast<C*>(criterion)->tables[Type]; }};
+    Field field =
+        FieldOf<SpeedToDoubleValues>(key, kLabels[Type], L"%", [](void* criterion) -> void* {
+            return &static_cast<C*>(criterion)->tables[Type];
+        });
     field.skipEmpty = true;
     return field;
 }

@@ -4,9 +4,7 @@
 #include <limits>
 #include <utility>
 
-#include "model/Nested.h"
-
-using namespace designspec;
+#include "platform/xtp/PropExchange.h"
 
 namespace {
 
@@ -151,6 +149,7 @@ bool Query(const GrowArray<SpeedEntry<T>>& table, std::int32_t speed, QueryValue
     return true;
 }
 
+constexpr wchar_t kItem[] = L"Item";
 constexpr std::wstring_view kSpeed = L"speed";
 constexpr std::wstring_view kValue = L"value";
 
@@ -172,13 +171,25 @@ template <class T> void SortTable(GrowArray<SpeedEntry<T>>& table)
     std::stable_sort(table.begin(), table.end(), higherFirst);
 }
 
+template <class T> void ExchangeItem(CXTPPropExchange& item, SpeedEntry<T>& entry)
+{
+    item.EnableCompactMode(true);
+    PX_Int(&item, kSpeed, entry.speed, 0);
+    ExchangeValue(&item, entry.value);
+}
+
 template <class T> void ExchangeTable(CXTPPropExchange* pPX, GrowArray<SpeedEntry<T>>& table)
 {
-    ExchangeEach(pPX, L"Item", table, [](CXTPPropExchange* item, SpeedEntry<T>& entry) {
-        PX_Int(item, kSpeed, entry.speed, 0);
-        ExchangeValue(item, entry.value);
-    });
-    if (pPX->IsLoading()) SortTable(table);
+    if (pPX->IsStoring()) {
+        for (SpeedEntry<T>& entry : table) {
+            CXTPPropExchange item = pPX->AppendSection(kItem);
+            ExchangeItem(item, entry);
+        }
+        return;
+    }
+    for (CXTPPropExchange item = pPX->FindSection(kItem); item.IsSectionExists(); item.MoveToNext())
+        ExchangeItem(item, table.Add({}));
+    SortTable(table);
 }
 
 template <class T>
@@ -228,6 +239,11 @@ void PX_SpeedToDoubleValues(CXTPPropExchange* pPX, const wchar_t* key, SpeedToDo
 }
 
 void ExchangeItems(CXTPPropExchange* pPX, SpeedToIntValues& table)
+{
+    ExchangeTable(pPX, table);
+}
+
+void ExchangeItems(CXTPPropExchange* pPX, SpeedToDoubleValues& table)
 {
     ExchangeTable(pPX, table);
 }

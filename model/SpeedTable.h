@@ -5,7 +5,8 @@
 
 #include "model/GrowArray.h"
 #include "platform/mfc/Export.h"
-#include "platform/xtp/PropExchange.h"
+
+class CXTPPropExchange;
 
 template <class T> struct SpeedEntry {
     std::int32_t speed = 0; // design speed, km/h
@@ -74,5 +75,6 @@ AFX_EXT_API void PX_SpeedToIntValues(CXTPPropExchange* pPX, const wchar_t* key,
 AFX_EXT_API void PX_SpeedToDoubleValues(CXTPPropExchange* pPX, const wchar_t* key,
                                         SpeedToDoubleValues& table);
 
-// The Item elements of a table, straight in the exchange's section.
+// The Item elements of a table, straight in the exchange's section; likewise.
 AFX_EXT_API void ExchangeItems(CXTPPropExchange* pPX, SpeedToIntValues& table);
+AFX_EXT_API void ExchangeItems(CXTPPropExchange* pPX, SpeedToDoubleValues& table);

@@ -1,7 +1,5 @@
 #include "model/SuperElevation.h"
 
-#include "model/Nested.h"
-
 using namespace designspec;
 
 namespace {
@@ -55,25 +53,6 @@ int QueryRange(const SuperElevSpeedRow& row, int radius, int& superElev)
     return kNoRange;
 }
 
-void ExchangeRange(CXTPPropExchange* pPX, SuperElevRange& range)
-{
-    PX_Int(pPX, L"superElev", range.superElev, 0);
-    PX_Int(pPX, L"minRadius", range.minRadius, 0);
-    PX_Int(pPX, L"maxRadius", range.maxRadius, 0);
-}
-
-void ExchangeRow(CXTPPropExchange* pPX, SuperElevSpeedRow& row)
-{
-    PX_Int(pPX, L"speed", row.speed, 0);
-    ExchangeEach(pPX, L"Item", row.ranges, ExchangeRange);
-}
-
-void ExchangeDefinition(CXTPPropExchange* pPX, SuperElevDefinition& definition)
-{
-    PX_Int(pPX, L"maxSuperElev", definition.maxSuperElev, 0);
-    ExchangeEach(pPX, L"Items", definition.rows, ExchangeRow);
-}
-
 } // namespace
 
 CDSSuperElevation::CDSSuperElevation()
@@ -113,10 +92,46 @@ int CDSSuperElevation::QuerySuperElevation(int maxSuperElev, int speed, QueryVal
     return row ? QueryRange(*row, radius, superElev) : kAnswered;
 }
 
+std::span<const Field> SuperElevRange::Fields()
+{
+    using R = SuperElevRange;
+    static constexpr Field kFields[] = {
+        In(GridPlace::Row, MakeAttribute<&R::superElev>(L"superElev", L"超高", L"%"),
+           L"超高 %s%% 时圆曲线半径范围(m)"),
+        Key(MakeAttribute<&R::minRadius>(L"minRadius", L"半径下限", L"m")),
+        Key(MakeAttribute<&R::maxRadius>(L"maxRadius", L"半径上限", L"m")),
+    };
+    return kFields;
+}
+
+std::span<const Field> SuperElevSpeedRow::Fields()
+{
+    using R = SuperElevSpeedRow;
+    static constexpr Field kFields[] = {
+        In(GridPlace::Column, Key(MakeAttribute<&R::speed>(L"speed", L"车速", L"km/h"))),
+        MakeRows<&R::ranges>(L"ranges", L"圆曲线半径范围", L"m", L"", L"Item"),
+    };
+    return kFields;
+}
+
+std::span<const Field> SuperElevDefinition::Fields()
+{
+    using D = SuperElevDefinition;
+    static constexpr Field kFields[] = {
+        In(GridPlace::Heading,
+           Key(MakeAttribute<&D::maxSuperElev>(L"maxSuperElev", L"最大超高", L"%")),
+           L"最大超高 %s%%"),
+        MakeRows<&D::rows>(L"rows", L"各车速的超高", L"%", L"", L"Items", RowOrder::Descending),
+    };
+    return kFields;
+}
+
 std::span<const Field> CDSSuperElevation::Fields()
 {
+    using C = CDSSuperElevation;
     static constexpr Field kFields[] = {
-        MakeField<&CDSSuperElevation::Criterion>(L"Criterion", L"数据来源"),
+        MakeField<&C::Criterion>(L"Criterion", L"数据来源"),
+        MakeRows<&C::definitions>(L"definitions", L"超高", L"%", L"SuperElevDefs", L"SuperElevDef"),
     };
     return kFields;
 }
@@ -124,5 +139,4 @@ std::span<const Field> CDSSuperElevation::Fields()
 void CDSSuperElevation::DoPropExchange(CXTPPropExchange* pPX)
 {
     ExchangeFields(pPX, this, Fields());
-    ExchangeArray(pPX, L"SuperElevDefs", L"SuperElevDef", definitions, ExchangeDefinition);
 }

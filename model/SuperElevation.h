@@ -10,6 +10,7 @@ struct SuperElevRange {
     std::int32_t maxRadius = 0; // m, exclusive
     std::int32_t superElev = 0; // %
 
+    static std::span<const designspec::Field> Fields();
     bool operator==(const SuperElevRange&) const = default;
 };
 
@@ -17,6 +18,7 @@ struct SuperElevSpeedRow {
     std::int32_t speed = 0; // km/h
     GrowArray<SuperElevRange> ranges;
 
+    static std::span<const designspec::Field> Fields();
     bool operator==(const SuperElevSpeedRow&) const = default;
 };
 
@@ -24,6 +26,7 @@ struct SuperElevDefinition {
     std::int32_t maxSuperElev = 0;     // %, one of the values of CDSMaxSuperElevation::MaxSuperElev
     GrowArray<SuperElevSpeedRow> rows; // meant to stand highest speed first
 
+    static std::span<const designspec::Field> Fields();
     bool operator==(const SuperElevDefinition&) const = default;
 };
 
@@ -51,6 +54,6 @@ public:
                             int speedTolerance, int radius, int& superElev) const;
 
     void DoPropExchange(CXTPPropExchange* pPX);
-    static std::span<const designspec::Field> Fields(); // without the definitions
+    static std::span<const designspec::Field> Fields();
     bool operator==(const CDSSuperElevation&) const = default;
 };

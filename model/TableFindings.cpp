@@ -92,7 +92,7 @@ void FindOrder(const SpeedTable& lesser, const SpeedTable& greater, FindingList&
 
 SpeedTable TableOf(const CriterionInfo& criterion, const wchar_t* key, const void* object)
 {
-    const Field& field = *FindField(criterion, key);
+    const Field& field = *FindField(criterion.fields, key);
     SpeedTable table{CString(criterion.name) + L"." + field.key, field.label, {}};
     for (const auto& [speed, value] : FieldValues(field, object))
         table.values[speed] = value;

@@ -1,6 +1,10 @@
 #include <regex>
 
+#include "base/Text.h"
+#include "model/Criteria.h"
 #include "tests/cli/CommandTest.h"
+
+using namespace designspec;
 
 namespace {
 
@@ -289,36 +293,30 @@ using SetCommand = ChangeCommands;
 TEST_F(SetCommand, ChangesEveryScalarField)
 {
     New("城市");
-    const Json criteria = DoneJson({"show"})["criteria"];
-    int fields = 0;
-    for (const auto& [criterion, values] : criteria.items()) {
-        for (const auto& [field, value] : values.items()) {
-            const std::string path = criterion + "." + field;
-            fields += value.is_array() ? 0 : 1;
-            if (value.is_string())
+    for (const CriterionInfo& criterion : Criteria()) {
+        for (const Field& field : criterion.fields) {
+            const std::string path = ToUtf8(criterion.name) + "." + ToUtf8(field.key);
+            if (field.kind == FieldKind::Text) {
                 SetAndAsk(path, "  第 3.1 条 <&\">  ", "第 3.1 条 <&\">");
-            else if (value.is_boolean())
-                SetAndAsk(path, value.get<bool>() ? "0" : "1", value.get<bool>() ? "0" : "1");
-            else if (value.is_number_integer())
+            } else if (field.kind == FieldKind::Bool) {
+                const bool was = Done({"query", path}) == "1\n";
+                SetAndAsk(path, was ? "0" : "1", was ? "0" : "1");
+            } else if (field.kind == FieldKind::Int) {
                 SetAndAsk(path, "+1234", "1234");
-            else if (value.is_number())
+            } else if (field.kind == FieldKind::Double) {
                 SetAndAsk(path, "0.1", "0.1");
+            }
         }
     }
-    EXPECT_EQ(fields, 27);
 }
 
 TEST_F(SetCommand, ChangesAddsAndUnsetsEveryTable)
 {
     New("城市");
-    const Json criteria = DoneJson({"show"})["criteria"];
-    int tables = 0;
-    for (const auto& [criterion, values] : criteria.items()) {
-        for (const auto& [field, value] : values.items()) {
-            if (!value.is_array() || field == "rows" || field == "definitions" || field == "ranges")
-                continue;
-            ++tables;
-            const std::string path = criterion + "." + field;
+    for (const CriterionInfo& criterion : Criteria()) {
+        for (const Field& field : criterion.fields) {
+            if (!field.IsTable()) continue;
+            const std::string path = ToUtf8(criterion.name) + "." + ToUtf8(field.key);
             EXPECT_EQ(Done({"set", path, "--speed", "80", "77"}), "");
             EXPECT_EQ(Done({"set", path, "--speed", "55", "66"}), "");
             EXPECT_EQ(At(path, "80"), "77\n") << path;
@@ -327,7 +325,32 @@ TEST_F(SetCommand, ChangesAddsAndUnsetsEveryTable)
             Fails(1, "没有符合条件的值", {"query", path, "--speed", "80", "--mode", "exact"});
         }
     }
-    EXPECT_EQ(tables, 26);
+}
+
+TEST_F(SetCommand, ChangesAddsAndUnsetsByPathsWithKeys)
+{
+    New("城市");
+    const auto ask = [&](const std::string& path) { return Done({"query", path}); };
+    for (const auto& [path, before] : std::vector<std::pair<std::string, std::string>>{
+             {"CircularCurveRad.SuperelevationMinRad[80]", "250\n"},
+             {"LonGradMaxLen.rows[5.5].lengths[80]", "500\n"},
+             {"SuperElevation.definitions[6].rows[80].ranges[200~300].superElev", "6\n"},
+             {"CurveWidening.ranges[200~250].widenings[小型汽车].widening", "0.28\n"}}) {
+        EXPECT_EQ(ask(path), before);
+        EXPECT_EQ(Done({"set", path, "3"}), "");
+        EXPECT_EQ(ask(path), "3\n");
+        const std::string row = path.substr(0, path.rfind(']') + 1);
+        EXPECT_EQ(Done({"set", row, "--unset"}), "");
+        Fails(1, "没有符合条件的值", {"query", path});
+        Wrong("表中没有", {"set", row, "--unset"});
+        EXPECT_EQ(Done({"set", path, "2"}), "");
+        EXPECT_EQ(ask(path), "2\n");
+    }
+    EXPECT_EQ(Done({"query", "longradmaxlen.ROWS[6].lengths", "--speed", "70", "--mode", "upper"}),
+              "400\n");
+    Wrong("不是一个值", {"query", "SuperElevation.definitions[6]"});
+    Wrong("不用 --speed", {"query", "LonGradMaxLen.rows[6].lengths[60]", "--speed", "60"});
+    EXPECT_EQ(DoneJson({"check"}), Json::array());
 }
 
 TEST_F(SetCommand, KeepsATableInDescendingOrder)
@@ -455,7 +478,8 @@ TEST_F(SetCommand, RefusesACallThatSaysTooLittleOrTooMuch)
     Wrong("请给出一个值,或用 --unset 去掉它", {"set", kMinRad, "--speed", "80", "5", "--unset"});
     Wrong("表中没有车速 70", {"set", kMinRad, "--speed", "70", "--unset"});
     Wrong("请指定 CircularCurveRad 的字段", {"set", "CircularCurveRad", "5"});
-    Wrong("没有字段“rows”", {"set", "LonGradMaxLen.rows", "5"});
+    Wrong("LonGradMaxLen.rows 不是一个值", {"set", "LonGradMaxLen.rows", "5"});
+    Wrong("不按车速设置", {"set", std::string(kMinRad) + "[80]", "--speed", "80", "5"});
     Wrong("--speed 只能给一次", {"set", kMinRad, "--speed", "80", "--speed", "60", "5"});
 }
 

@@ -29,7 +29,7 @@ TEST(JsonText, GivesEveryFieldOfACriterionUnderItsKey)
         const Json json = ToJson(criterion, specification);
         for (const Field& field : criterion.fields) {
             ASSERT_TRUE(json.contains(ToUtf8(field.key)));
-            EXPECT_EQ(json[ToUtf8(field.key)].is_array(), field.IsTable());
+            EXPECT_EQ(json[ToUtf8(field.key)].is_array(), field.HasRows());
         }
     }
 }

@@ -105,17 +105,14 @@ TEST_F(QueryCommand, TakesPathsInAnyCase)
 
 TEST_F(QueryCommand, AnswersEveryFieldOfEveryCriterion)
 {
-    int fields = 0;
     const Json criteria = DoneJson({"show"})["criteria"];
     for (const auto& [criterion, values] : criteria.items()) {
         for (const auto& [field, value] : values.items()) {
             if (value.is_array()) continue;
-            ++fields;
             const Json answer = DoneJson({"query", criterion + "." + field});
             EXPECT_EQ(answer["value"], value) << criterion << "." << field;
         }
     }
-    EXPECT_EQ(fields, 27);
 }
 
 TEST_F(QueryCommand, AnswersTheGradeLength)

@@ -6,6 +6,28 @@
 
 using namespace designspec;
 
+namespace {
+
+// Each name that the fields have in a file.
+void ExpectNames(const std::string& section, std::span<const Field> fields)
+{
+    const auto expect = [&](const CString& name) {
+        const std::string utf8 = ToUtf8(name);
+        EXPECT_TRUE(name.empty() || section.find("`" + utf8 + "`") != std::string::npos ||
+                    section.find("<" + utf8) != std::string::npos ||
+                    section.find(" " + utf8 + "=\"") != std::string::npos)
+            << utf8 << " in " << section.substr(0, section.find('\n'));
+    };
+    for (const Field& field : fields) {
+        expect(field.HasRows() ? field.element : field.key);
+        if (field.kind != FieldKind::Rows) continue;
+        expect(field.rowElement);
+        ExpectNames(section, field.RowFields());
+    }
+}
+
+} // namespace
+
 TEST(FileFormat, DescribesEveryCriterionAndField)
 {
     std::string text;
@@ -13,9 +35,6 @@ TEST(FileFormat, DescribesEveryCriterionAndField)
     for (const CriterionInfo& criterion : Criteria()) {
         const size_t begin = text.find("### " + ToUtf8(criterion.name) + ":");
         ASSERT_NE(begin, std::string::npos) << ToUtf8(criterion.name);
-        const std::string section = text.substr(begin, text.find("\n##", begin) - begin);
-        for (const Field& field : criterion.fields)
-            EXPECT_NE(section.find("`" + ToUtf8(field.key) + "`"), std::string::npos)
-                << ToUtf8(criterion.name) << '.' << ToUtf8(field.key);
+        ExpectNames(text.substr(begin, text.find("\n##", begin) - begin), criterion.fields);
     }
 }

@@ -60,7 +60,7 @@ TEST_F(MissingValue, HasTheBuiltInOneAndTheOthersAreAsStored)
     int scalars = 0;
     for (const CriterionInfo& criterion : Criteria()) {
         for (const Field& field : criterion.fields) {
-            if (field.IsTable()) continue;
+            if (field.HasRows()) continue;
             SCOPED_TRACE(ToUtf8(criterion.name) + "." + ToUtf8(field.key));
             m_project.Write(file, Without(stored, ToUtf8(criterion.name), ToUtf8(field.key)));
             Reload();

@@ -46,9 +46,9 @@ TEST(Criteria, FieldsHaveDistinctKeysLabelsAndPlaces)
             EXPECT_TRUE(keys.insert(field.key).second) << ToUtf8(field.key);
             EXPECT_TRUE(places.insert(field.member(criterion.get(specification))).second);
             EXPECT_NE(CString(field.label), L"");
-            EXPECT_EQ(FindField(criterion, field.key), &field);
+            EXPECT_EQ(FindField(criterion.fields, field.key), &field);
         }
-        EXPECT_EQ(FindField(criterion, L"NoSuchField"), nullptr);
+        EXPECT_EQ(FindField(criterion.fields, L"NoSuchField"), nullptr);
     }
 }
 
@@ -56,12 +56,12 @@ TEST(Criteria, AFieldIsReadAndWrittenThroughItsTable)
 {
     CDesignSpecification specification;
     const CriterionInfo& radii = *FindCriterion(L"CircularCurveRad");
-    const Field& maximum = *FindField(radii, L"maxrad");
+    const Field& maximum = *FindField(radii.fields, L"maxrad");
     EXPECT_FALSE(maximum.IsTable());
     EXPECT_EQ(maximum.Of<std::int32_t>(radii.get(specification)), 10000);
     maximum.Of<std::int32_t>(radii.get(specification)) = 5;
     EXPECT_EQ(specification.CircularCurveRad.MaxRad, 5);
-    const Field& table = *FindField(radii, L"SuperelevationMinRad");
+    const Field& table = *FindField(radii.fields, L"SuperelevationMinRad");
     EXPECT_TRUE(table.IsTable());
     EXPECT_EQ(&table.Of<SpeedToIntValues>(radii.get(specification)),
               &specification.CircularCurveRad.SuperelevationMinRad);

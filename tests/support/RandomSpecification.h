@@ -23,9 +23,6 @@ public:
         // Has no place in a file while the switch is on.
         if (made.TransitionCurveMinLen.NoTCBySuperelevation)
             made.TransitionCurveMinLen.NoTCByMinRad.RemoveAll();
-        FillGradients(made.LonGradMaxLen);
-        FillSuperElevations(made.SuperElevation);
-        FillWidenings(made.CurveWidening);
         return made;
     }
 
@@ -57,31 +54,37 @@ public:
     int Below(int limit) { return std::uniform_int_distribution<int>(0, limit - 1)(m_engine); }
 
 private:
-    void Fill(const Field& field, void* criterion)
+    // A table gets so many entries at least.
+    void Fill(const Field& field, void* object, int least = 0)
     {
         switch (field.kind) {
         case FieldKind::Int:
-            field.Of<std::int32_t>(criterion) = Int();
+            field.Of<std::int32_t>(object) = Int();
             break;
         case FieldKind::Double:
-            field.Of<double>(criterion) = Double();
+            field.Of<double>(object) = Double();
             break;
         case FieldKind::Bool:
-            field.Of<BOOL>(criterion) = Below(2);
+            field.Of<BOOL>(object) = Below(2);
             break;
         case FieldKind::Text:
-            field.Of<CString>(criterion) = Text();
+            field.Of<CString>(object) = Text();
             break;
         case FieldKind::IntTable:
-            FillTable(field.Of<SpeedToIntValues>(criterion), [this] { return Int(); });
+            FillTable(
+                field.Of<SpeedToIntValues>(object), [this] { return Int(); }, least);
             break;
         case FieldKind::DoubleTable:
-            FillTable(field.Of<SpeedToDoubleValues>(criterion), [this] { return Double(); });
+            FillTable(
+                field.Of<SpeedToDoubleValues>(object), [this] { return Double(); }, least);
+            break;
+        case FieldKind::Rows:
+            FillRows(field, object);
             break;
         }
     }
 
-    template <class Table, class Value> void FillTable(Table& table, Value value, int least = 0)
+    template <class Table, class Value> void FillTable(Table& table, Value value, int least)
     {
         table.RemoveAll();
         for (int i = least + Below(20); i > 0; --i)
@@ -89,37 +92,20 @@ private:
         SortDescending(table);
     }
 
-    void FillGradients(CDSLonGradMaxLen& criterion)
+    // Rows that are kept in the order of a gradient stand in it, some with equal ones. A gradient
+    // without lengths would not be read.
+    void FillRows(const Field& field, void* object)
     {
-        criterion.rows.RemoveAll();
-        double grad = -2;
+        while (field.RowCount(object) > 0)
+            field.RemoveRow(object, 0);
+        double gradient = -2;
         for (int i = Below(12); i > 0; --i) {
-            grad += Below(4) / 3.0; // some equal
-            FillTable(
-                criterion.rows.Add({grad, {}}).lengths, [this] { return Int(); }, 1);
-        }
-    }
-
-    void FillSuperElevations(CDSSuperElevation& criterion)
-    {
-        criterion.definitions.RemoveAll();
-        for (int i = Below(10); i > 0; --i) {
-            auto& definition = criterion.definitions.Add({Below(8), {}});
-            for (int j = Below(10); j > 0; --j) {
-                auto& row = definition.rows.Add({Int(), {}});
-                for (int k = Below(10); k > 0; --k)
-                    row.ranges.Add({Int(), Int(), Int()});
-            }
-        }
-    }
-
-    void FillWidenings(CDSCurveWidening& criterion)
-    {
-        criterion.ranges.RemoveAll();
-        for (int i = Below(20); i > 0; --i) {
-            auto& range = criterion.ranges.Add({Int(), Int(), {}});
-            for (int k = Below(10); k > 0; --k)
-                range.widenings.Add({Text(), Double()});
+            void* row = field.InsertRow(object, field.RowCount(object));
+            for (const Field& one : field.RowFields())
+                Fill(one, row, 1);
+            if (field.order != RowOrder::Ascending) continue;
+            gradient += Below(4) / 3.0;
+            field.RowFields()[0].Of<double>(row) = gradient;
         }
     }
 

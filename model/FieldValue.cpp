@@ -1,0 +1,80 @@
+#include "model/FieldValue.h"
+
+#include "base/Format.h"
+#include "base/NoCase.h"
+#include "base/Number.h"
+#include "base/Text.h"
+#include "platform/xtp/PropExchange.h"
+
+namespace designspec {
+
+Value GetValue(const Field& field, const void* object)
+{
+    switch (field.kind) {
+    case FieldKind::Int:
+    case FieldKind::Bool:
+        return field.Of<std::int32_t>(object);
+    case FieldKind::Double:
+        return field.Of<double>(object);
+    default:
+        return field.Of<CString>(object);
+    }
+}
+
+void SetValue(const Field& field, void* object, const Value& value)
+{
+    std::visit([&]<class T>(const T& one) { field.Of<T>(object) = one; }, value);
+}
+
+CString ValueText(const Value& value)
+{
+    if (const auto* whole = std::get_if<std::int32_t>(&value)) return std::to_wstring(*whole);
+    if (const auto* decimal = std::get_if<double>(&value)) return ToWide(DoubleToText(*decimal));
+    return std::get<CString>(value);
+}
+
+CString ValueText(const Field& field, const void* object)
+{
+    if (field.kind == FieldKind::Bool) return field.Of<BOOL>(object) ? L"1" : L"0";
+    return ValueText(GetValue(field, object));
+}
+
+CString ParseValue(const Field& field, const CString& text, const CString& what, Value& value)
+{
+    const std::string utf8 = ToUtf8(text);
+    int whole = 0;
+    double decimal = 0;
+    switch (field.kind) {
+    case FieldKind::Int:
+        if (!ParseInt(utf8, whole)) return Format(L"%s“%s”不是整数", what, text);
+        value = whole;
+        return {};
+    case FieldKind::Double:
+        if (!ParseDouble(utf8, decimal)) return Format(L"%s“%s”不是数", what, text);
+        value = decimal + 0.0; // no negative zero
+        return {};
+    case FieldKind::Bool:
+        if (!ParseBool(utf8, whole)) return what + L"应为 0 或 1";
+        value = whole;
+        return {};
+    default:
+        value = field.isKey ? text : Trim(text);
+        return IsXmlText(text) ? CString() : what + L"中有文件无法记录的字符";
+    }
+}
+
+bool IsSameValue(const Value& a, const Value& b)
+{
+    const auto* text = std::get_if<CString>(&a);
+    const auto* other = std::get_if<CString>(&b);
+    return text && other ? EqualNoCase(*text, *other) : a == b;
+}
+
+bool IsNegative(const Value& value)
+{
+    const auto* whole = std::get_if<std::int32_t>(&value);
+    const auto* decimal = std::get_if<double>(&value);
+    return whole ? *whole < 0 : decimal && *decimal < 0;
+}
+
+} // namespace designspec

@@ -1,0 +1,29 @@
+// The single values behind fields, whatever their kind.
+#pragma once
+
+#include <variant>
+
+#include "model/Field.h"
+
+namespace designspec {
+
+// A whole number or a BOOL, a decimal, a text.
+using Value = std::variant<std::int32_t, double, CString>;
+
+AFX_EXT_API Value GetValue(const Field& field, const void* object);
+AFX_EXT_API void SetValue(const Field& field, void* object, const Value& value);
+
+// The value as files write it: numbers, 1 or 0, the text itself.
+AFX_EXT_API CString ValueText(const Value& value);
+AFX_EXT_API CString ValueText(const Field& field, const void* object);
+
+// Reads a value of the field's kind. Returns what is wrong with the text, for people, who know the
+// value as `what`; an empty text when `value` was read. Texts are trimmed, save for keys.
+AFX_EXT_API CString ParseValue(const Field& field, const CString& text, const CString& what,
+                               Value& value);
+
+// Texts are the same ignoring case.
+AFX_EXT_API bool IsSameValue(const Value& a, const Value& b);
+AFX_EXT_API bool IsNegative(const Value& value);
+
+} // namespace designspec
