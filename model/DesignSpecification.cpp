@@ -2,6 +2,7 @@
 
 #include "base/NoCase.h"
 #include "model/Criteria.h"
+#include "model/UnknownContent.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
 #include "platform/xtp/PropExchange.h"
 
@@ -44,17 +45,30 @@ void CDesignSpecification::SetName(const wchar_t* name)
 void CDesignSpecification::CopyCriteria(const CDesignSpecification& other)
 {
     ForEachCriterion([&](const auto& one) { this->*one.member = other.*one.member; });
+    m_unknown = other.m_unknown;
 }
 
 bool CDesignSpecification::operator==(const CDesignSpecification& other) const
 {
-    bool same = m_strName == other.m_strName && m_id == other.m_id;
+    bool same = m_strName == other.m_strName && m_id == other.m_id && m_unknown == other.m_unknown;
     ForEachCriterion(
         [&](const auto& one) { same = same && this->*one.member == other.*one.member; });
     return same;
 }
 
 void CDesignSpecification::DoPropExchange(CXTPPropExchange* pPX)
+{
+    const size_t foundBefore = pPX->FoundCount();
+    ExchangeAll(pPX);
+    if (pPX->IsStoring())
+        AddUnknownContent(m_unknown, *pPX);
+    else if (pPX->FoundCount() - foundBefore == pPX->NameCount())
+        m_unknown.clear(); // all of it was read
+    else
+        m_unknown = UnknownContent(*pPX);
+}
+
+void CDesignSpecification::ExchangeAll(CXTPPropExchange* pPX)
 {
     pPX->EnableCompactMode(true);
     PX_String(pPX, L"Name", m_strName);

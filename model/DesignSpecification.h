@@ -55,13 +55,20 @@ public:
     bool HasID(const GUID& id) const { return m_id == id; }
     bool IsNamed(const designspec::NoCaseKey& name) const { return m_nameKey == name; }
 
-    // Takes the other's criteria; name and identity stay.
+    // Takes the other's criteria and what else it holds; name and identity stay.
     void CopyCriteria(const CDesignSpecification& other);
-    // True when name, identity and all criteria are the same.
+    // True when name, identity, all criteria and what else they hold are the same.
     bool operator==(const CDesignSpecification& other) const;
 
     // Stores into the specification's own element, or loads from it. A missing criterion is reset
     // to the built-in limits; a missing name leaves the name, a missing or malformed identity
-    // gives a fresh one.
+    // gives a fresh one. What this program does not know is kept, and stored in its place.
     void DoPropExchange(CXTPPropExchange* pPX);
+
+private:
+    void ExchangeAll(CXTPPropExchange* pPX); // all that is known
+
+    // What else its file holds (model/UnknownContent.h); nearly always nothing. Behind the
+    // criteria: other modules know where those lie.
+    std::string m_unknown;
 };

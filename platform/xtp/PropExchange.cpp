@@ -69,6 +69,7 @@ CString Quotable(const char* utf8)
 struct XmlDocument {
     pugi::xml_document tree;
     std::vector<ExchangeProblem> problems;
+    size_t found = 0; // sections and values, see CXTPPropExchange::FoundCount
 
     void SetSource(std::string text)
     {
@@ -202,6 +203,17 @@ pugi::xml_node FindStep(pugi::xml_node parent, const PathStep& step)
                : parent.find_child_by_attribute(ToUtf8(step.name).c_str(),
                                                 ToUtf8(step.attribute).c_str(),
                                                 WithoutForbidden(step.value).c_str());
+}
+
+// The elements below a node and all their attributes, with its own.
+size_t CountNames(pugi::xml_node node)
+{
+    size_t count = 0;
+    for (pugi::xml_attribute one = node.first_attribute(); one; one = one.next_attribute())
+        ++count;
+    for (pugi::xml_node child = node.first_child(); child; child = child.next_sibling())
+        if (child.type() == pugi::node_element) count += 1 + CountNames(child);
+    return count;
 }
 
 // The encoding that the XML declaration names; nothing without one.
@@ -341,8 +353,10 @@ CXTPPropExchange CXTPPropExchange::FindSection(const wchar_t* path) const
     pugi::xml_node node(m_node);
     std::wstring_view rest = path;
     // Nearly every path is one plain name, and no element's name is more than that.
-    if (const pugi::xml_node child = FindChild(node, rest); child && !rest.empty())
+    if (const pugi::xml_node child = FindChild(node, rest); child && !rest.empty()) {
+        CountFound();
         return Section(child.internal_object());
+    }
     while (node && !rest.empty())
         node = FindStep(node, TakeStep(rest));
     return Section(node.internal_object());
@@ -380,6 +394,12 @@ void CXTPPropExchange::MoveToNext()
 {
     const pugi::xml_node node(m_node);
     m_node = node.next_sibling(node.name()).internal_object();
+    if (m_node) CountFound();
+}
+
+void CXTPPropExchange::CountFound() const
+{
+    ++m_document->found;
 }
 
 CXTPPropExchange CXTPPropExchangeEnumerator::GetNext()
@@ -410,6 +430,7 @@ bool CXTPPropExchange::ReadNumber(std::wstring_view key, T& value,
 {
     const Stored stored = FindValue(pugi::xml_node(m_node), m_compact, key);
     if (!stored.text) return false;
+    CountFound();
     return parse(stored.text, value) || Refuse(key, stored.text, stored.name, kind);
 }
 
@@ -430,8 +451,10 @@ bool CXTPPropExchange::ExchangeText(std::wstring_view key, CString& value) const
         return true;
     }
     const Stored stored = FindValue(pugi::xml_node(m_node), m_compact, key);
-    if (stored.text) value = ToWide(stored.text);
-    return stored.text != nullptr;
+    if (!stored.text) return false;
+    CountFound();
+    value = ToWide(stored.text);
+    return true;
 }
 
 bool CXTPPropExchange::ExchangeInt(std::wstring_view key, int& value) const
@@ -468,6 +491,16 @@ CString CXTPPropExchange::Name() const
 int CXTPPropExchange::Line() const
 {
     return m_document ? m_document->LineAt(pugi::xml_node(m_node).offset_debug()) : 0;
+}
+
+size_t CXTPPropExchange::FoundCount() const
+{
+    return m_document ? m_document->found : 0;
+}
+
+size_t CXTPPropExchange::NameCount() const
+{
+    return CountNames(pugi::xml_node(m_node));
 }
 
 std::vector<ExchangeProblem> CXTPPropExchange::TakeProblems() const

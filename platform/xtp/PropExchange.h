@@ -70,6 +70,14 @@ public:
     CString Name() const;
     // 1-based line of the section in its file; 0 when it is not from a file.
     int Line() const;
+    // How many sections and values of the document were found so far, and how many elements and
+    // attributes this section holds, its own attributes included: when the one grew by the other,
+    // nothing in it is unknown to whoever read it.
+    size_t FoundCount() const;
+    size_t NameCount() const;
+    // The element itself; null when the section does not exist.
+    pugi::xml_node_struct* Node() const { return m_node; }
+
     // The problems met so far, taken out of the document: the first thousand, and one that says
     // so when there were more.
     std::vector<ExchangeProblem> TakeProblems() const;
@@ -89,6 +97,7 @@ private:
         section.m_node = node;
         return section;
     }
+    void CountFound() const;
     void WriteValue(std::wstring_view key, const std::string& text) const;
     template <class T>
     bool ReadNumber(std::wstring_view key, T& value, bool (*parse)(std::string_view, T&),

@@ -16,6 +16,8 @@ struct Content {
     CDesignSpecification kept;
     // What no specification holds but a file can, each put in before the one place of a text.
     std::vector<std::pair<std::string, std::string>> inFile = {};
+    // What the file holds of that afterwards, likewise.
+    std::vector<std::pair<std::string, std::string>> keptInFile = {};
     std::string missing = {}; // an element that the file has not
 
     template <class Value, class Criterion>
@@ -216,10 +218,11 @@ void CategoriesInAnotherCaseAndOrder(Content& content)
     std::rotate(last.begin(), last.begin() + 1, last.end());
 }
 
-// What a later program may have added to a criterion is passed over, and dropped.
+// What a later program may have added to a criterion stays, behind what is known.
 void UnknownContentOfACriterion(Content& content)
 {
     content.inFile.emplace_back("</LonGrad>", "<Unknown>7</Unknown><!-- 注 -->");
+    content.keptInFile.emplace_back("</LonGrad>", "  <Unknown>7</Unknown>\n        ");
 }
 
 // A criterion that is not there has the built-in limits, and they are written.
@@ -286,12 +289,15 @@ protected:
 
     void Expect(const Content& content, bool looksAtPages)
     {
-        const std::string kept = TextOf(content.kept);
+        std::string kept = TextOf(content.kept);
         std::string given = TextOf(content.given);
-        for (const auto& [before, added] : content.inFile) {
-            const size_t at = given.find(before);
-            ASSERT_NE(at, std::string::npos) << before;
-            given.insert(at, added);
+        for (const auto& [text, additions] :
+             {std::pair{&kept, &content.keptInFile}, std::pair{&given, &content.inFile}}) {
+            for (const auto& [before, added] : *additions) {
+                const size_t at = text->find(before);
+                ASSERT_NE(at, std::string::npos) << before;
+                text->insert(at, added);
+            }
         }
         if (!content.missing.empty()) {
             const size_t from = given.find("<" + content.missing + ">");
