@@ -4,6 +4,7 @@
 
 #include "base/File.h"
 #include "base/Text.h"
+#include "platform/xtp/PropExchange.h"
 #include "tests/support/LibraryTest.h"
 #include "tests/support/RandomSpecification.h"
 
@@ -40,6 +41,32 @@ protected:
         EXPECT_NE(at, std::string::npos) << from;
         if (at != std::string::npos) bytes.replace(at, from.size(), to);
         return m_project.Write("changed.hds", bytes);
+    }
+
+    // Adds the text of a specification with the built-in limits that lacks the criterion, or one
+    // field of it, and what is expected of reading it.
+    void AddWithout(std::string& styles, std::vector<CDesignSpecification>& expected,
+                    const CriterionInfo& criterion, const Field* field)
+    {
+        CDesignSpecification made = Make(criterion.name + CString(field ? field->key : L""));
+        CXTPPropExchangeXMLNode root(false, L"Style");
+        made.DoPropExchange(&root);
+        CXTPPropExchange section = root.FindSection(criterion.name);
+        std::string text;
+        if (!field) {
+            section.RemoveSection();
+        } else if (field->isAttribute) {
+            const std::string value = ToUtf8(section.Attribute(field->key));
+            text = " " + ToUtf8(field->key) + "=\"" + value + "\"";
+        } else {
+            section.FindSection(field->HasRows() ? field->element : field->key).RemoveSection();
+        }
+        std::string xml = root.SaveToBytes();
+        if (!text.empty()) xml.erase(xml.find(text), text.size());
+        styles += xml.substr(xml.find("<Style"));
+        while (field && field->HasRows() && field->RowCount(criterion.get(made)) > 0)
+            field->RemoveRow(criterion.get(made), 0);
+        expected.push_back(made);
     }
 };
 
@@ -116,9 +143,28 @@ TEST_F(Schema, RefusesWrongNumbers)
     EXPECT_FALSE(IsValid(WriteChanged("<MaxRad>10000<", "<MaxRad>3000000000<")));
 }
 
-TEST_F(Schema, RefusesMissingAndUnknownParts)
+// One file with a specification for each criterion and each field, which lacks it.
+TEST_F(Schema, HoldsForOlderFilesWhichLoadWithTheDefaults)
 {
-    EXPECT_FALSE(IsValid(WriteChanged("<MaxRad>10000</MaxRad>", "")));
+    std::string styles;
+    std::vector<CDesignSpecification> expected;
+    for (const CriterionInfo& criterion : Criteria()) {
+        AddWithout(styles, expected, criterion, nullptr);
+        for (const Field& field : criterion.fields)
+            if (!field.skipEmpty) AddWithout(styles, expected, criterion, &field);
+    }
+    EXPECT_TRUE(IsValid(m_project.Write("规范/older.hds", Envelope(styles))));
+    const int count = Reload().Count();
+    EXPECT_EQ(m_trace.Text(), L"");
+    ASSERT_EQ(static_cast<size_t>(count), expected.size());
+    for (int i = 0; i < count; ++i)
+        EXPECT_TRUE(At(i) == expected[static_cast<size_t>(i)]) << ToUtf8(At(i).Name());
+}
+
+TEST_F(Schema, RefusesUnknownPartsAndIncompleteRows)
+{
+    EXPECT_FALSE(
+        IsValid(WriteChanged("<Item speed=\"80\" value=\"1000\" />", "<Item speed=\"80\"/>")));
     EXPECT_FALSE(IsValid(WriteChanged("<MaxRad>", "<Unknown/><MaxRad>")));
     EXPECT_FALSE(IsValid(WriteChanged(" ID=", " Id=")));
     EXPECT_FALSE(IsValid(WriteChanged("Group Name=\"设计规范\"", "Group Name=\"其它\"")));
