@@ -5,6 +5,7 @@
 
 #include "base/File.h"
 #include "base/Text.h"
+#include "model/Criteria.h"
 
 using namespace designspec;
 
@@ -133,7 +134,7 @@ TEST(UserGuide, HasASectionForEachPageByItsTreeLabel)
     const std::string table = Read(kSource / "pages/PageTable.cpp");
     const auto groups = FindAll(table, "\\{L\"([^\"]+)\", L\"[^\"]+\", ");
     const auto labels = FindAll(table, "\\{L\"[^\"]+\", L\"([^\"]+)\", ");
-    ASSERT_EQ(labels.size(), 13U);
+    ASSERT_EQ(labels.size(), Criteria().size());
     for (size_t i = 0; i < labels.size(); ++i) {
         const size_t group = guide.find("\n## " + groups[i] + "\n");
         const size_t page = guide.find("\n### " + labels[i] + "\n");
@@ -142,6 +143,22 @@ TEST(UserGuide, HasASectionForEachPageByItsTreeLabel)
         EXPECT_LT(group, page);
         const std::string picture = "](pictures/" + groups[i] + "-" + labels[i] + ".png)";
         EXPECT_NE(guide.find(picture, page), std::string::npos) << picture;
+    }
+}
+
+// By its label, in the section of its page. What a source belongs to is told once for all.
+TEST(UserGuide, NamesEachField)
+{
+    const std::string guide = Read(kGuide);
+    for (const CriterionInfo& criterion : Criteria()) {
+        const size_t begin = guide.find("\n### " + ToUtf8(criterion.label) + "\n");
+        ASSERT_NE(begin, std::string::npos) << ToUtf8(criterion.label);
+        const std::string section = guide.substr(begin, guide.find("\n##", begin + 1) - begin);
+        for (const Field& field : criterion.fields) {
+            const bool isSource = CString(field.label).ends_with(L"数据来源");
+            EXPECT_TRUE(isSource || section.find(ToUtf8(field.label)) != std::string::npos)
+                << ToUtf8(criterion.name) << ": " << ToUtf8(field.label);
+        }
     }
 }
 

@@ -7,24 +7,16 @@
 
 using namespace designspec;
 
-TEST(Criteria, AreThirteenInTheOrderOfTheFile)
+TEST(Criteria, AreCalledByNamesAndLabelsOfTheirOwn)
 {
-    const wchar_t* const names[] = {L"BeelineLen",
-                                    L"CircularCurveRad",
-                                    L"CurveMinLen",
-                                    L"SmallAngleCurveMinLen",
-                                    L"TransitionCurveMinLen",
-                                    L"LonGrad",
-                                    L"MaxResultantGrad",
-                                    L"LonGradMaxLen",
-                                    L"LonGradMinLen",
-                                    L"VerticalCurveMinRadAndLen",
-                                    L"MaxSuperElev",
-                                    L"SuperElevation",
-                                    L"CurveWidening"};
-    ASSERT_EQ(Criteria().size(), 13U);
-    for (size_t i = 0; i < 13; ++i)
-        EXPECT_STREQ(Criteria()[i].name, names[i]);
+    std::set<CString> names;
+    std::set<CString> labels;
+    for (const CriterionInfo& criterion : Criteria()) {
+        EXPECT_TRUE(names.insert(criterion.name).second) << ToUtf8(criterion.name);
+        EXPECT_TRUE(labels.insert(criterion.label).second) << ToUtf8(criterion.label);
+        EXPECT_EQ(FindCriterion(criterion.name), &criterion);
+    }
+    EXPECT_GE(names.size(), 13U);
 }
 
 TEST(Criteria, LeadToTheMembersOfASpecification)

@@ -8,6 +8,7 @@
 
 #include "base/Text.h"
 #include "model/Criteria.h"
+#include "model/FieldValue.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
 #include "tests/support/Exchanged.h"
 #include "tests/support/RandomSpecification.h"
@@ -29,20 +30,26 @@ CDesignSpecification Changed()
 {
     CDesignSpecification changed;
     changed.SetName(L"甲");
-    changed.BeelineLen.MaxLen = 1;
-    changed.CircularCurveRad.MaxRad = 1;
-    changed.CurveMinLen.Criterion = L"1";
-    changed.SmallAngleCurveMinLen.Criterion = L"1";
-    changed.TransitionCurveMinLen.MinLen.RemoveAll();
-    changed.LonGrad.MinGrad = 1;
-    changed.MaxResultantGrad.Criterion = L"1";
-    changed.LonGradMaxLen.rows.RemoveAt(0);
-    changed.LonGradMinLen.Criterion = L"1";
-    changed.VerticalCurveMinRadAndLen.MinLens.RemoveAt(0);
-    changed.MaxSuperElev.MaxSuperElevOnSFR = 1;
-    changed.SuperElevation.definitions.RemoveAt(0);
-    changed.CurveWidening.IsGMinAndLEMaxMode = 0;
+    for (const CriterionInfo& criterion : Criteria())
+        for (const Field& field : criterion.fields)
+            if (field.kind == FieldKind::Text)
+                field.Of<CString>(criterion.get(changed)) = criterion.name;
     return changed;
+}
+
+// Another value, or a row more.
+void Change(const Field& field, void* criterion)
+{
+    Value value = field.HasRows() ? Value() : GetValue(field, criterion);
+    if (field.HasRows())
+        field.InsertRow(criterion, 0);
+    else if (auto* text = std::get_if<CString>(&value))
+        *text += L"1";
+    else if (auto* decimal = std::get_if<double>(&value))
+        *decimal += 1;
+    else
+        value = 1 - std::get<std::int32_t>(value);
+    if (!field.HasRows()) SetValue(field, criterion, value);
 }
 
 } // namespace
@@ -154,16 +161,17 @@ TEST(DesignSpecification, AssignmentToItselfChangesNothing)
 TEST(DesignSpecification, ComparesEveryPart)
 {
     const CDesignSpecification plain;
-    const CDesignSpecification changed = Changed();
     CDesignSpecification one(plain);
     EXPECT_TRUE(one == plain);
     one.SetName(L"b");
     EXPECT_FALSE(one == plain);
-    ForEachCriterion([&](const auto& criterion) {
-        CDesignSpecification copy(plain);
-        copy.*criterion.member = changed.*criterion.member;
-        EXPECT_FALSE(copy == plain) << ToUtf8(criterion.name);
-    });
+    for (const CriterionInfo& criterion : Criteria()) {
+        for (const Field& field : criterion.fields) {
+            CDesignSpecification copy(plain);
+            Change(field, criterion.get(copy));
+            EXPECT_FALSE(copy == plain) << ToUtf8(criterion.name) << '.' << ToUtf8(field.key);
+        }
+    }
     EXPECT_FALSE(CDesignSpecification() == plain); // another identity
 }
 

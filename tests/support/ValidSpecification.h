@@ -16,8 +16,11 @@ public:
     {
         CDesignSpecification made;
         made.SetName(name);
+        for (const CriterionInfo& criterion : Criteria())
+            for (const Field& field : criterion.fields)
+                Fill(field, criterion.get(made));
         FillLimits(made);
-        FillTables(made);
+        FillTransition(made.TransitionCurveMinLen);
         FillGradients(made.LonGradMaxLen);
         FillMaxima(made.MaxSuperElev);
         FillSuperElevations(made);
@@ -45,19 +48,6 @@ private:
         FillFactor(straight.MinLenInOneDir, straight.MinLenInOneDirCriterion);
         FillFactor(straight.MinLenReverseCurve, straight.MinLenReverseCurveCriterion);
         made.CircularCurveRad.MaxRad = m_random.Below(3) == 0 ? 0 : 1 + m_random.Below(20000);
-        made.CircularCurveRad.MaxRadCriterion = m_random.Text();
-        made.LonGrad.MinGrad = OneDecimal(0);
-        made.LonGrad.GradeCompensationOnPlateau = OneDecimal(0);
-        made.LonGrad.MaxGradeOnSnowFrozenRegion = OneDecimal(0);
-        made.MaxResultantGrad.MaxResultantGradOnSnowFrozenRegion = OneDecimal(0);
-        for (CString* source :
-             {&made.CircularCurveRad.MinRadCriterion, &made.CurveMinLen.Criterion,
-              &made.SmallAngleCurveMinLen.Criterion, &made.TransitionCurveMinLen.Criterion,
-              &made.LonGrad.Criterion, &made.MaxResultantGrad.Criterion,
-              &made.LonGradMaxLen.Criterion, &made.LonGradMinLen.Criterion,
-              &made.VerticalCurveMinRadAndLen.Criterion, &made.MaxSuperElev.Criterion,
-              &made.SuperElevation.Criterion, &made.CurveWidening.Criterion})
-            *source = m_random.Text();
     }
 
     // Different speeds, highest first.
@@ -83,24 +73,19 @@ private:
             AddSpeed(table, speed, m_random.Double());
     }
 
-    void FillTables(CDesignSpecification& made)
+    // What has no rule of its own below.
+    void Fill(const Field& field, void* criterion)
     {
-        CDSVerticalCurveMinRadAndLen& vertical = made.VerticalCurveMinRadAndLen;
-        for (SpeedToIntValues* table :
-             {&made.CircularCurveRad.noSuperelevationMinRad,
-              &made.CircularCurveRad.SuperelevationRecommendRad,
-              &made.CircularCurveRad.SuperelevationMinRad, &made.CurveMinLen.HorizontalCurveMinLen,
-              &made.CurveMinLen.CircularCurveMinLen,
-              &made.SmallAngleCurveMinLen.HorizontalCurveMinLen, &made.LonGradMinLen.MinLens,
-              &vertical.ConvexGeneralMinRad, &vertical.ConvexLimitMinRad,
-              &vertical.ConcaveGeneralMinRad, &vertical.ConcaveLimitMinRad, &vertical.MinLens})
-            Fill(*table);
-        Fill(made.LonGrad.MaxGradRecommendedValues);
-        Fill(made.LonGrad.MaxGradLimitedValues);
-        for (SpeedToDoubleValues& table : made.MaxResultantGrad.tables)
-            Fill(table);
+        if (field.kind == FieldKind::Text) field.Of<CString>(criterion) = m_random.Text();
+        if (field.kind == FieldKind::Double) field.Of<double>(criterion) = OneDecimal(0);
+        if (field.kind == FieldKind::Int) field.Of<std::int32_t>(criterion) = m_random.Below(99);
+        if (field.kind == FieldKind::Bool) field.Of<BOOL>(criterion) = m_random.Below(2);
+        if (field.kind == FieldKind::IntTable) Fill(field.Of<SpeedToIntValues>(criterion));
+        if (field.kind == FieldKind::DoubleTable) Fill(field.Of<SpeedToDoubleValues>(criterion));
+    }
 
-        CTransitionCurveMinLen& transition = made.TransitionCurveMinLen;
+    void FillTransition(CTransitionCurveMinLen& transition)
+    {
         Fill(transition.MinLen, 1);
         transition.NoTCBySuperelevation = m_random.Below(2);
         transition.NoTCByMinRad.RemoveAll();
