@@ -52,7 +52,8 @@ std::vector<std::string> Literals(std::string source)
 // The sources that tell a user what is wrong with what was entered.
 std::vector<std::filesystem::path> SpeakingSources()
 {
-    std::vector<std::filesystem::path> sources{kSource / "library/StyleName.cpp"};
+    std::vector<std::filesystem::path> sources{
+        kSource / "library/StyleName.cpp", kSource / "model/Rules.h", kSource / "model/Rules.cpp"};
     for (const char* folder : {"pages", "pages/framework", "app", "app/input"})
         for (const auto& entry : std::filesystem::directory_iterator(kSource / folder))
             if (entry.path().extension() == ".cpp") sources.push_back(entry.path());
@@ -77,10 +78,13 @@ std::regex ShownMessage(const std::string& literal)
 }
 
 // Some sources put their messages together from a name and an ending. The names are the last texts
-// of the lines of a table.
+// of the lines of a table, or one constant.
 std::vector<std::string> NamesIn(const std::string& source)
 {
-    return FindAll(source, "L\"([^\"]+)\"\\},");
+    std::vector<std::string> names = FindAll(source, "L\"([^\"]+)\"\\},");
+    for (const std::string& constant : FindAll(source, "kSnow\\[\\] = L\"([^\"]+)\";"))
+        names.push_back(constant);
+    return names;
 }
 
 // What the pages call the numbers that they ask for.
@@ -94,13 +98,26 @@ std::vector<std::string> NumberNames()
     return names;
 }
 
+// What a rule's text calls the decimals that stand by themselves: factors of straight lines, or
+// gradients.
+std::vector<std::string> DecimalNames(bool factors)
+{
+    std::vector<std::string> names;
+    for (const CriterionInfo& criterion : Criteria())
+        for (const Field& field : criterion.fields)
+            if (field.kind == FieldKind::Double &&
+                (criterion.name == CString(L"BeelineLen")) == factors)
+                names.push_back(ToUtf8(field.label));
+    return names;
+}
+
 // The messages of one source, put together as it does.
 std::vector<std::string> MessagesOf(const std::filesystem::path& path)
 {
     const std::string source = Read(path);
     const bool isInput = path.filename() == "InputIntValueDialog.cpp";
-    const std::vector<std::string> names = isInput ? NumberNames() : NamesIn(source);
-    const auto ends = FindAll(source, "ame \\+ L\"([^\"]+)\"");
+    std::vector<std::string> names = isInput ? NumberNames() : NamesIn(source);
+    const auto ends = FindAll(source, "(?:ame|kSnow\\)) \\+ L\"([^\"]+)\"");
     std::vector<std::string> messages;
     for (std::string literal : Literals(source)) {
         if (!IsMessage(literal)) continue;
@@ -108,6 +125,7 @@ std::vector<std::string> MessagesOf(const std::filesystem::path& path)
             messages.push_back(literal);
             continue;
         }
+        if (path.filename() == "Rules.cpp") names = DecimalNames(literal.starts_with("必须是正数"));
         const auto before = FindAll(source, "L\"([^\"]+)\" \\+ m_name \\+ L\"已经存在!\"");
         const std::string begin = literal == "已经存在!" && !before.empty() ? before[0] : "";
         for (const std::string& name : names)
