@@ -9,7 +9,8 @@ install(TARGETS designspec EXPORT designspecTargets
 
 # Of the platform, the headers of the sources that stand in the library: its other half has a GUI.
 install(DIRECTORY model library DESTINATION ${DESIGNSPEC_HEADERS}
-    FILES_MATCHING PATTERN "*.h")
+    FILES_MATCHING PATTERN "*.h"
+    PATTERN FindingList.h EXCLUDE)
 get_target_property(PLATFORM_SOURCES platform_core SOURCES)
 foreach(SOURCE mfc/Export.cpp mfc/String.cpp ${PLATFORM_SOURCES})
     cmake_path(REPLACE_EXTENSION SOURCE h OUTPUT_VARIABLE HEADER)

@@ -1,6 +1,5 @@
 // Findings in the criteria that are single limits and speed tables.
 #include <algorithm>
-#include <cmath>
 
 #include "base/Format.h"
 #include "model/FindingList.h"
@@ -33,7 +32,7 @@ void FindInStraight(const Limit& limit, const CString& source, FindingList& foun
 {
     if (IsStraightLimit(limit.value)) {
         const double shown = InOneDecimal(limit.value);
-        if (!std::isfinite(limit.value) || !IsStraightLimit(shown))
+        if (!IsStraightLimit(shown)) // nor is an infinite one a number
             found.Error(limit.path, StraightText(limit.label));
         else if (shown != limit.value)
             found.Note(limit.path, StraightText(limit.label));

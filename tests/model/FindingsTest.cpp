@@ -6,6 +6,7 @@
 
 #include "base/Text.h"
 #include "model/DesignSpecification.h"
+#include "model/ValuePath.h"
 #include "tests/support/ValidSpecification.h"
 
 namespace designspec {
@@ -105,6 +106,14 @@ const Broken kTables[] = {
          made.LonGradMinLen.MinLens.Insert(0, {80, 2});
      },
      {Note(L"LonGradMinLen.MinLens[80]", L"车速 80 不止一次, 编辑后只留最后一个值")}},
+    {"ASpeedTooLowTwice",
+     [](S& made) {
+         made.SmallAngleCurveMinLen.HorizontalCurveMinLen.Add({9, 100});
+         made.SmallAngleCurveMinLen.HorizontalCurveMinLen.Add({9, 100});
+     },
+     {Note(L"SmallAngleCurveMinLen.HorizontalCurveMinLen[9]", kSpeed),
+      Note(L"SmallAngleCurveMinLen.HorizontalCurveMinLen[9]",
+           L"车速 9 不止一次, 编辑后只留最后一个值")}},
     {"ANegativeValue",
      [](S& made) { made.LonGradMinLen.MinLens[5].value = -1; },
      {Note(L"LonGradMinLen.MinLens[20]", kNegative)}},
@@ -277,6 +286,12 @@ const Broken kMaxima[] = {
 };
 
 const Broken kSuperElevations[] = {
+    {"ACellOfTheHighestTableTwice",
+     [](S& made) {
+         made.SuperElevation.definitions[0].rows[0].ranges.Insert(0, {5000, 6000, 6});
+     },
+     {Note(L"SuperElevation.definitions[6].rows[80].ranges[200~300]",
+           L"超高没有从大到小排列, 或不止一次")}},
     {"AMaximumWithoutATable",
      [](S& made) { made.SuperElevation.definitions.RemoveAt(1); },
      {Error(L"SuperElevation.definitions[4]", L"最大超高 4% 的超高表未设置!")}},
@@ -354,6 +369,12 @@ const Broken kSuperElevations[] = {
 };
 
 const Broken kWidenings[] = {
+    {"RangesFromTheNarrowest",
+     [](S& made) {
+         auto& ranges = made.CurveWidening.ranges;
+         ranges = {ranges[8], ranges[7]};
+     },
+     {Error(L"CurveWidening.ranges[20~30]", L"圆曲线半径范围 20~30 和前一组不连续!")}},
     {"RangesThatDoNotJoin",
      [](S& made) { made.CurveWidening.ranges.RemoveAt(1); },
      {Error(L"CurveWidening.ranges[100~150]", L"圆曲线半径范围 100~150 和前一组不连续!")}},
@@ -385,7 +406,7 @@ const Broken kWidenings[] = {
      {Note(L"CurveWidening.ranges[200~250].widenings[小型汽车].widening", kNegative)}},
     {"ACategoryTwiceInARange",
      [](S& made) {
-         made.CurveWidening.ranges[8].widenings.Add({L"小型汽车", 1});
+         made.CurveWidening.ranges[8].widenings.Add({L"小型汽车", 0.1});
      },
      {Note(L"CurveWidening.ranges[15~20].widenings[小型汽车].widening",
            L"加宽类别 小型汽车 不止一次, 只用第一个值")}},
@@ -427,6 +448,11 @@ TEST_P(FindingsOf, ABrokenRuleAreThese)
     CDesignSpecification made;
     GetParam().make(made);
     EXPECT_EQ(Findings(made), GetParam().expected);
+    for (const Finding& finding : Findings(made)) {
+        const ParsedPath parsed = ParseValuePath(finding.path);
+        EXPECT_EQ(parsed.problem, L"");
+        EXPECT_EQ(parsed.path.Text(), finding.path);
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Straights, FindingsOf, testing::ValuesIn(kStraights), NameOf);
@@ -436,6 +462,13 @@ INSTANTIATE_TEST_SUITE_P(Grades, FindingsOf, testing::ValuesIn(kGrades), NameOf)
 INSTANTIATE_TEST_SUITE_P(Maxima, FindingsOf, testing::ValuesIn(kMaxima), NameOf);
 INSTANTIATE_TEST_SUITE_P(SuperElevations, FindingsOf, testing::ValuesIn(kSuperElevations), NameOf);
 INSTANTIATE_TEST_SUITE_P(Widenings, FindingsOf, testing::ValuesIn(kWidenings), NameOf);
+
+TEST(Findings, HavePathsInArbitraryContent)
+{
+    for (unsigned seed = 0; seed < 20; ++seed)
+        for (const Finding& finding : Findings(RandomSpecification(seed).Make()))
+            EXPECT_EQ(ParseValuePath(finding.path).problem, L"") << ToUtf8(finding.path);
+}
 
 // What is left empty on purpose in real standards.
 TEST(Findings, AreNoneWhereALimitIsSwitchedOff)
