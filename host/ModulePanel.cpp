@@ -67,13 +67,8 @@ ModulePanel::ModulePanel(HostModules& modules, QWidget* parent)
         m_modules.SetAtStart(item->text(NameColumn), item->checkState(NameColumn) == Qt::Checked);
         Adjust();
     });
-    m_before = acrxSetModuleListener([this] { Fill(); });
+    m_modulesChanged = acrxModulesChanged().Connect([this] { Fill(); });
     Fill();
-}
-
-ModulePanel::~ModulePanel()
-{
-    acrxSetModuleListener(m_before);
 }
 
 QPushButton* ModulePanel::AddButton(int id, const QString& caption, const QString& tip)

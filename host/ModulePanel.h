@@ -16,7 +16,6 @@ class ModulePanel : public QWidget {
 
 public:
     explicit ModulePanel(HostModules& modules, QWidget* parent = nullptr);
-    ~ModulePanel() override;
 
 private:
     QPushButton* AddButton(int id, const QString& caption, const QString& tip);
@@ -35,5 +34,5 @@ private:
     QPushButton* m_load;
     QPushButton* m_unload;
     QPushButton* m_remove;
-    ArxModuleListener m_before;
+    designspec::Connection m_modulesChanged;
 };

@@ -55,7 +55,6 @@ StyleManagerView::~StyleManagerView()
 {
     SaveLayout();
     CStyles::SetRefurbishListener(m_refurbishBefore);
-    CStyleManager::SetChangeListener(m_changeBefore);
 }
 
 void StyleManagerView::MakeTable()
@@ -149,7 +148,7 @@ void StyleManagerView::Connect()
     connect(m_commands, &StyleCommands::Made, this, &StyleManagerView::Select);
     connect(m_commands, &StyleCommands::Listed, this, &StyleManagerView::Refresh);
     m_refurbishBefore = CStyles::SetRefurbishListener([this](CStyles&) { Refresh(); });
-    m_changeBefore = CStyleManager::SetChangeListener([this] { ShowGroups(); });
+    m_groupsChanged = CStyleManager::Changed().Connect([this] { ShowGroups(); });
 }
 
 void StyleManagerView::ShowGroups()

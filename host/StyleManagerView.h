@@ -78,5 +78,5 @@ private:
     QString m_hostCaption;
     std::function<void()> m_hostAction;
     CStyles::RefurbishListener m_refurbishBefore;
-    CStyleManager::ChangeListener m_changeBefore;
+    designspec::Connection m_groupsChanged;
 };

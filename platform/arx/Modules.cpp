@@ -35,17 +35,6 @@ std::list<Module>& Modules()
     return modules;
 }
 
-ArxModuleListener& Listener()
-{
-    static ArxModuleListener listener;
-    return listener;
-}
-
-void TellListener()
-{
-    if (Listener()) Listener()();
-}
-
 CString FileName(const CString& name)
 {
     const size_t separator = name.find_last_of(L"/\\");
@@ -82,7 +71,7 @@ bool Fail(Module& module, const CString& reason)
     module.shown.state = ArxModuleState::Failed;
     module.shown.reason = reason;
     TraceFile(TraceLevel::Error, module.path, 0, L"模块未加载: " + reason);
-    TellListener();
+    acrxModulesChanged().Tell();
     return false;
 }
 
@@ -99,7 +88,7 @@ bool Load(Module& module)
     module.shown.reason.clear();
     const int answer = module.Send(AcRx::kInitAppMsg);
     if (answer != AcRx::kRetOK) return Fail(module, Format(L"模块拒绝初始化 (返回值 %d)", answer));
-    TellListener();
+    acrxModulesChanged().Tell();
     return true;
 }
 
@@ -110,7 +99,7 @@ bool acrxLoadModule(const wchar_t* name, bool printIt, bool)
     Module& module = FindOrMake(name);
     if (module.shown.count > 0) {
         ++module.shown.count;
-        TellListener();
+        acrxModulesChanged().Tell();
         return true;
     }
     const CString given = name;
@@ -139,7 +128,7 @@ bool acrxUnloadModule(const wchar_t* name, bool)
     } else {
         --module->shown.count;
     }
-    TellListener();
+    acrxModulesChanged().Tell();
     return true;
 }
 
@@ -163,7 +152,8 @@ std::vector<ArxModule> acrxModules()
     return shown;
 }
 
-ArxModuleListener acrxSetModuleListener(ArxModuleListener listener)
+designspec::Signal<>& acrxModulesChanged()
 {
-    return std::exchange(Listener(), std::move(listener));
+    static designspec::Signal<> changed;
+    return changed;
 }

@@ -1,8 +1,7 @@
 // Modules: shared objects that are loaded, told so, counted, and unloaded by file name.
 #pragma once
 
-#include <functional>
-
+#include "base/Signal.h"
 #include "platform/mfc/Export.h"
 #include "platform/mfc/String.h"
 
@@ -39,6 +38,5 @@ struct ArxModule {
 // Every module that was ever asked for, in that order.
 AFX_EXT_API std::vector<ArxModule> acrxModules();
 
-using ArxModuleListener = std::function<void()>;
-// Told after each change of that list. Returns the listener before.
-AFX_EXT_API ArxModuleListener acrxSetModuleListener(ArxModuleListener listener);
+// Tells after each change of that list.
+AFX_EXT_API designspec::Signal<>& acrxModulesChanged();

@@ -1,34 +1,18 @@
 #include "platform/vmrd/VMRDPrj/StyleManager.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "base/Format.h"
 #include "platform/vmrd/VmHFCBaseU/Trace.h"
 
 using namespace designspec;
 
-namespace {
-
-CStyleManager::ChangeListener& Listener()
-{
-    static CStyleManager::ChangeListener listener;
-    return listener;
-}
-
-void TellListener()
-{
-    if (Listener()) Listener()();
-}
-
-} // namespace
-
 CStyleManager::~CStyleManager()
 {
     if (m_groups.empty()) return;
     Trace(Format(L"样式管理器结束时仍有 %d 个样式组未移除", GroupsCount()));
     m_groups.clear();
-    TellListener();
+    Changed().Tell();
 }
 
 const StyleGroupConfig* CStyleManager::FindStyleGroup(const wchar_t* name, bool deep) const
@@ -49,7 +33,7 @@ bool CStyleManager::AddObject(EType type, CStyleGroup* group)
         std::upper_bound(m_groups.begin(), m_groups.end(), type,
                          [](EType wanted, const Entry& entry) { return wanted < entry.type; });
     m_groups.insert(behind, {type, group});
-    TellListener();
+    Changed().Tell();
     return true;
 }
 
@@ -59,7 +43,7 @@ bool CStyleManager::RemoveObject(CStyleGroup* group, bool deleteObject)
     const bool listed = found != m_groups.end();
     if (listed) {
         m_groups.erase(found);
-        TellListener();
+        Changed().Tell();
     }
     if (deleteObject) delete group;
     return listed;
@@ -77,7 +61,8 @@ void CStyleManager::Refurbish()
         entry.group->Refurbish();
 }
 
-CStyleManager::ChangeListener CStyleManager::SetChangeListener(ChangeListener listener)
+designspec::Signal<>& CStyleManager::Changed()
 {
-    return std::exchange(Listener(), std::move(listener));
+    static designspec::Signal<> changed;
+    return changed;
 }

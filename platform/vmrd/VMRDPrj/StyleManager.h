@@ -1,6 +1,7 @@
 // The style manager's list of groups. A host shows it; modules put their groups into it.
 #pragma once
 
+#include "base/Signal.h"
 #include "platform/mfc/Export.h"
 #include "platform/vmrd/VMRDPrj/StyleGroup.h"
 #include "platform/vmrd/VMRDPrj/StyleGroupConfig.h"
@@ -31,10 +32,9 @@ public:
     // Reads the libraries of all groups anew.
     void Refurbish();
 
-    using ChangeListener = std::function<void()>;
-    // One listener for every manager there will be: told after a group came, and after one left
-    // the list but before it is deleted. Returns the listener before.
-    static ChangeListener SetChangeListener(ChangeListener listener);
+    // For every manager there will be: tells after a group came, and after one left the list but
+    // before it is deleted.
+    static designspec::Signal<>& Changed();
 
 private:
     struct Entry {

@@ -168,12 +168,12 @@ TEST(Modules, PrintingLeavesATraceLine)
     EXPECT_EQ(lines.Lines().size(), 1u);
 }
 
-TEST(Modules, TheListenerIsToldOfEachChange)
+TEST(Modules, AListenerIsToldOfEachChange)
 {
     const TestInstall install({"CountingModule.arx"});
     const TraceCapture lines;
     int told = 0;
-    const ArxModuleListener before = acrxSetModuleListener([&told] { ++told; });
+    const designspec::Connection connection = acrxModulesChanged().Connect([&told] { ++told; });
     Load(L"CountingModule.arx");
     EXPECT_EQ(told, 1);
     Load(L"CountingModule.arx");
@@ -183,7 +183,6 @@ TEST(Modules, TheListenerIsToldOfEachChange)
     EXPECT_EQ(told, 4);
     Load(L"Missing.arx");
     EXPECT_EQ(told, 5);
-    acrxSetModuleListener(before);
 }
 
 TEST(Modules, AModuleLoadsTheProjectModuleAndReleasesIt)

@@ -49,11 +49,10 @@ TEST(StyleManager, TellsOfARemovalBeforeTheGroupIsDeleted)
     std::vector<std::string> order;
     auto* const group = new Group;
     group->onDelete = [&order] { order.push_back("deleted"); };
-    const auto before = CStyleManager::SetChangeListener(
+    const designspec::Connection connection = CStyleManager::Changed().Connect(
         [&] { order.push_back("told " + std::to_string(manager.GroupsCount())); });
     manager.AddObject(kLater, group);
     EXPECT_TRUE(manager.RemoveObject(group, true));
-    CStyleManager::SetChangeListener(before);
     EXPECT_EQ(order, (std::vector<std::string>{"told 1", "told 0", "deleted"}));
 }
 
