@@ -54,10 +54,10 @@ public:
         made->SetName(m_name.c_str());
         FillRadii(made->CircularCurveRad);
         library.Add(made);
-        acedSetAcadFrame(&m_frame);
+        designspec::SetFrame(&m_frame);
         m_frame.show();
     }
-    ~OpenSpecification() { acedSetAcadFrame(nullptr); }
+    ~OpenSpecification() { designspec::SetFrame(nullptr); }
     OpenSpecification(const OpenSpecification&) = delete;
     OpenSpecification& operator=(const OpenSpecification&) = delete;
 

@@ -7,6 +7,8 @@
 #include "platform/arx/Modules.h"
 #include "platform/mfc/QtText.h"
 
+using namespace designspec;
+
 namespace {
 
 const QString kKey = QStringLiteral("modulesAtStart");
@@ -59,7 +61,7 @@ void HostModules::LoadAtStart()
 
 bool HostModules::IsLoaded(const QString& name) const
 {
-    return Holds(m_loaded, name) && acrxModuleLoaded(FromQString(name).c_str());
+    return Holds(m_loaded, name) && IsModuleLoaded(FromQString(name).c_str());
 }
 
 bool HostModules::Load(const QString& name)

@@ -24,6 +24,8 @@
 #include "platform/vmrd/VMRDPrj/PrjManager.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
 
+using namespace designspec;
+
 namespace {
 
 const QString kGeometryKey = QStringLiteral("window/geometry");
@@ -43,7 +45,7 @@ QString ShortList(const QStringList& names)
 
 HostWindow::HostWindow()
 {
-    acedSetAcadFrame(this);
+    SetFrame(this);
     setWindowTitle(kTitle);
     setCentralWidget(MakeCenter());
     MakePanels();

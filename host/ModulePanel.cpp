@@ -22,10 +22,10 @@ namespace {
 
 enum Column { NameColumn, StateColumn, ReasonColumn };
 
-QString StateOf(const ArxModule* module)
+QString StateOf(const ModuleInfo* module)
 {
-    if (!module || module->state == ArxModuleState::Unloaded) return QObject::tr("未加载");
-    if (module->state == ArxModuleState::Failed) return QObject::tr("加载失败");
+    if (!module || module->state == ModuleState::Unloaded) return QObject::tr("未加载");
+    if (module->state == ModuleState::Failed) return QObject::tr("加载失败");
     return module->count > 1 ? QObject::tr("已加载 (%1)").arg(module->count)
                              : QObject::tr("已加载");
 }
@@ -67,7 +67,7 @@ ModulePanel::ModulePanel(HostModules& modules, QWidget* parent)
         m_modules.SetAtStart(item->text(NameColumn), item->checkState(NameColumn) == Qt::Checked);
         Adjust();
     });
-    m_modulesChanged = acrxModulesChanged().Connect([this] { Fill(); });
+    m_modulesChanged = ModulesChanged().Connect([this] { Fill(); });
     Fill();
 }
 
@@ -84,7 +84,7 @@ QPushButton* ModulePanel::AddButton(int id, const QString& caption, const QStrin
 void ModulePanel::Fill()
 {
     const QString selected = Selected();
-    const std::vector<ArxModule> known = acrxModules();
+    const std::vector<ModuleInfo> known = KnownModules();
     const QStringList atStart = m_modules.AtStart();
     {
         const QSignalBlocker quiet(m_list);
@@ -95,7 +95,7 @@ void ModulePanel::Fill()
             });
             AddRow(name, module == known.end() ? nullptr : &*module);
         }
-        for (const ArxModule& module : known)
+        for (const ModuleInfo& module : known)
             if (!m_modules.IsAtStart(ToQString(module.name)))
                 AddRow(ToQString(module.name), &module);
         for (int row = 0; row < m_list->topLevelItemCount(); ++row) {
@@ -106,7 +106,7 @@ void ModulePanel::Fill()
     Adjust();
 }
 
-void ModulePanel::AddRow(const QString& name, const ArxModule* module)
+void ModulePanel::AddRow(const QString& name, const ModuleInfo* module)
 {
     const QString reason = module ? ToQString(module->reason) : QString();
     auto* item = new QTreeWidgetItem(m_list, {name, StateOf(module), reason});

@@ -20,7 +20,7 @@ public:
 private:
     QPushButton* AddButton(int id, const QString& caption, const QString& tip);
     void Fill();
-    void AddRow(const QString& name, const ArxModule* module);
+    void AddRow(const QString& name, const designspec::ModuleInfo* module);
     void Adjust();
     void Load();
     void Unload();

@@ -4,8 +4,7 @@
 #include "platform/arx/AppMessages.h"
 #include "platform/mfc/Export.h"
 
-// `packet` belongs to the message: for kInitAppMsg and kUnloadAppMsg the module's file name
-// (const wchar_t*), otherwise null.
+// `packet` is the module's file name (const wchar_t*).
 class AFX_EXT_CLASS AcRxDbxApp {
 public:
     AcRxDbxApp() = default;
@@ -14,36 +13,14 @@ public:
     virtual ~AcRxDbxApp() = default;
 
     // Hands a message to its handler; kRetOK for one that has none.
-    AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode message, void* packet);
+    virtual AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode message, void* packet);
 
     virtual AcRx::AppRetCode On_kInitAppMsg(void* packet);
     virtual AcRx::AppRetCode On_kUnloadAppMsg(void* packet);
-
-protected:
-    // The messages of the classes that know more of them.
-    virtual AcRx::AppRetCode Dispatch(AcRx::AppMsgCode message, void* packet);
 };
 
 // A module of the program with its windows and documents.
-class AFX_EXT_CLASS AcRxArxApp : public AcRxDbxApp {
-public:
-    virtual AcRx::AppRetCode On_kLoadDwgMsg(void* packet);
-    virtual AcRx::AppRetCode On_kUnloadDwgMsg(void* packet);
-    virtual AcRx::AppRetCode On_kInvkSubrMsg(void* packet);
-    virtual AcRx::AppRetCode On_kCfgMsg(void* packet);
-    virtual AcRx::AppRetCode On_kEndMsg(void* packet);
-    virtual AcRx::AppRetCode On_kQuitMsg(void* packet);
-    virtual AcRx::AppRetCode On_kSaveMsg(void* packet);
-    virtual AcRx::AppRetCode On_kDependencyMsg(void* packet);
-    virtual AcRx::AppRetCode On_kNoDependencyMsg(void* packet);
-    virtual AcRx::AppRetCode On_kOleUnloadAppMsg(void* packet);
-    virtual AcRx::AppRetCode On_kPreQuitMsg(void* packet);
-    virtual AcRx::AppRetCode On_kInitDialogMsg(void* packet);
-    virtual AcRx::AppRetCode On_kEndDialogMsg(void* packet);
-
-protected:
-    AcRx::AppRetCode Dispatch(AcRx::AppMsgCode message, void* packet) override;
-};
+class AFX_EXT_CLASS AcRxArxApp : public AcRxDbxApp {};
 
 // In one source file of a module: makes its application object and the function that the host
 // calls. Nothing is thrown across that function; an exception is answered with kRetError.

@@ -18,7 +18,7 @@ QWidget* acedGetAcadFrame()
     return Frame();
 }
 
-void acedSetAcadFrame(QWidget* frame)
+void designspec::SetFrame(QWidget* frame)
 {
     Frame() = frame;
 }

@@ -7,4 +7,9 @@ class QWidget;
 
 // Null until the host has named one, and after that one is gone.
 AFX_EXT_API QWidget* acedGetAcadFrame();
-AFX_EXT_API void acedSetAcadFrame(QWidget* frame);
+
+namespace designspec {
+
+AFX_EXT_API void SetFrame(QWidget* frame);
+
+}

@@ -20,7 +20,7 @@ namespace {
 using EntryPoint = AcRx::AppRetCode (*)(AcRx::AppMsgCode, void*);
 
 struct Module {
-    ArxModule shown;
+    ModuleInfo shown;
     CString path;
     void* handle = nullptr;
     EntryPoint entry = nullptr;
@@ -68,10 +68,10 @@ void Close(Module& module)
 bool Fail(Module& module, const CString& reason)
 {
     Close(module);
-    module.shown.state = ArxModuleState::Failed;
+    module.shown.state = ModuleState::Failed;
     module.shown.reason = reason;
     TraceFile(TraceLevel::Error, module.path, 0, L"模块未加载: " + reason);
-    acrxModulesChanged().Tell();
+    ModulesChanged().Tell();
     return false;
 }
 
@@ -83,12 +83,12 @@ bool Load(Module& module)
     module.entry = reinterpret_cast<EntryPoint>(dlsym(module.handle, "acrxEntryPoint"));
     if (!module.entry) return Fail(module, L"不是模块: 没有导出 acrxEntryPoint");
 
-    module.shown.state = ArxModuleState::Loaded;
+    module.shown.state = ModuleState::Loaded;
     module.shown.count = 1;
     module.shown.reason.clear();
     const int answer = module.Send(AcRx::kInitAppMsg);
     if (answer != AcRx::kRetOK) return Fail(module, Format(L"模块拒绝初始化 (返回值 %d)", answer));
-    acrxModulesChanged().Tell();
+    ModulesChanged().Tell();
     return true;
 }
 
@@ -99,7 +99,7 @@ bool acrxLoadModule(const wchar_t* name, bool printIt, bool)
     Module& module = FindOrMake(name);
     if (module.shown.count > 0) {
         ++module.shown.count;
-        acrxModulesChanged().Tell();
+        ModulesChanged().Tell();
         return true;
     }
     const CString given = name;
@@ -124,36 +124,30 @@ bool acrxUnloadModule(const wchar_t* name, bool)
             return false;
         }
         Close(*module);
-        module->shown.state = ArxModuleState::Unloaded;
+        module->shown.state = ModuleState::Unloaded;
     } else {
         --module->shown.count;
     }
-    acrxModulesChanged().Tell();
+    ModulesChanged().Tell();
     return true;
 }
 
-bool acrxModuleLoaded(const wchar_t* name)
+bool designspec::IsModuleLoaded(const wchar_t* name)
 {
     const Module* module = Find(name);
     return module && module->shown.count > 0;
 }
 
-void* acrxModuleFunction(const wchar_t* name, const char* function)
+std::vector<ModuleInfo> designspec::KnownModules()
 {
-    const Module* module = Find(name);
-    return module && module->handle ? dlsym(module->handle, function) : nullptr;
-}
-
-std::vector<ArxModule> acrxModules()
-{
-    std::vector<ArxModule> shown;
+    std::vector<ModuleInfo> shown;
     for (const Module& module : Modules())
         shown.push_back(module.shown);
     return shown;
 }
 
-designspec::Signal<>& acrxModulesChanged()
+Signal<>& designspec::ModulesChanged()
 {
-    static designspec::Signal<> changed;
+    static Signal<> changed;
     return changed;
 }

@@ -9,7 +9,7 @@
 // looked for in the install path; two names are the same module when their file names are, in any
 // case. `printIt` leaves a trace line when it was loaded. `asCommand` is for the host's command
 // line, which this one has not.
-// False, with a trace line and the reason kept (see acrxModules), when the file is not there or
+// False, with a trace line and the reason kept (see KnownModules), when the file is not there or
 // no module, or when the module refused: it answered kInitAppMsg with anything but kRetOK.
 AFX_EXT_API bool acrxLoadModule(const wchar_t* name, bool printIt, bool asCommand);
 
@@ -17,26 +17,27 @@ AFX_EXT_API bool acrxLoadModule(const wchar_t* name, bool printIt, bool asComman
 // loaded, or answered kUnloadAppMsg with anything but kRetOK: then it stays.
 AFX_EXT_API bool acrxUnloadModule(const wchar_t* name, bool asCommand);
 
-AFX_EXT_API bool acrxModuleLoaded(const wchar_t* name);
+// What this host tells of modules beyond that.
+namespace designspec {
 
-// A function that a loaded module exports; null when the module or the function is not there.
-AFX_EXT_API void* acrxModuleFunction(const wchar_t* name, const char* function);
-
-enum class ArxModuleState {
+enum class ModuleState {
     Loaded,
     Unloaded,
     Failed, // the last load did not succeed
 };
 
-struct ArxModule {
+struct ModuleInfo {
     CString name; // file name, as first asked for
-    ArxModuleState state = ArxModuleState::Unloaded;
+    ModuleState state = ModuleState::Unloaded;
     int count = 0;  // users
     CString reason; // why it failed
 };
 
 // Every module that was ever asked for, in that order.
-AFX_EXT_API std::vector<ArxModule> acrxModules();
+AFX_EXT_API std::vector<ModuleInfo> KnownModules();
+AFX_EXT_API bool IsModuleLoaded(const wchar_t* name);
 
 // Tells after each change of that list.
-AFX_EXT_API designspec::Signal<>& acrxModulesChanged();
+AFX_EXT_API Signal<>& ModulesChanged();
+
+} // namespace designspec

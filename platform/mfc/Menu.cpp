@@ -69,13 +69,6 @@ CString CMenu::GetMenuString(UINT id) const
     return action ? FromQString(action->text()) : CString();
 }
 
-bool CMenu::EnableMenuItem(UINT id, bool enable)
-{
-    QAction* const action = FindItem(*m_menu, id);
-    if (action) action->setEnabled(enable);
-    return action != nullptr;
-}
-
 int CMenu::GetMenuItemCount() const
 {
     return static_cast<int>(m_menu->actions().size());

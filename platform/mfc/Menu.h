@@ -34,10 +34,9 @@ public:
     // Adds a sub-menu, which this menu owns from now on. `flags` may grey it.
     void AppendMenu(UINT flags, CMenu subMenu, const CString& text);
 
-    // Greys or enables the item of that id, in sub-menus too. False when there is none.
-    bool EnableMenuItem(UINT id, bool enable);
     int GetMenuItemCount() const;
-    // Gives the item of that id another text, id and state. False when there is none.
+    // Gives the item of that id, in sub-menus too, another text, id and state. False when there is
+    // none.
     bool ModifyMenu(UINT id, UINT flags, UINT newId, const CString& text);
     // MF_GRAYED and MF_CHECKED of the item of that id; 0 when there is none.
     UINT GetMenuState(UINT id) const;

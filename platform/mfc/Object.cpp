@@ -18,8 +18,3 @@ bool CObject::IsKindOf(const CRuntimeClass* runtimeClass) const
 {
     return GetRuntimeClass()->IsDerivedFrom(runtimeClass);
 }
-
-// The module writes no archives and dumps no objects; these keep the base's place.
-void CObject::Serialize(CArchive&) {}
-void CObject::AssertValid() const {}
-void CObject::Dump(CDumpContext&) const {}

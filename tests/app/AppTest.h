@@ -19,7 +19,7 @@ protected:
     {
         m_frame.resize(400, 300);
         m_frame.show();
-        acedSetAcadFrame(&m_frame);
+        designspec::SetFrame(&m_frame);
     }
     ~AppTest() override { EXPECT_EQ(Locks(), 0); }
 

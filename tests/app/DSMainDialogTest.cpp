@@ -435,7 +435,7 @@ TEST_F(DSMainDialog, AnUnknownViewPathShowsTheFirstPage)
 
 TEST_F(DSMainDialog, WithoutAFrameThePagesAreTheDialogs)
 {
-    acedSetAcadFrame(nullptr);
+    designspec::SetFrame(nullptr);
     Run(
         [](QWidget* window) {
             EXPECT_EQ(Shown(window), "1");

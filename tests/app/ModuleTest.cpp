@@ -13,10 +13,10 @@
 #include "base/NoCase.h"
 #include "base/Text.h"
 #include "platform/arx/Frame.h"
-#include "platform/arx/Modeler.h"
 #include "platform/arx/Modules.h"
 #include "platform/vmrd/VMRDPrj/PrjManager.h"
 #include "tests/app/AppTest.h"
+#include "tests/modules/ModuleFunction.h"
 
 using namespace designspec;
 
@@ -52,9 +52,9 @@ size_t BytesInUse()
     return mallinfo2().uordblks;
 }
 
-ArxModule StateOf(const CString& name)
+ModuleInfo StateOf(const CString& name)
 {
-    for (const ArxModule& module : acrxModules())
+    for (const ModuleInfo& module : KnownModules())
         if (EqualNoCase(module.name, name)) return module;
     return {};
 }
@@ -63,8 +63,8 @@ class Module : public AppTest {
 protected:
     ~Module() override
     {
-        if (acrxModuleLoaded(kModule)) acrxUnloadModule(kModule, false);
-        EXPECT_FALSE(acrxModuleLoaded(kProjectModule));
+        if (IsModuleLoaded(kModule)) acrxUnloadModule(kModule, false);
+        EXPECT_FALSE(IsModuleLoaded(kProjectModule));
         VMRDPub::SetInstallPath(L"");
     }
 
@@ -96,8 +96,7 @@ TEST_F(Module, ExportsItsEntryPointAndTheViewFunctionAlone)
 TEST_F(Module, PublishesItsGroupWithTheEditor)
 {
     ASSERT_TRUE(Load());
-    EXPECT_TRUE(acdbModelerStarted());
-    EXPECT_TRUE(acrxModuleLoaded(kProjectModule));
+    EXPECT_TRUE(IsModuleLoaded(kProjectModule));
     ASSERT_EQ(Manager().GroupsCount(), 1);
     CStyleGroup* const group = Manager().GetGroup(0);
     EXPECT_EQ(group->Name(), L"设计规范");
@@ -122,7 +121,7 @@ TEST_F(Module, LeavesNothingBehind)
     ASSERT_TRUE(Unload());
     EXPECT_EQ(m_trace.Text(), L"CRDDesignSpecificationApp::On_kUnloadAppMsg-341");
     EXPECT_EQ(CPrjManager::GetInstance(), nullptr);
-    EXPECT_FALSE(acrxModuleLoaded(kProjectModule));
+    EXPECT_FALSE(IsModuleLoaded(kProjectModule));
     EXPECT_EQ(Library().Count(), 0); // a new library
     EXPECT_FALSE(IsMapped("DesignSpecification.arx"));
     EXPECT_FALSE(IsMapped("VMRDPrj.arx"));
@@ -156,8 +155,7 @@ TEST_F(Module, OffersTheViewFunctionToOthers)
     AddSaved(Make(L"甲"));
     ASSERT_TRUE(Load());
     Library().SetDefaultItem(0);
-    const auto view = reinterpret_cast<void (*)(const wchar_t*)>(
-        acrxModuleFunction(kModule, "ViewDesignSpecification"));
+    const auto view = ModuleFunction<void(const wchar_t*)>(kModule, "ViewDesignSpecification");
     ASSERT_NE(view, nullptr);
     const ExpectModal dialog([](QWidget* window) {
         EXPECT_EQ(SelectedItem(window), "圆曲线半径");
@@ -170,9 +168,9 @@ TEST_F(Module, RefusesWithoutTheProjectModule)
 {
     Install({"DesignSpecification.arx", "StyleGroups.json", "VMRDRes.dll"});
     EXPECT_FALSE(Load());
-    EXPECT_FALSE(acrxModuleLoaded(kModule));
-    const ArxModule state = StateOf(kModule);
-    EXPECT_EQ(state.state, ArxModuleState::Failed);
+    EXPECT_FALSE(IsModuleLoaded(kModule));
+    const ModuleInfo state = StateOf(kModule);
+    EXPECT_EQ(state.state, ModuleState::Failed);
     EXPECT_EQ(state.reason, L"模块拒绝初始化 (返回值 3)");
     EXPECT_EQ(StateOf(kProjectModule).reason, L"文件不存在");
     EXPECT_NE(m_trace.Text().find(L"项目模块 VMRDPrj.arx 无法加载, 设计规范模块不能使用"),

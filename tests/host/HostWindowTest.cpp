@@ -45,10 +45,10 @@ TEST_F(HostWindowTest, IsTheFrameOfTheModulesDialogs)
 TEST_F(HostWindowTest, UnloadsItsModulesAtTheEnd)
 {
     Start();
-    EXPECT_TRUE(acrxModuleLoaded(L"FakeModule.arx"));
+    EXPECT_TRUE(IsModuleLoaded(L"FakeModule.arx"));
     host.reset();
-    EXPECT_FALSE(acrxModuleLoaded(L"FakeModule.arx"));
-    EXPECT_FALSE(acrxModuleLoaded(L"VMRDPrj.arx"));
+    EXPECT_FALSE(IsModuleLoaded(L"FakeModule.arx"));
+    EXPECT_FALSE(IsModuleLoaded(L"VMRDPrj.arx"));
 }
 
 TEST_F(HostWindowTest, AMissingModuleIsToldAndTheHostGoesOn)

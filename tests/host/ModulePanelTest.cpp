@@ -112,7 +112,7 @@ TEST_F(ModulePanelTest, AnAddedFileIsLoadedNowAndAtStart)
     Click(host.get(), ControlId::ModuleAdd);
     EXPECT_EQ(HostModules().AtStart(), (QStringList{QStringLiteral("FakeModule.arx"),
                                                     QStringLiteral("CountingModule.arx")}));
-    EXPECT_TRUE(acrxModuleLoaded(L"CountingModule.arx"));
+    EXPECT_TRUE(designspec::IsModuleLoaded(L"CountingModule.arx"));
 }
 
 } // namespace

@@ -13,11 +13,10 @@ public:
         return g_busy ? AcRx::kRetError : AcRxArxApp::On_kUnloadAppMsg(packet);
     }
 
-protected:
-    AcRx::AppRetCode Dispatch(AcRx::AppMsgCode message, void* packet) override
+    AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode message, void* packet) override
     {
         ++g_messages[message];
-        return AcRxArxApp::Dispatch(message, packet);
+        return AcRxArxApp::acrxEntryPoint(message, packet);
     }
 };
 

@@ -10,11 +10,6 @@ template <class T> T* At(const std::vector<std::unique_ptr<T>>& owned, int index
     return within ? owned[static_cast<size_t>(index)].get() : nullptr;
 }
 
-template <class T> void Delete(std::vector<std::unique_ptr<T>>& owned, const T* object)
-{
-    std::erase_if(owned, [object](const std::unique_ptr<T>& one) { return one.get() == object; });
-}
-
 } // namespace
 
 CStyleGroup::CStyleGroup() = default;
@@ -35,11 +30,6 @@ void CStyleGroup::AddChild(CStyleGroup* child)
     if (child) m_children.emplace_back(child);
 }
 
-void CStyleGroup::DeleteChild(CStyleGroup* child)
-{
-    Delete(m_children, child);
-}
-
 int CStyleGroup::ChildrenCount() const
 {
     return static_cast<int>(m_children.size());
@@ -55,11 +45,6 @@ void CStyleGroup::AddStyles(CStyleEditor* editor)
     if (editor) m_editors.emplace_back(editor);
 }
 
-void CStyleGroup::DeleteStyles(CStyleEditor* editor)
-{
-    Delete(m_editors, editor);
-}
-
 int CStyleGroup::StylesCount() const
 {
     return static_cast<int>(m_editors.size());
@@ -68,11 +53,6 @@ int CStyleGroup::StylesCount() const
 CStyleEditor* CStyleGroup::GetStyles(int index) const
 {
     return At(m_editors, index);
-}
-
-bool CStyleGroup::OnCommand(unsigned)
-{
-    return false;
 }
 
 void CStyleGroup::Refurbish()

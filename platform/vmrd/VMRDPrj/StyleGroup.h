@@ -23,19 +23,14 @@ public:
     // True when the group shows styles of its own; false when it only gathers groups.
     virtual bool HasStyles() const;
 
-    // A group owns the groups below it and its editors. Null is not taken; DeleteChild and
-    // DeleteStyles do nothing for one that is not there. An index out of range gives null.
+    // A group owns the groups below it and its editors. Null is not taken. An index out of range
+    // gives null.
     virtual void AddChild(CStyleGroup* child);
-    virtual void DeleteChild(CStyleGroup* child);
     virtual int ChildrenCount() const;
     virtual CStyleGroup* GetChild(int index) const;
     virtual void AddStyles(CStyleEditor* editor);
-    virtual void DeleteStyles(CStyleEditor* editor);
     virtual int StylesCount() const;
     virtual CStyleEditor* GetStyles(int index) const;
-    // A command that the user gave to the group. True when it was one of the group's.
-    virtual bool OnCommand(unsigned command);
-
     // Reads the libraries of the group and of those below it anew: the first load, another
     // project, files that were changed by someone else.
     void Refurbish();

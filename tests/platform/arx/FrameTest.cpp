@@ -10,7 +10,7 @@ TEST(Frame, IsNullBeforeAndAfterTheWindowThatTheHostNamed)
     EXPECT_EQ(acedGetAcadFrame(), nullptr);
     {
         QWidget window;
-        acedSetAcadFrame(&window);
+        designspec::SetFrame(&window);
         EXPECT_EQ(acedGetAcadFrame(), &window);
     }
     EXPECT_EQ(acedGetAcadFrame(), nullptr);

@@ -4,31 +4,30 @@
 
 #include "base/Text.h"
 #include "platform/arx/AppMessages.h"
-#include "platform/arx/Modeler.h"
 #include "platform/vmrd/VMRDPrj/PrjManager.h"
+#include "tests/modules/ModuleFunction.h"
 #include "tests/modules/TestInstall.h"
 
 using namespace designspec;
 
 namespace {
 
-ArxModule StateOf(const CString& name)
+ModuleInfo StateOf(const CString& name)
 {
-    for (const ArxModule& module : acrxModules())
+    for (const ModuleInfo& module : KnownModules())
         if (module.name == name) return module;
     return {};
 }
 
 int MessageCount(int message)
 {
-    const auto count =
-        reinterpret_cast<int (*)(int)>(acrxModuleFunction(L"CountingModule.arx", "MessageCount"));
+    const auto count = ModuleFunction<int(int)>(L"CountingModule.arx", "MessageCount");
     return count ? count(message) : -1;
 }
 
 void SetBusy(bool busy)
 {
-    reinterpret_cast<void (*)(bool)>(acrxModuleFunction(L"CountingModule.arx", "SetBusy"))(busy);
+    ModuleFunction<void(bool)>(L"CountingModule.arx", "SetBusy")(busy);
 }
 
 bool Load(const wchar_t* name)
@@ -52,10 +51,10 @@ TEST(Modules, TheSecondLoadOnlyCounts)
 
     EXPECT_TRUE(Unload(L"countingmodule.arx"));
     EXPECT_EQ(MessageCount(AcRx::kUnloadAppMsg), 0);
-    EXPECT_TRUE(acrxModuleLoaded(L"CountingModule.arx"));
+    EXPECT_TRUE(IsModuleLoaded(L"CountingModule.arx"));
     EXPECT_TRUE(Unload(L"CountingModule.arx"));
-    EXPECT_FALSE(acrxModuleLoaded(L"CountingModule.arx"));
-    EXPECT_EQ(StateOf(L"CountingModule.arx").state, ArxModuleState::Unloaded);
+    EXPECT_FALSE(IsModuleLoaded(L"CountingModule.arx"));
+    EXPECT_EQ(StateOf(L"CountingModule.arx").state, ModuleState::Unloaded);
 }
 
 TEST(Modules, AnUnloadedModuleLeavesTheMemory)
@@ -65,7 +64,7 @@ TEST(Modules, AnUnloadedModuleLeavesTheMemory)
         ASSERT_TRUE(Load(L"CountingModule.arx"));
         EXPECT_EQ(MessageCount(AcRx::kInitAppMsg), 1) << "the counters start anew";
         ASSERT_TRUE(Unload(L"CountingModule.arx"));
-        EXPECT_EQ(acrxModuleFunction(L"CountingModule.arx", "MessageCount"), nullptr);
+        EXPECT_EQ(MessageCount(AcRx::kInitAppMsg), -1) << "its function is gone";
     }
 }
 
@@ -76,7 +75,7 @@ TEST(Modules, AMissingFileIsNamedWithItsPath)
     EXPECT_FALSE(Load(L"Missing.arx"));
     EXPECT_EQ(lines.Text(), install.Path() + L"/Missing.arx: 模块未加载: 文件不存在");
     EXPECT_EQ(lines.Lines().back().level, TraceLevel::Error);
-    EXPECT_EQ(StateOf(L"Missing.arx").state, ArxModuleState::Failed);
+    EXPECT_EQ(StateOf(L"Missing.arx").state, ModuleState::Failed);
     EXPECT_EQ(StateOf(L"Missing.arx").reason, L"文件不存在");
 }
 
@@ -102,8 +101,8 @@ TEST(Modules, AModuleThatRefusesIsClosedAgain)
     const TestInstall install({"RefusingModule.arx"});
     const TraceCapture lines;
     EXPECT_FALSE(Load(L"RefusingModule.arx"));
-    EXPECT_FALSE(acrxModuleLoaded(L"RefusingModule.arx"));
-    EXPECT_EQ(acrxModuleFunction(L"RefusingModule.arx", "acrxEntryPoint"), nullptr);
+    EXPECT_FALSE(IsModuleLoaded(L"RefusingModule.arx"));
+    EXPECT_EQ(ModuleFunction<int()>(L"RefusingModule.arx", "acrxEntryPoint"), nullptr);
     EXPECT_EQ(StateOf(L"RefusingModule.arx").reason, L"模块拒绝初始化 (返回值 3)");
     EXPECT_EQ(lines.Lines().size(), 1u);
 }
@@ -123,7 +122,7 @@ TEST(Modules, AFailureIsForgottenAfterALoadThatSucceeds)
     EXPECT_FALSE(Load(L"CountingModule.arx"));
     install.Add("CountingModule.arx");
     EXPECT_TRUE(Load(L"CountingModule.arx"));
-    EXPECT_EQ(StateOf(L"CountingModule.arx").state, ArxModuleState::Loaded);
+    EXPECT_EQ(StateOf(L"CountingModule.arx").state, ModuleState::Loaded);
     EXPECT_EQ(StateOf(L"CountingModule.arx").reason, L"");
     EXPECT_TRUE(Unload(L"CountingModule.arx"));
 }
@@ -142,7 +141,7 @@ TEST(Modules, AModuleThatWillNotBeUnloadedStays)
     ASSERT_TRUE(Load(L"CountingModule.arx"));
     SetBusy(true);
     EXPECT_FALSE(Unload(L"CountingModule.arx"));
-    EXPECT_TRUE(acrxModuleLoaded(L"CountingModule.arx"));
+    EXPECT_TRUE(IsModuleLoaded(L"CountingModule.arx"));
     EXPECT_NE(lines.Text().find(L"模块拒绝卸载 (返回值 3)"), CString::npos);
     SetBusy(false);
     EXPECT_TRUE(Unload(L"CountingModule.arx"));
@@ -153,7 +152,7 @@ TEST(Modules, APathLoadsFromOutsideTheInstallFolder)
     const TestInstall install({});
     const CString path = ToWide(BINARY_DIR "/tests/modules/CountingModule.arx");
     EXPECT_TRUE(Load(path.c_str()));
-    EXPECT_TRUE(acrxModuleLoaded(L"CountingModule.arx"));
+    EXPECT_TRUE(IsModuleLoaded(L"CountingModule.arx"));
     EXPECT_TRUE(Unload(L"CountingModule.arx"));
 }
 
@@ -173,7 +172,7 @@ TEST(Modules, AListenerIsToldOfEachChange)
     const TestInstall install({"CountingModule.arx"});
     const TraceCapture lines;
     int told = 0;
-    const designspec::Connection connection = acrxModulesChanged().Connect([&told] { ++told; });
+    const Connection connection = ModulesChanged().Connect([&told] { ++told; });
     Load(L"CountingModule.arx");
     EXPECT_EQ(told, 1);
     Load(L"CountingModule.arx");
@@ -190,12 +189,11 @@ TEST(Modules, AModuleLoadsTheProjectModuleAndReleasesIt)
     const TestInstall install({"FakeModule.arx", "VMRDPrj.arx"});
     install.Write("StyleGroups.json", kFakeGroups);
     ASSERT_TRUE(Load(L"FakeModule.arx"));
-    EXPECT_TRUE(acdbModelerStarted());
     EXPECT_EQ(StateOf(L"VMRDPrj.arx").count, 1);
     ASSERT_NE(CPrjManager::GetInstance(), nullptr);
     EXPECT_EQ(CPrjManager::GetInstance()->GetStyleManager()->GroupsCount(), 1);
     ASSERT_TRUE(Unload(L"FakeModule.arx"));
-    EXPECT_FALSE(acrxModuleLoaded(L"VMRDPrj.arx"));
+    EXPECT_FALSE(IsModuleLoaded(L"VMRDPrj.arx"));
     EXPECT_EQ(CPrjManager::GetInstance(), nullptr);
 }
 

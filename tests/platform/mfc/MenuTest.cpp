@@ -82,15 +82,18 @@ TEST(Menu, AGreyedItemCannotBeChosen)
     EXPECT_EQ(chosen, 0U);
 }
 
-TEST(Menu, EnablesItemsByIdInSubMenusToo)
+TEST(Menu, ChangesItemsByIdInSubMenusToo)
 {
     CMenu menu = SpeedMenu();
-    EXPECT_TRUE(menu.EnableMenuItem(10003, true));
-    EXPECT_TRUE(menu.EnableMenuItem(10004, false));
-    EXPECT_FALSE(menu.EnableMenuItem(77, false));
+    EXPECT_TRUE(menu.ModifyMenu(10003, MF_ENABLED, 10003, L"输入..."));
+    EXPECT_TRUE(menu.ModifyMenu(10004, MF_GRAYED, 10006, L"5%"));
+    EXPECT_FALSE(menu.ModifyMenu(77, MF_GRAYED, 77, L"无"));
     Choose(menu, [](QWidget* window) {
         const auto items = ReadMenu(window);
+        EXPECT_EQ(items[3].text, L"输入...");
         EXPECT_TRUE(items[3].enabled);
+        EXPECT_EQ(items[4].subMenu[0].text, L"5%");
+        EXPECT_EQ(items[4].subMenu[0].id, 10006U);
         EXPECT_FALSE(items[4].subMenu[0].enabled);
         PressKey(window, Qt::Key_Escape);
     });
