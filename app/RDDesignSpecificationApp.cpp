@@ -27,6 +27,7 @@ AcRx::AppRetCode CRDDesignSpecificationApp::On_kInitAppMsg(void* packet)
         Trace(Format(L"项目模块 %s 无法加载, 设计规范模块不能使用", CString(kProjectModule)));
         return AcRx::kRetError;
     }
+    CDesignSpecifications::TakeShare();
     const AcRx::AppRetCode result = AcRxArxApp::On_kInitAppMsg(packet);
     CStyleManager& manager = *CPrjManager::GetInstance()->GetStyleManager();
     const StyleGroupConfig* const config =

@@ -23,6 +23,8 @@ CDesignSpecifications* CDesignSpecifications::s_pInstance = nullptr;
 
 namespace {
 
+int g_shares = 0; // of the modules that use the library
+
 constexpr wchar_t kLibraryName[] = L"设计规范";
 constexpr wchar_t kFolder[] = L"\\规范";
 constexpr wchar_t kFileEnding[] = L".hds";
@@ -112,8 +114,14 @@ CDesignSpecifications* CDesignSpecifications::GetInstance()
     return s_pInstance;
 }
 
+void CDesignSpecifications::TakeShare()
+{
+    ++g_shares;
+}
+
 void CDesignSpecifications::Destroy()
 {
+    if (g_shares > 0 && --g_shares > 0) return;
     delete std::exchange(s_pInstance, nullptr);
 }
 

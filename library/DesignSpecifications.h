@@ -19,6 +19,9 @@ public:
     // makes a new one. All on the main thread.
     static CDesignSpecifications* GetInstance();
     static void Destroy();
+    // A module that uses the library takes a share of it when it is loaded. Destroy, when it is
+    // unloaded, gives one back, and deletes the library only with the last one.
+    static void TakeShare();
 
     ~CDesignSpecifications() override;
 

@@ -24,6 +24,7 @@ namespace {
 
 constexpr wchar_t kModule[] = L"DesignSpecification.arx";
 constexpr wchar_t kProjectModule[] = L"VMRDPrj.arx";
+const CString kOtherModule = ToWide(BINARY_DIR "/tests/modules/QueryingModule.arx");
 
 std::string Output(const std::string& command)
 {
@@ -70,6 +71,14 @@ protected:
 
     static bool Load() { return acrxLoadModule(kModule, false, false); }
     static bool Unload() { return acrxUnloadModule(kModule, false); }
+    static bool LoadOther() { return acrxLoadModule(kOtherModule.c_str(), false, false); }
+    static bool UnloadOther() { return acrxUnloadModule(kOtherModule.c_str(), false); }
+    // What the other module gets as an answer.
+    static double Ask(const wchar_t* name)
+    {
+        const auto ask = ModuleFunction<double(const wchar_t*)>(kOtherModule, "LongestStraight");
+        return ask ? ask(name) : -2;
+    }
     static CStyleManager& Manager() { return *CPrjManager::GetInstance()->GetStyleManager(); }
 
     // An install path of the test's own that has these files of the real one.
@@ -125,6 +134,67 @@ TEST_F(Module, LeavesNothingBehind)
     EXPECT_EQ(Library().Count(), 0); // a new library
     EXPECT_FALSE(IsMapped("DesignSpecification.arx"));
     EXPECT_FALSE(IsMapped("VMRDPrj.arx"));
+}
+
+TEST_F(Module, LeavesTheLibraryToAnotherThatWasLoadedAfterIt)
+{
+    AddSaved(Make(L"甲", 30));
+    ASSERT_TRUE(Load());
+    ASSERT_TRUE(LoadOther());
+    EXPECT_EQ(Ask(L"甲"), 30);
+    ASSERT_TRUE(Unload());
+    EXPECT_EQ(Ask(L"甲"), 30);
+    ASSERT_TRUE(UnloadOther());
+    EXPECT_EQ(Library().Count(), 0); // a new library
+}
+
+TEST_F(Module, LeavesTheLibraryToAnotherThatWasLoadedBeforeIt)
+{
+    AddSaved(Make(L"甲", 30));
+    ASSERT_TRUE(LoadOther());
+    ASSERT_TRUE(Load());
+    ASSERT_TRUE(Unload());
+    EXPECT_EQ(Ask(L"甲"), 30);
+    ASSERT_TRUE(UnloadOther());
+    EXPECT_EQ(Library().Count(), 0); // a new library
+}
+
+TEST_F(Module, KeepsTheLibraryWhenTheOtherLeavesFirst)
+{
+    AddSaved(Make(L"甲", 30));
+    ASSERT_TRUE(Load());
+    ASSERT_TRUE(LoadOther());
+    ASSERT_TRUE(UnloadOther());
+    EXPECT_EQ(Ask(L"甲"), -2) << "it is gone";
+    EXPECT_EQ(MarkOf(L"甲"), 30);
+    EXPECT_EQ(Manager().GetGroup(0)->GetStyles(0)->GetStyles()->Count(), 1);
+    ASSERT_TRUE(Unload());
+    EXPECT_EQ(Library().Count(), 0); // a new library
+}
+
+TEST_F(Module, ALoadThatFailsTakesNoShareOfTheLibrary)
+{
+    Install({"DesignSpecification.arx", "StyleGroups.json", "VMRDRes.dll"});
+    EXPECT_FALSE(Load());
+    Add(Make(L"甲"));
+    CDesignSpecifications::Destroy();
+    EXPECT_EQ(Library().Count(), 0);
+}
+
+TEST_F(Module, ListsItsGroupAmongThoseOfType100)
+{
+    ASSERT_TRUE(Load());
+    struct Other : CStyleGroup {
+        CString Name() const override { return L"别的"; }
+    } before, same, after;
+    CStyleGroup* const ours = Manager().GetGroup(0);
+    for (const auto& [type, group] : {std::pair{101, &after}, {99, &before}, {100, &same}})
+        Manager().AddObject(static_cast<CStyleManager::EType>(type), group);
+    const std::vector<CStyleGroup*> expected{&before, ours, &same, &after};
+    for (int i = 0; i < 4; ++i)
+        EXPECT_EQ(Manager().GetGroup(i), expected[static_cast<size_t>(i)]) << i;
+    for (CStyleGroup* group : {&before, &same, &after})
+        Manager().RemoveObject(group, false);
 }
 
 TEST_F(Module, LoadsAndUnloadsTwentyTimes)

@@ -39,6 +39,20 @@ TEST_F(DesignSpecifications, IsOneForTheProcessUntilDestroyed)
     EXPECT_EQ(Library().Count(), 0);
 }
 
+TEST_F(DesignSpecifications, LivesUntilTheLastShareIsGivenBack)
+{
+    CDesignSpecifications::TakeShare();
+    CDesignSpecifications::TakeShare();
+    Add(Make(L"a"));
+    CDesignSpecifications::Destroy();
+    EXPECT_EQ(Names(), L"a");
+    CDesignSpecifications::Destroy();
+    EXPECT_EQ(Library().Count(), 0);
+    Add(Make(L"b"));
+    CDesignSpecifications::Destroy(); // without a share it is deleted at once
+    EXPECT_EQ(Library().Count(), 0);
+}
+
 TEST_F(DesignSpecifications, ReadsNothingWhenMade)
 {
     m_project.Write("规范/a.hds", Envelope(Style("a", kIdA)));
