@@ -15,7 +15,7 @@ namespace {
 
 using Run = Status (*)(const Arguments&);
 
-constexpr char kVersion[] = "designspec 1.0.0";
+constexpr char kVersion[] = "designspec " DESIGNSPEC_VERSION;
 
 constexpr char kDescription[] = "查询和编辑道路设计规范。\n"
                                 "项目文件夹中的“规范”文件夹保存各设计规范,每个一个 .hds 文件。\n"

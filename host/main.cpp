@@ -81,7 +81,7 @@ int main(int argc, char** argv)
     QApplication application(argc, argv);
     QCoreApplication::setOrganizationName(QStringLiteral("roadhost"));
     QCoreApplication::setApplicationName(QStringLiteral("roadhost"));
-    QCoreApplication::setApplicationVersion(QStringLiteral(HOST_VERSION));
+    QCoreApplication::setApplicationVersion(QStringLiteral(DESIGNSPEC_VERSION));
     const bool chinese = SetAppearance();
 
     QCommandLineParser parser;

@@ -78,7 +78,7 @@ TEST_F(CommandLine, HelpOfQueryAndSetListsEveryField)
 
 TEST_F(CommandLine, TellsItsVersion)
 {
-    EXPECT_EQ(Done({"--version"}), "designspec 1.0.0\n");
+    EXPECT_EQ(Done({"--version"}), "designspec " DESIGNSPEC_VERSION "\n");
 }
 
 TEST_F(CommandLine, RefusesACallWithoutOrWithAnUnknownCommand)
