@@ -184,6 +184,18 @@ TEST_F(DSEditor, EditTellsTheViewsOfANewName)
     EXPECT_EQ(Names(), L"乙");
 }
 
+TEST_F(DSEditor, EditTellsTheViewsOfANameInAnotherCase)
+{
+    CDesignSpecification& edited = AddSaved(Make(L"Road"));
+    const ExpectModal dialog([](QWidget* window) {
+        TypeInto(window, 108, L"ROAD");
+        Click(window, IDOK);
+    });
+    m_editor.Edit(&edited);
+    EXPECT_EQ(m_refurbished, 1);
+    EXPECT_EQ(Names(), L"ROAD");
+}
+
 TEST_F(DSEditor, ACancelledEditTellsNobody)
 {
     CDesignSpecification& edited = AddSaved(Make(L"甲"));

@@ -1,5 +1,7 @@
 #include "host/HostWindow.h"
 
+#include <QDir>
+#include <QFileDialog>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
@@ -49,6 +51,23 @@ TEST_F(HostWindowTest, UnloadsItsModulesAtTheEnd)
     host.reset();
     EXPECT_FALSE(IsModuleLoaded(L"FakeModule.arx"));
     EXPECT_FALSE(IsModuleLoaded(L"VMRDPrj.arx"));
+}
+
+TEST_F(HostWindowTest, UnloadsTheModuleFirstThatWasLoadedLast)
+{
+    install.Add("CountingModule.arx");
+    QSettings().setValue(
+        QStringLiteral("modulesAtStart"),
+        QStringList{QStringLiteral("CountingModule.arx"), QStringLiteral("FakeModule.arx")});
+    Start();
+    CStringArray left;
+    const Connection connection = ModulesChanged().Connect([&left] {
+        for (const wchar_t* name : {L"CountingModule.arx", L"FakeModule.arx"})
+            if (!IsModuleLoaded(name) && std::find(left.begin(), left.end(), name) == left.end())
+                left.push_back(name);
+    });
+    host.reset();
+    EXPECT_EQ(left, (CStringArray{L"FakeModule.arx", L"CountingModule.arx"}));
 }
 
 TEST_F(HostWindowTest, AMissingModuleIsToldAndTheHostGoesOn)
@@ -249,6 +268,36 @@ TEST_F(HostWindowTest, AFolderWithoutALibraryIsNoProject)
     Click(Control(host.get(), ControlId::ErrorBar), ControlId::BarAction);
     EXPECT_EQ(VMRDPub::GetCurPrjPath(), other.Path());
     EXPECT_TRUE(IsProject(ToQString(other.Path())));
+}
+
+TEST_F(HostWindowTest, AProjectThatIsGoneLeavesTheRecentOnes)
+{
+    const QString other = ToQString(settings.Path(L"other"));
+    Start();
+    ASSERT_TRUE(host->NewProject(other));
+    ASSERT_TRUE(host->OpenProject(ToQString(project.Path())));
+    std::filesystem::remove_all(settings.Native("other"));
+    EXPECT_FALSE(host->OpenProject(other));
+    EXPECT_EQ(Recent(), QStringList(ToQString(project.Path())));
+}
+
+TEST_F(HostWindowTest, OpenStartsBesideTheLastProject)
+{
+    Start();
+    const auto expectStart = [this](const QString& folder, Qt::KeyboardModifiers modifiers) {
+        const ExpectModal dialog([&](QWidget* window) {
+            auto* const asking = dynamic_cast<QFileDialog*>(window);
+            ASSERT_NE(asking, nullptr);
+            EXPECT_EQ(asking->directory().absolutePath(), folder);
+            PressKey(window, Qt::Key_Escape);
+        });
+        Key(Qt::Key_O, modifiers);
+    };
+    const QString beside = QFileInfo(ToQString(project.Path())).path();
+    expectStart(beside, Qt::ControlModifier);
+    expectStart(beside, Qt::ControlModifier | Qt::ShiftModifier);
+    RecentProjects().Remove(ToQString(project.Path()));
+    expectStart(QDir::homePath(), Qt::ControlModifier);
 }
 
 TEST_F(HostWindowTest, WithoutAProjectItSaysWhatToDo)

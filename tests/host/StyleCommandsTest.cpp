@@ -127,6 +127,28 @@ TEST_F(StyleCommandsTest, OfSeveralSelectedOnesOnlyDeleteAndExportAreOffered)
         EXPECT_FALSE(actions.Action(command)->isEnabled()) << command;
 }
 
+TEST_F(StyleCommandsTest, TheDefaultOneCannotBeMadeTheDefaultOneAgain)
+{
+    Have({L"a", L"b"});
+    Start();
+    const QAction& command = *host->Styles().Actions().Action(kCommandSetAsDefaultStyle);
+    ClickRow(L"a");
+    EXPECT_TRUE(command.isEnabled());
+    Key(Qt::Key_D, Qt::ControlModifier);
+    EXPECT_FALSE(command.isEnabled());
+    {
+        ExpectModal menu([](QWidget* window) {
+            const CStringArray lines = MenuLines(window);
+            EXPECT_NE(std::find(lines.begin(), lines.end(), L"(设为默认试验\tCtrl+D)"),
+                      lines.end());
+            PressKey(window, Qt::Key_Escape);
+        });
+        OpenContextMenu();
+    }
+    ClickRow(L"b");
+    EXPECT_TRUE(command.isEnabled());
+}
+
 TEST_F(StyleCommandsTest, TheEditorsCaptionIsShownEverywhere)
 {
     Have({L"甲"});
