@@ -2,7 +2,6 @@
 
 #include "app/DSMainDialog.h"
 #include "app/NameWaitDialog.h"
-#include "app/PictureTour.h"
 #include "library/SpecificationEdit.h"
 #include "platform/arx/Documents.h"
 #include "platform/arx/Frame.h"
@@ -86,10 +85,4 @@ void CDSEditor::View(CStyle* style)
     CDSMainDialog dialog(style->Name(), false, nullptr, acedGetAcadFrame());
     dialog.SetViewMode(L"");
     dialog.DoModal();
-}
-
-void CDSEditor::Snapshot(CStyle* style, const Picture& picture)
-{
-    const AcAxDocLock lock;
-    CPictureTour(style->Name(), picture).Run();
 }

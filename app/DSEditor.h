@@ -16,5 +16,4 @@ public:
 
     void View(CStyle* style) override;
     bool EnableView() const override { return true; }
-    void Snapshot(CStyle* style, const Picture& picture) override;
 };

@@ -34,6 +34,14 @@ printf '<?xml version="1.0" encoding="UTF-8"?>\n<StyleLibrary>\n  <Group>\n' >"$
 take "$project" "$work/broken"
 mv "$work/broken/跟踪.png" "$work/all/跟踪.png"
 
+# ... and one in which the name is taken that a new specification would get.
+clash=$work/重名
+cp -r examples/project "$clash"
+sed -e 's/Style Name="城市道路"/Style Name="规范6"/' -e 's/D3F3F681/6A10C2E5/' \
+    "$clash"/规范/城市道路*.hds >"$clash/规范/规范66A10C2E5-EA44-451F-A12E-3EA2063C3DA7.hds"
+take "$clash" "$work/clashing"
+mv "$work/clashing/新建.png" "$work/all/等待名称.png"
+
 rm -rf "$pictures"
 mkdir "$pictures"
 grep -o 'pictures/[^)]*\.png' "$guide" | sort -u | while read -r picture; do

@@ -12,6 +12,8 @@
 #include "platform/mfc/QtText.h"
 #include "platform/vmrd/VMRDPrj/StyleEditor.h"
 
+using namespace designspec;
+
 namespace {
 
 QTreeWidget* MakeList()

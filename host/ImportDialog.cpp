@@ -11,6 +11,8 @@
 #include "platform/mfc/Dialog.h"
 #include "platform/mfc/QtText.h"
 
+using namespace designspec;
+
 namespace {
 constexpr int kNameRole = Qt::UserRole;
 }

@@ -4,7 +4,10 @@
 #include <QSettings>
 
 #include "platform/mfc/QtText.h"
+#include "platform/vmrd/VMRDEnv/DeletedStyles.h"
 #include "platform/vmrd/VmHFCBaseU/Files.h"
+
+using namespace designspec;
 
 namespace {
 
@@ -12,7 +15,7 @@ const QString kKey = QStringLiteral("recentProjects");
 
 QString LibraryFolder(const QString& folder)
 {
-    return QDir(folder).filePath(QStringLiteral("规范"));
+    return QDir(folder).filePath(ToQString(kStylesFolder));
 }
 
 } // namespace

@@ -8,11 +8,11 @@
 
 #include "base/NoCase.h"
 #include "host/DeletedStylesDialog.h"
+#include "host/EditorTour.h"
 #include "host/HostWindow.h"
 #include "host/ImportDialog.h"
 #include "host/StyleGroupTree.h"
 #include "host/StyleManagerView.h"
-#include "platform/mfc/ModalVisit.h"
 #include "platform/mfc/QtText.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
 
@@ -140,9 +140,8 @@ int WriteSnapshots(HostWindow& window, const SnapshotOptions& options)
         album.Take(&window, QObject::tr("样式管理器"));
         TakeQuestions(view, album);
         TakeDialogs(*editor, album);
-        editor->Snapshot(style, [&album](QWidget* one, const CString& name) {
-            album.Take(one, ToQString(name));
-        });
+        const auto take = [&album](QWidget* one, const QString& name) { album.Take(one, name); };
+        EditorTour(*editor, take).Run(style);
     }
     if (!shown) album.Take(&window, QObject::tr("样式管理器"));
     window.ShowTrace();

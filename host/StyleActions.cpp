@@ -5,6 +5,8 @@
 #include "host/Icons.h"
 #include "platform/mfc/QtText.h"
 
+using namespace designspec;
+
 namespace {
 
 struct Command {

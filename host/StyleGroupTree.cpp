@@ -6,6 +6,8 @@
 #include "host/ControlIds.h"
 #include "platform/mfc/QtText.h"
 
+using namespace designspec;
+
 namespace {
 
 constexpr int kEditorRole = Qt::UserRole;

@@ -5,6 +5,8 @@
 #include "platform/mfc/QtText.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
 
+using namespace designspec;
+
 void StyleListModel::Show(const CStyles* styles)
 {
     beginResetModel();

@@ -4,6 +4,8 @@
 
 #include "platform/mfc/QtText.h"
 
+using namespace designspec;
+
 TraceLog::TraceLog(QObject* parent) : QAbstractTableModel(parent)
 {
     m_before = SetTraceSink([this](const TraceLine& line) { Add(line); });

@@ -7,6 +7,8 @@
 #include "platform/xtp/report/ReportColumn.h"
 #include "platform/xtp/report/ReportRecord.h"
 
+using namespace designspec;
+
 int CMyReportPaintManager::GetRowHeight(const CXTPReportRecord* record) const
 {
     const auto* const header =

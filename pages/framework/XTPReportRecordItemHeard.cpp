@@ -6,6 +6,8 @@
 
 #include "platform/mfc/QtText.h"
 
+using namespace designspec;
+
 IMPLEMENT_DYNCREATE(CXTPReportRecordItemHeard, CXTPReportRecordItem)
 
 namespace {

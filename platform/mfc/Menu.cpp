@@ -4,6 +4,8 @@
 
 #include "platform/mfc/QtText.h"
 
+using namespace designspec;
+
 namespace {
 
 QAction* FindItem(const QMenu& menu, UINT id)

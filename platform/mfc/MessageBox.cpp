@@ -5,6 +5,8 @@
 
 #include "platform/mfc/QtText.h"
 
+using namespace designspec;
+
 namespace {
 
 constexpr UINT kButtonMask = 0x0F;

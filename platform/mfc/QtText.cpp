@@ -2,7 +2,7 @@
 
 // Qt's own conversions put U+FFFD in the place of a lone surrogate, hence the loops.
 
-QString ToQString(std::wstring_view text)
+QString designspec::ToQString(std::wstring_view text)
 {
     QString result;
     result.reserve(static_cast<qsizetype>(text.size()));
@@ -18,7 +18,7 @@ QString ToQString(std::wstring_view text)
     return result;
 }
 
-CString FromQString(QStringView text)
+CString designspec::FromQString(QStringView text)
 {
     CString result;
     result.reserve(static_cast<size_t>(text.size()));

@@ -7,5 +7,9 @@
 #include "platform/mfc/Export.h"
 #include "platform/mfc/String.h"
 
+namespace designspec {
+
 AFX_EXT_API QString ToQString(std::wstring_view text);
 AFX_EXT_API CString FromQString(QStringView text);
+
+} // namespace designspec

@@ -15,6 +15,8 @@
 #include "platform/mfc/QtText.h"
 #include "platform/xtp/report/ReportControl.h"
 
+using namespace designspec;
+
 namespace {
 
 QWidget* FocusIn(QWidget* widget)

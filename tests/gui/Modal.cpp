@@ -4,7 +4,6 @@
 
 #include <QApplication>
 #include <QDialog>
-#include <QElapsedTimer>
 #include <QMenu>
 #include <QMessageBox>
 #include <QPointer>
@@ -15,6 +14,7 @@
 #include <gtest/gtest.h>
 
 #include "base/Text.h"
+#include "platform/mfc/ModalWatch.h"
 #include "platform/mfc/QtText.h"
 
 using namespace designspec;
@@ -26,132 +26,55 @@ struct ExpectModal::State {
 
 namespace {
 
-constexpr int kPollMs = 2;
 constexpr int kStayOpenMs = 5000;
 
-bool HasSubMenu(const QMenu* menu, const QMenu* sub)
+std::deque<std::shared_ptr<ExpectModal::State>> g_pending;
+
+std::string Describe(QWidget* window)
 {
-    for (const QAction* action : menu->actions()) {
-        if (!action->menu()) continue;
-        if (action->menu() == sub || HasSubMenu(action->menu(), sub)) return true;
-    }
-    return false;
+    if (const auto* const box = qobject_cast<QMessageBox*>(window))
+        return "message box \"" + box->text().toStdString() + '"';
+    if (qobject_cast<QMenu*>(window)) return "a menu";
+    return "window \"" + window->windowTitle().toStdString() + '"';
 }
 
-// Sees modal windows come and hands them to the expectations.
-class ModalWatch : public QObject {
-public:
-    static ModalWatch& Get()
-    {
-        static ModalWatch watch;
-        return watch;
+void Close(QWidget* window)
+{
+    if (auto* const dialog = qobject_cast<QDialog*>(window))
+        dialog->done(QDialog::Rejected);
+    else
+        window->close();
+}
+
+void CloseIfItStays(QWidget* window)
+{
+    auto* const late = new QTimer(window);
+    late->setSingleShot(true);
+    QObject::connect(late, &QTimer::timeout, window, [window] {
+        ADD_FAILURE() << "a modal window is still open after its action: " << Describe(window);
+        Close(window);
+    });
+    if (auto* const dialog = qobject_cast<QDialog*>(window))
+        QObject::connect(dialog, &QDialog::finished, late, &QTimer::stop);
+    if (auto* const menu = qobject_cast<QMenu*>(window))
+        QObject::connect(menu, &QMenu::aboutToHide, late, &QTimer::stop);
+    late->start(kStayOpenMs);
+}
+
+void Answer(QWidget* window)
+{
+    if (g_pending.empty()) {
+        ADD_FAILURE() << "nobody expects this modal window: " << Describe(window);
+        return Close(window);
     }
-
-    // A window that is closed may be opened again at once: it is a new one then.
-    bool eventFilter(QObject* watched, QEvent* event) override
-    {
-        if (event->type() == QEvent::Hide)
-            std::erase_if(m_open, [watched](const Open& open) { return open.window == watched; });
-        return false;
-    }
-
-    void Start()
-    {
-        QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { Look(); });
-        m_timer.start(kPollMs);
-    }
-    void Pause() { m_timer.stop(); }
-    void Resume() { m_timer.start(kPollMs); }
-    void Add(const std::shared_ptr<ExpectModal::State>& state) { m_pending.push_back(state); }
-    void Drop(const std::shared_ptr<ExpectModal::State>& state) { std::erase(m_pending, state); }
-
-private:
-    struct Open {
-        QPointer<QWidget> window;
-        bool acted = false;
-        QElapsedTimer sinceAction;
-    };
-
-    void Look()
-    {
-        std::erase_if(m_open, [](const Open& open) { return !open.window; });
-        QWidget* const window = TopModal();
-        if (!window || IsSubMenuOfOpen(window)) return;
-        for (Open& open : m_open) {
-            if (open.window != window) continue;
-            if (open.acted && open.sinceAction.elapsed() > kStayOpenMs) {
-                ADD_FAILURE() << "a modal window is still open after its action: "
-                              << Describe(window);
-                Close(window);
-            }
-            return;
-        }
-        m_open.push_back({window, false, {}});
-        window->installEventFilter(this);
-        if (m_pending.empty()) {
-            ADD_FAILURE() << "nobody expects this modal window: " << Describe(window);
-            Close(window);
-            return;
-        }
-        // Not in here: a timer stands still as long as its own slot runs, and the action may
-        // wait for further windows.
-        const QPointer<QWidget> guard = window;
-        QMetaObject::invokeMethod(
-            &m_timer, [this, guard] { Answer(guard); }, Qt::QueuedConnection);
-    }
-
-    void Answer(const QPointer<QWidget>& window)
-    {
-        if (!window || m_pending.empty()) return;
-        const auto state = m_pending.front();
-        m_pending.pop_front();
-        state->came = true;
-        if (!qobject_cast<QMenu*>(window)) (void)QTest::qWaitForWindowActive(window, 1000);
-        state->action(window);
-        for (Open& open : m_open) {
-            if (!window || open.window != window) continue;
-            open.acted = true;
-            open.sinceAction.start();
-        }
-    }
-
-    bool IsSubMenuOfOpen(const QWidget* window) const
-    {
-        const auto* const menu = qobject_cast<const QMenu*>(window);
-        return menu && std::any_of(m_open.begin(), m_open.end(), [menu](const Open& open) {
-                   const auto* const parent = qobject_cast<const QMenu*>(open.window);
-                   return parent && HasSubMenu(parent, menu);
-               });
-    }
-
-    static QWidget* TopModal()
-    {
-        // A pop-up that is no menu (the list of a combo box) is its control's own matter.
-        if (QWidget* const popup = QApplication::activePopupWidget())
-            return qobject_cast<QMenu*>(popup);
-        return QApplication::activeModalWidget();
-    }
-
-    static std::string Describe(QWidget* window)
-    {
-        if (const auto* const box = qobject_cast<QMessageBox*>(window))
-            return "message box \"" + box->text().toStdString() + '"';
-        if (qobject_cast<QMenu*>(window)) return "a menu";
-        return "window \"" + window->windowTitle().toStdString() + '"';
-    }
-
-    static void Close(QWidget* window)
-    {
-        if (auto* const dialog = qobject_cast<QDialog*>(window))
-            dialog->done(QDialog::Rejected);
-        else
-            window->close();
-    }
-
-    QTimer m_timer;
-    std::vector<Open> m_open;
-    std::deque<std::shared_ptr<ExpectModal::State>> m_pending;
-};
+    const auto state = g_pending.front();
+    g_pending.pop_front();
+    state->came = true;
+    const QPointer<QWidget> shown = window;
+    if (!qobject_cast<QMenu*>(window)) (void)QTest::qWaitForWindowActive(window, 1000);
+    state->action(window);
+    if (shown && shown->isVisible()) CloseIfItStays(shown);
+}
 
 UINT IconFlag(QMessageBox::Icon icon)
 {
@@ -217,20 +140,20 @@ std::vector<QAction*> PathTo(const QMenu* menu, const QString& text)
 
 void WatchModals()
 {
-    ModalWatch::Get().Start();
+    static const designspec::ModalWatch watch(Answer);
 }
 
 ExpectModal::ExpectModal(ModalAction action, int limitMs)
     : m_state(std::make_shared<State>(State{std::move(action)})), m_limitMs(limitMs)
 {
-    ModalWatch::Get().Add(m_state);
+    g_pending.push_back(m_state);
 }
 
 ExpectModal::~ExpectModal()
 {
     if (!QTest::qWaitFor([this] { return m_state->came; }, m_limitMs))
         ADD_FAILURE() << "the expected modal window never came";
-    ModalWatch::Get().Drop(m_state);
+    std::erase(g_pending, m_state);
 }
 
 bool ExpectModal::Came() const
@@ -247,16 +170,6 @@ ExpectMessage::ExpectMessage(const CString& text, const CString& caption, UINT i
           ClickMessageButton(window, ButtonText(answer));
       })
 {
-}
-
-UnwatchedModals::UnwatchedModals()
-{
-    ModalWatch::Get().Pause();
-}
-
-UnwatchedModals::~UnwatchedModals()
-{
-    ModalWatch::Get().Resume();
 }
 
 ShownMessage ReadMessage(QWidget* window)

@@ -56,15 +56,6 @@ private:
 // Starts to watch for modal windows; the GUI tests' main does it.
 void WatchModals();
 
-// While it lives, the code under test answers its modal windows itself.
-class UnwatchedModals {
-public:
-    UnwatchedModals();
-    ~UnwatchedModals();
-    UnwatchedModals(const UnwatchedModals&) = delete;
-    UnwatchedModals& operator=(const UnwatchedModals&) = delete;
-};
-
 // What a message box shows; fails the test and gives empty texts when it is none.
 struct ShownMessage {
     CString text;

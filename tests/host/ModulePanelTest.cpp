@@ -8,6 +8,8 @@
 #include "host/HostModules.h"
 #include "tests/host/HostTest.h"
 
+using namespace designspec;
+
 namespace {
 
 class ModulePanelTest : public HostTest {

@@ -5,6 +5,8 @@
 #include "platform/mfc/QtText.h"
 #include "tests/modules/FakeLibrary.h"
 
+using namespace designspec;
+
 namespace {
 
 class Group : public CStyleGroup {

@@ -13,11 +13,14 @@
 #include "platform/arx/Modeler.h"
 #include "platform/arx/Modules.h"
 #include "platform/mfc/Menu.h"
+#include "platform/mfc/MessageBox.h"
 #include "platform/mfc/QtText.h"
 #include "platform/vmrd/VMRDPrj/PrjManager.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
 #include "platform/windows/Profile.h"
 #include "tests/modules/FakeLibrary.h"
+
+using namespace designspec;
 
 namespace {
 
@@ -47,6 +50,11 @@ public:
         connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     }
     CString Name() const { return FromQString(m_name->text()); }
+    void accept() override
+    {
+        if (!Name().empty()) return QDialog::accept();
+        MessageBox(this, L"名称不能为空!", L"提示", MB_ICONINFORMATION);
+    }
 
 private:
     QLineEdit* m_name;
@@ -100,12 +108,6 @@ public:
         if (command != kOwnCommand || !style) return false;
         m_styles.Rename(static_cast<CFakeStyle&>(*style), style->Name() + L"!");
         return true;
-    }
-
-    void Snapshot(CStyle* style, const Picture& picture) override
-    {
-        NameDialog dialog(style->Name(), L"编辑");
-        picture(&dialog, L"编辑 " + style->Name());
     }
 
     bool EnableNew() const override { return Enabled(L"New"); }

@@ -40,7 +40,7 @@ CString FreeDeletedPath(const CString& file)
 
 CString StylesFolder()
 {
-    return VMRDPub::GetCurPrjPath() + L"\\规范";
+    return InFolder(VMRDPub::GetCurPrjPath(), kStylesFolder);
 }
 
 CString DeletedStylesFolder()

@@ -12,7 +12,9 @@ struct DeletedStyle {
     GUID id;
 };
 
-// The folder of the current project that holds the files of its styles: PRJ\规范.
+// The folder of a project that holds the files of its styles.
+inline constexpr wchar_t kStylesFolder[] = L"规范";
+// That of the current project: PRJ\规范.
 AFX_EXT_API CString StylesFolder();
 // PRJ\规范\已删除.
 AFX_EXT_API CString DeletedStylesFolder();

@@ -41,5 +41,3 @@ void CStyleEditor::Refurbish()
 }
 
 void CStyleEditor::View(CStyle*) {}
-
-void CStyleEditor::Snapshot(CStyle*, const Picture&) {}

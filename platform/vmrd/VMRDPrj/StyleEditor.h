@@ -1,15 +1,12 @@
 // What the style manager can do with the styles of one library.
 #pragma once
 
-#include <functional>
-
 #include "platform/mfc/Export.h"
 #include "platform/mfc/String.h"
 #include "platform/vmrd/VMRDEnv/Styles.h"
 #include "platform/vmrd/VMRDPrj/StyleCommand.h"
 
 class CMenu;
-class QWidget;
 
 class AFX_EXT_CLASS CStyleEditor : public CObject {
     DECLARE_DYNAMIC(CStyleEditor)
@@ -26,7 +23,7 @@ public:
     virtual CStyle* New(CStyle* from) = 0;
     // Takes the style out of its library. False when it is not in there.
     virtual bool Delete(CStyle* style) = 0;
-    // Lets the user change the style, its name too.
+    // Lets the user change the style, its name too; an empty name is refused.
     virtual void Edit(CStyle* style) = 0;
     // Makes it the library's default one; one that is not in the library changes nothing.
     virtual void SetAsDefaultStyle(CStyle* style);
@@ -53,9 +50,4 @@ public:
     // Shows the style to the user without letting him change it.
     virtual void View(CStyle* style);
     virtual bool EnableView() const { return false; }
-
-    // Shows each of the editor's windows with that style, one after the other, to `picture`, with
-    // a name that can be a file's. Nothing waits for the user.
-    using Picture = std::function<void(QWidget* window, const CString& name)>;
-    virtual void Snapshot(CStyle* style, const Picture& picture);
 };

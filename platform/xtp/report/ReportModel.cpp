@@ -3,6 +3,8 @@
 #include "platform/mfc/QtText.h"
 #include "platform/xtp/report/ReportControl.h"
 
+using namespace designspec;
+
 CXTPReportModel::CXTPReportModel(CXTPReportControl* control)
     : QAbstractTableModel(control), m_control(control)
 {

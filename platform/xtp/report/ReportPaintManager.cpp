@@ -5,6 +5,8 @@
 #include "platform/mfc/QtText.h"
 #include "platform/xtp/report/ReportControl.h"
 
+using namespace designspec;
+
 namespace {
 
 constexpr int kCellPadding = 8; // above and below a line of text together

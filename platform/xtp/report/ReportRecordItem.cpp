@@ -4,6 +4,8 @@
 
 #include "platform/mfc/QtText.h"
 
+using namespace designspec;
+
 IMPLEMENT_DYNCREATE(CXTPReportRecordItem, CObject)
 
 void CXTPReportRecordItem::OnEditChanged(CXTPReportControl*, const CString& newText)

@@ -3,6 +3,8 @@
 #include "platform/mfc/QtText.h"
 #include "platform/xtp/report/ReportControl.h"
 
+using namespace designspec;
+
 CXTPReportSnapshot CXTPReportSnapshot::Take(const CXTPReportColumns& columns,
                                             const CXTPReportRecords& records)
 {

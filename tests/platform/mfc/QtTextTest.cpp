@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace designspec;
+
 TEST(QtText, SurvivesTheRoundTrip)
 {
     for (const CString& text : {CString(L""), CString(L"规范 A"), CString(L"\U0001D11E!"),

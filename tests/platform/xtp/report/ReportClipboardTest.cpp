@@ -5,6 +5,8 @@
 #include "platform/mfc/QtText.h"
 #include "tests/platform/xtp/report/TestGrid.h"
 
+using namespace designspec;
+
 namespace {
 
 class ReportClipboard : public TestGrid {

@@ -1,14 +1,13 @@
-#include "platform/mfc/ModalVisit.h"
+#include "platform/mfc/ModalWatch.h"
 
-#include <QMenu>
 #include <QMessageBox>
 
 #include <gtest/gtest.h>
 
-#include "platform/mfc/Menu.h"
 #include "platform/mfc/MessageBox.h"
-#include "platform/mfc/QtText.h"
 #include "tests/gui/Modal.h"
+
+using namespace designspec;
 
 namespace {
 
@@ -23,36 +22,12 @@ protected:
         };
     }
 
-    UnwatchedModals mine;
     CStringArray read;
 };
 
 void Ask(const CString& text)
 {
     MessageBox(nullptr, text, L"提示", MB_YESNO);
-}
-
-// A menu with a sub-menu; the id that is chosen in it.
-UINT TrackMenu()
-{
-    CMenu menu;
-    menu.AppendMenu(MF_STRING, 1, L"一");
-    menu.AppendMenu(MF_STRING | MF_GRAYED, 2, L"二");
-    CMenu sub;
-    sub.AppendMenu(MF_STRING, 3, L"三");
-    menu.AppendMenu(MF_POPUP, std::move(sub), L"其它");
-    return menu.TrackPopupMenu(QPoint(5, 5), nullptr);
-}
-
-// Chooses the item of that place in the menu, or in the sub-menu at its end.
-ModalVisit Choose(qsizetype place, bool inSubMenu, bool& chosen)
-{
-    return [=, &chosen](QWidget* window) {
-        auto* const menu = qobject_cast<QMenu*>(window);
-        ASSERT_NE(menu, nullptr);
-        QMenu* const from = inSubMenu ? menu->actions().last()->menu() : menu;
-        chosen = ChooseMenuItem(menu, from->actions().at(place));
-    };
 }
 
 } // namespace
@@ -90,24 +65,27 @@ TEST_F(ModalVisits, MayOpenOthers)
     EXPECT_EQ(read, CStringArray{L"内"});
 }
 
-TEST_F(ModalVisits, ChooseFromAMenuAndItsSubMenu)
+TEST_F(ModalVisits, SeeWhatOpensWhileOneWaitsInAnother)
 {
-    bool chosen = false;
-    UINT id = 0;
-    const auto track = [&id] { id = TrackMenu(); };
-    VisitModals(track, {Choose(0, false, chosen)});
-    EXPECT_TRUE(chosen);
-    EXPECT_EQ(id, 1U);
-    VisitModals(track, {Choose(0, true, chosen)});
-    EXPECT_TRUE(chosen);
-    EXPECT_EQ(id, 3U);
+    const auto open = [](QWidget*) { Ask(L"内"); };
+    EXPECT_EQ(VisitModals([] { Ask(L"外"); }, {open, Read()}), 2U);
+    EXPECT_EQ(read, CStringArray{L"内"});
 }
 
-TEST_F(ModalVisits, DoNotChooseWhatIsGreyed)
+TEST_F(ModalVisits, LeaveWhatIsOpenAlreadyAlone)
 {
-    bool chosen = true;
-    UINT id = 9;
-    VisitModals([&id] { id = TrackMenu(); }, {Choose(1, false, chosen)});
-    EXPECT_FALSE(chosen);
-    EXPECT_EQ(id, 0U);
+    const ExpectModal outer([this](QWidget* window) {
+        EXPECT_EQ(VisitModals([] { Ask(L"内"); }, {Read()}), 1U);
+        EXPECT_TRUE(window->isVisible());
+        ClickMessageButton(window, L"是");
+    });
+    EXPECT_EQ(MessageBox(nullptr, L"外", L"提示", MB_YESNO), IDYES);
+    EXPECT_EQ(read, CStringArray{L"内"});
+}
+
+TEST_F(ModalVisits, EndWithTheirCall)
+{
+    VisitModals([] { Ask(L"甲"); }, {});
+    const ExpectMessage box(L"乙", L"提示", 0, IDYES);
+    Ask(L"乙");
 }

@@ -1,0 +1,173 @@
+#include "host/EditorTour.h"
+
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QDialog>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
+#include <QTableView>
+#include <QTreeWidget>
+
+#include "platform/mfc/QtText.h"
+#include "platform/vmrd/VMRDPrj/StyleEditor.h"
+
+using namespace designspec;
+
+namespace {
+
+const QString kOpensDialog = QStringLiteral("..."); // what an item ends in that asks for something
+
+void PressReturn(QMenu* menu)
+{
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+    QApplication::sendEvent(menu, &press);
+}
+
+// The texts of the menu's own items and of those of its sub-menus.
+QStringList TextsOf(const QMenu* menu)
+{
+    QStringList texts;
+    for (const QAction* item : menu->actions()) {
+        texts << item->text();
+        if (item->menu()) texts << TextsOf(item->menu());
+    }
+    return texts;
+}
+
+// Chooses the item of that text in an open menu or one of its sub-menus as Enter does.
+void ChooseItem(QMenu* menu, const QString& text)
+{
+    for (QAction* item : menu->actions()) {
+        const bool inSubMenu = item->menu() && TextsOf(item->menu()).contains(text);
+        if (!item->isEnabled() || (item->text() != text && !inSubMenu)) continue;
+        menu->setActiveAction(item);
+        PressReturn(menu); // opens a sub-menu
+        if (inSubMenu && item->menu()->isVisible()) ChooseItem(item->menu(), text);
+        return;
+    }
+}
+
+// The menu key on the first cell that holds a value.
+void PressMenuKey(QAbstractItemView* table)
+{
+    table->setCurrentIndex(table->model()->index(0, 1));
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+    QApplication::sendEvent(table, &event);
+}
+
+template <class Widget> QList<Widget*> Usable(const QWidget& window)
+{
+    QList<Widget*> found = window.findChildren<Widget*>();
+    found.removeIf([](const Widget* one) { return !one->isVisible() || !one->isEnabled(); });
+    return found;
+}
+
+} // namespace
+
+EditorTour::EditorTour(CStyleEditor& editor, Picture picture)
+    : m_editor(editor), m_picture(std::move(picture))
+{
+}
+
+void EditorTour::Run(CStyle* style)
+{
+    const QString name = ToQString(style->Name());
+    const auto edit = [this, &name](QWidget* window) {
+        if (auto* const dialog = qobject_cast<QDialog*>(window)) ShowEditing(dialog, name);
+    };
+    VisitModals([&] { m_editor.Edit(style); }, {edit});
+    if (m_editor.EnableView())
+        VisitModals([&] { m_editor.View(style); }, {ShowAs(QObject::tr("查看模式"))});
+    VisitModals([&] { m_editor.New(nullptr); }, {ShowAs(QObject::tr("新建"))});
+}
+
+void EditorTour::Show(QWidget* window, const QString& name)
+{
+    if (m_seen.insert(name).second) m_picture(window, name);
+}
+
+ModalVisit EditorTour::ShowAs(const QString& name)
+{
+    return [this, name](QWidget* window) { Show(window, name); };
+}
+
+ModalVisit EditorTour::ShowByTitle()
+{
+    return [this](QWidget* window) { Show(window, window->windowTitle()); };
+}
+
+void EditorTour::ShowEditing(QDialog* dialog, const QString& name)
+{
+    if (auto* const tree = dialog->findChild<QTreeWidget*>())
+        ShowPages(dialog, tree);
+    else
+        Show(dialog, QObject::tr("编辑"));
+    ShowMessage(dialog, name);
+}
+
+void EditorTour::ShowPages(QDialog* dialog, QTreeWidget* tree)
+{
+    for (QTreeWidgetItemIterator item(tree); *item; ++item) {
+        if ((*item)->childCount() > 0) continue;
+        tree->setCurrentItem(*item);
+        tree->setFocus(); // where a click that selects the page puts it
+        const QTreeWidgetItem* const group = (*item)->parent();
+        ShowPage(dialog, (group ? group->text(0) + u'-' : QString()) + (*item)->text(0));
+    }
+}
+
+void EditorTour::ShowPage(QDialog* dialog, const QString& page)
+{
+    Show(dialog, page);
+    for (QTableView* table : Usable<QTableView>(*dialog))
+        ShowMenu(table, page);
+    ShowSource(dialog);
+}
+
+void EditorTour::ShowMenu(QAbstractItemView* table, const QString& page)
+{
+    QStringList asking;
+    const auto look = [&](QWidget* window) {
+        const auto* const menu = qobject_cast<QMenu*>(window);
+        if (!menu) return;
+        const QStringList texts = TextsOf(menu);
+        for (const QString& text : texts)
+            if (text.endsWith(kOpensDialog) && m_seen.insert(text).second) asking << text;
+        if (m_seen.insert(texts.join(u'\n')).second) Show(window, page + QObject::tr("-右键菜单"));
+    };
+    VisitModals([table] { PressMenuKey(table); }, {look});
+    ShowInputDialogs(table, asking);
+}
+
+void EditorTour::ShowInputDialogs(QAbstractItemView* table, const QStringList& items)
+{
+    for (const QString& item : items) {
+        const auto choose = [&item](QWidget* window) {
+            if (auto* const menu = qobject_cast<QMenu*>(window)) ChooseItem(menu, item);
+        };
+        VisitModals([table] { PressMenuKey(table); }, {choose, ShowByTitle()});
+    }
+}
+
+// The button with a picture alone opens the data source of the page.
+void EditorTour::ShowSource(QDialog* dialog)
+{
+    for (QPushButton* button : Usable<QPushButton>(*dialog)) {
+        if (!button->text().isEmpty() || button->icon().isNull()) continue;
+        VisitModals([button] { button->click(); }, {ShowByTitle()});
+        return;
+    }
+}
+
+// An editor refuses an empty name before anything is stored.
+void EditorTour::ShowMessage(QDialog* dialog, const QString& name)
+{
+    for (QLineEdit* field : Usable<QLineEdit>(*dialog)) {
+        if (field->text() != name) continue;
+        field->clear();
+        VisitModals([dialog] { dialog->accept(); }, {ShowByTitle()});
+        return;
+    }
+}

@@ -1,0 +1,95 @@
+#include "host/EditorTour.h"
+
+#include <map>
+
+#include <gtest/gtest.h>
+
+#include "base/Text.h"
+#include "platform/arx/Modules.h"
+#include "platform/vmrd/VMRDPrj/PrjManager.h"
+#include "tests/app/AppTest.h"
+
+using namespace designspec;
+
+namespace {
+
+constexpr wchar_t kModule[] = L"DesignSpecification.arx";
+
+// The tour through the real editor.
+class EditorTourTest : public AppTest {
+protected:
+    EditorTourTest() { EXPECT_TRUE(acrxLoadModule(kModule, false, false)); }
+    ~EditorTourTest() override { acrxUnloadModule(kModule, false); }
+
+    // Shows the editor's windows with a specification; their titles by the pictures' names.
+    void Tour()
+    {
+        CDesignSpecification& specification = AddSaved(Make(L"甲"));
+        file = m_project.Read(FileOf(specification));
+        CStyleManager& manager = *CPrjManager::GetInstance()->GetStyleManager();
+        EditorTour tour(*manager.GetGroup(0)->GetStyles(0),
+                        [this](QWidget* window, const QString& name) {
+                            EXPECT_TRUE(window->isVisible()) << name.toStdString();
+                            Look(window, name.toStdString());
+                        });
+        tour.Run(&specification);
+    }
+    void Look(QWidget* window, const std::string& name)
+    {
+        EXPECT_TRUE(titles.try_emplace(name, window->windowTitle().toStdString()).second) << name;
+        if (window->windowTitle() != QStringLiteral("设计规范") || name == "新建") return;
+        pages.push_back(name);
+        EXPECT_TRUE(name.ends_with("-" + SelectedItem(window))) << name;
+    }
+
+    std::string file; // of the specification, before the tour
+    std::map<std::string, std::string> titles;
+    std::vector<std::string> pages;
+};
+
+TEST_F(EditorTourTest, ShowsEachPageAsItIsEdited)
+{
+    Tour();
+    EXPECT_EQ(pages, (std::vector<std::string>{
+                         "平面-直线长度", "平面-圆曲线半径", "平面-平曲线与圆曲线最小长度",
+                         "平面-小转角平曲线最小长度", "平面-缓和曲线最小长度", "纵断-纵坡坡度",
+                         "纵断-最大合成坡度", "纵断-纵坡最大坡长", "纵断-纵坡最小坡长",
+                         "纵断-竖曲线最小半径和长度", "超高加宽-超高规范", "超高加宽-超高",
+                         "超高加宽-加宽"}));
+}
+
+TEST_F(EditorTourTest, ShowsWhatThePagesOpen)
+{
+    Tour();
+    for (const char* dialog :
+         {"数据来源", "输入车速", "输入坡度", "输入加宽类别", "输入圆曲线半径", "提示"})
+        EXPECT_EQ(titles[dialog], dialog);
+    // A menu of the same items as one before is not shown again.
+    EXPECT_TRUE(titles.contains("平面-圆曲线半径-右键菜单"));
+    EXPECT_FALSE(titles.contains("平面-平曲线与圆曲线最小长度-右键菜单"));
+    EXPECT_TRUE(titles.contains("超高加宽-加宽-右键菜单"));
+}
+
+TEST_F(EditorTourTest, ShowsViewModeAndANewSpecification)
+{
+    Tour();
+    EXPECT_EQ(titles["查看模式"], "设计规范 -- 查看模式");
+    EXPECT_EQ(titles["新建"], "设计规范");
+}
+
+TEST_F(EditorTourTest, ShowsTheNoticeWhenTheNewNameIsTaken)
+{
+    Add(Make(L"规范3"));
+    Tour();
+    EXPECT_EQ(titles["新建"], "新建设计规范");
+}
+
+TEST_F(EditorTourTest, ChangesNothing)
+{
+    Tour();
+    EXPECT_EQ(Library().Count(), 1);
+    EXPECT_EQ(SpecificationFiles(), 1);
+    EXPECT_EQ(m_project.Read(FileOf(At(0))), file);
+}
+
+} // namespace
