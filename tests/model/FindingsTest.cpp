@@ -227,7 +227,7 @@ const Broken kGrades[] = {
      {Note(L"LonGradMaxLen.rows[9].lengths", L"没有任何车速的坡长, 不会保存")}},
     {"AGradientTwice",
      [](S& made) {
-         made.LonGradMaxLen.rows.Add({8, {{30, 200}}});
+         made.LonGradMaxLen.rows.Add({8, {{40, 250}}});
      },
      {Note(L"LonGradMaxLen.rows[8]", L"坡度 8% 不止一次, 查询只用第一个")}},
     {"GradientsInAnotherOrder",
@@ -441,6 +441,20 @@ std::string NameOf(const testing::TestParamInfo<Broken>& info)
 TEST(Findings, AreNoneInTheBuiltInLimits)
 {
     EXPECT_EQ(Findings({}), std::vector<Finding>());
+}
+
+TEST(Findings, AreNoneWhereLimitsAreEqual)
+{
+    CDesignSpecification made;
+    made.BeelineLen.MinLenReverseCurve = made.BeelineLen.MinLenInOneDir = made.BeelineLen.MaxLen;
+    made.CircularCurveRad.MaxRad = 1000;
+    made.CircularCurveRad.SuperelevationMinRad = made.CircularCurveRad.SuperelevationRecommendRad;
+    made.LonGrad.MaxGradeOnSnowFrozenRegion = 9;
+    made.LonGrad.MinGrad = 4;
+    made.LonGradMaxLen.rows[5].lengths[0].value = 110;
+    made.LonGradMaxLen.rows[4].lengths[2].value = 110;
+    made.MaxSuperElev.MaxSuperElevOnSFR = 6;
+    EXPECT_EQ(Findings(made), std::vector<Finding>());
 }
 
 TEST_P(FindingsOf, ABrokenRuleAreThese)
