@@ -71,8 +71,8 @@ public:
     // 1-based line of the section in its file; 0 when it is not from a file.
     int Line() const;
     // How many sections and values of the document were found so far, and how many elements and
-    // attributes this section holds, its own attributes included: when the one grew by the other,
-    // nothing in it is unknown to whoever read it.
+    // attributes at most this section holds, its own attributes included: when the one grew by the
+    // other, nothing in it is unknown to whoever read it.
     size_t FoundCount() const;
     size_t NameCount() const;
     // The element itself; null when the section does not exist.
@@ -97,7 +97,6 @@ private:
         section.m_node = node;
         return section;
     }
-    void CountFound() const;
     void WriteValue(std::wstring_view key, const std::string& text) const;
     template <class T>
     bool ReadNumber(std::wstring_view key, T& value, bool (*parse)(std::string_view, T&),

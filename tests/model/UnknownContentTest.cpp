@@ -77,6 +77,34 @@ TEST(UnknownContent, SurvivesAtEachDepthWhenAnotherValueIsChanged)
     EXPECT_EQ(Rewritten(stored), stored);
 }
 
+TEST(UnknownContent, IsNoticedWhereverItStandsAlone)
+{
+    const std::string plain = Stored(Plain());
+    static const std::regex tag("<[A-Za-z0-9]+");
+    for (std::sregex_iterator one(plain.begin(), plain.end(), tag), end; one != end; ++one) {
+        std::string given = plain;
+        given.insert(static_cast<size_t>(one->position() + one->length()), " later='1'");
+        EXPECT_NE(Rewritten(given).find(" later=\"1\""), std::string::npos) << one->position();
+    }
+}
+
+TEST(UnknownContent, IsThatOfOneSpecificationAmongSeveral)
+{
+    CXTPPropExchangeXMLNode root(true, L"Root");
+    ASSERT_TRUE(root.LoadFromBytes("<Root><Style Name='a'/><Style Name='b' later='1'/>"
+                                   "<Style Name='c'/></Root>",
+                                   L"test.xml"));
+    CString names;
+    for (CXTPPropExchange style = root.FindSection(L"Style"); style.IsSectionExists();
+         style.MoveToNext()) {
+        CDesignSpecification specification;
+        specification.DoPropExchange(&style);
+        const bool keeps = Stored(specification).find("later") != std::string::npos;
+        names += specification.Name() + (keeps ? L"+" : L"");
+    }
+    EXPECT_EQ(names, L"ab+c");
+}
+
 TEST(UnknownContent, IsFoundAgainByTheKeysOfItsRow)
 {
     const std::string xml =
