@@ -2,7 +2,7 @@
 
 #include "app/DSMainDialog.h"
 #include "app/NameWaitDialog.h"
-#include "library/SpecificationEdit.h"
+#include "library/DesignSpecifications.h"
 #include "platform/arx/Documents.h"
 #include "platform/arx/Frame.h"
 #include "platform/mfc/Menu.h"
@@ -14,9 +14,9 @@ namespace {
 // The name that a new specification is proposed; empty when the user did not want to wait for it.
 CString NameForNew(const CStyle* from)
 {
-    const CDesignSpecifications& library = *CDesignSpecifications::GetInstance();
-    if (from) return ProposedCopyName(library, from->Name());
-    CString name = ProposedName(library);
+    const designspec::SpecificationFolder& folder = CDesignSpecifications::GetInstance()->Folder();
+    if (from) return folder.ProposedCopyName(from->Name());
+    CString name = folder.ProposedName();
     if (!CNameWaitDialog::IsTaken(name)) return name;
     return CNameWaitDialog(name, acedGetAcadFrame()).DoModal() == IDOK ? name : CString();
 }

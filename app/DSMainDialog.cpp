@@ -231,8 +231,8 @@ void CDSMainDialog::OnOK()
 
 bool CDSMainDialog::CheckName(const CString& name)
 {
-    const CString problem =
-        StyleNameProblem(*CDesignSpecifications::GetInstance(), name, m_isNew ? CString() : m_name);
+    const CString problem = StyleNameProblem(CDesignSpecifications::GetInstance()->Folder(), name,
+                                             m_isNew ? CString() : m_name);
     if (problem.empty()) return true;
     if (QWidget* const field = GetDlgItem(kName)) field->setFocus();
     Show(problem);

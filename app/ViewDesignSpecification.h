@@ -1,7 +1,7 @@
 // What the module offers to others of the family beside its library.
 #pragma once
 
-#include "platform/mfc/Export.h"
+#include "base/Export.h"
 
 // Shows the default specification, without letting the user change it, and waits until the window
 // is closed. `page` is the page to show first: group label, backslash and page label; null or any

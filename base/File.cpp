@@ -13,8 +13,6 @@
 #include "base/Format.h"
 #include "base/NoCase.h"
 #include "base/Text.h"
-#include "platform/vmrd/VmHFCBaseU/FileChange.h"
-#include "platform/vmrd/VmHFCBaseU/Trace.h"
 
 namespace designspec {
 
@@ -25,22 +23,21 @@ constexpr std::string_view kTemporaryEnd = ".tmp";
 constexpr size_t kLongestName = 255; // bytes
 constexpr size_t kCopyLimit = 256 << 20;
 
-bool Fail(const std::wstring& path, const wchar_t* what, int error)
+bool Fail(const std::wstring& path, const std::wstring& what, Problems& problems)
 {
-    TraceFile(TraceLevel::Error, path, 0, Format(L"%s: %s", what, ErrorText(error)));
+    AddProblem(problems, Severity::Error, path, 0, what);
     return false;
+}
+
+bool Fail(const std::wstring& path, const wchar_t* what, int error, Problems& problems)
+{
+    return Fail(path, Format(L"%s: %s", what, ErrorText(error)), problems);
 }
 
 // For the operating system a path ends at its first NUL: it would reach another file.
 bool IsCutShort(const std::wstring& path)
 {
     return path.find(L'\0') != std::wstring::npos;
-}
-
-bool Changed(const std::wstring& path)
-{
-    TellFileChange(path);
-    return true;
 }
 
 // Closes its descriptor at the end of the scope.
@@ -121,10 +118,10 @@ int FlushNative(const std::string& folder)
     return fsync(opened.Get()) == 0 || errno == EINVAL ? 0 : errno;
 }
 
-bool FlushFolderOf(const std::wstring& path, const wchar_t* what)
+bool FlushFolderOf(const std::wstring& path, const wchar_t* what, Problems& problems)
 {
     const int error = FlushNative(FolderOf(NativePath(path)));
-    return error == 0 || Fail(path, what, error);
+    return error == 0 || Fail(path, what, error, problems);
 }
 
 } // namespace
@@ -192,7 +189,8 @@ bool IsSameFile(const std::wstring& a, const std::wstring& b)
            first.st_ino == second.st_ino;
 }
 
-std::vector<std::wstring> FindFiles(const std::wstring& folder, std::wstring_view ending)
+std::vector<std::wstring> FindFiles(const std::wstring& folder, std::wstring_view ending,
+                                    Problems& problems)
 {
     std::vector<std::wstring> names;
     if (!PathFileExists(folder)) return names;
@@ -204,7 +202,7 @@ std::vector<std::wstring> FindFiles(const std::wstring& folder, std::wstring_vie
             EqualNoCase(std::wstring_view(name).substr(name.size() - ending.size()), ending))
             names.push_back(name);
     }
-    if (error) Fail(folder, L"文件夹无法读取", error.value());
+    if (error) Fail(folder, L"文件夹无法读取", error.value(), problems);
     std::sort(names.begin(), names.end(), [](const std::wstring& a, const std::wstring& b) {
         const int order = CompareNoCase(a, b);
         return order != 0 ? order < 0 : a < b;
@@ -212,30 +210,25 @@ std::vector<std::wstring> FindFiles(const std::wstring& folder, std::wstring_vie
     return names;
 }
 
-bool ReadWholeFile(const std::wstring& path, std::string& bytes, size_t limit)
+bool ReadWholeFile(const std::wstring& path, std::string& bytes, size_t limit, Problems& problems)
 {
     static constexpr wchar_t kWhat[] = L"无法读取";
-    if (IsCutShort(path)) return Fail(path, kWhat, EINVAL);
+    if (IsCutShort(path)) return Fail(path, kWhat, EINVAL, problems);
     // Without O_NONBLOCK, a pipe of that name would hold the caller until somebody writes to it.
     const Descriptor file(open(NativePath(path).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-    if (!file.IsOpen()) return Fail(path, kWhat, errno);
+    if (!file.IsOpen()) return Fail(path, kWhat, errno, problems);
     struct stat status = {};
-    if (fstat(file.Get(), &status) != 0) return Fail(path, kWhat, errno);
-    if (S_ISDIR(status.st_mode)) return Fail(path, kWhat, EISDIR);
-    if (!S_ISREG(status.st_mode)) {
-        TraceFile(TraceLevel::Error, path, 0, L"无法读取: 不是普通文件");
-        return false;
-    }
-    if (static_cast<std::uintmax_t>(status.st_size) > limit) {
-        TraceFile(TraceLevel::Error, path, 0, Format(L"无法读取: 文件大于 %d MiB", limit >> 20));
-        return false;
-    }
+    if (fstat(file.Get(), &status) != 0) return Fail(path, kWhat, errno, problems);
+    if (S_ISDIR(status.st_mode)) return Fail(path, kWhat, EISDIR, problems);
+    if (!S_ISREG(status.st_mode)) return Fail(path, L"无法读取: 不是普通文件", problems);
+    if (static_cast<std::uintmax_t>(status.st_size) > limit)
+        return Fail(path, Format(L"无法读取: 文件大于 %d MiB", limit >> 20), problems);
     bytes.resize(static_cast<size_t>(status.st_size));
     size_t size = 0;
     while (size < bytes.size()) {
         const ssize_t got = read(file.Get(), bytes.data() + size, bytes.size() - size);
         if (got < 0 && errno == EINTR) continue;
-        if (got < 0) return Fail(path, kWhat, errno);
+        if (got < 0) return Fail(path, kWhat, errno, problems);
         if (got == 0) break; // it has become shorter since
         size += static_cast<size_t>(got);
     }
@@ -243,10 +236,10 @@ bool ReadWholeFile(const std::wstring& path, std::string& bytes, size_t limit)
     return true;
 }
 
-bool WriteWholeFile(const std::wstring& path, std::string_view bytes)
+bool WriteWholeFile(const std::wstring& path, std::string_view bytes, Problems& problems)
 {
     static constexpr wchar_t kWhat[] = L"无法写入";
-    if (IsCutShort(path)) return Fail(path, kWhat, EINVAL);
+    if (IsCutShort(path)) return Fail(path, kWhat, EINVAL, problems);
     const std::string target = NativePath(path);
     const std::string folder = FolderOf(target);
     const std::string temporary = folder + '/' + TemporaryName();
@@ -255,16 +248,15 @@ bool WriteWholeFile(const std::wstring& path, std::string_view bytes)
     if (error == 0 && rename(temporary.c_str(), target.c_str()) != 0) error = errno;
     if (error != 0) {
         unlink(temporary.c_str());
-        return Fail(path, kWhat, error);
+        return Fail(path, kWhat, error, problems);
     }
-    Changed(path);
-    return FlushFolderOf(path, kWhat);
+    return FlushFolderOf(path, kWhat, problems);
 }
 
-bool FlushFolder(const std::wstring& folder)
+bool FlushFolder(const std::wstring& folder, Problems& problems)
 {
     const int error = FlushNative(NativePath(folder));
-    return error == 0 || Fail(folder, L"无法写入", error);
+    return error == 0 || Fail(folder, L"无法写入", error, problems);
 }
 
 bool IsTemporaryFile(std::wstring_view name)
@@ -272,32 +264,42 @@ bool IsTemporaryFile(std::wstring_view name)
     return name.starts_with(ToWide(kTemporaryStart)) && name.ends_with(ToWide(kTemporaryEnd));
 }
 
-bool CopyFile(const std::wstring& source, const std::wstring& target)
+bool CopyFile(const std::wstring& source, const std::wstring& target, Problems& problems)
 {
     std::string bytes;
-    return ReadWholeFile(source, bytes, kCopyLimit) && WriteWholeFile(target, bytes);
+    return ReadWholeFile(source, bytes, kCopyLimit, problems) &&
+           WriteWholeFile(target, bytes, problems);
 }
 
-bool MoveFile(const std::wstring& source, const std::wstring& target)
+bool MoveFile(const std::wstring& source, const std::wstring& target, Problems& problems)
 {
     static constexpr wchar_t kWhat[] = L"无法移动";
-    if (IsCutShort(source) || IsCutShort(target)) return Fail(source, kWhat, EINVAL);
+    if (IsCutShort(source) || IsCutShort(target)) return Fail(source, kWhat, EINVAL, problems);
     if (rename(NativePath(source).c_str(), NativePath(target).c_str()) != 0)
-        return Fail(source, kWhat, errno);
-    Changed(source);
-    Changed(target);
-    return FlushFolderOf(target, kWhat) && FlushFolderOf(source, kWhat);
+        return Fail(source, kWhat, errno, problems);
+    return FlushFolderOf(target, kWhat, problems) && FlushFolderOf(source, kWhat, problems);
 }
 
-bool DeleteFile(const std::wstring& path)
+bool DeleteFile(const std::wstring& path, Problems& problems)
 {
     static constexpr wchar_t kWhat[] = L"无法删除";
-    if (IsCutShort(path)) return Fail(path, kWhat, EINVAL);
+    if (IsCutShort(path)) return Fail(path, kWhat, EINVAL, problems);
     if (unlink(NativePath(path).c_str()) == 0) {
-        Changed(path);
-        return FlushFolderOf(path, kWhat);
+        return FlushFolderOf(path, kWhat, problems);
     }
-    return errno == ENOENT ? false : Fail(path, kWhat, errno);
+    return errno == ENOENT ? false : Fail(path, kWhat, errno, problems);
+}
+
+bool CreateFolder(const std::wstring& path, Problems& problems)
+{
+    static constexpr wchar_t kWhat[] = L"文件夹无法创建";
+    if (IsCutShort(path)) return Fail(path, kWhat, EINVAL, problems);
+    std::error_code error;
+    const std::string native = NativePath(path);
+    const bool isNew = std::filesystem::create_directories(native, error);
+    if (!error && std::filesystem::is_directory(native, error))
+        return !isNew || FlushFolder(path + L"/..", problems);
+    return Fail(path, kWhat, error.value(), problems);
 }
 
 } // namespace designspec

@@ -1,11 +1,13 @@
 // Files and folders. Paths are the module's own: "/" and "\" both separate. Every function that
-// fails leaves a trace line with the file and the cause, unless it says otherwise. A path with a
-// NUL in it names nothing: it is refused, never cut short.
+// fails adds a problem with the file and the cause, unless it says otherwise. A path with a NUL in
+// it names nothing: it is refused, never cut short.
 #pragma once
 
 #include <string>
 
 #include <vector>
+
+#include "base/Problem.h"
 
 namespace designspec {
 
@@ -19,34 +21,38 @@ bool IsFileName(std::wstring_view name);
 // What an error number of the operating system means, for a reader.
 std::wstring ErrorText(int error);
 
-// True when something is there, whatever it is. No trace line.
+// True when something is there, whatever it is.
 bool PathFileExists(const std::wstring& path);
-// True when both paths lead to one and the same file. No trace line.
+// True when both paths lead to one and the same file.
 bool IsSameFile(const std::wstring& a, const std::wstring& b);
 
 // Names (without folder) of what stands in `folder` and ends in `ending`, ignoring case; sorted,
 // ignoring case. Folders of such a name are among them. Empty when there is no folder.
-std::vector<std::wstring> FindFiles(const std::wstring& folder, std::wstring_view ending);
+std::vector<std::wstring> FindFiles(const std::wstring& folder, std::wstring_view ending,
+                                    Problems& problems);
 
 // Reads a whole file. False when it cannot be read or is larger than `limit` bytes.
-bool ReadWholeFile(const std::wstring& path, std::string& bytes, size_t limit);
+bool ReadWholeFile(const std::wstring& path, std::string& bytes, size_t limit, Problems& problems);
 
 // Puts `bytes` in place of the file, or makes it: a temporary file in the same folder is written,
 // flushed to disk and renamed over the target. Permissions of the file stay; a link is replaced,
 // not what it leads to. After a failure or a crash at any point the target holds its old content,
 // whole, or the new one, whole, when only the folder could not be flushed. A crash may leave a
 // temporary file behind (IsTemporaryFile).
-bool WriteWholeFile(const std::wstring& path, std::string_view bytes);
+bool WriteWholeFile(const std::wstring& path, std::string_view bytes, Problems& problems);
 // Flushes the names in a folder to disk.
-bool FlushFolder(const std::wstring& folder);
+bool FlushFolder(const std::wstring& folder, Problems& problems);
 bool IsTemporaryFile(std::wstring_view name);
 
 // Copies a file of at most 256 MiB over the target, in the same safe way.
-bool CopyFile(const std::wstring& source, const std::wstring& target);
+bool CopyFile(const std::wstring& source, const std::wstring& target, Problems& problems);
 // Gives a file another path on the same disk; a file that is there is replaced. Flushed to disk,
 // as deleting is: what was moved or deleted does not come back after a power failure.
-bool MoveFile(const std::wstring& source, const std::wstring& target);
-// False when it is there and cannot be deleted, or when it is not there (no trace line for that).
-bool DeleteFile(const std::wstring& path);
+bool MoveFile(const std::wstring& source, const std::wstring& target, Problems& problems);
+// False when it is there and cannot be deleted, or when it is not there (no problem is added then).
+bool DeleteFile(const std::wstring& path, Problems& problems);
+
+// Makes the folder and what is missing above it. True when it is there afterwards.
+bool CreateFolder(const std::wstring& path, Problems& problems);
 
 } // namespace designspec

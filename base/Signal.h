@@ -1,8 +1,10 @@
 // Tells whoever has connected that something happened. Everything on one thread.
 #pragma once
 
+#include <algorithm>
 #include <functional>
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace designspec {
@@ -34,6 +36,12 @@ public:
         auto listener = std::make_shared<const Function>(std::move(function));
         m_listeners.emplace_back(listener);
         return Connection(std::move(listener));
+    }
+
+    bool IsConnected() const
+    {
+        return std::any_of(m_listeners.begin(), m_listeners.end(),
+                           [](const auto& listener) { return !listener.expired(); });
     }
 
     // Calls the listeners in the order in which they connected. While they are told they may

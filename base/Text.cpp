@@ -127,4 +127,16 @@ std::wstring TrimRight(std::wstring_view text, std::wstring_view set)
     return std::wstring(text);
 }
 
+std::vector<std::wstring> SplitText(std::wstring_view text, std::wstring_view separators)
+{
+    std::vector<std::wstring> parts;
+    size_t start = 0;
+    while (start < text.size()) {
+        const size_t end = std::min(text.find_first_of(separators, start), text.size());
+        if (end > start) parts.emplace_back(text.substr(start, end - start));
+        start = end + 1;
+    }
+    return parts;
+}
+
 } // namespace designspec

@@ -1,4 +1,4 @@
-// Wide text: to and from UTF-8, trimmed.
+// Wide text: to and from UTF-8, trimmed, taken apart.
 //
 // File names and file contents reach the system as UTF-8. A byte that is not UTF-8 becomes a
 // lone low surrogate (U+DC80..U+DCFF) and turns into the same byte on the way back, so any
@@ -7,6 +7,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace designspec {
 
@@ -21,5 +22,8 @@ std::wstring TrimRight(std::wstring_view text);
 std::wstring Trim(std::wstring_view text);
 // The characters of `set` cut off on the right.
 std::wstring TrimRight(std::wstring_view text, std::wstring_view set);
+
+// The parts of `text` between any of the characters of `separators`; empty parts are left out.
+std::vector<std::wstring> SplitText(std::wstring_view text, std::wstring_view separators);
 
 } // namespace designspec

@@ -165,6 +165,12 @@ bool IsXmlCharacter(char32_t c)
     return !surrogate && c != 0xFFFE && c != 0xFFFF && c <= 0x10FFFF;
 }
 
+bool IsXmlText(std::wstring_view text)
+{
+    return std::all_of(text.begin(), text.end(),
+                       [](wchar_t c) { return IsXmlCharacter(static_cast<char32_t>(c)); });
+}
+
 std::optional<XmlFault> CheckXml(std::string_view xml)
 {
     return Walk(xml).Run();

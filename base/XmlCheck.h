@@ -11,10 +11,16 @@ namespace designspec {
 
 // True for a character that XML 1.0 has a place for.
 bool IsXmlCharacter(char32_t c);
+// True when every character can stand in an XML document. Storing a text puts U+FFFD in place of
+// those that cannot: most control characters, lone surrogates.
+bool IsXmlText(std::wstring_view text);
 
 constexpr int kXmlDepthLimit = 64; // of nested elements; a library's files need eight or so
 
 struct XmlFault {
+    // Stands for the text as a whole.
+    static constexpr size_t kWholeText = static_cast<size_t>(-1);
+
     size_t offset = 0; // in bytes
     std::wstring cause;
 };

@@ -6,7 +6,7 @@
 #include <map>
 #include <vector>
 
-#include "platform/mfc/Export.h"
+#include "base/Export.h"
 
 #include "bench/Sql.h"
 #include "model/SpeedTable.h"

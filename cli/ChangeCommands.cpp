@@ -1,28 +1,20 @@
-#include "base/File.h"
 #include "base/Format.h"
-#include "base/NoCase.h"
-#include "base/Number.h"
 #include "base/Text.h"
 #include "cli/JsonText.h"
-#include "library/SpecificationEdit.h"
 #include "library/StyleName.h"
 #include "model/SpecificationValue.h"
-#include "platform/vmrd/VMRDEnv/DeletedStyles.h"
-#include "platform/xtp/PropExchange.h"
 
 using namespace designspec;
 
 namespace {
 
 // The name that a user gives, by the editor's rules.
-CString NameArgument(const CDesignSpecifications& library, const std::string& text,
+CString NameArgument(const SpecificationFolder& folder, const std::string& text,
                      const CString& openedName)
 {
     CString name = Trim(ToWide(text));
-    if (const CString problem = StyleNameProblem(library, name, openedName); !problem.empty())
+    if (const CString problem = StyleNameProblem(folder, name, openedName); !problem.empty())
         Refuse(problem);
-    if (const CString problem = FileNameProblem(name); !problem.empty()) Refuse(problem);
-    if (!IsXmlText(name)) Refuse(L"样式名中有文件无法记录的字符");
     return name;
 }
 
@@ -45,47 +37,37 @@ ValuePath ChangedPath(const Arguments& arguments)
 
 } // namespace
 
-Status RunNew(const Arguments& arguments)
+Status RunNew(const Arguments& arguments, Teller& teller)
 {
-    CDesignSpecifications& library = OpenProject(arguments, ProjectUse::Create);
-    const CString name = NameArgument(library, arguments.name, {});
+    Project project(arguments, teller, ProjectUse::Create);
+    const CString name = NameArgument(project.Folder(), arguments.name, {});
     auto made = std::make_unique<CDesignSpecification>();
-    if (arguments.from) made->CopyCriteria(FindSpecification(library, *arguments.from));
+    if (arguments.from) made->CopyCriteria(project.Find(*arguments.from));
     made->SetName(name.c_str());
-    const int index = library.Add(made.release());
-    return StatusOf(library.Save(&SpecificationAt(library, index)));
+    return project.StatusOf(project.Folder().Save(project.Folder().Add(std::move(made))));
 }
 
-Status RunRename(const Arguments& arguments)
+Status RunRename(const Arguments& arguments, Teller& teller)
 {
-    CDesignSpecifications& library = OpenProject(arguments);
-    CDesignSpecification& specification = FindSpecification(library, arguments.name);
-    const CString name = NameArgument(library, arguments.newName, specification.Name());
+    Project project(arguments, teller);
+    CDesignSpecification& specification = project.Find(arguments.name);
+    const CString name = NameArgument(project.Folder(), arguments.newName, specification.Name());
     if (name == specification.Name()) return kDone;
-    return StatusOf(RenameSpecification(library, specification, name));
+    return project.StatusOf(project.Folder().Rename(specification, name));
 }
 
-Status RunRemove(const Arguments& arguments)
+Status RunRemove(const Arguments& arguments, Teller& teller)
 {
-    CDesignSpecifications& library = OpenProject(arguments);
-    const CDesignSpecification& specification = FindSpecification(library, arguments.name);
-    const GUID id = specification.ID();
-    const CString file = library.FileOf(specification);
-    library.Remove(IndexOf(library, specification), true);
-    // The file that it was read from may give no identity to find it by.
-    const bool done =
-        !PathFileExists(StylesFolder() + L"\\" + file) || SetStyleAside(library, file, id);
-    return StatusOf(SetStyleAside(library, id) && done);
+    Project project(arguments, teller);
+    return project.StatusOf(project.Folder().Remove(project.Find(arguments.name)));
 }
 
-Status RunDefault(const Arguments& arguments)
+Status RunDefault(const Arguments& arguments, Teller& teller)
 {
-    CDesignSpecifications& library = OpenProject(arguments);
-    if (!arguments.name.empty()) {
-        library.SetDefaultItem(&FindSpecification(library, arguments.name));
-        return kDone;
-    }
-    const CStyle* standard = library.DefaultItem();
+    Project project(arguments, teller);
+    if (!arguments.name.empty())
+        return project.StatusOf(project.Folder().SetDefault(project.Find(arguments.name)));
+    const CDesignSpecification* const standard = project.Default();
     if (!standard) {
         Complain(L"没有默认的设计规范");
         return kNoAnswer;
@@ -97,15 +79,15 @@ Status RunDefault(const Arguments& arguments)
     return kDone;
 }
 
-Status RunSet(const Arguments& arguments)
+Status RunSet(const Arguments& arguments, Teller& teller)
 {
     const ValuePath path = ChangedPath(arguments);
     if (arguments.unset && path.steps.back().keys.empty()) Refuse(L"--unset 只用于表中的值");
-    CDesignSpecifications& library = OpenProject(arguments);
-    CDesignSpecification& specification = ChosenSpecification(library, arguments);
+    Project project(arguments, teller);
+    CDesignSpecification& specification = project.Chosen(arguments);
     const CString problem = arguments.unset
                                 ? RemoveRow(specification, path)
                                 : WriteValue(specification, path, ToWide(*arguments.value));
     if (!problem.empty()) Refuse(problem);
-    return StatusOf(library.Save(&specification));
+    return project.StatusOf(project.Folder().Save(specification));
 }

@@ -1,33 +1,28 @@
 
 #include "cli/JsonText.h"
 #include "library/LibraryCheck.h"
-#include "platform/vmrd/VmHFCBaseU/Trace.h"
 
-Status RunCheck(const Arguments& arguments)
+using namespace designspec;
+
+Status RunCheck(const Arguments& arguments, Teller& teller)
 {
-    // What loading the library says belongs to the findings, besides going to standard error.
-    std::vector<TraceLine> findings;
-    TraceSink before;
-    before = SetTraceSink([&](const TraceLine& line) {
-        findings.push_back(line);
-        before(line);
-    });
-    OpenProject(arguments);
-    SetTraceSink(before);
-    for (const TraceLine& finding : CheckLibraryFiles())
+    Project project(arguments, teller);
+    // What loading said belongs to the findings.
+    Problems findings = project.LoadProblems();
+    for (const Problem& finding : CheckFiles(project.Folder().Files()))
         findings.push_back(finding);
 
     Json json = Json::array();
-    for (const TraceLine& finding : findings)
+    for (const Problem& finding : findings)
         json.push_back({{"file", ToJson(finding.file)},
                         {"line", finding.line},
-                        {"level", finding.level == TraceLevel::Error ? "error" : "note"},
+                        {"level", finding.severity == Severity::Error ? "error" : "note"},
                         {"text", ToJson(finding.text)}});
     if (arguments.json) {
         PrintJson(json);
         return kDone;
     }
-    for (const TraceLine& finding : findings)
+    for (const Problem& finding : findings)
         PrintLine(finding.Text());
     if (findings.empty()) Complain(L"未发现异常");
     return kDone;

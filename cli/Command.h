@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "cli/Teller.h"
 #include "platform/mfc/String.h"
 
 // Exit statuses.
@@ -14,11 +15,6 @@ enum Status : int {
     kWrongCall = 2,  // the call is wrong
     kFileFailed = 3, // a file or the project could not be read or written
 };
-
-inline Status StatusOf(bool done)
-{
-    return done ? kDone : kFileFailed;
-}
 
 // Ends a command from anywhere inside it.
 struct CommandFailure {
@@ -56,16 +52,16 @@ struct Arguments {
     bool overwrite = false;
 };
 
-Status RunList(const Arguments& arguments);
-Status RunShow(const Arguments& arguments);
-Status RunQuery(const Arguments& arguments);
-Status RunNew(const Arguments& arguments);
-Status RunRename(const Arguments& arguments);
-Status RunRemove(const Arguments& arguments);
-Status RunDefault(const Arguments& arguments);
-Status RunSet(const Arguments& arguments);
-Status RunExport(const Arguments& arguments);
-Status RunImport(const Arguments& arguments);
-Status RunNames(const Arguments& arguments);
-Status RunTemplate(const Arguments& arguments);
-Status RunCheck(const Arguments& arguments);
+Status RunList(const Arguments& arguments, Teller& teller);
+Status RunShow(const Arguments& arguments, Teller& teller);
+Status RunQuery(const Arguments& arguments, Teller& teller);
+Status RunNew(const Arguments& arguments, Teller& teller);
+Status RunRename(const Arguments& arguments, Teller& teller);
+Status RunRemove(const Arguments& arguments, Teller& teller);
+Status RunDefault(const Arguments& arguments, Teller& teller);
+Status RunSet(const Arguments& arguments, Teller& teller);
+Status RunExport(const Arguments& arguments, Teller& teller);
+Status RunImport(const Arguments& arguments, Teller& teller);
+Status RunNames(const Arguments& arguments, Teller& teller);
+Status RunTemplate(const Arguments& arguments, Teller& teller);
+Status RunCheck(const Arguments& arguments, Teller& teller);

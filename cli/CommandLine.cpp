@@ -1,19 +1,16 @@
 #include "cli/CommandLine.h"
 
-#include <set>
-
 #include <CLI/CLI.hpp>
 
 #include "base/Format.h"
 #include "base/Text.h"
 #include "cli/Project.h"
-#include "platform/vmrd/VmHFCBaseU/Trace.h"
 
 using namespace designspec;
 
 namespace {
 
-using Run = Status (*)(const Arguments&);
+using Run = Status (*)(const Arguments&, Teller&);
 
 constexpr char kVersion[] = "designspec " DESIGNSPEC_VERSION;
 
@@ -83,7 +80,7 @@ public:
         m_app.footer(kFooter);
     }
 
-    int Parse(int argc, const char* const* argv)
+    int Parse(int argc, const char* const* argv, Teller& teller)
     {
         try {
             m_app.parse(argc, argv);
@@ -93,7 +90,7 @@ public:
             Complain(Format(L"命令行有误: %s\n用 %s --help 查看用法", CauseOf(error), HelpCall()));
             return kWrongCall;
         }
-        return m_run(m_arguments);
+        return m_run(m_arguments, teller);
     }
 
 private:
@@ -217,24 +214,17 @@ private:
 
 int RunCommandLine(int argc, const char* const* argv)
 {
-    bool failed = false;
-    std::set<CString> told; // a file may be read twice; each trace line is printed once
-    const TraceSink before = SetTraceSink([&](const TraceLine& line) {
-        failed = failed || line.level == TraceLevel::Error;
-        if (told.insert(line.Text()).second) Complain(line.Text());
-    });
+    Teller teller;
     int status = kDone;
     try {
-        status = CommandLine().Parse(argc, argv);
+        status = CommandLine().Parse(argc, argv, teller);
     } catch (const CommandFailure& failure) {
         Complain(failure.text);
         status = failure.status;
     }
-    SetTraceSink(before);
-    CDesignSpecifications::Destroy();
     if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
         Complain(L"标准输出无法写入");
-        failed = true;
+        return kFileFailed;
     }
-    return failed ? kFileFailed : status;
+    return teller.HasFailed() ? kFileFailed : status;
 }

@@ -3,7 +3,7 @@
 #include "base/Text.h"
 #include "cli/JsonText.h"
 #include "cli/TextTable.h"
-#include "library/SpecificationEdit.h"
+#include "library/SpecificationReading.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
 
 using namespace designspec;
@@ -20,32 +20,33 @@ CStringArray Names(const Arguments& arguments)
 
 } // namespace
 
-Status RunExport(const Arguments& arguments)
+Status RunExport(const Arguments& arguments, Teller& teller)
 {
     const CString file = PathArgument(arguments.file);
-    return StatusOf(OpenProject(arguments).Export(file.c_str(), Names(arguments), nullptr));
+    Project project(arguments, teller);
+    return project.StatusOf(project.Folder().Export(file, Names(arguments)));
 }
 
-Status RunImport(const Arguments& arguments)
+Status RunImport(const Arguments& arguments, Teller& teller)
 {
     const CString file = PathArgument(arguments.file);
-    CDesignSpecifications& library = OpenProject(arguments, ProjectUse::Create);
-    return StatusOf(ImportAndSave(library, file.c_str(), Names(arguments), arguments.overwrite));
+    Project project(arguments, teller, ProjectUse::Create);
+    return project.StatusOf(project.Folder().Import(file, Names(arguments), arguments.overwrite));
 }
 
-Status RunNames(const Arguments& arguments)
+Status RunNames(const Arguments& arguments, Teller& teller)
 {
-    const CString file = PathArgument(arguments.file);
-    CStringArray names;
-    CArray<GUID> ids;
-    if (!CDesignSpecifications::GetInstance()->StyleNames(file.c_str(), names, ids))
+    CXTPPropExchangeXMLNode root(true, kStyleLibraryRoot);
+    if (!root.LoadFromFile(PathArgument(arguments.file).c_str())) {
+        teller.Tell(root.TakeProblems());
         return kFileFailed;
+    }
     TextTable table(false);
     Json json = Json::array();
-    for (size_t i = 0; i < names.size(); ++i) {
-        const CString id = VMRDPub::GUIDToStr(ids[i]);
-        table.AddRow({names[i], id});
-        json.push_back({{"name", ToJson(names[i])}, {"id", ToJson(id)}});
+    for (const StyleEntry& entry : StyleEntries(root, kLibraryName)) {
+        const CString id = VMRDPub::GUIDToStr(entry.id);
+        table.AddRow({entry.name, id});
+        json.push_back({{"name", ToJson(entry.name)}, {"id", ToJson(id)}});
     }
     if (arguments.json) {
         PrintJson(json);
@@ -56,8 +57,9 @@ Status RunNames(const Arguments& arguments)
     return kDone;
 }
 
-Status RunTemplate(const Arguments& arguments)
+Status RunTemplate(const Arguments& arguments, Teller& teller)
 {
     const CString folder = PathArgument(arguments.file);
-    return StatusOf(OpenProject(arguments).SaveAsTemplate(folder.c_str()));
+    Project project(arguments, teller);
+    return project.StatusOf(project.Folder().SaveAsTemplate(folder));
 }

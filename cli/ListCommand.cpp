@@ -2,16 +2,18 @@
 #include "cli/TextTable.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
 
-Status RunList(const Arguments& arguments)
+using namespace designspec;
+
+Status RunList(const Arguments& arguments, Teller& teller)
 {
-    const CDesignSpecifications& library = OpenProject(arguments);
-    const CStyle* standard = library.DefaultItem();
+    Project project(arguments, teller);
+    const SpecificationFolder& folder = project.Folder();
     TextTable table(false);
     Json json = Json::array();
-    for (int i = 0; i < library.Count(); ++i) {
-        const CDesignSpecification& item = SpecificationAt(library, i);
-        const bool isDefault = &item == standard;
-        const CString file = library.FileOf(item);
+    for (int i = 0; i < folder.Count(); ++i) {
+        const CDesignSpecification& item = *folder.Item(i);
+        const bool isDefault = &item == project.Default();
+        const CString file = folder.FileOf(item);
         table.AddRow({std::to_wstring(i), isDefault ? L"*" : L" ", item.Name(),
                       VMRDPub::GUIDToStr(item.ID()), file});
         Json entry = {{"index", i}, {"default", isDefault}};

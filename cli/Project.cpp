@@ -7,68 +7,67 @@
 #include "base/Number.h"
 #include "base/Text.h"
 #include "cli/TextTable.h"
-#include "platform/vmrd/VMRDEnv/DeletedStyles.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
 
 using namespace designspec;
 
 namespace {
 
-CString NamesToChooseFrom(const CDesignSpecifications& library)
+// The folder of the project that the command line names.
+CString FolderOf(const Arguments& arguments, ProjectUse use)
 {
-    if (library.Count() == 0) return L"项目中没有设计规范";
-    CString text = L"可选:";
-    for (int i = 0; i < library.Count(); ++i)
-        text += L"\n  " + library.Item(i)->Name();
-    return text;
+    const CString project =
+        arguments.project.empty() ? VMRDPub::GetCurPrjPath() : PathArgument(arguments.project);
+    if (!PathFileExists(project))
+        throw CommandFailure{kFileFailed, Format(L"%s: 项目文件夹不存在", project)};
+    CString folder = StylesFolderOf(project);
+    if (use == ProjectUse::Read && !PathFileExists(folder))
+        throw CommandFailure{kFileFailed,
+                             Format(L"%s: 不是项目文件夹,其中没有“规范”文件夹", project)};
+    return folder;
 }
 
 } // namespace
 
-CDesignSpecifications& OpenProject(const Arguments& arguments, ProjectUse use)
+Project::Project(const Arguments& arguments, Teller& teller, ProjectUse use)
+    : m_teller(teller), m_folder(FolderOf(arguments, use))
 {
-    if (!arguments.project.empty()) VMRDPub::SetCurPrjPath(PathArgument(arguments.project));
-    const CString project = VMRDPub::GetCurPrjPath();
-    if (!PathFileExists(project))
-        throw CommandFailure{kFileFailed, Format(L"%s: 项目文件夹不存在", project)};
-    if (use == ProjectUse::Read && !PathFileExists(StylesFolder()))
-        throw CommandFailure{kFileFailed,
-                             Format(L"%s: 不是项目文件夹,其中没有“规范”文件夹", project)};
-    CDesignSpecifications& library = *CDesignSpecifications::GetInstance();
-    library.Update();
-    return library;
+    m_loadProblems = m_folder.Load().problems;
+    if (const auto id = m_folder.Default(m_loadProblems)) m_default = m_folder.Find(*id);
+    m_teller.Tell(m_loadProblems);
 }
 
-CDesignSpecification& SpecificationAt(const CDesignSpecifications& library, int index)
+Status Project::StatusOf(const Outcome& outcome)
 {
-    return static_cast<CDesignSpecification&>(*library.Item(index));
+    m_teller.Tell(outcome.problems);
+    return outcome.done ? kDone : kFileFailed;
 }
 
-CDesignSpecification& FindSpecification(CDesignSpecifications& library, const std::string& name)
+CString Project::NamesToChooseFrom() const
+{
+    if (m_folder.Count() == 0) return L"项目中没有设计规范";
+    CString text = L"可选:";
+    for (int i = 0; i < m_folder.Count(); ++i)
+        text += L"\n  " + m_folder.Item(i)->Name();
+    return text;
+}
+
+CDesignSpecification& Project::Find(const std::string& name) const
 {
     const CString wide = ToWide(name);
-    if (CDesignSpecification* found = library.Item(wide.c_str())) return *found;
+    if (CDesignSpecification* found = m_folder.Find(wide.c_str())) return *found;
     GUID id;
     if (VMRDPub::ParseGUID(wide, id))
-        if (CStyle* found = library.Item(id)) return static_cast<CDesignSpecification&>(*found);
-    Refuse(Format(L"没有设计规范“%s”。%s", wide, NamesToChooseFrom(library)));
+        if (CDesignSpecification* found = m_folder.Find(id)) return *found;
+    Refuse(Format(L"没有设计规范“%s”。%s", wide, NamesToChooseFrom()));
 }
 
-int IndexOf(const CDesignSpecifications& library, const CStyle& style)
+CDesignSpecification& Project::Chosen(const Arguments& arguments) const
 {
-    int index = 0;
-    while (library.Item(index) != &style)
-        ++index;
-    return index;
-}
-
-CDesignSpecification& ChosenSpecification(CDesignSpecifications& library,
-                                          const Arguments& arguments)
-{
-    if (arguments.spec) return FindSpecification(library, *arguments.spec);
-    if (CStyle* style = library.DefaultItem()) return static_cast<CDesignSpecification&>(*style);
-    if (library.Count() == 1) return SpecificationAt(library, 0);
-    Refuse(L"没有默认的设计规范,请用 --spec 指定。" + NamesToChooseFrom(library));
+    if (arguments.spec) return Find(*arguments.spec);
+    if (m_default) return *m_default;
+    if (m_folder.Count() == 1) return *m_folder.Item(0);
+    Refuse(L"没有默认的设计规范,请用 --spec 指定。" + NamesToChooseFrom());
 }
 
 CString PathArgument(const std::string& path)

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "cli/Command.h"
-#include "library/DesignSpecifications.h"
+#include "library/SpecificationFolder.h"
 #include "model/ValuePath.h"
 
 enum class ProjectUse {
@@ -10,19 +10,35 @@ enum class ProjectUse {
     Create, // it may still be missing
 };
 
-// Reads the project's library. Fails with kFileFailed when there is no such project.
-CDesignSpecifications& OpenProject(const Arguments& arguments, ProjectUse use = ProjectUse::Read);
+class Project {
+public:
+    // Reads the project's specifications and tells what was wrong with their files. Fails with
+    // kFileFailed when there is no such project.
+    Project(const Arguments& arguments, Teller& teller, ProjectUse use = ProjectUse::Read);
 
-// The specification of that name or identity; fails with kWrongCall and the names to choose from.
-CDesignSpecification& FindSpecification(CDesignSpecifications& library, const std::string& name);
-int IndexOf(const CDesignSpecifications& library, const CStyle& style);
+    designspec::SpecificationFolder& Folder() { return m_folder; }
+    // What loading told.
+    const designspec::Problems& LoadProblems() const { return m_loadProblems; }
+    // Null when there is none.
+    CDesignSpecification* Default() const { return m_default; }
+    // The specification of that name or identity; fails with kWrongCall and the names to choose
+    // from.
+    CDesignSpecification& Find(const std::string& name) const;
+    // The one that --spec names, else the default one, else the only one; fails with kWrongCall
+    // and the names to choose from.
+    CDesignSpecification& Chosen(const Arguments& arguments) const;
 
-// The one that --spec names, else the default one, else the only one; fails with kWrongCall and
-// the names to choose from.
-CDesignSpecification& ChosenSpecification(CDesignSpecifications& library,
-                                          const Arguments& arguments);
+    // Tells the problems; the status that the outcome stands for.
+    Status StatusOf(const designspec::Outcome& outcome);
 
-CDesignSpecification& SpecificationAt(const CDesignSpecifications& library, int index);
+private:
+    CString NamesToChooseFrom() const;
+
+    Teller& m_teller;
+    designspec::SpecificationFolder m_folder;
+    designspec::Problems m_loadProblems;
+    CDesignSpecification* m_default = nullptr;
+};
 
 // A path that the command line gives. "\" separates folders in the module's own paths, so a name
 // that holds one cannot be reached: kWrongCall.

@@ -200,10 +200,11 @@ void PrintAnswer(const Json& value)
 
 } // namespace
 
-Status RunQuery(const Arguments& arguments)
+Status RunQuery(const Arguments& arguments, Teller& teller)
 {
     ParsePath(arguments.path); // a wrong path is told before any file is read
-    CDesignSpecification& specification = ChosenSpecification(OpenProject(arguments), arguments);
+    Project project(arguments, teller);
+    CDesignSpecification& specification = project.Chosen(arguments);
     const Answer answer = Ask(arguments, specification);
     if (arguments.json) {
         Json json = {{"specification", ToJson(specification)}, {"query", arguments.path}};

@@ -215,10 +215,11 @@ std::vector<const CriterionInfo*> ChosenCriteria(const std::string& path)
 
 } // namespace
 
-Status RunShow(const Arguments& arguments)
+Status RunShow(const Arguments& arguments, Teller& teller)
 {
     const std::vector<const CriterionInfo*> chosen = ChosenCriteria(arguments.path);
-    CDesignSpecification& specification = ChosenSpecification(OpenProject(arguments), arguments);
+    Project project(arguments, teller);
+    CDesignSpecification& specification = project.Chosen(arguments);
     if (arguments.json) {
         Json json = ToJson(specification);
         for (const CriterionInfo* criterion : chosen)

@@ -1,24 +1,39 @@
 # What `cmake --install` puts where, and the package that find_package(designspec) finds.
 include(CMakePackageConfigHelpers)
 
-set(DESIGNSPEC_HEADERS ${CMAKE_INSTALL_INCLUDEDIR}/designspec)
 set(DESIGNSPEC_PACKAGE ${CMAKE_INSTALL_LIBDIR}/cmake/designspec)
 
 install(TARGETS designspec EXPORT designspecTargets
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
 
-# Of the platform, the headers of the sources that stand in the library: its other half has a GUI.
-install(DIRECTORY model library DESTINATION ${DESIGNSPEC_HEADERS}
-    FILES_MATCHING PATTERN "*.h"
-    PATTERN FindingList.h EXCLUDE)
-get_target_property(PLATFORM_SOURCES platform_core SOURCES)
-foreach(SOURCE mfc/Export.cpp mfc/String.cpp ${PLATFORM_SOURCES})
-    cmake_path(REPLACE_EXTENSION SOURCE h OUTPUT_VARIABLE HEADER)
-    cmake_path(GET HEADER PARENT_PATH FOLDER)
-    install(FILES platform/${HEADER} DESTINATION ${DESIGNSPEC_HEADERS}/platform/${FOLDER})
-endforeach()
-
-install(FILES base/NoCase.h DESTINATION ${DESIGNSPEC_HEADERS}/base)
+# The headers that other modules are promised, below designspec/ so that a program's own model/ or
+# base/ stays its own. Their includes of one another say so too.
+set(PUBLIC_HEADERS
+    base/Export.h
+    base/NoCase.h
+    base/Problem.h
+    base/Signal.h
+    library/DesignSpecifications.h
+    library/LibraryCheck.h
+    library/SpecificationFolder.h
+    library/StyleName.h
+    platform/mfc/Object.h
+    platform/mfc/String.h
+    platform/vmrd/VMRDEnv/Style.h
+    platform/vmrd/VMRDEnv/StyleFile.h
+    platform/vmrd/VMRDEnv/StyleFolder.h
+    platform/vmrd/VMRDEnv/Styles.h
+    platform/vmrd/VMRDPub/VMRDPub.h
+    platform/vmrd/VmHFCBaseU/Trace.h
+    platform/windows/Guid.h
+    platform/xtp/PropExchange.h
+    platform/xtp/PropExchangeXMLNode.h)
+file(GLOB MODEL_HEADERS RELATIVE ${CMAKE_SOURCE_DIR} CONFIGURE_DEPENDS model/*.h)
+list(REMOVE_ITEM MODEL_HEADERS model/FindingList.h) # what the findings share among them
+list(APPEND PUBLIC_HEADERS ${MODEL_HEADERS})
+list(JOIN PUBLIC_HEADERS " " PUBLIC_HEADER_LIST)
+configure_file(cmake/InstallHeaders.cmake.in ${CMAKE_BINARY_DIR}/InstallHeaders.cmake @ONLY)
+install(SCRIPT ${CMAKE_BINARY_DIR}/InstallHeaders.cmake)
 
 install(EXPORT designspecTargets NAMESPACE designspec:: DESTINATION ${DESIGNSPEC_PACKAGE})
 configure_package_config_file(cmake/designspecConfig.cmake.in

@@ -5,9 +5,9 @@
 #include <fstream>
 #include <iterator>
 
+#include "base/Profile.h"
 #include "base/Text.h"
 #include "fuzz/Fuzz.h"
-#include "platform/windows/Profile.h"
 
 using namespace designspec;
 
@@ -46,16 +46,17 @@ FUZZ(bytes)
     std::ofstream(folder.File(), std::ios::binary)
         .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     const CString file = ToWide(folder.File());
-    GetPrivateProfileString(L"a", L"b", L"", file);
-    const CString before = GetPrivateProfileString(L"设置", L"其他", L"", file);
-    if (!WritePrivateProfileString(L"设置", L"默认样式", L"0A-规范", file)) {
+    Problems problems;
+    GetPrivateProfileString(L"a", L"b", L"", file, problems);
+    const CString before = GetPrivateProfileString(L"设置", L"其他", L"", file, problems);
+    if (!WritePrivateProfileString(L"设置", L"默认样式", L"0A-规范", file, problems)) {
         Require(Read(folder.File()) == bytes);
         return 0;
     }
-    Require(GetPrivateProfileString(L"设置", L"默认样式", L"", file) == L"0A-规范");
-    Require(GetPrivateProfileString(L"设置", L"其他", L"", file) == before);
+    Require(GetPrivateProfileString(L"设置", L"默认样式", L"", file, problems) == L"0A-规范");
+    Require(GetPrivateProfileString(L"设置", L"其他", L"", file, problems) == before);
     const std::string once = Read(folder.File());
-    Require(WritePrivateProfileString(L"设置", L"默认样式", L"0A-规范", file));
+    Require(WritePrivateProfileString(L"设置", L"默认样式", L"0A-规范", file, problems));
     Require(Read(folder.File()) == once);
     return 0;
 }

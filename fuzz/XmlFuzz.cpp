@@ -1,7 +1,7 @@
 // The XML load with any bytes: it must end, and a document that was taken must be one that can be
 // walked, saved and taken again.
 #include "fuzz/Fuzz.h"
-#include "platform/xtp/PropExchange.h"
+#include "platform/xtp/PropExchangeXMLNode.h"
 
 namespace {
 

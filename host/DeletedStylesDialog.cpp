@@ -11,6 +11,9 @@
 #include "platform/mfc/Dialog.h"
 #include "platform/mfc/QtText.h"
 #include "platform/vmrd/VMRDPrj/StyleEditor.h"
+#include "platform/vmrd/VmHFCBaseU/Trace.h"
+
+using namespace designspec;
 
 using namespace designspec;
 
@@ -55,9 +58,10 @@ DeletedStylesDialog::DeletedStylesDialog(CStyleEditor& editor, QWidget* parent)
 void DeletedStylesDialog::Fill()
 {
     m_list->clear();
-    const CStyles* const styles = m_editor.GetStyles();
+    CStyles* const styles = m_editor.GetStyles();
     if (!styles) return;
-    for (const DeletedStyle& deleted : DeletedStyles(*styles)) {
+    Problems problems;
+    for (const DeletedStyle& deleted : styles->Files().Deleted(problems)) {
         const QString file = ToQString(deleted.file);
         auto* item = new QTreeWidgetItem(m_list, {ToQString(deleted.name), file});
         item->setToolTip(1, file);
@@ -66,6 +70,7 @@ void DeletedStylesDialog::Fill()
         item->setText(0, tr("%1  (库中已有)").arg(item->text(0)));
         item->setToolTip(0, tr("库中有同一标识的样式; 先删除它才能恢复这一份"));
     }
+    TraceProblems(problems);
     m_list->header()->resizeSection(0, m_list->fontMetrics().height() * 14);
     m_list->setCurrentItem(m_list->topLevelItem(0));
     if (m_list->topLevelItemCount() == 0) m_message->setText(tr("没有已删除的样式。"));
@@ -81,8 +86,11 @@ void DeletedStylesDialog::BringBack()
 {
     QStringList done;
     QStringList failed;
+    Problems problems;
+    StyleFolder& files = m_editor.GetStyles()->Files();
     for (const QTreeWidgetItem* item : m_list->selectedItems())
-        (BringStyleBack(FromQString(item->text(1))) ? done : failed) << item->text(0);
+        (files.BringBack(FromQString(item->text(1)), problems) ? done : failed) << item->text(0);
+    TraceProblems(problems);
     m_editor.Refurbish();
     Fill();
     QStringList message;

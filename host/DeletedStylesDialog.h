@@ -3,8 +3,6 @@
 
 #include <QDialog>
 
-#include "platform/vmrd/VMRDEnv/DeletedStyles.h"
-
 class CStyleEditor;
 class QLabel;
 class QPushButton;

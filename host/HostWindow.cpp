@@ -20,7 +20,7 @@
 #include "platform/arx/Frame.h"
 #include "platform/mfc/MessageBox.h"
 #include "platform/mfc/QtText.h"
-#include "platform/vmrd/VMRDEnv/DeletedStyles.h"
+#include "platform/vmrd/VMRDEnv/Styles.h"
 #include "platform/vmrd/VMRDPrj/PrjManager.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
 
@@ -161,7 +161,7 @@ bool HostWindow::OpenProject(const QString& folder)
     RecentProjects().Add(path);
     setWindowTitle(tr("%1 — %2").arg(QDir(path).dirName(), kTitle));
     m_styles->SetHint({});
-    m_watcher.Watch(StylesFolder());
+    m_watcher.Watch(CurrentStylesFolder());
     Reload();
     return true;
 }
@@ -180,9 +180,15 @@ void HostWindow::Reload()
         project->GetStyleManager()->Refurbish();
 }
 
+bool HostWindow::IsOwnFile(const CString& file)
+{
+    CPrjManager* const project = CPrjManager::GetInstance();
+    return project && project->GetStyleManager()->IsOwnFile(file);
+}
+
 void HostWindow::ShowError(const TraceLine& line)
 {
-    if (line.level != TraceLevel::Error) return;
+    if (line.severity != TraceLevel::Error) return;
     m_errors = m_errorBar->isHidden() ? 1 : m_errors + 1;
     const QString text = ToQString(line.Text());
     m_cause = text;

@@ -36,6 +36,7 @@ protected:
     bool event(QEvent* event) override;
 
 private:
+    static bool IsOwnFile(const CString& file);
     QWidget* MakeCenter();
     QDockWidget* MakePanel(const QString& title, const QString& name, QWidget* panel,
                            Qt::DockWidgetArea area);
@@ -53,7 +54,7 @@ private:
 
     TraceLog m_log;
     HostModules m_modules;
-    LibraryWatcher m_watcher;
+    LibraryWatcher m_watcher{&HostWindow::IsOwnFile};
     QStringList m_changed; // files changed outside that the user was not told of yet
     int m_errors = 0;      // since the error bar was shown
     QString m_cause;       // the last error since a command was begun

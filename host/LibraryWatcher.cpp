@@ -5,6 +5,7 @@
 
 #include <sys/stat.h>
 
+#include "base/File.h"
 #include "platform/mfc/QtText.h"
 
 using namespace designspec;
@@ -13,7 +14,8 @@ namespace {
 constexpr int kSettleTime = 200; // milliseconds
 }
 
-LibraryWatcher::LibraryWatcher(QObject* parent) : QObject(parent)
+LibraryWatcher::LibraryWatcher(IsOwn isOwn, QObject* parent)
+    : QObject(parent), m_isOwn(std::move(isOwn))
 {
     m_settle.setSingleShot(true);
     m_settle.setInterval(kSettleTime);
@@ -21,12 +23,6 @@ LibraryWatcher::LibraryWatcher(QObject* parent) : QObject(parent)
     connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this, settle);
     connect(&m_watcher, &QFileSystemWatcher::fileChanged, this, settle);
     connect(&m_settle, &QTimer::timeout, this, &LibraryWatcher::Check);
-    m_before = SetFileChangeListener([this](const CString& path) { OwnChange(path); });
-}
-
-LibraryWatcher::~LibraryWatcher()
-{
-    SetFileChangeListener(m_before);
 }
 
 void LibraryWatcher::Watch(const CString& folder)
@@ -53,36 +49,27 @@ LibraryWatcher::Files LibraryWatcher::Scan() const
 {
     Files files;
     if (m_folder.empty()) return files;
-    for (const CString& name : FindFiles(m_folder, L"")) {
+    Problems unread; // the library tells when it loads
+    for (const CString& name : FindFiles(m_folder, L"", unread)) {
         if (IsTemporaryFile(name)) continue;
         if (const auto stamp = StampOf(m_folder + L"\\" + name)) files.emplace(name, *stamp);
     }
     return files;
 }
 
-void LibraryWatcher::OwnChange(const CString& path)
-{
-    if (m_before) m_before(path);
-    const size_t separator = path.find_last_of(L"/\\");
-    if (separator == CString::npos || m_folder.empty()) return;
-    if (!IsSameFile(path.substr(0, separator), m_folder)) return;
-    const CString name = path.substr(separator + 1);
-    if (const auto stamp = StampOf(path))
-        m_known.insert_or_assign(name, *stamp);
-    else
-        m_known.erase(name);
-}
-
 void LibraryWatcher::Check()
 {
     Files now = Scan();
     QStringList names;
+    const auto add = [&](const CString& name) {
+        if (!m_isOwn(name)) names << ToQString(name);
+    };
     for (const auto& [name, stamp] : now) {
         const auto known = m_known.find(name);
-        if (known == m_known.end() || known->second != stamp) names << ToQString(name);
+        if (known == m_known.end() || known->second != stamp) add(name);
     }
     for (const auto& [name, stamp] : m_known)
-        if (!now.contains(name)) names << ToQString(name);
+        if (!now.contains(name)) add(name);
     m_known = std::move(now);
     RenewPaths();
     if (!names.isEmpty()) emit ChangedOutside(names);

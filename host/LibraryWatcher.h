@@ -1,22 +1,22 @@
 // Watches the files of a library folder for what others do to them.
 #pragma once
 
+#include <functional>
 #include <map>
 #include <optional>
 
 #include <QFileSystemWatcher>
 #include <QTimer>
 
-#include "base/File.h"
 #include "platform/mfc/String.h"
-#include "platform/vmrd/VmHFCBaseU/FileChange.h"
 
 class LibraryWatcher : public QObject {
     Q_OBJECT
 
 public:
-    explicit LibraryWatcher(QObject* parent = nullptr);
-    ~LibraryWatcher() override;
+    // Whether the file of that name in the folder is as this process left it.
+    using IsOwn = std::function<bool(const CString& file)>;
+    explicit LibraryWatcher(IsOwn isOwn, QObject* parent = nullptr);
 
     // Watches the files that stand in that folder, from what they are now; none when it is empty.
     void Watch(const CString& folder);
@@ -39,12 +39,11 @@ private:
     static std::optional<Stamp> StampOf(const CString& path);
     Files Scan() const;
     void Check();
-    void OwnChange(const CString& path);
     void RenewPaths();
 
+    IsOwn m_isOwn;
     CString m_folder;
     Files m_known;
     QFileSystemWatcher m_watcher;
     QTimer m_settle; // others write in several steps
-    FileChangeListener m_before;
 };

@@ -3,9 +3,10 @@
 #include <QDir>
 #include <QSettings>
 
+#include "base/File.h"
 #include "platform/mfc/QtText.h"
-#include "platform/vmrd/VMRDEnv/DeletedStyles.h"
-#include "platform/vmrd/VmHFCBaseU/Files.h"
+#include "platform/vmrd/VMRDEnv/StyleFolder.h"
+#include "platform/vmrd/VmHFCBaseU/Trace.h"
 
 using namespace designspec;
 
@@ -27,7 +28,11 @@ bool IsProject(const QString& folder)
 
 bool CreateProject(const QString& folder)
 {
-    return !folder.isEmpty() && CreateFolder(FromQString(LibraryFolder(folder)));
+    Problems problems;
+    const bool made =
+        !folder.isEmpty() && CreateFolder(FromQString(LibraryFolder(folder)), problems);
+    TraceProblems(problems);
+    return made;
 }
 
 QStringList RecentProjects::List() const

@@ -7,10 +7,9 @@
 #include "host/DeletedStylesDialog.h"
 #include "host/FileChoice.h"
 #include "host/ImportDialog.h"
-#include "host/StyleImport.h"
 #include "platform/mfc/MessageBox.h"
 #include "platform/mfc/QtText.h"
-#include "platform/vmrd/VMRDEnv/DeletedStyles.h"
+#include "platform/vmrd/VmHFCBaseU/Trace.h"
 
 using namespace designspec;
 
@@ -123,8 +122,10 @@ void StyleCommands::Delete(const Selection& selected)
         CStyle* const style = styles->Item(id);
         if (!style || !m_editor->Delete(style)) continue;
         ++deleted;
-        if (!SetStyleAside(*styles, id))
-            emit Failed(tr("样式已从列表中删除, 但它的文件没有移走。"));
+        Problems problems;
+        const bool moved = styles->Files().SetAside(id, problems);
+        TraceProblems(problems);
+        if (!moved) emit Failed(tr("样式已从列表中删除, 但它的文件没有移走。"));
     }
     if (deleted > 0) emit Note(tr("已删除 %1 个样式, 可以用“已删除…”恢复。").arg(deleted));
     KeepDefault(before);
@@ -154,8 +155,8 @@ void StyleCommands::Import()
 
     ImportDialog dialog(*styles, names, ids, m_window);
     if (dialog.exec() != QDialog::Accepted) return;
-    const ImportResult result =
-        ImportStyles(*styles, FromQString(path), dialog.Names(), dialog.Overwrite());
+    const StyleImport result =
+        styles->ImportAndSave(FromQString(path), dialog.Names(), dialog.Overwrite());
     emit Listed();
     if (!result.read)
         emit Failed(tr("无法导入: %1").arg(path));

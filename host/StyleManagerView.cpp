@@ -54,7 +54,6 @@ StyleManagerView::StyleManagerView(QWidget* parent)
 StyleManagerView::~StyleManagerView()
 {
     SaveLayout();
-    CStyles::SetRefurbishListener(m_refurbishBefore);
 }
 
 void StyleManagerView::MakeTable()
@@ -147,7 +146,7 @@ void StyleManagerView::Connect()
             [this](unsigned command) { m_commands->Run(command, Selected()); });
     connect(m_commands, &StyleCommands::Made, this, &StyleManagerView::Select);
     connect(m_commands, &StyleCommands::Listed, this, &StyleManagerView::Refresh);
-    m_refurbishBefore = CStyles::SetRefurbishListener([this](CStyles&) { Refresh(); });
+    m_refurbished = CStyles::ConnectRefurbish([this](CStyles&) { Refresh(); });
     m_groupsChanged = CStyleManager::Changed().Connect([this] { ShowGroups(); });
 }
 

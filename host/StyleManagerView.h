@@ -77,6 +77,6 @@ private:
     QString m_hostHint; // empty: the list is shown
     QString m_hostCaption;
     std::function<void()> m_hostAction;
-    CStyles::RefurbishListener m_refurbishBefore;
+    designspec::Connection m_refurbished;
     designspec::Connection m_groupsChanged;
 };

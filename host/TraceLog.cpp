@@ -1,19 +1,12 @@
 #include "host/TraceLog.h"
 
-#include <utility>
-
 #include "platform/mfc/QtText.h"
 
 using namespace designspec;
 
 TraceLog::TraceLog(QObject* parent) : QAbstractTableModel(parent)
 {
-    m_before = SetTraceSink([this](const TraceLine& line) { Add(line); });
-}
-
-TraceLog::~TraceLog()
-{
-    SetTraceSink(m_before);
+    m_trace = ConnectTrace([this](const TraceLine& line) { Add(line); });
 }
 
 void TraceLog::Add(const TraceLine& line)
@@ -41,7 +34,7 @@ QString TraceLog::Text(const Entry& entry, int column) const
     case TimeColumn:
         return entry.time.toString(QStringLiteral("hh:mm:ss"));
     case LevelColumn:
-        return entry.line.level == TraceLevel::Error ? tr("错误") : tr("提示");
+        return entry.line.severity == TraceLevel::Error ? tr("错误") : tr("提示");
     case FileColumn:
         return ToQString(entry.line.file);
     case LineColumn:
@@ -56,7 +49,7 @@ QVariant TraceLog::data(const QModelIndex& index, int role) const
     if (!index.isValid()) return {};
     const Entry& entry = m_entries[static_cast<size_t>(index.row())];
     if (role == Qt::DisplayRole || role == Qt::ToolTipRole) return Text(entry, index.column());
-    if (role == IsErrorRole) return entry.line.level == TraceLevel::Error;
+    if (role == IsErrorRole) return entry.line.severity == TraceLevel::Error;
     if (role == Qt::TextAlignmentRole && index.column() == LineColumn)
         return QVariant(Qt::AlignRight | Qt::AlignVCenter);
     return {};

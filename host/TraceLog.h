@@ -14,7 +14,6 @@ public:
     enum Role { IsErrorRole = Qt::UserRole };
 
     explicit TraceLog(QObject* parent = nullptr);
-    ~TraceLog() override;
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -33,5 +32,5 @@ private:
     QString Text(const Entry& entry, int column) const;
 
     std::vector<Entry> m_entries;
-    TraceSink m_before;
+    designspec::Connection m_trace;
 };

@@ -16,6 +16,8 @@
 #include "host/Snapshot.h"
 #include "platform/vmrd/VmHFCBaseU/Trace.h"
 
+using namespace designspec;
+
 namespace {
 
 constexpr char kSnapshotOption[] = "snapshot";

@@ -3,32 +3,25 @@
 #include "base/File.h"
 #include "base/Format.h"
 #include "base/Text.h"
-#include "library/DesignSpecifications.h"
+#include "library/SpecificationReading.h"
 #include "model/Criteria.h"
-#include "platform/vmrd/VMRDEnv/DeletedStyles.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
 
-using namespace designspec;
+namespace designspec {
 
 namespace {
 
 // Collects what is odd in one file.
 class FileCheck {
 public:
-    FileCheck(CString path, std::vector<TraceLine>& findings)
-        : m_path(std::move(path)), m_findings(findings)
-    {
-    }
+    FileCheck(CString path, Problems& findings) : m_path(std::move(path)), m_findings(findings) {}
 
     void CheckFile(const CString& file)
     {
         CXTPPropExchangeXMLNode root(true, kStyleLibraryRoot);
-        // That it cannot be read has been told when the library was loaded.
-        const TraceSink sink = SetTraceSink([](const TraceLine&) {});
-        const bool loaded = root.LoadFromFile(m_path.c_str());
-        SetTraceSink(sink);
-        if (!loaded) return;
-        const CString path = CDesignSpecifications::GetInstance()->StylesPath() + L"/Style";
+        // That it cannot be read has been told when the folder was loaded.
+        if (!root.LoadFromFile(m_path.c_str())) return;
+        const CString path = StylesPath(kLibraryName) + L"/Style";
         CXTPPropExchangeEnumerator styles = root.GetEnumerator(path.c_str());
         while (styles.HasNext()) {
             const CXTPPropExchange style = styles.GetNext();
@@ -41,7 +34,7 @@ public:
 private:
     void Find(const CXTPPropExchange& section, const CString& text)
     {
-        m_findings.push_back({TraceLevel::Note, ToWide(NativePath(m_path)), section.Line(), text});
+        AddProblem(m_findings, Severity::Note, m_path, section.Line(), text);
     }
 
     void CheckName(const CXTPPropExchange& style, const CString& file)
@@ -87,19 +80,22 @@ private:
     }
 
     CString m_path;
-    std::vector<TraceLine>& m_findings;
+    Problems& m_findings;
 };
 
 } // namespace
 
-std::vector<TraceLine> CheckLibraryFiles()
+Problems CheckFiles(const StyleFolder& folder)
 {
-    std::vector<TraceLine> findings;
-    for (const CString& file : FindFiles(StylesFolder(), L".hds"))
-        FileCheck(StylesFolder() + L"\\" + file, findings).CheckFile(file);
-    for (const CString& file : FindFiles(StylesFolder(), L".tmp"))
+    Problems findings;
+    Problems unread; // told when the folder was loaded
+    for (const CString& file : folder.Files(unread))
+        FileCheck(folder.PathOf(file), findings).CheckFile(file);
+    for (const CString& file : FindFiles(folder.Path(), L".tmp", unread))
         if (IsTemporaryFile(file))
-            findings.push_back({TraceLevel::Note, ToWide(NativePath(StylesFolder() + L"\\" + file)),
-                                0, L"中断的保存留下的临时文件,可以删除"});
+            AddProblem(findings, Severity::Note, folder.PathOf(file), 0,
+                       L"中断的保存留下的临时文件,可以删除");
     return findings;
 }
+
+} // namespace designspec

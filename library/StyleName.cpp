@@ -2,8 +2,9 @@
 
 #include "base/NoCase.h"
 #include "base/Text.h"
+#include "base/XmlCheck.h"
 
-using namespace designspec;
+namespace designspec {
 
 namespace {
 
@@ -13,15 +14,16 @@ constexpr size_t kAroundName = 36 + 2 + 4; // identity, braces, ".hds"
 
 } // namespace
 
-CString StyleNameProblem(const CDesignSpecifications& library, const CString& name,
+CString StyleNameProblem(const SpecificationFolder& folder, const CString& name,
                          const CString& openedName)
 {
     if (name.empty()) return L"样式名不能为空!";
     if (name.find_first_of(kForbidden) != CString::npos)
         return CString(L"样式名中不允许出现如下字符: ") + kForbidden;
     const bool keepsItsName = !openedName.empty() && EqualNoCase(name, openedName);
-    if (library.Item(name.c_str()) && !keepsItsName) return L"和已有样式重名!";
-    return {};
+    if (folder.Find(name.c_str()) && !keepsItsName) return L"和已有样式重名!";
+    if (!IsXmlText(name)) return L"样式名中有文件无法记录的字符";
+    return FileNameProblem(name);
 }
 
 CString FileNameProblem(const CString& name)
@@ -32,3 +34,5 @@ CString FileNameProblem(const CString& name)
     if (ToUtf8(name).size() + kAroundName > kLongestFileName) return L"名称过长,不能用作文件名";
     return {};
 }
+
+} // namespace designspec

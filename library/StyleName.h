@@ -1,16 +1,18 @@
 // What a specification may be called.
 #pragma once
 
-#include "platform/mfc/Export.h"
+#include "library/SpecificationFolder.h"
 
-#include "library/DesignSpecifications.h"
+namespace designspec {
 
-// Why a user may not give the name (already trimmed) to a specification; empty when he may.
-// `openedName` is the name that the specification has now, empty for a new one: it may keep that,
-// in any case.
-AFX_EXT_API CString StyleNameProblem(const CDesignSpecifications& library, const CString& name,
+// Why a user may not give the name (already trimmed) to a specification, in the editor or by the
+// command; empty when he may. `openedName` is the name that the specification has now, empty for a
+// new one: it may keep that, in any case.
+AFX_EXT_API CString StyleNameProblem(const SpecificationFolder& folder, const CString& name,
                                      const CString& openedName);
 
-// Why no file can bear the name: it would leave the library's folder, or is too long with the
-// identity behind it. Empty when one can.
+// Why no file can bear the name: it would leave the folder, or is too long with the identity behind
+// it. Empty when one can. Saving asks this of any name, wherever it comes from.
 AFX_EXT_API CString FileNameProblem(const CString& name);
+
+} // namespace designspec

@@ -1,7 +1,7 @@
 // Lengths of straight lines (tangents) of the horizontal alignment.
 #pragma once
 
-#include "platform/mfc/Export.h"
+#include "base/Export.h"
 
 #include "model/Field.h"
 

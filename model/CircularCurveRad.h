@@ -1,7 +1,7 @@
 // Radii of circular curves.
 #pragma once
 
-#include "platform/mfc/Export.h"
+#include "base/Export.h"
 
 #include "model/Field.h"
 

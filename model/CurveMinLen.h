@@ -1,7 +1,7 @@
 // Lengths of horizontal curves, and of those with a small deflection angle.
 #pragma once
 
-#include "platform/mfc/Export.h"
+#include "base/Export.h"
 
 #include "model/Field.h"
 

@@ -1,7 +1,7 @@
 // Widening of a lane on circular curves.
 #pragma once
 
-#include "platform/mfc/Export.h"
+#include "base/Export.h"
 
 #include "model/Field.h"
 

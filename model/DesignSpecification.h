@@ -13,7 +13,7 @@
 #include "model/SuperElevation.h"
 #include "model/TransitionCurveMinLen.h"
 #include "model/VerticalCurve.h"
-#include "platform/mfc/Export.h"
+#include "base/Export.h"
 #include "platform/vmrd/VMRDEnv/Style.h"
 
 class AFX_EXT_CLASS CDesignSpecification : public CStyle {

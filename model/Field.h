@@ -7,7 +7,7 @@
 #include <type_traits>
 
 #include "model/SpeedTable.h"
-#include "platform/mfc/Export.h"
+#include "base/Export.h"
 #include "platform/mfc/String.h"
 
 // A 32-bit boolean: 0 is false, anything else true.

@@ -4,7 +4,7 @@
 #include "base/NoCase.h"
 #include "base/Number.h"
 #include "base/Text.h"
-#include "platform/xtp/PropExchange.h"
+#include "base/XmlCheck.h"
 
 namespace designspec {
 

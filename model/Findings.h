@@ -4,18 +4,16 @@
 #include <string>
 #include <vector>
 
-#include "platform/mfc/Export.h"
+#include "base/Export.h"
+#include "base/Problem.h"
 
 class CDesignSpecification;
 
 namespace designspec {
 
-enum class Severity {
-    Note,  // odd, or not what the editor would store
-    Error, // a page of the editor refuses to store it
-};
-
 struct Finding {
+    // Error: a page of the editor refuses to store it. Note: odd, or not what the editor would
+    // store.
     Severity severity = Severity::Note;
     std::wstring path; // of the value: CircularCurveRad.SuperelevationMinRad[80]
     std::wstring text; // for people; where the editor has a message, that message

@@ -1,7 +1,7 @@
 // Longitudinal gradients.
 #pragma once
 
-#include "platform/mfc/Export.h"
+#include "base/Export.h"
 
 #include "model/Field.h"
 

@@ -1,7 +1,7 @@
 // Lengths of grades: stretches of one gradient between two vertical points of intersection.
 #pragma once
 
-#include "platform/mfc/Export.h"
+#include "base/Export.h"
 
 #include "model/Field.h"
 

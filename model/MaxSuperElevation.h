@@ -1,7 +1,7 @@
 // Maximum superelevation and its runoff.
 #pragma once
 
-#include "platform/mfc/Export.h"
+#include "base/Export.h"
 
 #include "model/Field.h"
 

@@ -1,7 +1,7 @@
 // Resultant gradients: longitudinal and cross slope combined.
 #pragma once
 
-#include "platform/mfc/Export.h"
+#include "base/Export.h"
 
 #include "model/Field.h"
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/mfc/Export.h"
+#include "base/Export.h"
 
 class CDSMaxSuperElevation;
 

@@ -4,7 +4,7 @@
 #include <cstddef>
 
 #include "model/GrowArray.h"
-#include "platform/mfc/Export.h"
+#include "base/Export.h"
 
 class CXTPPropExchange;
 

@@ -1,7 +1,7 @@
 // Superelevation tables: the superelevation that a circular curve of a given radius receives.
 #pragma once
 
-#include "platform/mfc/Export.h"
+#include "base/Export.h"
 
 #include "model/Field.h"
 

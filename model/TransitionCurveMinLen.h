@@ -1,7 +1,7 @@
 // Lengths of transition curves, and when a circular curve may do without one.
 #pragma once
 
-#include "platform/mfc/Export.h"
+#include "base/Export.h"
 
 #include "model/Field.h"
 

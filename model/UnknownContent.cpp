@@ -7,7 +7,7 @@
 #include "base/Text.h"
 #include "model/Criteria.h"
 #include "model/ValuePath.h"
-#include "platform/xtp/PropExchange.h"
+#include "platform/xtp/PropExchangeXMLNode.h"
 
 namespace designspec {
 

@@ -1,7 +1,7 @@
 // Vertical curves: their radii and lengths.
 #pragma once
 
-#include "platform/mfc/Export.h"
+#include "base/Export.h"
 
 #include "model/Field.h"
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "base/Number.h"
+#include "base/Text.h"
 #include "model/Rules.h"
-#include "platform/vmrd/VmHFCBaseU/Text.h"
 
 using namespace designspec;
 

@@ -4,8 +4,8 @@
 #include <filesystem>
 #include <iostream>
 
-#include "library/DesignSpecifications.h"
-#include "platform/vmrd/VMRDPub/VMRDPub.h"
+#include <designspec/library/DesignSpecifications.h>
+#include <designspec/platform/vmrd/VMRDPub/VMRDPub.h>
 
 namespace {
 

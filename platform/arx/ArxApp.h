@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/arx/AppMessages.h"
-#include "platform/mfc/Export.h"
+#include "base/Export.h"
 
 // `packet` is the module's file name (const wchar_t*).
 class AFX_EXT_CLASS AcRxDbxApp {

@@ -1,7 +1,7 @@
 // The host's documents, as far as a module locks the current one while it works with it.
 #pragma once
 
-#include "platform/mfc/Export.h"
+#include "base/Export.h"
 
 namespace Acad {
 enum ErrorStatus { eOk = 0, eInvalidInput = 3, eNotApplicable = 8 };

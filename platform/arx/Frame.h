@@ -1,7 +1,7 @@
 // The host's main window, which a module's dialogs have as their parent.
 #pragma once
 
-#include "platform/mfc/Export.h"
+#include "base/Export.h"
 
 class QWidget;
 

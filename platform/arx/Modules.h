@@ -1,8 +1,8 @@
 // Modules: shared objects that are loaded, told so, counted, and unloaded by file name.
 #pragma once
 
+#include "base/Export.h"
 #include "base/Signal.h"
-#include "platform/mfc/Export.h"
 #include "platform/mfc/String.h"
 
 // Loads the module, or counts one more user of it when it is loaded. A name without a folder is

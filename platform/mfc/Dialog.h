@@ -3,7 +3,7 @@
 
 #include <QDialog>
 
-#include "platform/mfc/Export.h"
+#include "base/Export.h"
 #include "platform/mfc/String.h"
 
 using UINT = unsigned int;

@@ -6,7 +6,7 @@
 #include <QPoint>
 
 #include "platform/mfc/Dialog.h"
-#include "platform/mfc/Export.h"
+#include "base/Export.h"
 #include "platform/mfc/String.h"
 
 class QAction;

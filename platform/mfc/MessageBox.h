@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/mfc/Dialog.h"
-#include "platform/mfc/Export.h"
+#include "base/Export.h"
 #include "platform/mfc/String.h"
 
 class QWidget;

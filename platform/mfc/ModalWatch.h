@@ -8,7 +8,7 @@
 #include <QTimer>
 #include <QWidget>
 
-#include "platform/mfc/Export.h"
+#include "base/Export.h"
 
 namespace designspec {
 

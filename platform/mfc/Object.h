@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "platform/mfc/Export.h"
+#include "base/Export.h"
 
 class CArchive;
 class CDumpContext;

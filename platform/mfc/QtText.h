@@ -4,7 +4,7 @@
 
 #include <QString>
 
-#include "platform/mfc/Export.h"
+#include "base/Export.h"
 #include "platform/mfc/String.h"
 
 namespace designspec {

@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "platform/mfc/Export.h"
+#include "base/Export.h"
 
 struct GUID {
     std::uint32_t Data1 = 0;

@@ -8,7 +8,8 @@
 
 #include <memory>
 
-#include "platform/mfc/Export.h"
+#include "base/Problem.h"
+#include "base/Export.h"
 #include "platform/mfc/String.h"
 
 namespace pugi {
@@ -16,13 +17,9 @@ struct xml_node_struct;
 }
 
 class CXTPPropExchangeEnumerator;
-struct XmlDocument;
-
-// Something that a document holds and that cannot be taken as it stands.
-struct ExchangeProblem {
-    int line = 0; // 1-based line in the file
-    CString text;
-};
+namespace designspec {
+class XmlDocument;
+}
 
 class AFX_EXT_CLASS CXTPPropExchange {
 public:
@@ -78,13 +75,13 @@ public:
     // The element itself; null when the section does not exist.
     pugi::xml_node_struct* Node() const { return m_node; }
 
-    // The problems met so far, taken out of the document: the first thousand, and one that says
-    // so when there were more.
-    std::vector<ExchangeProblem> TakeProblems() const;
+    // The problems met so far with reading and writing the document, taken out of it: the first
+    // thousand, and one that says so when there were more.
+    designspec::Problems TakeProblems() const;
 
 protected:
     friend class CXTPPropExchangeEnumerator;
-    std::shared_ptr<XmlDocument> m_document;
+    std::shared_ptr<designspec::XmlDocument> m_document;
     pugi::xml_node_struct* m_node = nullptr;
     bool m_storing = false;
     bool m_compact = false;
@@ -115,34 +112,6 @@ public:
 private:
     friend class CXTPPropExchange;
     CXTPPropExchange m_next;
-};
-
-// True when every character can stand in an XML document. Storing a text puts U+FFFD in place of
-// those that cannot: most control characters, lone surrogates.
-AFX_EXT_API bool IsXmlText(std::wstring_view text);
-
-// The exchange with a whole document.
-class AFX_EXT_CLASS CXTPPropExchangeXMLNode : public CXTPPropExchange {
-public:
-    CXTPPropExchangeXMLNode() = default;
-    // An empty document with that root element.
-    CXTPPropExchangeXMLNode(bool loading, const wchar_t* rootName);
-
-    // Reads a file in place of the document. False, with a trace line that names file, line and
-    // cause, when it cannot be read, is not well-formed, is no text in the encoding it declares,
-    // holds a document type declaration, nests elements deeper than 64, is larger than 32 MiB or
-    // has another root. Then there is no document: no section exists.
-    bool LoadFromFile(const wchar_t* path);
-    // The same for a file's bytes; `name` is how trace lines name them.
-    bool LoadFromBytes(std::string_view bytes, const CString& name);
-
-    // Writes the document: UTF-8, indented, whole or not at all (see WriteWholeFile). False, with
-    // a trace line, when that failed.
-    bool SaveToFile(const wchar_t* path) const;
-    std::string SaveToBytes() const;
-
-private:
-    CString m_rootName;
 };
 
 // The exchange of one value, as DoPropExchange writes it. The forms with a default give that to

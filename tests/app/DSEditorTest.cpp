@@ -20,12 +20,6 @@ namespace {
 
 class DSEditor : public AppTest {
 protected:
-    DSEditor()
-    {
-        m_before = CStyles::SetRefurbishListener([this](CStyles&) { ++m_refurbished; });
-    }
-    ~DSEditor() override { CStyles::SetRefurbishListener(m_before); }
-
     // The name that the dialog proposes; the dialog is cancelled.
     std::string Proposed(CStyle* from)
     {
@@ -41,7 +35,7 @@ protected:
 
     CDSEditor m_editor;
     int m_refurbished = 0;
-    CStyles::RefurbishListener m_before;
+    Connection m_connection = CStyles::ConnectRefurbish([this](CStyles&) { ++m_refurbished; });
 };
 
 void Accept(QWidget* window)

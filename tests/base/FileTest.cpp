@@ -12,9 +12,8 @@
 #include <unistd.h>
 
 #include "base/Text.h"
-#include "platform/vmrd/VmHFCBaseU/FileChange.h"
+#include "tests/support/ProblemList.h"
 #include "tests/support/TemporaryFolder.h"
-#include "tests/support/TraceCapture.h"
 
 using namespace designspec;
 
@@ -24,19 +23,19 @@ namespace {
 
 class File : public testing::Test {
 protected:
-    // The one trace line that names `path` as told and gives the cause.
-    void ExpectTrace(const CString& path, const CString& text)
+    // The one problem that names `path` as told and gives the cause.
+    void ExpectProblem(const CString& path, const CString& text)
     {
-        ASSERT_EQ(m_trace.Lines().size(), 1U) << ToUtf8(m_trace.Text());
-        EXPECT_EQ(m_trace.Lines()[0].level, TraceLevel::Error);
-        EXPECT_EQ(m_trace.Lines()[0].file, ToWide(NativePath(path)));
-        EXPECT_EQ(ToUtf8(m_trace.Lines()[0].text), ToUtf8(text));
-        m_trace.Clear();
+        ASSERT_EQ(m_problems.Lines().size(), 1U) << ToUtf8(m_problems.Text());
+        EXPECT_EQ(m_problems.Lines()[0].severity, Severity::Error);
+        EXPECT_EQ(m_problems.Lines()[0].file, ToWide(NativePath(path)));
+        EXPECT_EQ(ToUtf8(m_problems.Lines()[0].text), ToUtf8(text));
+        m_problems.Clear();
     }
-    void ExpectSilence() { EXPECT_EQ(ToUtf8(m_trace.Text()), ""); }
+    void ExpectSilence() { EXPECT_EQ(ToUtf8(m_problems.Text()), ""); }
 
     TemporaryFolder m_folder;
-    TraceCapture m_trace;
+    ProblemList m_problems;
 };
 
 // Runs `test` in a process of its own, which may give up rights and limit itself; prints what went
@@ -85,7 +84,7 @@ TEST_F(File, AFileNameStaysInItsFolder)
 
 TEST_F(File, WritesANewFileAndNothingElse)
 {
-    EXPECT_TRUE(WriteWholeFile(m_folder.Path(L"规范.hds"), "新的"));
+    EXPECT_TRUE(WriteWholeFile(m_folder.Path(L"规范.hds"), "新的", m_problems));
     EXPECT_EQ(m_folder.Read("规范.hds"), "新的");
     EXPECT_EQ(m_folder.Count(), 1);
     ExpectSilence();
@@ -94,7 +93,7 @@ TEST_F(File, WritesANewFileAndNothingElse)
 TEST_F(File, ANewFileHasThePermissionsThatTheMaskLeaves)
 {
     const mode_t before = umask(027);
-    EXPECT_TRUE(WriteWholeFile(m_folder.Path(L"a"), "x"));
+    EXPECT_TRUE(WriteWholeFile(m_folder.Path(L"a"), "x", m_problems));
     umask(before);
     EXPECT_EQ(fs::status(m_folder.Native("a")).permissions(), fs::perms(0640));
 }
@@ -102,9 +101,9 @@ TEST_F(File, ANewFileHasThePermissionsThatTheMaskLeaves)
 TEST_F(File, ReplacesAFileWhole)
 {
     m_folder.Write("a", "a longer text than the new one");
-    EXPECT_TRUE(WriteWholeFile(m_folder.Path(L"a"), "new"));
+    EXPECT_TRUE(WriteWholeFile(m_folder.Path(L"a"), "new", m_problems));
     EXPECT_EQ(m_folder.Read("a"), "new");
-    EXPECT_TRUE(WriteWholeFile(m_folder.Path(L"a"), ""));
+    EXPECT_TRUE(WriteWholeFile(m_folder.Path(L"a"), "", m_problems));
     EXPECT_EQ(m_folder.Read("a"), "");
     EXPECT_EQ(m_folder.Count(), 1);
 }
@@ -114,7 +113,7 @@ TEST_F(File, KeepsThePermissionsOfTheFileItReplaces)
     m_folder.Write("a", "old");
     for (const auto mode : {fs::perms(0600), fs::perms(0664), fs::perms(0444)}) {
         fs::permissions(m_folder.Native("a"), mode);
-        EXPECT_TRUE(WriteWholeFile(m_folder.Path(L"a"), "new"));
+        EXPECT_TRUE(WriteWholeFile(m_folder.Path(L"a"), "new", m_problems));
         EXPECT_EQ(fs::status(m_folder.Native("a")).permissions(), mode);
     }
 }
@@ -123,7 +122,7 @@ TEST_F(File, ReplacesALinkAndLeavesWhatItLeadsTo)
 {
     m_folder.Write("real", "old");
     fs::create_symlink("real", m_folder.Native("link"));
-    EXPECT_TRUE(WriteWholeFile(m_folder.Path(L"link"), "new"));
+    EXPECT_TRUE(WriteWholeFile(m_folder.Path(L"link"), "new", m_problems));
     EXPECT_FALSE(fs::is_symlink(m_folder.Native("link")));
     EXPECT_EQ(m_folder.Read("link"), "new");
     EXPECT_EQ(m_folder.Read("real"), "old");
@@ -133,16 +132,16 @@ TEST_F(File, DoesNotWriteOverAFolder)
 {
     fs::create_directory(m_folder.Native("a.hds"));
     const CString path = m_folder.Path(L"a.hds");
-    EXPECT_FALSE(WriteWholeFile(path, "new"));
-    ExpectTrace(path, L"无法写入: 是文件夹,不是文件");
+    EXPECT_FALSE(WriteWholeFile(path, "new", m_problems));
+    ExpectProblem(path, L"无法写入: 是文件夹,不是文件");
     EXPECT_EQ(m_folder.Count(), 1);
 }
 
 TEST_F(File, DoesNotMakeAMissingFolder)
 {
     const CString path = m_folder.Path(L"none\\a.hds");
-    EXPECT_FALSE(WriteWholeFile(path, "new"));
-    ExpectTrace(path, L"无法写入: 不存在");
+    EXPECT_FALSE(WriteWholeFile(path, "new", m_problems));
+    ExpectProblem(path, L"无法写入: 不存在");
     EXPECT_EQ(m_folder.Count(), 0);
 }
 
@@ -150,18 +149,18 @@ TEST_F(File, DoesNotWriteBelowAFile)
 {
     m_folder.Write("a", "old");
     const CString path = m_folder.Path(L"a/b");
-    EXPECT_FALSE(WriteWholeFile(path, "new"));
-    ExpectTrace(path, L"无法写入: 路径中有一段不是文件夹");
+    EXPECT_FALSE(WriteWholeFile(path, "new", m_problems));
+    ExpectProblem(path, L"无法写入: 路径中有一段不是文件夹");
     EXPECT_EQ(m_folder.Read("a"), "old");
 }
 
 TEST_F(File, DoesNotWriteANameThatIsTooLong)
 {
     const CString path = m_folder.Path(CString(256, L'a'));
-    EXPECT_FALSE(WriteWholeFile(path, "new"));
-    ExpectTrace(path, L"无法写入: 文件名过长");
+    EXPECT_FALSE(WriteWholeFile(path, "new", m_problems));
+    ExpectProblem(path, L"无法写入: 文件名过长");
     EXPECT_EQ(m_folder.Count(), 0);
-    EXPECT_TRUE(WriteWholeFile(m_folder.Path(CString(255, L'a')), "new"));
+    EXPECT_TRUE(WriteWholeFile(m_folder.Path(CString(255, L'a')), "new", m_problems));
 }
 
 TEST_F(File, ANameWithANulIsNeverCutShort)
@@ -170,23 +169,23 @@ TEST_F(File, ANameWithANulIsNeverCutShort)
     const CString path = m_folder.Path(std::wstring_view(L"a\0.hds", 6));
     const CString other = m_folder.Path(L"b");
     std::string bytes = "kept";
-    EXPECT_FALSE(WriteWholeFile(path, "new"));
-    ExpectTrace(path, L"无法写入: 文件名无效");
-    EXPECT_FALSE(ReadWholeFile(path, bytes, 100));
-    ExpectTrace(path, L"无法读取: 文件名无效");
-    EXPECT_FALSE(CopyFile(path, other));
-    ExpectTrace(path, L"无法读取: 文件名无效");
-    EXPECT_FALSE(CopyFile(m_folder.Path(L"a"), path));
-    ExpectTrace(path, L"无法写入: 文件名无效");
-    EXPECT_FALSE(MoveFile(path, other));
-    ExpectTrace(path, L"无法移动: 文件名无效");
-    EXPECT_FALSE(MoveFile(m_folder.Path(L"a"), path));
-    ExpectTrace(m_folder.Path(L"a"), L"无法移动: 文件名无效");
-    EXPECT_FALSE(DeleteFile(path));
-    ExpectTrace(path, L"无法删除: 文件名无效");
+    EXPECT_FALSE(WriteWholeFile(path, "new", m_problems));
+    ExpectProblem(path, L"无法写入: 文件名无效");
+    EXPECT_FALSE(ReadWholeFile(path, bytes, 100, m_problems));
+    ExpectProblem(path, L"无法读取: 文件名无效");
+    EXPECT_FALSE(CopyFile(path, other, m_problems));
+    ExpectProblem(path, L"无法读取: 文件名无效");
+    EXPECT_FALSE(CopyFile(m_folder.Path(L"a"), path, m_problems));
+    ExpectProblem(path, L"无法写入: 文件名无效");
+    EXPECT_FALSE(MoveFile(path, other, m_problems));
+    ExpectProblem(path, L"无法移动: 文件名无效");
+    EXPECT_FALSE(MoveFile(m_folder.Path(L"a"), path, m_problems));
+    ExpectProblem(m_folder.Path(L"a"), L"无法移动: 文件名无效");
+    EXPECT_FALSE(DeleteFile(path, m_problems));
+    ExpectProblem(path, L"无法删除: 文件名无效");
     EXPECT_FALSE(PathFileExists(path));
     EXPECT_FALSE(IsSameFile(path, m_folder.Path(L"a")));
-    EXPECT_TRUE(FindFiles(path, L"").empty());
+    EXPECT_TRUE(FindFiles(path, L"", m_problems).empty());
     EXPECT_EQ(m_folder.Read("a"), "old");
     EXPECT_EQ(m_folder.Count(), 1);
     ExpectSilence();
@@ -199,9 +198,10 @@ TEST_F(File, AFullDiskLeavesTheOldFileWhole)
         signal(SIGXFSZ, SIG_IGN);
         const rlimit limit = {1 << 16, 1 << 16};
         if (setrlimit(RLIMIT_FSIZE, &limit) != 0) return "no limit";
-        if (WriteWholeFile(m_folder.Path(L"a"), std::string(1 << 17, 'x'))) return "written";
-        if (m_trace.Text() != m_folder.Path(L"a") + L": 无法写入: 超出文件大小限制")
-            return ToUtf8(m_trace.Text());
+        if (WriteWholeFile(m_folder.Path(L"a"), std::string(1 << 17, 'x'), m_problems))
+            return "written";
+        if (m_problems.Text() != m_folder.Path(L"a") + L": 无法写入: 超出文件大小限制")
+            return ToUtf8(m_problems.Text());
         return "";
     }));
     EXPECT_EQ(m_folder.Read("a"), "old");
@@ -214,17 +214,17 @@ TEST_F(File, AFolderWithoutPermissionLeavesTheOldFileWhole)
     fs::permissions(m_folder.Native(), fs::perms(0555));
     EXPECT_TRUE(PassesInChild([this]() -> std::string {
         BecomeOrdinaryUser();
-        if (WriteWholeFile(m_folder.Path(L"a"), "new")) return "written";
-        if (m_trace.Text() != m_folder.Path(L"a") + L": 无法写入: 没有权限")
-            return ToUtf8(m_trace.Text());
-        m_trace.Clear();
-        if (DeleteFile(m_folder.Path(L"a"))) return "deleted";
-        if (m_trace.Text() != m_folder.Path(L"a") + L": 无法删除: 没有权限")
-            return ToUtf8(m_trace.Text());
-        m_trace.Clear();
-        if (MoveFile(m_folder.Path(L"a"), m_folder.Path(L"b"))) return "moved";
-        if (m_trace.Text() != m_folder.Path(L"a") + L": 无法移动: 没有权限")
-            return ToUtf8(m_trace.Text());
+        if (WriteWholeFile(m_folder.Path(L"a"), "new", m_problems)) return "written";
+        if (m_problems.Text() != m_folder.Path(L"a") + L": 无法写入: 没有权限")
+            return ToUtf8(m_problems.Text());
+        m_problems.Clear();
+        if (DeleteFile(m_folder.Path(L"a"), m_problems)) return "deleted";
+        if (m_problems.Text() != m_folder.Path(L"a") + L": 无法删除: 没有权限")
+            return ToUtf8(m_problems.Text());
+        m_problems.Clear();
+        if (MoveFile(m_folder.Path(L"a"), m_folder.Path(L"b"), m_problems)) return "moved";
+        if (m_problems.Text() != m_folder.Path(L"a") + L": 无法移动: 没有权限")
+            return ToUtf8(m_problems.Text());
         return "";
     }));
     fs::permissions(m_folder.Native(), fs::perms(0755));
@@ -237,10 +237,11 @@ TEST_F(File, AFolderThatMayNotBeListedIsStillWrittenInto)
     fs::permissions(m_folder.Native(), fs::perms(0333));
     EXPECT_TRUE(PassesInChild([this]() -> std::string {
         BecomeOrdinaryUser();
-        if (!WriteWholeFile(m_folder.Path(L"a"), "new")) return ToUtf8(m_trace.Text());
-        if (!FindFiles(m_folder.Path(), L"").empty()) return "listed";
-        if (m_trace.Text() != m_folder.Path() + L": 文件夹无法读取: 没有权限")
-            return ToUtf8(m_trace.Text());
+        if (!WriteWholeFile(m_folder.Path(L"a"), "new", m_problems))
+            return ToUtf8(m_problems.Text());
+        if (!FindFiles(m_folder.Path(), L"", m_problems).empty()) return "listed";
+        if (m_problems.Text() != m_folder.Path() + L": 文件夹无法读取: 没有权限")
+            return ToUtf8(m_problems.Text());
         return "";
     }));
     fs::permissions(m_folder.Native(), fs::perms(0755));
@@ -255,10 +256,10 @@ TEST_F(File, AnUnreadableFileIsTold)
     EXPECT_TRUE(PassesInChild([this]() -> std::string {
         BecomeOrdinaryUser();
         std::string bytes;
-        if (ReadWholeFile(m_folder.Path(L"a"), bytes, 100)) return "read";
-        return m_trace.Text() == m_folder.Path(L"a") + L": 无法读取: 没有权限"
+        if (ReadWholeFile(m_folder.Path(L"a"), bytes, 100, m_problems)) return "read";
+        return m_problems.Text() == m_folder.Path(L"a") + L": 无法读取: 没有权限"
                    ? ""
-                   : ToUtf8(m_trace.Text());
+                   : ToUtf8(m_problems.Text());
     }));
 }
 
@@ -280,7 +281,7 @@ TEST_F(File, WritersAtTheSameTimeNeverMixTheirText)
         if (children[i] != 0) continue;
         bool done = true;
         for (int k = 0; k < 20; ++k)
-            done = WriteWholeFile(path, texts[i]) && done;
+            done = WriteWholeFile(path, texts[i], m_problems) && done;
         _exit(done ? 0 : 1);
     }
     for (const pid_t child : children) {
@@ -299,7 +300,7 @@ TEST_F(File, FindsFilesByTheirEndingSortedIgnoringCase)
                              "hds", ".hds", "x.xml"})
         m_folder.Write(name, "");
     fs::create_directory(m_folder.Native("a9.hds"));
-    EXPECT_EQ(FindFiles(m_folder.Path(), L".hds"),
+    EXPECT_EQ(FindFiles(m_folder.Path(), L".hds", m_problems),
               (CStringArray{L".hds", L"A.HDS", L"a.hds", L"a9.hds", L"b.hds", L"B2.hds", L"c.Hds",
                             L"中.hds"}));
     ExpectSilence();
@@ -308,38 +309,38 @@ TEST_F(File, FindsFilesByTheirEndingSortedIgnoringCase)
 TEST_F(File, FindsANameThatIsNotUtf8AndReadsIt)
 {
     m_folder.Write("\xB9\xE6.hds", "content");
-    const CStringArray names = FindFiles(m_folder.Path(), L".hds");
+    const CStringArray names = FindFiles(m_folder.Path(), L".hds", m_problems);
     ASSERT_EQ(names.size(), 1U);
     std::string bytes;
-    EXPECT_TRUE(ReadWholeFile(m_folder.Path(names[0]), bytes, 100));
+    EXPECT_TRUE(ReadWholeFile(m_folder.Path(names[0]), bytes, 100, m_problems));
     EXPECT_EQ(bytes, "content");
 }
 
 TEST_F(File, FindsNothingWhereThereIsNoFolder)
 {
-    EXPECT_TRUE(FindFiles(m_folder.Path(L"none"), L".hds").empty());
+    EXPECT_TRUE(FindFiles(m_folder.Path(L"none"), L".hds", m_problems).empty());
     ExpectSilence();
     const CString file = m_folder.Write("a.hds", "");
-    EXPECT_TRUE(FindFiles(file, L".hds").empty());
-    ExpectTrace(file, L"文件夹无法读取: 路径中有一段不是文件夹");
+    EXPECT_TRUE(FindFiles(file, L".hds", m_problems).empty());
+    ExpectProblem(file, L"文件夹无法读取: 路径中有一段不是文件夹");
 }
 
 TEST_F(File, ReadsAFileUpToItsLimit)
 {
     const CString path = m_folder.Write("a", std::string(1 << 20, 'x'));
     std::string bytes = "old";
-    EXPECT_TRUE(ReadWholeFile(path, bytes, 1 << 20));
+    EXPECT_TRUE(ReadWholeFile(path, bytes, 1 << 20, m_problems));
     EXPECT_EQ(bytes.size(), size_t{1 << 20});
     m_folder.Write("a", std::string((1 << 20) + 1, 'x'));
-    EXPECT_FALSE(ReadWholeFile(path, bytes, 1 << 20));
-    ExpectTrace(path, L"无法读取: 文件大于 1 MiB");
+    EXPECT_FALSE(ReadWholeFile(path, bytes, 1 << 20, m_problems));
+    ExpectProblem(path, L"无法读取: 文件大于 1 MiB");
 }
 
 TEST_F(File, ReadsNoFolder)
 {
     std::string bytes;
-    EXPECT_FALSE(ReadWholeFile(m_folder.Path(), bytes, 100));
-    ExpectTrace(m_folder.Path(), L"无法读取: 是文件夹,不是文件");
+    EXPECT_FALSE(ReadWholeFile(m_folder.Path(), bytes, 100, m_problems));
+    ExpectProblem(m_folder.Path(), L"无法读取: 是文件夹,不是文件");
 }
 
 TEST_F(File, DoesNotWaitForAPipeToBeWritten)
@@ -347,9 +348,9 @@ TEST_F(File, DoesNotWaitForAPipeToBeWritten)
     ASSERT_EQ(mkfifo(m_folder.Native("pipe").c_str(), 0666), 0);
     const auto start = std::chrono::steady_clock::now();
     std::string bytes;
-    EXPECT_FALSE(ReadWholeFile(m_folder.Path(L"pipe"), bytes, 100));
+    EXPECT_FALSE(ReadWholeFile(m_folder.Path(L"pipe"), bytes, 100, m_problems));
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
-    ExpectTrace(m_folder.Path(L"pipe"), L"无法读取: 不是普通文件");
+    ExpectProblem(m_folder.Path(L"pipe"), L"无法读取: 不是普通文件");
 }
 
 TEST_F(File, ReadsNoLinkThatLeadsToItself)
@@ -357,16 +358,16 @@ TEST_F(File, ReadsNoLinkThatLeadsToItself)
     fs::create_symlink("b", m_folder.Native("a"));
     fs::create_symlink("a", m_folder.Native("b"));
     std::string bytes;
-    EXPECT_FALSE(ReadWholeFile(m_folder.Path(L"a"), bytes, 100));
-    ExpectTrace(m_folder.Path(L"a"), L"无法读取: 符号链接成环");
+    EXPECT_FALSE(ReadWholeFile(m_folder.Path(L"a"), bytes, 100, m_problems));
+    ExpectProblem(m_folder.Path(L"a"), L"无法读取: 符号链接成环");
     EXPECT_TRUE(PathFileExists(m_folder.Path(L"a")));
 }
 
 TEST_F(File, ReadsNothingThatIsNotThere)
 {
     std::string bytes;
-    EXPECT_FALSE(ReadWholeFile(m_folder.Path(L"a"), bytes, 100));
-    ExpectTrace(m_folder.Path(L"a"), L"无法读取: 不存在");
+    EXPECT_FALSE(ReadWholeFile(m_folder.Path(L"a"), bytes, 100, m_problems));
+    ExpectProblem(m_folder.Path(L"a"), L"无法读取: 不存在");
 }
 
 TEST_F(File, IsTheSameByWhateverPath)
@@ -389,7 +390,7 @@ TEST_F(File, CopiesOverTheTarget)
     const std::string bytes("规范\0\r\n", 9);
     m_folder.Write("a", bytes);
     m_folder.Write("b", "old and longer than the new text");
-    EXPECT_TRUE(CopyFile(m_folder.Path(L"a"), m_folder.Path(L"b")));
+    EXPECT_TRUE(CopyFile(m_folder.Path(L"a"), m_folder.Path(L"b"), m_problems));
     EXPECT_EQ(m_folder.Read("b"), bytes);
     EXPECT_EQ(m_folder.Read("a"), bytes);
     EXPECT_EQ(m_folder.Count(), 2);
@@ -399,9 +400,9 @@ TEST_F(File, CopiedOntoItselfStaysAsItIs)
 {
     const CString path = m_folder.Write("a", "text");
     fs::create_hard_link(m_folder.Native("a"), m_folder.Native("hard"));
-    EXPECT_TRUE(CopyFile(path, path));
-    EXPECT_TRUE(CopyFile(path, m_folder.Path(L"./a")));
-    EXPECT_TRUE(CopyFile(path, m_folder.Path(L"hard")));
+    EXPECT_TRUE(CopyFile(path, path, m_problems));
+    EXPECT_TRUE(CopyFile(path, m_folder.Path(L"./a"), m_problems));
+    EXPECT_TRUE(CopyFile(path, m_folder.Path(L"hard"), m_problems));
     EXPECT_EQ(m_folder.Read("a"), "text");
     EXPECT_EQ(m_folder.Read("hard"), "text");
     EXPECT_EQ(m_folder.Count(), 2);
@@ -411,19 +412,19 @@ TEST_F(File, CopiedOntoItselfStaysAsItIs)
 TEST_F(File, ACopyTellsWhichOfTheTwoFailed)
 {
     const CString path = m_folder.Write("a", "text");
-    EXPECT_FALSE(CopyFile(m_folder.Path(L"none"), path));
-    ExpectTrace(m_folder.Path(L"none"), L"无法读取: 不存在");
+    EXPECT_FALSE(CopyFile(m_folder.Path(L"none"), path, m_problems));
+    ExpectProblem(m_folder.Path(L"none"), L"无法读取: 不存在");
     EXPECT_EQ(m_folder.Read("a"), "text");
-    EXPECT_FALSE(CopyFile(path, m_folder.Path(L"none/b")));
-    ExpectTrace(m_folder.Path(L"none/b"), L"无法写入: 不存在");
+    EXPECT_FALSE(CopyFile(path, m_folder.Path(L"none/b"), m_problems));
+    ExpectProblem(m_folder.Path(L"none/b"), L"无法写入: 不存在");
 }
 
 TEST_F(File, CopiesNoFileThatWouldNotFitIntoMemory)
 {
     m_folder.Write("huge", "");
     fs::resize_file(m_folder.Native("huge"), std::uintmax_t{1} << 40); // a hole: takes no room
-    EXPECT_FALSE(CopyFile(m_folder.Path(L"huge"), m_folder.Path(L"b")));
-    ExpectTrace(m_folder.Path(L"huge"), L"无法读取: 文件大于 256 MiB");
+    EXPECT_FALSE(CopyFile(m_folder.Path(L"huge"), m_folder.Path(L"b"), m_problems));
+    ExpectProblem(m_folder.Path(L"huge"), L"无法读取: 文件大于 256 MiB");
     EXPECT_FALSE(m_folder.Has("b"));
 }
 
@@ -431,43 +432,42 @@ TEST_F(File, MovesAndDeletes)
 {
     m_folder.Write("a", "text");
     const ino_t inode = InodeOf(m_folder.Native("a"));
-    EXPECT_TRUE(MoveFile(m_folder.Path(L"a"), m_folder.Path(L"b")));
+    EXPECT_TRUE(MoveFile(m_folder.Path(L"a"), m_folder.Path(L"b"), m_problems));
     EXPECT_EQ(InodeOf(m_folder.Native("b")), inode);
     EXPECT_FALSE(m_folder.Has("a"));
-    EXPECT_TRUE(DeleteFile(m_folder.Path(L"b")));
+    EXPECT_TRUE(DeleteFile(m_folder.Path(L"b"), m_problems));
     EXPECT_EQ(m_folder.Count(), 0);
     ExpectSilence();
 }
 
 TEST_F(File, WhatCannotBeMovedOrDeletedIsTold)
 {
-    EXPECT_FALSE(MoveFile(m_folder.Path(L"a"), m_folder.Path(L"b")));
-    ExpectTrace(m_folder.Path(L"a"), L"无法移动: 不存在");
-    EXPECT_FALSE(DeleteFile(m_folder.Path(L"a")));
+    EXPECT_FALSE(MoveFile(m_folder.Path(L"a"), m_folder.Path(L"b"), m_problems));
+    ExpectProblem(m_folder.Path(L"a"), L"无法移动: 不存在");
+    EXPECT_FALSE(DeleteFile(m_folder.Path(L"a"), m_problems));
     ExpectSilence();
     fs::create_directory(m_folder.Native("folder"));
-    EXPECT_FALSE(DeleteFile(m_folder.Path(L"folder")));
-    ExpectTrace(m_folder.Path(L"folder"), L"无法删除: 是文件夹,不是文件");
+    EXPECT_FALSE(DeleteFile(m_folder.Path(L"folder"), m_problems));
+    ExpectProblem(m_folder.Path(L"folder"), L"无法删除: 是文件夹,不是文件");
 }
 
-TEST_F(File, TheListenerHearsOfEachFileThatWasChangedAndOfNoOther)
+TEST_F(File, MakesAFolderWithWhatIsMissingAboveIt)
 {
-    CStringArray heard;
-    const FileChangeListener before =
-        SetFileChangeListener([&heard](const CString& path) { heard.push_back(path); });
-    const CString a = m_folder.Path(L"a");
-    const CString b = m_folder.Path(L"b");
-    EXPECT_TRUE(WriteWholeFile(a, "text"));
-    EXPECT_TRUE(CopyFile(a, b));
-    EXPECT_TRUE(DeleteFile(b));
-    EXPECT_TRUE(MoveFile(a, b));
-    EXPECT_EQ(heard, (CStringArray{a, b, b, a, b}));
-    heard.clear();
-    EXPECT_FALSE(WriteWholeFile(m_folder.Path(L"none/a"), "text"));
-    EXPECT_FALSE(MoveFile(a, b));
-    EXPECT_FALSE(DeleteFile(a));
-    EXPECT_EQ(heard, CStringArray());
-    SetFileChangeListener(before);
-    EXPECT_TRUE(DeleteFile(b));
-    EXPECT_EQ(heard, CStringArray());
+    EXPECT_TRUE(CreateFolder(m_folder.Path(L"规范\\已删除"), m_problems));
+    EXPECT_TRUE(fs::is_directory(m_folder.Native("规范/已删除")));
+    EXPECT_TRUE(CreateFolder(m_folder.Path(L"规范/已删除/"), m_problems));
+    ExpectSilence();
+}
+
+TEST_F(File, TellsWhyAFolderCannotBeMade)
+{
+    const std::wstring file = m_folder.Write("规范", "a file");
+    EXPECT_FALSE(CreateFolder(file, m_problems));
+    ExpectProblem(file, L"文件夹无法创建: 路径中有一段不是文件夹");
+    EXPECT_FALSE(CreateFolder(file + L"/已删除", m_problems));
+    ExpectProblem(file + L"/已删除", L"文件夹无法创建: 路径中有一段不是文件夹");
+    const std::wstring nul = m_folder.Path(std::wstring_view(L"a\0b", 3));
+    EXPECT_FALSE(CreateFolder(nul, m_problems));
+    ExpectProblem(nul, L"文件夹无法创建: 文件名无效");
+    EXPECT_FALSE(m_folder.Has("a"));
 }

@@ -36,3 +36,13 @@ TEST(Text, TrimsUnicodeWhiteSpace)
     EXPECT_EQ(Trim(L"   "), L"");
     EXPECT_EQ(TrimRight(L"1200/ a", L" \ta/"), L"1200");
 }
+
+TEST(Text, SplitsAtAnySeparatorAndLeavesEmptyPartsOut)
+{
+    EXPECT_EQ(SplitText(L"道路/平面\\规范", L"/\\"),
+              (std::vector<std::wstring>{L"道路", L"平面", L"规范"}));
+    EXPECT_EQ(SplitText(L"/a//\\b/", L"/\\"), (std::vector<std::wstring>{L"a", L"b"}));
+    EXPECT_EQ(SplitText(L"a b", L"/"), (std::vector<std::wstring>{L"a b"}));
+    EXPECT_TRUE(SplitText(L"", L"/").empty());
+    EXPECT_TRUE(SplitText(L"//", L"/").empty());
+}

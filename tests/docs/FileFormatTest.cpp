@@ -31,7 +31,8 @@ void ExpectNames(const std::string& section, std::span<const Field> fields)
 TEST(FileFormat, DescribesEveryCriterionAndField)
 {
     std::string text;
-    ASSERT_TRUE(ReadWholeFile(ToWide(SOURCE_DIR "/docs/file-format.md"), text, 1 << 20));
+    Problems problems;
+    ASSERT_TRUE(ReadWholeFile(ToWide(SOURCE_DIR "/docs/file-format.md"), text, 1 << 20, problems));
     for (const CriterionInfo& criterion : Criteria()) {
         const size_t begin = text.find("### " + ToUtf8(criterion.name) + ":");
         ASSERT_NE(begin, std::string::npos) << ToUtf8(criterion.name);

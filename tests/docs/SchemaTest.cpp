@@ -93,7 +93,8 @@ TEST_F(Schema, HoldsForAnExportOfNoneOneAndMany)
 TEST_F(Schema, HoldsForTheExampleFilesInAllTheirEncodings)
 {
     const CString folder = ToWide(SOURCE_DIR "/examples/project/规范");
-    const CStringArray files = FindFiles(folder, L".hds");
+    Problems problems;
+    const CStringArray files = FindFiles(folder, L".hds", problems);
     EXPECT_EQ(files.size(), 4U);
     for (const CString& file : files)
         EXPECT_TRUE(IsValid(folder + L"/" + file)) << ToUtf8(file);

@@ -17,7 +17,8 @@ const std::filesystem::path kGuide = kSource / "docs/user-guide.zh-CN.md";
 std::string Read(const std::filesystem::path& path)
 {
     std::string text;
-    EXPECT_TRUE(ReadWholeFile(ToWide(path.string()), text, 1 << 20)) << path;
+    designspec::Problems problems;
+    EXPECT_TRUE(ReadWholeFile(ToWide(path.string()), text, 1 << 20, problems)) << path;
     return text;
 }
 

@@ -19,7 +19,8 @@ CString ProjectFolder()
 std::string FileBytes(const wchar_t* name)
 {
     std::string bytes;
-    EXPECT_TRUE(ReadWholeFile(ProjectFolder() + L"/规范/" + name, bytes, 1 << 20));
+    Problems problems;
+    EXPECT_TRUE(ReadWholeFile(ProjectFolder() + L"/规范/" + name, bytes, 1 << 20, problems));
     return bytes;
 }
 
@@ -69,7 +70,8 @@ TEST_F(ExampleProject, FilesAreNamedAsTheLibraryNamesThem)
         const CStyle* item = m_library->Item(i);
         expected.push_back(item->Name() + VMRDPub::GUIDToStr(item->ID()) + L".hds");
     }
-    EXPECT_EQ(FindFiles(ProjectFolder() + L"/规范", L".hds"), expected);
+    Problems problems;
+    EXPECT_EQ(FindFiles(ProjectFolder() + L"/规范", L".hds", problems), expected);
 }
 
 TEST_F(ExampleProject, DefaultIsTheCityRoad)

@@ -13,6 +13,8 @@
 #include "platform/mfc/QtText.h"
 #include "tests/gui/Controls.h"
 
+using namespace designspec;
+
 namespace {
 
 QString Cell(const QAbstractItemModel& model, int row, int column)
@@ -37,17 +39,17 @@ TEST(TraceLog, KeepsEveryLine)
     EXPECT_EQ(Cell(log, 1000, TraceLog::TextColumn), QStringLiteral("坏了"));
 }
 
-TEST(TraceLog, GivesTheLinesBackAtItsEnd)
+TEST(TraceLog, LeavesTheLinesToOthersToo)
 {
     int told = 0;
-    const TraceSink before = SetTraceSink([&told](const TraceLine&) { ++told; });
+    const designspec::Connection trace = ConnectTrace([&told](const TraceLine&) { ++told; });
     {
         TraceLog log;
         Trace(L"one");
+        EXPECT_EQ(log.rowCount(), 1);
     }
     Trace(L"two");
-    SetTraceSink(before);
-    EXPECT_EQ(told, 1);
+    EXPECT_EQ(told, 2);
 }
 
 TEST(TracePanel, ShowsErrorsAloneAndCopiesWhatIsSelected)

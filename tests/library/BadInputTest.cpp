@@ -37,7 +37,7 @@ protected:
         EXPECT_EQ(Names(), L"first last");
         EXPECT_TRUE(OthersAreLoaded());
         ASSERT_EQ(m_trace.Lines().size(), 1U) << ToUtf8(m_trace.Text());
-        EXPECT_EQ(m_trace.Lines()[0].level, TraceLevel::Error);
+        EXPECT_EQ(m_trace.Lines()[0].severity, TraceLevel::Error);
         EXPECT_TRUE(Traced("规范/m.hds", line, cause)) << ToUtf8(m_trace.Text());
     }
 
@@ -251,7 +251,7 @@ TEST_F(BadInput, TheSameIdentityTwice)
     EXPECT_EQ(Names(), L"first last");
     EXPECT_TRUE(OthersAreLoaded());
     EXPECT_TRUE(Traced("规范/m.hds", 5, L"标识相同"));
-    EXPECT_EQ(m_trace.Lines()[0].level, TraceLevel::Error);
+    EXPECT_EQ(m_trace.Lines()[0].severity, TraceLevel::Error);
 }
 
 TEST_F(BadInput, NoIdentity)

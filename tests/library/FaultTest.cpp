@@ -15,8 +15,7 @@
 #include <unistd.h>
 
 #include "base/Text.h"
-#include "library/SpecificationEdit.h"
-#include "platform/vmrd/VMRDEnv/DeletedStyles.h"
+#include "library/SpecificationFolder.h"
 #include "tests/support/LibraryTest.h"
 
 using namespace designspec;
@@ -202,6 +201,22 @@ protected:
         return loaded;
     }
 
+    static bool SetAside(const GUID& id)
+    {
+        Problems problems;
+        return Library().Files().SetAside(id, problems);
+    }
+    static bool BringBack(const CString& file)
+    {
+        Problems problems;
+        return Library().Files().BringBack(file, problems);
+    }
+    static std::vector<DeletedStyle> Deleted()
+    {
+        Problems problems;
+        return Library().Files().Deleted(problems);
+    }
+
     static bool IsOneOf(const CDesignSpecification& found,
                         std::initializer_list<CDesignSpecification> allowed)
     {
@@ -336,14 +351,14 @@ TEST_F(FaultyDisk, RenameLeavesTheOldContentOrTheNewUnderOneOfTheNames)
     for (const wchar_t* name : {L"a", L"z", L"M"}) {
         const CDesignSpecification renamed = Make(name, 2, kIdA);
         FailEachInTurn(
-            16,
+            12,
             [&] {
                 AddSaved(m_old);
                 AddSaved(m_other);
             },
             [&] {
                 At(0) = m_new;
-                return RenameSpecification(Library(), At(0), name);
+                return Library().Folder().Rename(At(0), name).done;
             },
             [&](bool done) {
                 const Specifications loaded = Loaded();
@@ -361,7 +376,7 @@ TEST_F(FaultyDisk, SaveAfterAFailedRenameIsWhatIsFound)
 {
     const CDesignSpecification renamed = Make(L"a", 3, kIdA);
     FailEachInTurn(
-        16, [&] { AddSaved(m_old); }, [&] { return RenameSpecification(Library(), At(0), L"a"); },
+        12, [&] { AddSaved(m_old); }, [&] { return Library().Folder().Rename(At(0), L"a").done; },
         [&](bool) {
             At(0).BeelineLen.MaxLen = 3;
             EXPECT_TRUE(Library().Save(&At(0)));
@@ -422,7 +437,7 @@ TEST_F(FaultyDisk, SaveAsTemplateLeavesEachFileOldOrNew)
         });
 }
 
-TEST_F(FaultyDisk, ImportAndSaveLeavesEachSpecificationOldOrNew)
+TEST_F(FaultyDisk, ImportLeavesEachSpecificationOldOrNew)
 {
     const CDesignSpecification added = Make(L"added", 7, kIdC);
     FailEachInTurn(
@@ -432,7 +447,7 @@ TEST_F(FaultyDisk, ImportAndSaveLeavesEachSpecificationOldOrNew)
             AddSaved(m_other);
             m_project.Write("in.hds", Envelope(Style("m", kIdA, 2) + Style("added", kIdC, 7)));
         },
-        [&] { return ImportAndSave(Library(), m_project.Path(L"in.hds").c_str(), {}, true); },
+        [&] { return Library().Folder().Import(m_project.Path(L"in.hds"), {}, true).done; },
         [&](bool done) {
             const Specifications loaded = Loaded();
             ASSERT_TRUE(loaded.contains(kIdA));
@@ -458,7 +473,7 @@ TEST_F(FaultyDisk, DeletingKeepsTheSpecificationHereOrThere)
         },
         [&] {
             Library().Remove(0, true);
-            return SetStyleAside(Library(), m_old.ID());
+            return SetAside(m_old.ID());
         },
         [&](bool done) {
             const Specifications loaded = Loaded();
@@ -468,7 +483,7 @@ TEST_F(FaultyDisk, DeletingKeepsTheSpecificationHereOrThere)
                 EXPECT_FALSE(done);
                 return;
             }
-            const auto deleted = DeletedStyles(Library());
+            const auto deleted = Deleted();
             ASSERT_EQ(deleted.size(), 1U);
             EXPECT_EQ(deleted[0].id, m_old.ID());
         });
@@ -481,13 +496,13 @@ TEST_F(FaultyDisk, BringingBackKeepsTheSpecificationHereOrThere)
         3,
         [&] {
             AddSaved(m_old);
-            ASSERT_TRUE(SetStyleAside(Library(), m_old.ID()));
-            file = DeletedStyles(Library()).at(0).file;
+            ASSERT_TRUE(SetAside(m_old.ID()));
+            file = Deleted().at(0).file;
         },
-        [&] { return BringStyleBack(file); },
+        [&] { return BringBack(file); },
         [&](bool done) {
             const Specifications loaded = Loaded();
-            EXPECT_NE(loaded.contains(kIdA), DeletedStyles(Library()).size() == 1);
+            EXPECT_NE(loaded.contains(kIdA), Deleted().size() == 1);
             if (done) {
                 EXPECT_TRUE(loaded.at(kIdA) == m_old);
             }
@@ -515,10 +530,10 @@ TEST_F(FaultyDisk, AFileThatMovesIsFlushedOutOfOneFolderAndIntoTheOther)
     AddSaved(m_old);
     fs::create_directory(library / "已删除");
     g_flushes = {};
-    ASSERT_TRUE(SetStyleAside(Library(), m_old.ID()));
+    ASSERT_TRUE(SetAside(m_old.ID()));
     EXPECT_EQ(g_flushes.folders, both);
     g_flushes = {};
-    ASSERT_TRUE(BringStyleBack(DeletedStyles(Library()).at(0).file));
+    ASSERT_TRUE(BringBack(Deleted().at(0).file));
     EXPECT_EQ(g_flushes.folders, both);
 }
 

@@ -8,7 +8,7 @@ class StyleName : public LibraryTest {
 protected:
     static CString Problem(const CString& name, const CString& opened = {})
     {
-        return StyleNameProblem(Library(), name, opened);
+        return StyleNameProblem(Library().Folder(), name, opened);
     }
 };
 

@@ -10,6 +10,7 @@
 #include "model/Criteria.h"
 #include "model/FieldValue.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
+#include "platform/xtp/PropExchangeXMLNode.h"
 #include "tests/support/Exchanged.h"
 #include "tests/support/RandomSpecification.h"
 

@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include "model/Criteria.h"
+#include "platform/xtp/PropExchangeXMLNode.h"
 #include "tests/support/Allocations.h"
 #include "tests/support/Exchanged.h"
 

@@ -5,10 +5,8 @@
 #include "base/File.h"
 #include "base/Format.h"
 #include "base/NoCase.h"
-#include "platform/vmrd/VMRDEnv/DeletedStyles.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
-#include "platform/vmrd/VmHFCBaseU/Files.h"
-#include "platform/windows/Profile.h"
+#include "platform/vmrd/VmHFCBaseU/Trace.h"
 
 using namespace designspec;
 
@@ -20,9 +18,22 @@ bool Has(const CStringArray& names, const CString& name)
                        [&](const CString& one) { return EqualNoCase(one, name); });
 }
 
-CString SettingsFile()
+bool Traced(const Problems& problems, bool done)
 {
-    return StylesFolder() + L"\\setting.ini";
+    TraceProblems(problems);
+    return done;
+}
+
+// Calls each(style) for the styles of a document.
+template <class Each> void ForEach(const CXTPPropExchange& root, const CString& library, Each each)
+{
+    CXTPPropExchangeEnumerator all = root.GetEnumerator((StylesPath(library) + L"/Style").c_str());
+    while (all.HasNext()) {
+        CXTPPropExchange section = all.GetNext();
+        CFakeStyle style;
+        style.DoPropExchange(&section);
+        each(style);
+    }
 }
 
 } // namespace
@@ -60,88 +71,129 @@ bool CFakeStyles::Export(const wchar_t* path, const CStringArray& names, const w
 {
     CXTPPropExchangeXMLNode root;
     CXTPPropExchange styles;
-    if (!CreateStylesNode(path, Name().c_str(), root, styles)) return false;
+    if (!CreateStylesNode(path, Name(), Name(), root, styles))
+        return Traced(root.TakeProblems(), false);
     for (const auto& item : m_items) {
         if (!names.empty() && !Has(names, item->name)) continue;
         const CString id = VMRDPub::GUIDToStr(item->id);
         CXTPPropExchange style = styles.GetSection(Format(L"Style[@ID=\"%s\"]", id).c_str());
         item->DoPropExchange(&style);
     }
-    return root.SaveToFile(path);
+    const bool saved = root.SaveToFile(path);
+    return Traced(root.TakeProblems(), saved);
 }
 
-template <class Each> bool CFakeStyles::ForEachIn(const wchar_t* path, Each each) const
+void CFakeStyles::TakeIn(const CFakeStyle& style, bool overwrite)
 {
-    CXTPPropExchangeXMLNode root(true, kStyleLibraryRoot);
-    if (!PathFileExists(path) || !root.LoadFromFile(path)) return false;
-    const CString way = Format(L"%s/Styles[@Name=\"%s\"]/Style", GroupPath(Name().c_str()), Name());
-    CXTPPropExchangeEnumerator all = root.GetEnumerator(way.c_str());
-    while (all.HasNext()) {
-        CXTPPropExchange section = all.GetNext();
-        CFakeStyle style;
-        style.DoPropExchange(&section);
-        each(style);
-    }
-    return true;
+    CFakeStyle* const known = Item(style.id);
+    if (!known)
+        m_items.push_back(std::make_unique<CFakeStyle>(style));
+    else if (overwrite)
+        *known = style;
 }
 
 bool CFakeStyles::Import(const wchar_t* path, const CStringArray& names, const wchar_t*,
                          bool overwrite)
 {
-    return ForEachIn(path, [&](const CFakeStyle& style) {
-        if (!names.empty() && !Has(names, style.name)) return;
-        CFakeStyle* const known = Item(style.id);
-        if (!known)
-            m_items.push_back(std::make_unique<CFakeStyle>(style));
-        else if (overwrite)
-            *known = style;
+    CXTPPropExchangeXMLNode root(true, kStyleLibraryRoot);
+    if (!PathFileExists(path) || !root.LoadFromFile(path))
+        return Traced(root.TakeProblems(), false);
+    ForEach(root, Name(), [&](const CFakeStyle& style) {
+        if (names.empty() || Has(names, style.name)) TakeIn(style, overwrite);
     });
+    return true;
+}
+
+StyleImport CFakeStyles::ImportAndSave(const CString& path, const CStringArray& names,
+                                       bool overwrite)
+{
+    StyleImport result;
+    CStringArray all;
+    CArray<GUID> ids;
+    StyleNames(path.c_str(), all, ids);
+    std::vector<GUID> before;
+    for (const auto& item : m_items)
+        before.push_back(item->id);
+    result.read = Import(path.c_str(), names, nullptr, overwrite);
+    for (size_t i = 0; i < ids.size(); ++i) {
+        CFakeStyle* const style = Item(ids[i]);
+        if (!style || !(names.empty() || Has(names, all[i]))) continue;
+        const bool known = std::find(before.begin(), before.end(), ids[i]) != before.end();
+        if (known && !overwrite) continue;
+        ++(known ? result.overwritten : result.added);
+        Problems problems;
+        const bool aside = !known || Files().SetAside(ids[i], problems);
+        TraceProblems(problems);
+        if (!aside || !Save(*style)) ++result.failed;
+    }
+    return result;
 }
 
 bool CFakeStyles::StyleNames(const wchar_t* path, CStringArray& names, CArray<GUID>& ids) const
 {
-    return ForEachIn(path, [&](const CFakeStyle& style) {
-        names.push_back(style.name);
-        ids.push_back(style.id);
-    });
+    CXTPPropExchangeXMLNode root(true, kStyleLibraryRoot);
+    if (!PathFileExists(path) || !root.LoadFromFile(path))
+        return Traced(root.TakeProblems(), false);
+    for (const StyleEntry& entry : StyleEntries(root, Name())) {
+        names.push_back(entry.name);
+        ids.push_back(entry.id);
+    }
+    return true;
 }
 
 bool CFakeStyles::SaveAsTemplate(const wchar_t* folder)
 {
-    const CString target = CString(folder) + L"\\规范";
-    bool done = CreateFolder(target);
-    for (const CString& file : FindFiles(StylesFolder(), L".hds"))
-        done = CopyFile(StylesFolder() + L"\\" + file, target + L"\\" + file) && done;
-    return done;
+    const StyleFolder target(StylesFolderOf(folder), Name());
+    Problems problems;
+    bool done = CreateFolder(target.Path(), problems);
+    for (const CString& file : Files().Files(problems))
+        done = CopyFile(Files().PathOf(file), target.PathOf(file), problems) && done;
+    return Traced(problems, done);
 }
 
 void CFakeStyles::Update()
 {
     m_items.clear();
-    for (const CString& file : FindFiles(StylesFolder(), L".hds"))
-        Import((StylesFolder() + L"\\" + file).c_str(), {}, nullptr, true);
+    Problems problems;
+    for (const CString& file : Files().Files(problems)) {
+        CXTPPropExchangeXMLNode root(true, kStyleLibraryRoot);
+        if (m_files.Load(file, root, problems))
+            ForEach(root, Name(), [&](const CFakeStyle& style) { TakeIn(style, true); });
+    }
     GUID id;
-    if (VMRDPub::ParseGUID(GetPrivateProfileString(L"设置", L"默认样式", L"", SettingsFile()), id))
-        SetDefaultItem(id);
+    if (VMRDPub::ParseGUID(m_files.Setting(L"设置", L"默认样式", problems), id)) SetDefaultItem(id);
+    TraceProblems(problems);
 }
 
 void CFakeStyles::SetDefaultItem(int index)
 {
     CStyles::SetDefaultItem(index);
-    WritePrivateProfileString(L"设置", L"默认样式", VMRDPub::GUIDToStr(Item(index)->id).c_str(),
-                              SettingsFile());
+    Problems problems;
+    Files().SetSetting(L"设置", L"默认样式", VMRDPub::GUIDToStr(Item(index)->id), problems);
+    TraceProblems(problems);
 }
 
-CString CFakeStyles::FilePath(const CFakeStyle& style) const
+StyleFolder& CFakeStyles::Files()
 {
-    return Format(L"%s\\%s%s.hds", StylesFolder(), style.name, VMRDPub::GUIDToStr(style.id));
+    m_files.MoveTo(CurrentStylesFolder());
+    return m_files;
 }
 
-bool CFakeStyles::SaveItem(int index)
+CString CFakeStyles::FileName(const CFakeStyle& style)
 {
-    const CFakeStyle* const style = Item(index);
-    return style && CreateFolder(StylesFolder()) &&
-           Export(FilePath(*style).c_str(), {style->name}, nullptr);
+    return style.name + VMRDPub::GUIDToStr(style.id) + kStyleFileEnding;
+}
+
+bool CFakeStyles::Save(CFakeStyle& style)
+{
+    CXTPPropExchangeXMLNode root;
+    CXTPPropExchange styles;
+    CreateStylesNode(L"", Name(), Name(), root, styles);
+    CXTPPropExchange section = styles.AppendSection(L"Style");
+    style.DoPropExchange(&section);
+    Problems problems;
+    const bool saved = Files().Save(FileName(style), root, problems);
+    return Traced(problems, saved);
 }
 
 CFakeStyle* CFakeStyles::Add(const CString& name)
@@ -149,15 +201,16 @@ CFakeStyle* CFakeStyles::Add(const CString& name)
     m_items.push_back(std::make_unique<CFakeStyle>());
     m_items.back()->name = name;
     m_items.back()->id = CoCreateGuid();
-    SaveItem(Count() - 1);
+    Save(*m_items.back());
     return m_items.back().get();
 }
 
 void CFakeStyles::Rename(CFakeStyle& style, const CString& name)
 {
-    DeleteFile(FilePath(style));
+    Problems problems;
+    Files().Delete(FileName(style), problems);
     style.name = name;
-    Export(FilePath(style).c_str(), {name}, nullptr);
+    Save(style);
 }
 
 bool CFakeStyles::Remove(const CStyle* style)

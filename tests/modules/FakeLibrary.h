@@ -33,7 +33,9 @@ public:
     void Update() override;
     using CStyles::SetDefaultItem;
     void SetDefaultItem(int index) override;
-    bool SaveItem(int index) override;
+    designspec::StyleImport ImportAndSave(const CString& path, const CStringArray& names,
+                                          bool overwrite) override;
+    designspec::StyleFolder& Files() override;
 
     // Appends a style with a fresh identity and saves it.
     CFakeStyle* Add(const CString& name);
@@ -43,8 +45,10 @@ public:
     bool Remove(const CStyle* style);
 
 private:
-    CString FilePath(const CFakeStyle& style) const;
-    template <class Each> bool ForEachIn(const wchar_t* path, Each each) const;
+    static CString FileName(const CFakeStyle& style);
+    bool Save(CFakeStyle& style);
+    void TakeIn(const CFakeStyle& style, bool overwrite);
 
     std::vector<std::unique_ptr<CFakeStyle>> m_items;
+    designspec::StyleFolder m_files{designspec::CurrentStylesFolder(), L"试验"};
 };

@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "base/Profile.h"
 #include "platform/arx/ArxApp.h"
 #include "platform/arx/Documents.h"
 #include "platform/arx/Frame.h"
@@ -17,7 +18,6 @@
 #include "platform/mfc/QtText.h"
 #include "platform/vmrd/VMRDPrj/PrjManager.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
-#include "platform/windows/Profile.h"
 #include "tests/modules/FakeLibrary.h"
 
 using namespace designspec;
@@ -30,7 +30,8 @@ constexpr unsigned kOwnCommand = 4999;
 bool Enabled(const wchar_t* what)
 {
     const CString file = VMRDPub::GetInstallPath() + L"\\FakeModule.ini";
-    return GetPrivateProfileString(L"Enable", what, L"1", file) != L"0";
+    designspec::Problems problems;
+    return GetPrivateProfileString(L"Enable", what, L"1", file, problems) != L"0";
 }
 
 class NameDialog : public QDialog {

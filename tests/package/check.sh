@@ -12,7 +12,7 @@ cmake --install "$build" --prefix "$prefix" >"$work/install.log"
 cp -r "$source/examples/consumer" "$work/consumer"
 
 # main.cpp includes two headers; all of them must be there and compile.
-(cd "$prefix/include/designspec" && find . -name '*.h' -printf '#include "%P"\n' | sort) \
+(cd "$prefix/include" && find . -name '*.h' -printf '#include <%P>\n' | sort) \
     >"$work/consumer/headers.cpp"
 echo 'target_sources(consumer PRIVATE headers.cpp)' >>"$work/consumer/CMakeLists.txt"
 

@@ -8,7 +8,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/xtp/PropExchange.h"
+#include "platform/xtp/PropExchangeXMLNode.h"
 
 // The XML that the object stores into an element of its own called Root, without the declaration.
 template <class T> std::string Stored(T object)

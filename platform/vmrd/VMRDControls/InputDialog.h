@@ -1,7 +1,7 @@
 // The family's dialog that asks for one value.
 #pragma once
 
-#include "platform/mfc/Export.h"
+#include "base/Export.h"
 #include "platform/mfc/String.h"
 
 class QWidget;

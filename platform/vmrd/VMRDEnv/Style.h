@@ -1,7 +1,7 @@
 // A style of the style manager: anything with a name and an identity.
 #pragma once
 
-#include "platform/mfc/Export.h"
+#include "base/Export.h"
 #include "platform/mfc/Object.h"
 #include "platform/mfc/String.h"
 #include "platform/windows/Guid.h"

@@ -1,12 +1,26 @@
 // A library of styles, as the style manager sees it: its items, the default one, its files.
 #pragma once
 
-#include <functional>
-
-#include "platform/mfc/Export.h"
-#include "platform/mfc/String.h"
+#include "base/Signal.h"
 #include "platform/vmrd/VMRDEnv/Style.h"
-#include "platform/xtp/PropExchange.h"
+#include "platform/vmrd/VMRDEnv/StyleFolder.h"
+
+class CStyles;
+
+namespace designspec {
+
+// What came of taking styles from a file into a library and its own files.
+struct StyleImport {
+    bool read = false;   // the file could be read
+    int added = 0;       // styles that the library did not have
+    int overwritten = 0; // styles that it had, and that are now as in the file
+    int failed = 0;      // among both, those that could not be saved
+};
+
+// The folder of styles of the current project.
+AFX_EXT_API CString CurrentStylesFolder();
+
+} // namespace designspec
 
 class AFX_EXT_CLASS CStyles : public CObject {
     DECLARE_DYNAMIC(CStyles)
@@ -44,36 +58,20 @@ public:
     // Makes the style of that identity the default one. False when there is none.
     virtual bool SetDefaultItem(const GUID& id);
     virtual void SetDefaultItem(int index);
-    // Writes the style of that index, which an import added or changed, to the library's own
-    // files. False when that failed, or the library has no such files.
-    virtual bool SaveItem(int index);
 
-    // Path from the root of a file to the section that holds the styles of this library.
-    CString StylesPath() const;
-    // Takes the style of that identity out of a file; what else the file holds stays. False when
-    // the file could not be read or written.
-    bool RemoveFromFile(const wchar_t* path, const GUID& id) const;
+    // Imports, and saves what is new or overwritten in the library's own files. What those held
+    // that is overwritten goes to the deleted styles.
+    virtual designspec::StyleImport ImportAndSave(const CString& path, const CStringArray& names,
+                                                  bool overwrite) = 0;
+    // The folder of the library's own files, that of the current project.
+    virtual designspec::StyleFolder& Files() = 0;
 
     // Tells the views that the list has changed; they draw it anew. Reads no file.
     void Refurbish();
-    using RefurbishListener = std::function<void(CStyles&)>;
-    // One listener for all libraries: the style manager. Returns the one before.
-    static RefurbishListener SetRefurbishListener(RefurbishListener listener);
-
-protected:
-    // Opens the file at `path`, or begins a new document when there is none, and finds or makes
-    // the way down to this library's styles: StyleLibrary / Group (one for each level of
-    // `groupName`, split at "/" and "\") / Styles. False when a file is there and cannot be read.
-    bool CreateStylesNode(const wchar_t* path, const wchar_t* groupName,
-                          CXTPPropExchangeXMLNode& root, CXTPPropExchange& styles) const;
-    // True when the style's section bears that identity, in whatever form it is written.
-    static bool HasID(const CXTPPropExchange& style, const GUID& id);
-    // Path of a group's section: Group[@Name="…"] for each level, joined by "/".
-    static CString GroupPath(const wchar_t* groupName);
+    // Told of every library that is refurbished.
+    [[nodiscard]] static designspec::Connection
+    ConnectRefurbish(designspec::Signal<CStyles&>::Function listener);
 
 private:
     int m_nDefaultItem = -1;
 };
-
-// The root element of every file of styles.
-inline constexpr wchar_t kStyleLibraryRoot[] = L"StyleLibrary";

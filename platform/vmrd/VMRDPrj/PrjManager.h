@@ -1,7 +1,7 @@
 // The project manager: the one object of VMRDPrj.arx, there as long as that module is loaded.
 #pragma once
 
-#include "platform/mfc/Export.h"
+#include "base/Export.h"
 #include "platform/vmrd/VMRDPrj/StyleManager.h"
 
 class AFX_EXT_CLASS CPrjManager {

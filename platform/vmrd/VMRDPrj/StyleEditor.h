@@ -1,7 +1,7 @@
 // What the style manager can do with the styles of one library.
 #pragma once
 
-#include "platform/mfc/Export.h"
+#include "base/Export.h"
 #include "platform/mfc/String.h"
 #include "platform/vmrd/VMRDEnv/Styles.h"
 #include "platform/vmrd/VMRDPrj/StyleCommand.h"

@@ -1,5 +1,7 @@
 #include "platform/vmrd/VMRDPrj/StyleGroup.h"
 
+#include <algorithm>
+
 IMPLEMENT_DYNAMIC(CStyleGroup, CObject)
 
 namespace {
@@ -61,4 +63,15 @@ void CStyleGroup::Refurbish()
         editor->Refurbish();
     for (const auto& child : m_children)
         child->Refurbish();
+}
+
+bool CStyleGroup::IsOwnFile(const CString& file) const
+{
+    const auto isOwn = [&file](const auto& editor) {
+        CStyles* const styles = editor->GetStyles();
+        return styles && styles->Files().IsKnown(file);
+    };
+    return std::any_of(m_editors.begin(), m_editors.end(), isOwn) ||
+           std::any_of(m_children.begin(), m_children.end(),
+                       [&file](const auto& child) { return child->IsOwnFile(file); });
 }

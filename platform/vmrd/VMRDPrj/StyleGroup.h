@@ -5,7 +5,7 @@
 
 #include <QIcon>
 
-#include "platform/mfc/Export.h"
+#include "base/Export.h"
 #include "platform/mfc/String.h"
 #include "platform/vmrd/VMRDPrj/StyleEditor.h"
 
@@ -34,6 +34,8 @@ public:
     // Reads the libraries of the group and of those below it anew: the first load, another
     // project, files that were changed by someone else.
     void Refurbish();
+    // Whether one of these libraries left the file of that name in its folder as it is now.
+    bool IsOwnFile(const CString& file) const;
 
 private:
     std::vector<std::unique_ptr<CStyleGroup>> m_children;

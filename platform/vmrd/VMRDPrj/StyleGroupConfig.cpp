@@ -29,7 +29,10 @@ bool StyleGroupConfig::Load(const CString& path)
 {
     *this = StyleGroupConfig();
     std::string bytes;
-    if (!ReadWholeFile(path, bytes, kLargestFile)) return false;
+    Problems problems;
+    const bool read = ReadWholeFile(path, bytes, kLargestFile, problems);
+    TraceProblems(problems);
+    if (!read) return false;
     try {
         *this = Json::Read(nlohmann::json::parse(bytes));
         return true;

@@ -4,7 +4,7 @@
 
 #include <memory>
 
-#include "platform/mfc/Export.h"
+#include "base/Export.h"
 #include "platform/mfc/String.h"
 
 class AFX_EXT_CLASS StyleGroupConfig {

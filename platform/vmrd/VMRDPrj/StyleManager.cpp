@@ -61,6 +61,12 @@ void CStyleManager::Refurbish()
         entry.group->Refurbish();
 }
 
+bool CStyleManager::IsOwnFile(const CString& file) const
+{
+    return std::any_of(m_groups.begin(), m_groups.end(),
+                       [&](const Entry& entry) { return entry.group->IsOwnFile(file); });
+}
+
 designspec::Signal<>& CStyleManager::Changed()
 {
     static designspec::Signal<> changed;

@@ -1,8 +1,8 @@
 // The style manager's list of groups. A host shows it; modules put their groups into it.
 #pragma once
 
+#include "base/Export.h"
 #include "base/Signal.h"
-#include "platform/mfc/Export.h"
 #include "platform/vmrd/VMRDPrj/StyleGroup.h"
 #include "platform/vmrd/VMRDPrj/StyleGroupConfig.h"
 
@@ -31,6 +31,8 @@ public:
     CStyleGroup* GetGroup(int index) const;
     // Reads the libraries of all groups anew.
     void Refurbish();
+    // Whether one of their libraries left the file of that name in its folder as it is now.
+    bool IsOwnFile(const CString& file) const;
 
     // For every manager there will be: tells after a group came, and after one left the list but
     // before it is deleted.

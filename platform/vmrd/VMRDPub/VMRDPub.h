@@ -1,7 +1,7 @@
 // What every module of the family shares: GUID texts, and where things are.
 #pragma once
 
-#include "platform/mfc/Export.h"
+#include "base/Export.h"
 #include "platform/mfc/String.h"
 #include "platform/windows/Guid.h"
 

@@ -14,15 +14,3 @@ bool IsNumericText(std::wstring_view text)
     }
     return digits > 0 && points <= 1;
 }
-
-CStringArray SplitText(std::wstring_view text, std::wstring_view separators)
-{
-    CStringArray parts;
-    size_t start = 0;
-    while (start < text.size()) {
-        const size_t end = std::min(text.find_first_of(separators, start), text.size());
-        if (end > start) parts.emplace_back(text.substr(start, end - start));
-        start = end + 1;
-    }
-    return parts;
-}

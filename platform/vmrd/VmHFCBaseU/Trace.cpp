@@ -1,46 +1,46 @@
 #include "platform/vmrd/VmHFCBaseU/Trace.h"
 
 #include <cstdio>
-#include <utility>
 
-#include "base/File.h"
-#include "base/Format.h"
 #include "base/Text.h"
 
-using namespace designspec;
+namespace designspec {
 
 namespace {
 
-TraceSink& Sink()
+Signal<const TraceLine&>& Lines()
 {
-    static TraceSink sink;
-    return sink;
+    static Signal<const TraceLine&> lines;
+    return lines;
 }
 
 } // namespace
 
-CString TraceLine::Text() const
+Connection ConnectTrace(Signal<const TraceLine&>::Function listener)
 {
-    if (file.empty()) return text;
-    return line > 0 ? Format(L"%s:%d: %s", file, line, text) : Format(L"%s: %s", file, text);
+    return Lines().Connect(std::move(listener));
 }
 
-TraceSink SetTraceSink(TraceSink sink)
+void TraceFile(TraceLevel level, const std::wstring& file, int line, const std::wstring& text)
 {
-    return std::exchange(Sink(), std::move(sink));
+    Problems one;
+    AddProblem(one, level, file, line, text);
+    TraceProblems(one);
 }
 
-void TraceFile(TraceLevel level, const CString& file, int line, const CString& text)
+void TraceProblems(const Problems& problems)
 {
-    const TraceLine traced{level, ToWide(NativePath(file)), line, text};
-    const TraceSink sink = Sink(); // the sink may set another one
-    if (sink)
-        sink(traced);
-    else
-        std::fprintf(stderr, "%s\n", ToUtf8(traced.Text()).c_str());
+    for (const Problem& problem : problems) {
+        if (Lines().IsConnected())
+            Lines().Tell(problem);
+        else
+            std::fprintf(stderr, "%s\n", ToUtf8(problem.Text()).c_str());
+    }
 }
 
-void Trace(const CString& text)
+void Trace(const std::wstring& text)
 {
     TraceFile(TraceLevel::Note, {}, 0, text);
 }
+
+} // namespace designspec

@@ -3,7 +3,7 @@
 
 #include <QIcon>
 
-#include "platform/mfc/Export.h"
+#include "base/Export.h"
 #include "platform/mfc/String.h"
 
 // A loaded library; 0 is none.

@@ -1,7 +1,7 @@
 // A column of the report grid: it shows one cell of every record.
 #pragma once
 
-#include "platform/mfc/Export.h"
+#include "base/Export.h"
 #include "platform/mfc/String.h"
 #include "platform/xtp/report/ReportList.h"
 

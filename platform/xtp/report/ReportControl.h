@@ -10,7 +10,7 @@
 
 #include <QTableView>
 
-#include "platform/mfc/Export.h"
+#include "base/Export.h"
 #include "platform/mfc/String.h"
 #include "platform/xtp/report/ReportColumn.h"
 #include "platform/xtp/report/ReportHeader.h"

@@ -3,7 +3,7 @@
 
 #include <QHeaderView>
 
-#include "platform/mfc/Export.h"
+#include "base/Export.h"
 
 class CXTPReportControl;
 

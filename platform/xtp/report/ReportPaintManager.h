@@ -5,7 +5,7 @@
 #include <QFont>
 #include <QRect>
 
-#include "platform/mfc/Export.h"
+#include "base/Export.h"
 
 class CXTPReportColumn;
 class CXTPReportControl;

@@ -1,7 +1,7 @@
 // A record of the report grid: a row and the cells that it owns.
 #pragma once
 
-#include "platform/mfc/Export.h"
+#include "base/Export.h"
 #include "platform/xtp/report/ReportList.h"
 #include "platform/xtp/report/ReportRecordItem.h"
 

@@ -6,7 +6,7 @@
 #include <QPalette>
 #include <QRect>
 
-#include "platform/mfc/Export.h"
+#include "base/Export.h"
 #include "platform/mfc/Object.h"
 #include "platform/mfc/String.h"
 

@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "platform/mfc/Export.h"
+#include "base/Export.h"
 #include "platform/mfc/String.h"
 
 // Rows of cells; rows may differ in length. A line break at the very end ends the last row. A

@@ -74,7 +74,7 @@ TEST(Modules, AMissingFileIsNamedWithItsPath)
     const TraceCapture lines;
     EXPECT_FALSE(Load(L"Missing.arx"));
     EXPECT_EQ(lines.Text(), install.Path() + L"/Missing.arx: 模块未加载: 文件不存在");
-    EXPECT_EQ(lines.Lines().back().level, TraceLevel::Error);
+    EXPECT_EQ(lines.Lines().back().severity, TraceLevel::Error);
     EXPECT_EQ(StateOf(L"Missing.arx").state, ModuleState::Failed);
     EXPECT_EQ(StateOf(L"Missing.arx").reason, L"文件不存在");
 }
@@ -162,7 +162,7 @@ TEST(Modules, PrintingLeavesATraceLine)
     const TraceCapture lines;
     ASSERT_TRUE(acrxLoadModule(L"CountingModule.arx", true, false));
     EXPECT_EQ(lines.Text(), install.Path() + L"/CountingModule.arx: 模块已加载");
-    EXPECT_EQ(lines.Lines().back().level, TraceLevel::Note);
+    EXPECT_EQ(lines.Lines().back().severity, TraceLevel::Note);
     Unload(L"CountingModule.arx");
     EXPECT_EQ(lines.Lines().size(), 1u);
 }

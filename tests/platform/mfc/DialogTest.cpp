@@ -15,6 +15,8 @@
 #include "tests/gui/Controls.h"
 #include "tests/gui/Modal.h"
 
+using namespace designspec;
+
 namespace {
 
 constexpr UINT kTestDialog = 29001;
@@ -65,9 +67,9 @@ TEST(Dialog, FindsItsControlsById)
 TEST(Dialog, WithoutAResourceIsEmptyAndTraced)
 {
     CString traced;
-    const TraceSink before = SetTraceSink([&](const TraceLine& line) { traced = line.Text(); });
+    const designspec::Connection trace =
+        ConnectTrace([&](const TraceLine& line) { traced = line.Text(); });
     CTestDialog dialog(kNoSuchDialog);
-    SetTraceSink(before);
     EXPECT_NE(traced.find(L"29999"), CString::npos);
     EXPECT_EQ(dialog.GetDlgItem(IDOK), nullptr);
     QWidget parent;

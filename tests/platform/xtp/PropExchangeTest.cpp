@@ -1,4 +1,4 @@
-#include "platform/xtp/PropExchange.h"
+#include "platform/xtp/PropExchangeXMLNode.h"
 
 #include <algorithm>
 #include <ctime>
@@ -8,7 +8,6 @@
 
 #include "base/Text.h"
 #include "tests/support/TemporaryFolder.h"
-#include "tests/support/TraceCapture.h"
 
 using namespace designspec;
 
@@ -26,7 +25,7 @@ protected:
     {
         CXTPPropExchangeXMLNode root(true, kRoot);
         EXPECT_TRUE(root.LoadFromBytes("<StyleLibrary>" + content + "</StyleLibrary>", L"a.hds"))
-            << ToUtf8(m_trace.Text());
+            << Told(root);
         return root;
     }
     // Expects `bytes` to be refused at that line of the file, for that cause.
@@ -34,23 +33,22 @@ protected:
     {
         const CString path = m_folder.Write("a.hds", bytes);
         CXTPPropExchangeXMLNode root(true, kRoot);
-        m_trace.Clear();
         EXPECT_FALSE(root.LoadFromFile(path.c_str()));
-        ASSERT_EQ(m_trace.Lines().size(), 1U) << ToUtf8(m_trace.Text());
-        EXPECT_EQ(m_trace.Lines()[0].level, TraceLevel::Error);
-        EXPECT_EQ(m_trace.Lines()[0].file, path);
-        EXPECT_EQ(m_trace.Lines()[0].line, line);
-        EXPECT_EQ(ToUtf8(m_trace.Lines()[0].text), ToUtf8(cause));
+        const Problems problems = root.TakeProblems();
+        ASSERT_EQ(problems.size(), 1U);
+        EXPECT_EQ(problems[0].severity, Severity::Error);
+        EXPECT_EQ(problems[0].file, path);
+        EXPECT_EQ(problems[0].line, line);
+        EXPECT_EQ(ToUtf8(problems[0].text), ToUtf8(cause));
         EXPECT_FALSE(root.IsSectionExists());
         EXPECT_FALSE(root.GetSection(L"Style").IsSectionExists());
-        m_trace.Clear();
     }
     // Expects the file to be read, with that text as the root's attribute "n".
     void ExpectName(std::string_view bytes, const CString& name)
     {
         const CString path = m_folder.Write("a.hds", bytes);
         CXTPPropExchangeXMLNode root(true, kRoot);
-        EXPECT_TRUE(root.LoadFromFile(path.c_str())) << ToUtf8(m_trace.Text());
+        EXPECT_TRUE(root.LoadFromFile(path.c_str())) << Told(root);
         EXPECT_EQ(ToUtf8(root.Attribute(L"n")), ToUtf8(name));
     }
     // What xmllint says against the bytes; empty when they are well-formed.
@@ -63,8 +61,16 @@ protected:
         return status == 0 ? "" : "xmllint: " + m_folder.Read("lint.txt");
     }
 
+    // What the document's problems are, taken out of it.
+    static std::string Told(const CXTPPropExchange& root)
+    {
+        std::string told;
+        for (const Problem& problem : root.TakeProblems())
+            told += (told.empty() ? "" : "\n") + ToUtf8(problem.Text());
+        return told;
+    }
+
     TemporaryFolder m_folder;
-    TraceCapture m_trace;
 };
 
 std::string Encoded(const char* encoding, const std::string& utf8)
@@ -276,7 +282,7 @@ TEST_F(PropExchange, WhatXmlForbidsBecomesAReplacementCharacter)
     const std::string bytes = root.SaveToBytes();
     EXPECT_EQ(Complaint(bytes), "");
     CXTPPropExchangeXMLNode loaded(true, kRoot);
-    ASSERT_TRUE(loaded.LoadFromBytes(bytes, L"a")) << ToUtf8(m_trace.Text());
+    ASSERT_TRUE(loaded.LoadFromBytes(bytes, L"a")) << Told(loaded);
     EXPECT_EQ(loaded.GetSection(L"Group").Attribute(L"Name"), L"a\xFFFD\xFFFD");
     CString back;
     EXPECT_TRUE(loaded.ExchangeText(L"t", back));
@@ -492,7 +498,7 @@ TEST_F(PropExchange, LinesCountAlsoInWideAndChineseEncodings)
          {text, "\xFF\xFE" + Encoded("UTF-16LE", text),
           Encoded("GB18030", "<?xml version='1.0' encoding='GBK'?>" + text)}) {
         CXTPPropExchangeXMLNode root(true, kRoot);
-        ASSERT_TRUE(root.LoadFromBytes(bytes, L"a")) << ToUtf8(m_trace.Text());
+        ASSERT_TRUE(root.LoadFromBytes(bytes, L"a")) << Told(root);
         CXTPPropExchange section = root.GetSection(L"S");
         section.EnableCompactMode(true);
         int value = 0;
@@ -554,7 +560,7 @@ TEST_F(PropExchange, AFileThatCannotBeReadIsTold)
     CXTPPropExchangeXMLNode root(true, kRoot);
     const CString path = m_folder.Path(L"none.hds");
     EXPECT_FALSE(root.LoadFromFile(path.c_str()));
-    EXPECT_EQ(ToUtf8(m_trace.Text()), ToUtf8(path + L": 无法读取: 不存在"));
+    EXPECT_EQ(Told(root), ToUtf8(path + L": 无法读取: 不存在"));
 }
 
 TEST_F(PropExchange, AnEmptyFileIsTold)
@@ -609,9 +615,9 @@ TEST_F(PropExchange, AFileThatEndsTooEarlyIsRefusedWhereverItEnds)
         CXTPPropExchangeXMLNode root(true, kRoot);
         EXPECT_FALSE(root.LoadFromBytes(sample.substr(0, size), L"a.hds")) << size;
         EXPECT_FALSE(root.IsSectionExists()) << size;
-        ASSERT_EQ(m_trace.Lines().size(), 1U) << size;
-        EXPECT_EQ(m_trace.Lines()[0].file, L"a.hds");
-        m_trace.Clear();
+        const Problems problems = root.TakeProblems();
+        ASSERT_EQ(problems.size(), 1U) << size;
+        EXPECT_EQ(problems[0].file, L"a.hds");
     }
     CXTPPropExchangeXMLNode root(true, kRoot);
     EXPECT_TRUE(root.LoadFromBytes(sample, L"a.hds"));
@@ -722,7 +728,7 @@ TEST_F(PropExchange, AHugeFileIsRefusedUnread)
     CXTPPropExchangeXMLNode root(true, kRoot);
     EXPECT_FALSE(root.LoadFromFile(path.c_str()));
     EXPECT_LT(Seconds(start), 0.5);
-    EXPECT_EQ(ToUtf8(m_trace.Text()), ToUtf8(path + L": 无法读取: 文件大于 32 MiB"));
+    EXPECT_EQ(Told(root), ToUtf8(path + L": 无法读取: 文件大于 32 MiB"));
 }
 
 TEST_F(PropExchange, AFileFullOfNestingIsRefusedBeforeATreeIsMadeOfIt)
@@ -789,7 +795,7 @@ TEST_F(PropExchange, SavesNothingWhereItCannot)
     const CXTPPropExchangeXMLNode root(false, kRoot);
     const CString path = m_folder.Path(L"none/a.hds");
     EXPECT_FALSE(root.SaveToFile(path.c_str()));
-    EXPECT_EQ(ToUtf8(m_trace.Text()), ToUtf8(path + L": 无法写入: 不存在"));
+    EXPECT_EQ(Told(root), ToUtf8(path + L": 无法写入: 不存在"));
 }
 
 TEST_F(PropExchange, WhatItDoesNotKnowStaysThroughLoadAndSave)

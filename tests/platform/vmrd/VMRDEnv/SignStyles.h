@@ -1,5 +1,4 @@
-// A small library of styles for the tests: signs, each a name and an identity, in files of the
-// common envelope StyleLibrary / Group / Styles / Style.
+// A small library of styles for the tests: signs, each a name and an identity, without files.
 #pragma once
 
 #include <memory>
@@ -34,40 +33,18 @@ public:
         return index >= 0 && index < Count() ? m_signs[static_cast<size_t>(index)].get() : nullptr;
     }
 
-    // Writes all signs, whatever the names, behind those that the file holds.
-    bool Export(const wchar_t* path, const CStringArray&, const wchar_t*) override
-    {
-        CXTPPropExchangeXMLNode root;
-        CXTPPropExchange styles;
-        if (!CreateStylesNode(path, Name().c_str(), root, styles)) return false;
-        for (const auto& sign : m_signs) {
-            CXTPPropExchange style = styles.AppendSection(L"Style");
-            style.EnableCompactMode(true);
-            CString name = sign->Name();
-            CString id = VMRDPub::GUIDToStr(sign->ID());
-            PX_String(&style, L"Name", name);
-            PX_String(&style, L"ID", id);
-        }
-        return root.SaveToFile(path);
-    }
+    bool Export(const wchar_t*, const CStringArray&, const wchar_t*) override { return false; }
     bool Import(const wchar_t*, const CStringArray&, const wchar_t*, bool) override
     {
         return false;
     }
     bool SaveAsTemplate(const wchar_t*) override { return false; }
-    bool StyleNames(const wchar_t* path, CStringArray& names, CArray<GUID>& ids) const override
+    bool StyleNames(const wchar_t*, CStringArray&, CArray<GUID>&) const override { return false; }
+    designspec::StyleImport ImportAndSave(const CString&, const CStringArray&, bool) override
     {
-        CXTPPropExchangeXMLNode root(true, kStyleLibraryRoot);
-        if (!root.LoadFromFile(path)) return false;
-        const CXTPPropExchange group = root.GetSection(GroupPath(Name().c_str()).c_str());
-        auto all = group.GetEnumerator(L"Styles[@Name=\"标志\"]/Style");
-        while (all.HasNext()) {
-            const CXTPPropExchange style = all.GetNext();
-            names.push_back(style.Attribute(L"Name"));
-            ids.push_back(VMRDPub::StrToGUID(style.Attribute(L"ID")));
-        }
-        return true;
+        return {};
     }
+    designspec::StyleFolder& Files() override { return m_files; }
     void Update() override {}
 
     void Add(const CString& name, const GUID& id)
@@ -76,10 +53,7 @@ public:
     }
     void Clear() { m_signs.clear(); }
 
-    using CStyles::CreateStylesNode;
-    using CStyles::GroupPath;
-    using CStyles::HasID;
-
 private:
     std::vector<std::unique_ptr<CSign>> m_signs;
+    designspec::StyleFolder m_files{L"", L"标志"};
 };

@@ -94,9 +94,8 @@ TEST(StyleGroup, RefurbishReadsTheLibrariesOfTheWholeTree)
     group.AddChild(child);
 
     int told = 0;
-    const auto before = CStyles::SetRefurbishListener([&told](CStyles&) { ++told; });
+    const auto connection = CStyles::ConnectRefurbish([&told](CStyles&) { ++told; });
     group.Refurbish();
-    CStyles::SetRefurbishListener(before);
     EXPECT_EQ(told, 2);
     ASSERT_EQ(second.Count(), 1);
     EXPECT_EQ(second.Item(0)->Name(), L"甲");

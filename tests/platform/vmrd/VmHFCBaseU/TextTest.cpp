@@ -18,12 +18,3 @@ TEST(BaseText, AnythingElseIsNotNumeric)
         EXPECT_FALSE(IsNumericText(text)) << ToUtf8(text);
     EXPECT_FALSE(IsNumericText(std::wstring_view(L"1\0", 2)));
 }
-
-TEST(BaseText, SplitsAtAnySeparatorAndLeavesEmptyPartsOut)
-{
-    EXPECT_EQ(SplitText(L"道路/平面\\规范", L"/\\"), (CStringArray{L"道路", L"平面", L"规范"}));
-    EXPECT_EQ(SplitText(L"/a//\\b/", L"/\\"), (CStringArray{L"a", L"b"}));
-    EXPECT_EQ(SplitText(L"a b", L"/"), (CStringArray{L"a b"}));
-    EXPECT_TRUE(SplitText(L"", L"/").empty());
-    EXPECT_TRUE(SplitText(L"//", L"/").empty());
-}

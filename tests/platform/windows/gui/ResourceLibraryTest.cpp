@@ -81,9 +81,9 @@ TEST(ResourceLibrary, IconsAreSharpAtTwiceTheSize)
 TEST(ResourceLibrary, AMissingLibraryGivesAnEmptyIconAndATraceLine)
 {
     CString traced;
-    const TraceSink before = SetTraceSink([&](const TraceLine& line) { traced = line.Text(); });
+    const designspec::Connection trace =
+        ConnectTrace([&](const TraceLine& line) { traced = line.Text(); });
     const HRESLIB library = LoadResourceLibrary(L"/no/such/VMRDRes.dll");
-    SetTraceSink(before);
     EXPECT_EQ(library, 0U);
     EXPECT_NE(traced.find(L"/no/such/VMRDRes.dll"), CString::npos);
     EXPECT_TRUE(LoadIcon(library, L"IDI_ICON_BOOK", 16, 16).isNull());
@@ -92,9 +92,8 @@ TEST(ResourceLibrary, AMissingLibraryGivesAnEmptyIconAndATraceLine)
 
 TEST(ResourceLibrary, AFileThatIsNoLibraryIsRefused)
 {
-    const TraceSink before = SetTraceSink([](const TraceLine&) {});
+    const designspec::Connection trace = ConnectTrace([](const TraceLine&) {});
     EXPECT_EQ(LoadResourceLibrary(ToWide(SOURCE_DIR "/CMakeLists.txt")), 0U);
-    SetTraceSink(before);
 }
 
 TEST(ResourceLibrary, AnUnknownNameGivesAnEmptyIcon)

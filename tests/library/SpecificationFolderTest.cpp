@@ -1,4 +1,4 @@
-#include "library/SpecificationEdit.h"
+#include "library/SpecificationFolder.h"
 
 #include "tests/support/LibraryTest.h"
 
@@ -6,7 +6,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-class SpecificationEdit : public LibraryTest {
+class SpecificationFolderTest : public LibraryTest {
 protected:
     int Files() const
     {
@@ -17,31 +17,31 @@ protected:
 
 } // namespace
 
-TEST_F(SpecificationEdit, ProposesANameByTheCount)
+TEST_F(SpecificationFolderTest, ProposesANameByTheCount)
 {
-    EXPECT_EQ(ProposedName(Library()), L"规范1");
+    EXPECT_EQ(Library().Folder().ProposedName(), L"规范1");
     Add(Make(L"规范2"));
-    EXPECT_EQ(ProposedName(Library()), L"规范2"); // taken or not
+    EXPECT_EQ(Library().Folder().ProposedName(), L"规范2"); // taken or not
 }
 
-TEST_F(SpecificationEdit, ProposesTheFirstFreeNameForACopy)
+TEST_F(SpecificationFolderTest, ProposesTheFirstFreeNameForACopy)
 {
-    EXPECT_EQ(ProposedCopyName(Library(), L"a"), L"a[副本]");
+    EXPECT_EQ(Library().Folder().ProposedCopyName(L"a"), L"a[副本]");
     Add(Make(L"A[副本]"));
-    EXPECT_EQ(ProposedCopyName(Library(), L"a"), L"a[副本1]");
+    EXPECT_EQ(Library().Folder().ProposedCopyName(L"a"), L"a[副本1]");
     Add(Make(L"a[副本1]"));
-    EXPECT_EQ(ProposedCopyName(Library(), L"a"), L"a[副本2]");
-    EXPECT_EQ(ProposedCopyName(Library(), L"A[副本]"), L"A[副本][副本]");
+    EXPECT_EQ(Library().Folder().ProposedCopyName(L"a"), L"a[副本2]");
+    EXPECT_EQ(Library().Folder().ProposedCopyName(L"A[副本]"), L"A[副本][副本]");
 }
 
-TEST_F(SpecificationEdit, RenameMovesTheFile)
+TEST_F(SpecificationFolderTest, RenameMovesTheFile)
 {
     CDesignSpecification& one = AddSaved(Make(L"a", 3, kIdA));
-    EXPECT_TRUE(RenameSpecification(Library(), one, L"b"));
+    EXPECT_TRUE(Library().Folder().Rename(one, L"b").done);
     EXPECT_EQ(one.Name(), L"b");
     EXPECT_TRUE(m_project.Has(FileOf(one)));
     EXPECT_EQ(Files(), 1);
-    EXPECT_TRUE(RenameSpecification(Library(), one, L"B"));
+    EXPECT_TRUE(Library().Folder().Rename(one, L"B").done);
     EXPECT_TRUE(m_project.Has(FileOf(one)));
     EXPECT_EQ(Files(), 1);
     Reload();
@@ -49,49 +49,49 @@ TEST_F(SpecificationEdit, RenameMovesTheFile)
     EXPECT_EQ(MarkOf(L"B"), 3);
 }
 
-TEST_F(SpecificationEdit, RenameOfAnUnsavedOneSavesIt)
+TEST_F(SpecificationFolderTest, RenameOfAnUnsavedOneSavesIt)
 {
     CDesignSpecification& one = Add(Make(L"a", 3, kIdA));
-    EXPECT_TRUE(RenameSpecification(Library(), one, L"b"));
+    EXPECT_TRUE(Library().Folder().Rename(one, L"b").done);
     EXPECT_EQ(Files(), 1);
     EXPECT_TRUE(m_project.Has(FileOf(one)));
 }
 
-TEST_F(SpecificationEdit, RenameOutOfAFileOfAnotherNameSetsThatAside)
+TEST_F(SpecificationFolderTest, RenameOutOfAFileOfAnotherNameSetsThatAside)
 {
     m_project.Write("规范/foo.hds", Envelope(Style("a", kIdA, 3)));
     Reload();
-    EXPECT_TRUE(RenameSpecification(Library(), At(0), L"b"));
+    EXPECT_TRUE(Library().Folder().Rename(At(0), L"b").done);
     EXPECT_FALSE(m_project.Has("规范/foo.hds"));
     Reload();
     EXPECT_EQ(Names(), L"b");
 }
 
-TEST_F(SpecificationEdit, RenameToANameThatNoFileCanBearIsFalseAndKeepsTheOldFile)
+TEST_F(SpecificationFolderTest, RenameToANameThatNoFileCanBearIsFalseAndKeepsTheOldFile)
 {
     CDesignSpecification& one = AddSaved(Make(L"a", 3, kIdA));
-    EXPECT_FALSE(RenameSpecification(Library(), one, L"../b"));
+    EXPECT_FALSE(Library().Folder().Rename(one, L"../b").done);
     Reload();
     EXPECT_EQ(Names(), L"a");
 }
 
-TEST_F(SpecificationEdit, RenameFromANameThatNoFileCanBearSavesTheNewOne)
+TEST_F(SpecificationFolderTest, RenameFromANameThatNoFileCanBearSavesTheNewOne)
 {
     m_project.Write("规范/foo.hds", Envelope(Style("../a", kIdA, 3)));
     Reload();
-    EXPECT_TRUE(RenameSpecification(Library(), At(0), L"b"));
+    EXPECT_TRUE(Library().Folder().Rename(At(0), L"b").done);
     Reload();
     EXPECT_EQ(Names(), L"b");
 }
 
-TEST_F(SpecificationEdit, ImportAndSaveSavesTheNewAndTheOverwritten)
+TEST_F(SpecificationFolderTest, ImportSavesTheNewAndTheOverwritten)
 {
     CDesignSpecification& kept = AddSaved(Make(L"kept", 1, kIdA));
     AddSaved(Make(L"old", 2, kIdB));
     const auto before = fs::last_write_time(m_project.Native(FileOf(kept)));
     const CString path =
         m_project.Write("in.hds", Envelope(Style("changed", kIdB, 5) + Style("kept", kIdC, 6)));
-    EXPECT_TRUE(ImportAndSave(Library(), path.c_str(), {}, true));
+    EXPECT_TRUE(Library().Folder().Import(path, {}, true).done);
     EXPECT_EQ(fs::last_write_time(m_project.Native(FileOf(kept))), before);
     Reload();
     EXPECT_EQ(MarkOf(L"kept"), 1);
@@ -100,24 +100,24 @@ TEST_F(SpecificationEdit, ImportAndSaveSavesTheNewAndTheOverwritten)
     EXPECT_EQ(Library().Count(), 3);
 }
 
-TEST_F(SpecificationEdit, ImportAndSaveWithoutOverwritingLeavesWhatIsThere)
+TEST_F(SpecificationFolderTest, ImportWithoutOverwritingLeavesWhatIsThere)
 {
     AddSaved(Make(L"old", 2, kIdB));
     const CString path =
         m_project.Write("in.hds", Envelope(Style("b", kIdB, 5) + Style("c", kIdC, 6)));
-    EXPECT_TRUE(ImportAndSave(Library(), path.c_str(), {L"B", L"c"}, false));
+    EXPECT_TRUE(Library().Folder().Import(path, {L"B", L"c"}, false).done);
     Reload();
     EXPECT_EQ(Library().Count(), 2);
     EXPECT_EQ(MarkOf(L"old"), 2);
     EXPECT_EQ(MarkOf(L"c"), 6);
 }
 
-TEST_F(SpecificationEdit, ImportAndSaveIsFalseWhenAFileResists)
+TEST_F(SpecificationFolderTest, ImportIsFalseWhenAFileResists)
 {
-    EXPECT_FALSE(ImportAndSave(Library(), m_project.Path(L"none.hds").c_str(), {}, true));
+    EXPECT_FALSE(Library().Folder().Import(m_project.Path(L"none.hds"), {}, true).done);
     const CString path =
         m_project.Write("in.hds", Envelope(Style("../a", kIdA, 1) + Style("b", kIdB, 2)));
-    EXPECT_FALSE(ImportAndSave(Library(), path.c_str(), {}, true));
+    EXPECT_FALSE(Library().Folder().Import(path, {}, true).done);
     Reload();
     EXPECT_EQ(Names(), L"b"); // what could be saved is
 }

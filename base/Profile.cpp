@@ -1,4 +1,4 @@
-#include "platform/windows/Profile.h"
+#include "base/Profile.h"
 
 #include <algorithm>
 #include <optional>
@@ -8,9 +8,8 @@
 #include "base/Format.h"
 #include "base/NoCase.h"
 #include "base/Text.h"
-#include "platform/vmrd/VmHFCBaseU/Trace.h"
 
-using namespace designspec;
+namespace designspec {
 
 namespace {
 
@@ -23,10 +22,10 @@ public:
     // An empty profile, as a new file begins.
     ProfileText() = default;
 
-    bool Load(const CString& file)
+    bool Load(const std::wstring& file, Problems& problems)
     {
         std::string bytes;
-        if (!ReadWholeFile(file, bytes, kSizeLimit)) return false;
+        if (!ReadWholeFile(file, bytes, kSizeLimit, problems)) return false;
         m_encoding = EncodingByMark(bytes, m_markSize);
         const std::string_view content = std::string_view(bytes).substr(m_markSize);
         m_mark = bytes.substr(0, m_markSize);
@@ -41,32 +40,32 @@ public:
         const size_t nul = utf8.find('\0');
         if (nul != std::string::npos) utf8.resize(nul);
         if (!decoded || nul != std::string::npos) {
-            TraceFile(TraceLevel::Error, file, LineAt(utf8), L"设置文件的编码无法识别");
+            AddProblem(problems, Severity::Error, file, LineAt(utf8), L"设置文件的编码无法识别");
             return false;
         }
         Split(ToWide(utf8));
         return true;
     }
 
-    bool Save(const CString& file) const
+    bool Save(const std::wstring& file, Problems& problems) const
     {
-        CString text;
-        for (const CString& line : m_lines)
+        std::wstring text;
+        for (const std::wstring& line : m_lines)
             text += line;
         std::string bytes;
         if (!EncodeText(ToUtf8(text), m_encoding, bytes)) {
-            TraceFile(TraceLevel::Error, file, 0, L"设置文件的编码无法表示新的内容");
+            AddProblem(problems, Severity::Error, file, 0, L"设置文件的编码无法表示新的内容");
             return false;
         }
-        return WriteWholeFile(file, m_mark + bytes);
+        return WriteWholeFile(file, m_mark + bytes, problems);
     }
 
-    std::optional<CString> Get(std::wstring_view section, std::wstring_view key) const
+    std::optional<std::wstring> Get(std::wstring_view section, std::wstring_view key) const
     {
         const Place place = Find(section, key);
         if (!place.keyFound) return std::nullopt;
-        const CString& line = m_lines[place.line];
-        CString value = Trim(std::wstring_view(line).substr(line.find(L'=') + 1));
+        const std::wstring& line = m_lines[place.line];
+        std::wstring value = Trim(std::wstring_view(line).substr(line.find(L'=') + 1));
         if (value.size() >= 2 && value.front() == value.back() &&
             (value.front() == L'"' || value.front() == L'\''))
             value = value.substr(1, value.size() - 2);
@@ -77,14 +76,14 @@ public:
     {
         const Place place = Find(section, key);
         if (place.keyFound) {
-            CString& line = m_lines[place.line];
+            std::wstring& line = m_lines[place.line];
             line = line.substr(0, line.find(L'=') + 1).append(value).append(LineEnd(line));
             return;
         }
-        const CString newline = Newline();
+        const std::wstring newline = Newline();
         if (place.line > 0 && LineEnd(m_lines[place.line - 1]).empty())
             m_lines[place.line - 1] += newline;
-        const CString line = Format(L"%s=%s", key, value) + newline;
+        const std::wstring line = Format(L"%s=%s", key, value) + newline;
         const auto at = m_lines.begin() + static_cast<std::ptrdiff_t>(place.line);
         if (place.sectionFound)
             m_lines.insert(at, line);
@@ -104,7 +103,7 @@ private:
         Place place;
         bool inside = false;
         for (size_t i = 0; i < m_lines.size(); ++i) {
-            const CString line = Trim(m_lines[i]);
+            const std::wstring line = Trim(m_lines[i]);
             if (line.starts_with(L'[')) {
                 if (place.sectionFound) break;
                 inside = EqualNoCase(Trim(std::wstring_view(line).substr(1, line.find(L']') - 1)),
@@ -114,7 +113,7 @@ private:
             } else if (inside && !line.empty()) {
                 place.line = i + 1;
                 const size_t equals = line.find(L'=');
-                if (line.front() != L';' && line.front() != L'#' && equals != CString::npos &&
+                if (line.front() != L';' && line.front() != L'#' && equals != std::wstring::npos &&
                     EqualNoCase(Trim(std::wstring_view(line).substr(0, equals)), key)) {
                     place.line = i;
                     place.keyFound = true;
@@ -126,12 +125,12 @@ private:
         return place;
     }
 
-    void Split(const CString& text)
+    void Split(const std::wstring& text)
     {
         size_t start = 0;
         while (start < text.size()) {
             size_t end = text.find_first_of(L"\r\n", start);
-            if (end == CString::npos)
+            if (end == std::wstring::npos)
                 end = text.size();
             else
                 end += text.compare(end, 2, kNewline) == 0 ? 2U : 1U;
@@ -141,16 +140,16 @@ private:
     }
 
     // The line end of new lines: that of the file's first line.
-    CString Newline() const
+    std::wstring Newline() const
     {
-        const CString first = m_lines.empty() ? CString() : LineEnd(m_lines.front());
-        return first.empty() ? CString(kNewline) : first;
+        const std::wstring first = m_lines.empty() ? std::wstring() : LineEnd(m_lines.front());
+        return first.empty() ? std::wstring(kNewline) : first;
     }
 
-    static CString LineEnd(const CString& line)
+    static std::wstring LineEnd(const std::wstring& line)
     {
         const size_t last = line.find_last_not_of(L"\r\n");
-        return line.substr(last == CString::npos ? 0 : last + 1);
+        return line.substr(last == std::wstring::npos ? 0 : last + 1);
     }
 
     static int LineAt(std::string_view textBefore)
@@ -161,29 +160,32 @@ private:
     TextEncoding m_encoding = TextEncoding::Utf16LE;
     size_t m_markSize = 2;
     std::string m_mark = "\xFF\xFE";
-    CStringArray m_lines;
+    std::vector<std::wstring> m_lines;
 };
 
 } // namespace
 
-CString GetPrivateProfileString(const wchar_t* section, const wchar_t* key, const wchar_t* missing,
-                                const CString& file)
+std::wstring GetPrivateProfileString(const wchar_t* section, const wchar_t* key,
+                                     const wchar_t* missing, const std::wstring& file,
+                                     Problems& problems)
 {
     ProfileText profile;
-    if (!PathFileExists(file) || !profile.Load(file)) return missing;
+    if (!PathFileExists(file) || !profile.Load(file, problems)) return missing;
     return profile.Get(section, key).value_or(missing);
 }
 
 bool WritePrivateProfileString(const wchar_t* section, const wchar_t* key, const wchar_t* value,
-                               const CString& file)
+                               const std::wstring& file, Problems& problems)
 {
     if (std::wstring_view(value).find_first_of(L"\r\n") != std::wstring_view::npos) {
-        TraceFile(TraceLevel::Error, file, 0, L"设置的内容不能含有换行");
+        AddProblem(problems, Severity::Error, file, 0, L"设置的内容不能含有换行");
         return false;
     }
     ProfileText profile;
-    if (PathFileExists(file) && !profile.Load(file)) return false;
+    if (PathFileExists(file) && !profile.Load(file, problems)) return false;
     if (profile.Get(section, key) == value) return true;
     profile.Set(section, key, value);
-    return profile.Save(file);
+    return profile.Save(file, problems);
 }
+
+} // namespace designspec

@@ -1,12 +1,12 @@
-#include "platform/windows/Profile.h"
+#include "base/Profile.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
 #include "base/Encoding.h"
 #include "base/Text.h"
+#include "tests/support/ProblemList.h"
 #include "tests/support/TemporaryFolder.h"
-#include "tests/support/TraceCapture.h"
 
 using namespace designspec;
 
@@ -20,12 +20,12 @@ protected:
     CString Has(std::string_view bytes) { return m_folder.Write("setting.ini", bytes); }
     CString Get(const wchar_t* section = L"设置", const wchar_t* key = L"默认样式")
     {
-        return GetPrivateProfileString(section, key, L"(missing)", Path());
+        return GetPrivateProfileString(section, key, L"(missing)", Path(), m_problems);
     }
     bool Set(const wchar_t* value, const wchar_t* section = L"设置",
              const wchar_t* key = L"默认样式")
     {
-        return WritePrivateProfileString(section, key, value, Path());
+        return WritePrivateProfileString(section, key, value, Path(), m_problems);
     }
     std::string Bytes() { return m_folder.Read("setting.ini"); }
 
@@ -36,11 +36,11 @@ protected:
         EXPECT_TRUE(Set(value)) << before;
         EXPECT_EQ(Bytes(), after) << before;
         EXPECT_EQ(Get(), value) << before;
-        EXPECT_EQ(ToUtf8(m_trace.Text()), "");
+        EXPECT_EQ(ToUtf8(m_problems.Text()), "");
     }
 
     TemporaryFolder m_folder;
-    TraceCapture m_trace;
+    ProblemList m_problems;
 };
 
 std::string Encoded(std::string_view utf8, TextEncoding encoding, std::string_view mark)
@@ -59,7 +59,7 @@ TEST_F(Profile, ANewFileIsUtf16WithAByteOrderMark)
     EXPECT_EQ(Bytes(), "\xFF\xFE[\0\xBE\x8B]\0\r\0\n\0k\0=\0A\0\r\0\n\0"sv);
     EXPECT_EQ(Get(L"设", L"k"), L"A");
     EXPECT_EQ(m_folder.Count(), 1);
-    EXPECT_EQ(m_trace.Text(), L"");
+    EXPECT_EQ(m_problems.Text(), L"");
 }
 
 TEST_F(Profile, AnEmptyFileIsUtf8)
@@ -190,11 +190,11 @@ TEST_F(Profile, AnUnreadableEncodingIsToldWithItsLineAndTheFileStays)
           "\xFF\xFE[\0a\0\n\0b\0\n\0\x34\xD8"sv, "[a]\nb=1\nc\0d=1\n"sv}) {
         Has(bytes);
         EXPECT_EQ(Get(), L"(missing)");
-        EXPECT_EQ(ToUtf8(m_trace.Text()), ToUtf8(Path() + L":3: 设置文件的编码无法识别"));
-        m_trace.Clear();
+        EXPECT_EQ(ToUtf8(m_problems.Text()), ToUtf8(Path() + L":3: 设置文件的编码无法识别"));
+        m_problems.Clear();
         EXPECT_FALSE(Set(L"A"));
-        EXPECT_EQ(ToUtf8(m_trace.Text()), ToUtf8(Path() + L":3: 设置文件的编码无法识别"));
-        m_trace.Clear();
+        EXPECT_EQ(ToUtf8(m_problems.Text()), ToUtf8(Path() + L":3: 设置文件的编码无法识别"));
+        m_problems.Clear();
         EXPECT_EQ(Bytes(), bytes);
     }
 }
@@ -204,7 +204,7 @@ TEST_F(Profile, Utf16WithoutAMarkIsNotTakenForAnotherText)
     const std::string bytes = Encoded("[a]\nb=1\n", TextEncoding::Utf16LE, "");
     Has(bytes);
     EXPECT_FALSE(Set(L"A"));
-    EXPECT_EQ(ToUtf8(m_trace.Text()), ToUtf8(Path() + L":1: 设置文件的编码无法识别"));
+    EXPECT_EQ(ToUtf8(m_problems.Text()), ToUtf8(Path() + L":1: 设置文件的编码无法识别"));
     EXPECT_EQ(Bytes(), bytes);
 }
 
@@ -214,8 +214,8 @@ TEST_F(Profile, AValueThatWouldBreakItsLineIsRefused)
     Has(before);
     for (const wchar_t* value : {L"a\nb=1", L"a\r[x]"}) {
         EXPECT_FALSE(Set(value));
-        EXPECT_EQ(ToUtf8(m_trace.Text()), ToUtf8(Path() + L": 设置的内容不能含有换行"));
-        m_trace.Clear();
+        EXPECT_EQ(ToUtf8(m_problems.Text()), ToUtf8(Path() + L": 设置的内容不能含有换行"));
+        m_problems.Clear();
         EXPECT_EQ(Bytes(), before);
     }
 }
@@ -224,7 +224,7 @@ TEST_F(Profile, ATextThatCannotBeEncodedIsRefused)
 {
     Has("[设置]\n默认样式=a\n");
     EXPECT_FALSE(Set(L"a\xDCFF")); // stands for a byte that is no text
-    EXPECT_EQ(ToUtf8(m_trace.Text()), ToUtf8(Path() + L": 设置文件的编码无法表示新的内容"));
+    EXPECT_EQ(ToUtf8(m_problems.Text()), ToUtf8(Path() + L": 设置文件的编码无法表示新的内容"));
     EXPECT_EQ(Bytes(), "[设置]\n默认样式=a\n");
 }
 
@@ -232,18 +232,18 @@ TEST_F(Profile, AFolderOrAHugeFileOfThatNameIsTold)
 {
     std::filesystem::create_directory(m_folder.Native("setting.ini"));
     EXPECT_EQ(Get(), L"(missing)");
-    EXPECT_EQ(ToUtf8(m_trace.Text()), ToUtf8(Path() + L": 无法读取: 是文件夹,不是文件"));
+    EXPECT_EQ(ToUtf8(m_problems.Text()), ToUtf8(Path() + L": 无法读取: 是文件夹,不是文件"));
     EXPECT_FALSE(Set(L"A"));
     std::filesystem::remove(m_folder.Native("setting.ini"));
-    m_trace.Clear();
+    m_problems.Clear();
     Has(std::string((1 << 20) + 1, 'x'));
     EXPECT_FALSE(Set(L"A"));
-    EXPECT_EQ(ToUtf8(m_trace.Text()), ToUtf8(Path() + L": 无法读取: 文件大于 1 MiB"));
+    EXPECT_EQ(ToUtf8(m_problems.Text()), ToUtf8(Path() + L": 无法读取: 文件大于 1 MiB"));
 }
 
 TEST_F(Profile, AFolderThatIsMissingIsTold)
 {
     const CString path = m_folder.Path(L"none/setting.ini");
-    EXPECT_FALSE(WritePrivateProfileString(L"a", L"b", L"c", path));
-    EXPECT_EQ(ToUtf8(m_trace.Text()), ToUtf8(path + L": 无法写入: 不存在"));
+    EXPECT_FALSE(WritePrivateProfileString(L"a", L"b", L"c", path, m_problems));
+    EXPECT_EQ(ToUtf8(m_problems.Text()), ToUtf8(path + L": 无法写入: 不存在"));
 }

@@ -1,0 +1,28 @@
+#include "base/Problem.h"
+
+#include <algorithm>
+
+#include "base/File.h"
+#include "base/Text.h"
+
+namespace designspec {
+
+std::wstring Problem::Text() const
+{
+    if (file.empty()) return text;
+    return line > 0 ? file + L':' + std::to_wstring(line) + L": " + text : file + L": " + text;
+}
+
+bool HasError(const Problems& problems)
+{
+    return std::any_of(problems.begin(), problems.end(),
+                       [](const Problem& one) { return one.severity == Severity::Error; });
+}
+
+void AddProblem(Problems& problems, Severity severity, const std::wstring& path, int line,
+                const std::wstring& text)
+{
+    problems.push_back({severity, ToWide(NativePath(path)), line, text});
+}
+
+} // namespace designspec

@@ -1,0 +1,99 @@
+// The folder that holds the files of a library of styles, and remembers what each of them held
+// when it was last loaded or saved here: what is in it otherwise was written by somebody else.
+//
+// Deleted styles are set aside, not lost: their files go to the folder 已删除 inside this one, from
+// where they can be brought back.
+#pragma once
+
+#include <map>
+#include <optional>
+
+#include "platform/vmrd/VMRDEnv/StyleFile.h"
+
+namespace designspec {
+
+// The folder of styles in a project's folder.
+inline constexpr wchar_t kStylesFolder[] = L"规范";
+
+// Folder of the project's styles: `project`\规范.
+AFX_EXT_API CString StylesFolderOf(const CString& project);
+
+struct DeletedStyle {
+    CString file; // name, in the folder of the deleted ones
+    CString name; // of the first style in it
+    GUID id;
+};
+
+// Whatever fails adds problems that name the file and the cause.
+class AFX_EXT_CLASS StyleFolder {
+public:
+    // `library` is the name of the library whose styles are meant, in each file.
+    StyleFolder(CString path, CString library);
+
+    const CString& Path() const { return m_path; }
+    CString DeletedPath() const;
+    // Path of the file of that name.
+    CString PathOf(const CString& file) const;
+    // Another folder from now on, of whose files nothing is known. Nothing happens when it is the
+    // same.
+    void MoveTo(const CString& path);
+    void Forget() { m_known.clear(); }
+
+    // Whether the file holds the style; one that holds but one style is taken to hold that one.
+    // Nothing when the file cannot be read.
+    std::optional<bool> Holds(const CString& file, const GUID& id, Problems& problems) const;
+    // Names of the files of styles, sorted, ignoring case.
+    CStringArray Files(Problems& problems) const;
+    bool Has(const CString& file) const;
+    // True when the file is as it was last loaded or saved here, or gone as it was left.
+    bool IsKnown(const CString& file) const;
+
+    bool Load(const CString& file, CXTPPropExchangeXMLNode& root, Problems& problems);
+    // Makes the folder when there is none. Whole or not at all.
+    bool Save(const CString& file, const CXTPPropExchangeXMLNode& root, Problems& problems);
+    // True when the file is gone; without a problem false when there was none.
+    bool Delete(const CString& file, Problems& problems);
+
+    // A value of setting.ini, empty when there is none; and set.
+    CString Setting(const wchar_t* section, const wchar_t* key, Problems& problems) const;
+    bool SetSetting(const wchar_t* section, const wchar_t* key, const CString& value,
+                    Problems& problems);
+
+    // Puts a copy of the file among the deleted ones; its name there, empty after a failure.
+    CString KeepCopy(const CString& file, Problems& problems);
+    // Takes such a copy away again: what it was kept for did not come about.
+    void DropCopy(const CString& copy, Problems& problems);
+
+    // Sets the style of a file aside. A file that holds other styles too keeps them: a copy of it
+    // goes to the deleted ones, and the style is taken out of it. A file that holds but one style
+    // is taken to hold that one. A file of that name set aside earlier stays: the new one gets
+    // "(1)", "(2)" … behind its name. False when that failed or the file does not hold the style;
+    // then the file is where it was. A note says where it went.
+    bool SetAside(const CString& file, const GUID& id, Problems& problems);
+    // Does so for each file that holds the style. True when none is left.
+    bool SetAside(const GUID& id, Problems& problems);
+    // What has been set aside, by file name.
+    std::vector<DeletedStyle> Deleted(Problems& problems) const;
+    // Moves a file back from the deleted ones. False when a file of that name is there, or the move
+    // failed. The caller loads it.
+    bool BringBack(const CString& file, Problems& problems);
+
+private:
+    // What tells two contents apart.
+    struct Content {
+        size_t size, hash;
+        bool operator==(const Content&) const = default;
+    };
+    static Content ContentOf(std::string_view bytes);
+    void Remember(const CString& file);
+    std::optional<std::vector<StyleEntry>> Entries(const CString& path, Problems& problems) const;
+    CString FreeDeletedName(const CString& file) const;
+    CString DeletedPathOf(const CString& file) const;
+    bool TakeOut(const CString& file, const GUID& id, Problems& problems);
+
+    CString m_path;
+    CString m_library;
+    std::map<CString, std::optional<Content>> m_known; // nothing: there is no such file
+};
+
+} // namespace designspec
