@@ -1,7 +1,10 @@
 // What the core library is linked with, and what it offers.
 #include <array>
 #include <cstdio>
+#include <fstream>
 #include <memory>
+#include <set>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -52,6 +55,31 @@ TEST(Layers, TheCoreLibraryNeedsNoGui)
     const std::string all = Output("ldd '" CORE_LIBRARY "'");
     ASSERT_NE(all.find("libc.so"), std::string::npos) << all;
     EXPECT_TRUE(GuiLibraries(all).empty()) << all;
+}
+
+// Each function and variable that the library offers stands in the list; whoever offers another one
+// promises it to other modules.
+TEST(Layers, TheCoreLibraryOffersWhatIsListed)
+{
+    const std::string symbols = Output("nm -D --defined-only -C '" CORE_LIBRARY "'");
+    std::set<std::string> offered;
+    std::istringstream lines(symbols);
+    for (std::string line; std::getline(lines, line);) {
+        const size_t kind = line.find(' ') + 1;
+        const std::string name = line.substr(kind + 2);
+        EXPECT_FALSE(name.starts_with("std::") || name.find(" std::") < name.find('(')) << name;
+        const bool isOwn = line[kind] == 'T' || line[kind] == 'D' || line[kind] == 'B';
+        if (isOwn && !name.starts_with("__")) offered.insert(name);
+    }
+    std::set<std::string> listed;
+    std::ifstream list(SOURCE_DIR "/tests/layers/exports.txt");
+    for (std::string line; std::getline(list, line);)
+        listed.insert(line);
+    EXPECT_GT(listed.size(), 200U);
+    for (const std::string& name : offered)
+        EXPECT_TRUE(listed.contains(name)) << "not listed: " << name;
+    for (const std::string& name : listed)
+        EXPECT_TRUE(offered.contains(name)) << "not offered: " << name;
 }
 
 TEST(Layers, TheCoreLibraryOffersTheQueriesAndClasses)

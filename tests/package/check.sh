@@ -14,6 +14,19 @@ cp -r "$source/examples/consumer" "$work/consumer"
 # main.cpp includes two headers; all of them must be there and compile.
 (cd "$prefix/include" && find . -name '*.h' -printf '#include <%P>\n' | sort) \
     >"$work/consumer/headers.cpp"
+# A program may call its own things what it likes: none of them takes the place of the library's.
+cat >>"$work/consumer/headers.cpp" <<'OWN'
+struct Field { int own; };
+struct Problem { int own; };
+struct Finding { int own; };
+std::wstring Trim(std::wstring_view) { return L"cut"; }
+std::wstring ToWide(std::string_view) { return L"cut"; }
+std::string ToUtf8(std::wstring_view) { return "cut"; }
+std::string NativePath(const std::wstring&) { return "cut"; }
+bool ParseInt(std::string_view, int& value) { return value = 7, true; }
+bool EqualNoCase(std::wstring_view, std::wstring_view) { return true; }
+void Trace(const std::wstring&) {}
+OWN
 echo 'target_sources(consumer PRIVATE headers.cpp)' >>"$work/consumer/CMakeLists.txt"
 
 cmake -G Ninja -S "$work/consumer" -B "$work/build" \
