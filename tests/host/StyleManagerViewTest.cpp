@@ -103,6 +103,17 @@ TEST_F(StyleManagerViewTest, KeysThatEditTextDoNotReachTheStyles)
     EXPECT_EQ(Control<QLineEdit>(host.get(), ControlId::Filter)->text(), QStringLiteral("x"));
 }
 
+TEST_F(StyleManagerViewTest, DelDeletesNothingOutsideTheTable)
+{
+    Have({L"甲"});
+    Start();
+    ClickRow(L"甲");
+    Control(host.get(), ControlId::Groups)->setFocus();
+    Key(Qt::Key_Delete); // a question that nobody expects would fail the test
+    EXPECT_EQ(Listed(), CStringArray{L"甲"});
+    EXPECT_EQ(HdsFiles("规范/已删除"), 0u);
+}
+
 TEST_F(StyleManagerViewTest, SelectionAndSortOrderStayWhenTheListIsRefreshed)
 {
     Have({L"a", L"b", L"c", L"d"});

@@ -260,6 +260,29 @@ TEST_F(LonGradLenDialog, AGradientCanBeEntered)
     EXPECT_EQ(Stored().rows[1], (GradientRow{4.2, {{60, 320}}}));
 }
 
+// 4.26 is kept as 4.2 and shown as 4.3.
+TEST_F(LonGradLenDialog, AnEnteredGradientStandsAboveOneThatIsShownAlike)
+{
+    Show();
+    LoadGradients({4, 4.26, 6});
+    EXPECT_EQ(Headers(), "坡度4% 坡度4.3% 坡度6%");
+    EnterGradient([](QWidget* window) {
+        TypeInto(window, 108, L"4.2");
+        {
+            const ExpectMessage box(L"输入的坡度已经存在!");
+            Click(window, IDOK);
+        }
+        TypeInto(window, 108, L"4.3");
+        Click(window, IDOK);
+    });
+    EXPECT_EQ(Headers(), "坡度4% 坡度4.3% 坡度4.3% 坡度6%");
+    EXPECT_EQ(Row(TheGrid(), 1), "-");
+    EditCell(TheGrid(), 1, 1, L"320");
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(Stored().rows[1], (GradientRow{4.3, {{60, 320}}}));
+    EXPECT_EQ(Stored().rows[2], (GradientRow{4.2, {{60, 100}}}));
+}
+
 TEST_F(LonGradLenDialog, APresentGradientCannotBeEnteredAgain)
 {
     Show();
