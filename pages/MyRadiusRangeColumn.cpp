@@ -5,7 +5,7 @@
 using namespace designspec;
 
 CMyRadiusRangeColumn::CMyRadiusRangeColumn(int itemIndex, int width)
-    : CXTPReportColumn(itemIndex, {}, width, false, false)
+    : CXTPReportColumn(itemIndex, {}, width)
 {
 }
 

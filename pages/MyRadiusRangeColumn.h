@@ -5,7 +5,7 @@
 
 class CMyRadiusRangeColumn : public CXTPReportColumn {
 public:
-    // Not sized by the header and not sortable. For `itemIndex` and `width` see the base class.
+    // For `itemIndex` and `width` see the base class.
     CMyRadiusRangeColumn(int itemIndex, int width);
 
     // Radii in metres. The caption, of three lines, says whether the range excludes its lower end

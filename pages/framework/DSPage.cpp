@@ -84,14 +84,7 @@ CXTPReportControl* CDSPage::CreateGrid(int placeholder, int gridId, const CStrin
     if (QWidget* const frame = GetDlgItem(placeholder)) grid->CreateOver(frame, gridId);
     grid->setMinimumSize(grid->minimumSize().expandedTo(kSmallestGrid));
     grid->AllowEdit(true);
-    grid->EditOnClick(true);
-    CXTPReportHeader* const header = grid->GetReportHeader();
-    header->AllowColumnReorder(false);
-    header->AllowColumnSort(false);
-    header->AllowColumnResize(true);
-    header->SetAutoColumnSizing(false);
-    grid->SetGridStyle(true, xtpReportGridSolid);
-    grid->AddColumn(new CXTPReportColumn(0, corner, headerWidth, false, false));
+    grid->GetColumns().Add(new CXTPReportColumn(0, corner, headerWidth));
     m_grids.push_back(grid);
     return grid;
 }

@@ -42,8 +42,8 @@ public:
     // Puts the focus where the last Refuse found fault.
     void FocusRefused();
 
-    // A grid in the placeholder's place, editable by a click, with vertical lines; columns can be
-    // resized and nothing else. Its first column holds the row headers.
+    // A grid in the placeholder's place that can be edited. Its first column holds the row
+    // headers.
     CXTPReportControl* CreateGrid(int placeholder, int gridId, const CString& corner,
                                   int headerWidth);
 

@@ -122,7 +122,7 @@ CMyRecordItemValue* CHeaderedGrid::Cell(int row, const CXTPReportColumn* column)
 void CHeaderedGrid::ShowLoaded()
 {
     m_control->Populate();
-    m_control->ClearUndo();
+    m_control->GetUndo().Clear();
 }
 
 // Menu
@@ -134,7 +134,8 @@ void CHeaderedGrid::OnRightClick(const CXTPReportColumn* column, const QPoint& g
     if (menu.GetMenuItemCount() == 0) return;
     const UINT id = menu.TrackPopupMenu(globalPos, m_control);
     if (id == 0) return;
-    const CXTPReportUserChange change(*m_control, L"添加或删除");
-    Choose(static_cast<int>(id - kFirstCommand), column);
-    m_control->Populate();
+    m_control->GetUndo().Step([&] {
+        Choose(static_cast<int>(id - kFirstCommand), column);
+        m_control->Populate();
+    });
 }

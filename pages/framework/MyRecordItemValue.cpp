@@ -17,14 +17,14 @@ void CMyRecordItemValue::SetValues(Values values)
     SetCaption(IsEmpty() ? CString() : TextOf(m_values));
 }
 
-CXTPReportItemState CMyRecordItemValue::SaveState() const
+designspec::ReportItemState CMyRecordItemValue::SaveState() const
 {
-    CXTPReportItemState state = CXTPReportRecordItem::SaveState();
+    auto state = CXTPReportRecordItem::SaveState();
     state.values = m_values;
     return state;
 }
 
-void CMyRecordItemValue::RestoreState(const CXTPReportItemState& state)
+void CMyRecordItemValue::RestoreState(const designspec::ReportItemState& state)
 {
     CXTPReportRecordItem::RestoreState(state);
     m_values = state.values;

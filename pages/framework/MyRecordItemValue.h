@@ -18,8 +18,8 @@ public:
     // Bad input empties the cell, without a word unless Read has one.
     void OnEditChanged(CXTPReportControl* control, const CString& newText) override;
 
-    CXTPReportItemState SaveState() const override;
-    void RestoreState(const CXTPReportItemState& state) override;
+    designspec::ReportItemState SaveState() const override;
+    void RestoreState(const designspec::ReportItemState& state) override;
 
 protected:
     void SetValues(Values values);

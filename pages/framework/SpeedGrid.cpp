@@ -48,7 +48,7 @@ void CSpeedGrid::Create(CDSPage& page, const AddedCell& addedCell, const SpeedGr
 
 CXTPReportColumn* CSpeedGrid::NewColumn(int itemIndex, int speed, int width) const
 {
-    return new CXTPReportColumn(itemIndex, Format(L"%d", speed), width, false, false);
+    return new CXTPReportColumn(itemIndex, Format(L"%d", speed), width);
 }
 
 CArray<int> CSpeedGrid::Speeds() const
@@ -74,7 +74,8 @@ void CSpeedGrid::SetSpeeds(CArray<int> speeds)
     std::sort(speeds.begin(), speeds.end());
     std::reverse(speeds.begin(), speeds.end());
     for (size_t i = 0; i < speeds.size(); ++i)
-        Control().AddColumn(NewColumn(static_cast<int>(i) + 1, speeds[i], m_layout.speedWidth));
+        Control().GetColumns().Add(
+            NewColumn(static_cast<int>(i) + 1, speeds[i], m_layout.speedWidth));
 }
 
 void CSpeedGrid::AddSpeed(int speed)

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include <QPainter>
+#include <QPalette>
 
 #include "platform/mfc/QtText.h"
 
@@ -46,14 +47,15 @@ void DrawLine(QPainter& painter, const QRect& rect, const CString& text)
 
 } // namespace
 
-void CXTPReportRecordItemHeard::Draw(QPainter& painter, const CXTPReportItemDraw& draw) const
+void CXTPReportRecordItemHeard::Draw(QPainter& painter, const QRect& rect, const QPalette& palette,
+                                     bool) const
 {
-    painter.fillRect(draw.rect, draw.palette.button());
-    const QRect frame = draw.rect.adjusted(1, 1, -1, -1);
-    DrawRaisedFrame(painter, frame, draw.palette);
+    painter.fillRect(rect, palette.button());
+    const QRect frame = rect.adjusted(1, 1, -1, -1);
+    DrawRaisedFrame(painter, frame, palette);
 
     QRect text = frame.adjusted(1 + kTextIndent, 1, -1, -1);
-    painter.setPen(draw.palette.color(QPalette::ButtonText));
+    painter.setPen(palette.color(QPalette::ButtonText));
     const CString caption = GetCaption();
     const size_t lineBreak = caption.find(L'\n');
     if (lineBreak == CString::npos) {

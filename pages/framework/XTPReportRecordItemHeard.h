@@ -18,7 +18,8 @@ public:
     int GetRowHeight() const { return m_nRowHeight; }
     void SetRowHeight(int height) { m_nRowHeight = height; }
 
-    void Draw(QPainter& painter, const CXTPReportItemDraw& draw) const override;
+    void Draw(QPainter& painter, const QRect& rect, const QPalette& palette,
+              bool selected) const override;
 
 private:
     int m_nRowHeight = 0;

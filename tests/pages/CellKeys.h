@@ -68,7 +68,7 @@ public:
         EXPECT_EQ(EditorText(m_grid), m_second);
         PressKey(m_grid, Qt::Key_Escape);
         ExpectTexts(m_first, m_second);
-        EXPECT_FALSE(m_grid->CanUndo());
+        EXPECT_FALSE(m_grid->GetUndo().CanUndo());
     }
 
     // `typed` ends in that text, by Tab and by Enter.
@@ -124,7 +124,7 @@ public:
         for (int i = 0; i < 3; ++i)
             PressKey(m_grid, Qt::Key_Z, Qt::ControlModifier);
         ExpectTexts(m_first, m_second);
-        EXPECT_FALSE(m_grid->CanUndo());
+        EXPECT_FALSE(m_grid->GetUndo().CanUndo());
     }
 
     // A bad text empties the cell, with that message if there is one; one step takes it back.
@@ -163,7 +163,7 @@ private:
     {
         PressKey(m_grid, Qt::Key_Z, Qt::ControlModifier);
         ExpectTexts(m_first, m_second);
-        EXPECT_FALSE(m_grid->CanUndo());
+        EXPECT_FALSE(m_grid->GetUndo().CanUndo());
     }
 
     CXTPReportControl* m_grid;

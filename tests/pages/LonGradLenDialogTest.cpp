@@ -310,7 +310,7 @@ TEST_F(LonGradLenDialog, AnEnteredGradientHasOneDecimalAtMost)
         Click(window, IDCANCEL);
     });
     EXPECT_EQ(Headers(), "坡度4% 坡度6%");
-    EXPECT_FALSE(TheGrid()->CanUndo());
+    EXPECT_FALSE(TheGrid()->GetUndo().CanUndo());
 }
 
 TEST_F(LonGradLenDialog, AGradientOfZeroIsARowToo)

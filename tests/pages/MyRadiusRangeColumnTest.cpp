@@ -7,9 +7,6 @@ TEST(MyRadiusRangeColumn, TellsItsRangeInThreeLines)
     CMyRadiusRangeColumn column(3, 50);
     EXPECT_EQ(column.GetItemIndex(), 3);
     EXPECT_EQ(column.GetWidth(), 50);
-    EXPECT_FALSE(column.IsAutoSize());
-    EXPECT_FALSE(column.IsSortable());
-    EXPECT_TRUE(column.IsVisible());
 
     column.SetRange(150, 250, true);
     EXPECT_EQ(column.GetMin(), 150);

@@ -14,6 +14,7 @@ namespace {
 
 class RadiusRangeItem : public testing::Test {
 protected:
+    RadiusRangeItem() { m_grid.show(); } // one that nobody sees tells nothing
     void Enter(const wchar_t* text) { m_cell.OnEditChanged(&m_grid, text); }
     void ExpectRange(int min, int max, const wchar_t* caption)
     {
@@ -98,7 +99,7 @@ TEST_F(RadiusRangeItem, TellsItWithoutAGridToo)
 TEST_F(RadiusRangeItem, ItsStateHoldsBothEnds)
 {
     m_cell.SetRange(250, 300);
-    const CXTPReportItemState state = m_cell.SaveState();
+    const designspec::ReportItemState state = m_cell.SaveState();
     m_cell.SetEmpty();
     m_cell.RestoreState(state);
     ExpectRange(250, 300, L"250~300");

@@ -57,7 +57,6 @@ TEST_F(TransitionCurveDialog, ShowsTheBuiltInLimitsBeforeAnythingIsLoaded)
     EXPECT_EQ(Radii()->ShownColumn(0)->GetWidth(), 140);
     EXPECT_EQ(Lengths()->ShownColumn(1)->GetWidth(), 40);
     EXPECT_EQ(Radii()->ShownColumn(1)->GetWidth(), 40);
-    EXPECT_FALSE(Radii()->ShownColumn(1)->IsSortable());
 }
 
 TEST_F(TransitionCurveDialog, HasItsCaptions)

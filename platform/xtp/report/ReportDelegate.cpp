@@ -1,22 +1,17 @@
 #include "platform/xtp/report/ReportDelegate.h"
 
-#include <QApplication>
-#include <QClipboard>
 #include <QKeyEvent>
 #include <QPainter>
 
+#include "platform/xtp/report/ReportClipboard.h"
 #include "platform/xtp/report/ReportControl.h"
+#include "platform/xtp/report/ReportKeys.h"
+
+using namespace designspec;
 
 namespace {
 
 constexpr int kEditorMargin = 2;
-
-// Text of several cells, which is for the grid and not for one cell's editor.
-bool IsBlockOnClipboard()
-{
-    const QString text = QApplication::clipboard()->text().trimmed();
-    return text.contains(u'\t') || text.contains(u'\n');
-}
 
 // A number that is wider than its column can be seen while it is typed.
 void GrowWithText(QLineEdit* editor)
@@ -34,54 +29,50 @@ QPalette::ColorGroup GroupOf(const QStyleOptionViewItem& option)
 
 } // namespace
 
-CXTPReportDelegate::CXTPReportDelegate(CXTPReportControl* control)
-    : QStyledItemDelegate(control), m_control(control)
+ReportDelegate::ReportDelegate(CXTPReportControl* control, ReportKeys& keys)
+    : QStyledItemDelegate(control), m_control(control), m_keys(keys)
 {
 }
 
-void CXTPReportDelegate::EndEdit(bool commit)
+void ReportDelegate::EndEdit(bool commit)
 {
-    const QPointer<QLineEdit> editor = m_editor;
+    QLineEdit* const editor = m_editor;
     if (!editor) return;
     if (commit) emit commitData(editor);
-    if (!editor || editor != m_editor) return;
     const bool hadFocus = editor->window()->focusWidget() == editor;
     emit closeEditor(editor, NoHint);
     if (hadFocus) m_control->setFocus();
 }
 
-void CXTPReportDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
-                               const QModelIndex& index) const
+void ReportDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                           const QModelIndex& index) const
 {
-    CXTPReportItemDraw draw;
-    draw.control = m_control;
-    draw.rect = option.rect.adjusted(0, 0, -1, -1);
-    draw.palette = option.palette;
-    draw.palette.setCurrentColorGroup(GroupOf(option));
+    const QRect rect = option.rect.adjusted(0, 0, -1, -1);
+    QPalette palette = option.palette;
+    palette.setCurrentColorGroup(GroupOf(option));
     // The cell that keys act on is framed and not filled, so that it stands out in its block.
-    draw.focused = option.state & QStyle::State_HasFocus;
-    draw.selected = (option.state & QStyle::State_Selected) && !draw.focused;
+    const bool focused = option.state & QStyle::State_HasFocus;
+    const bool selected = (option.state & QStyle::State_Selected) && !focused;
 
     painter->save();
     painter->setFont(option.font);
     if (const auto* item = m_control->ItemAt(index))
-        item->Draw(*painter, draw);
+        item->Draw(*painter, rect, palette, selected);
     else
-        painter->fillRect(draw.rect,
-                          draw.selected ? draw.palette.highlight() : draw.palette.base());
+        painter->fillRect(rect, selected ? palette.highlight() : palette.base());
     painter->restore();
 
     painter->save();
     m_control->GetPaintManager()->DrawGrid(*painter, option.rect);
-    if (draw.focused) {
-        painter->setPen(QPen(draw.palette.color(QPalette::Highlight), 2));
-        painter->drawRect(draw.rect.adjusted(1, 1, -1, -1));
+    if (focused) {
+        painter->setPen(QPen(palette.color(QPalette::Highlight), 2));
+        painter->drawRect(rect.adjusted(1, 1, -1, -1));
     }
     painter->restore();
 }
 
-QWidget* CXTPReportDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&,
-                                          const QModelIndex&) const
+QWidget* ReportDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&,
+                                      const QModelIndex&) const
 {
     auto* const editor = new QLineEdit(parent);
     editor->setFrame(false);
@@ -93,34 +84,34 @@ QWidget* CXTPReportDelegate::createEditor(QWidget* parent, const QStyleOptionVie
     return editor;
 }
 
-void CXTPReportDelegate::destroyEditor(QWidget* editor, const QModelIndex& index) const
+void ReportDelegate::destroyEditor(QWidget* editor, const QModelIndex& index) const
 {
     if (editor == m_editor) m_editor = nullptr;
     QStyledItemDelegate::destroyEditor(editor, index);
 }
 
-void CXTPReportDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const
+void ReportDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const
 {
     auto* const edit = static_cast<QLineEdit*>(editor);
     edit->setText(index.data(Qt::EditRole).toString());
     edit->selectAll();
 }
 
-void CXTPReportDelegate::setModelData(QWidget* editor, QAbstractItemModel* model,
-                                      const QModelIndex& index) const
+void ReportDelegate::setModelData(QWidget* editor, QAbstractItemModel* model,
+                                  const QModelIndex& index) const
 {
     const QString text = static_cast<QLineEdit*>(editor)->text();
     if (text != index.data(Qt::EditRole).toString()) model->setData(index, text, Qt::EditRole);
 }
 
-void CXTPReportDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
-                                              const QModelIndex&) const
+void ReportDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                                          const QModelIndex&) const
 {
     editor->setGeometry(option.rect.adjusted(0, 0, -1, -1));
     GrowWithText(static_cast<QLineEdit*>(editor));
 }
 
-bool CXTPReportDelegate::eventFilter(QObject* watched, QEvent* event)
+bool ReportDelegate::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::KeyPress && watched == m_editor &&
         HandleKey(static_cast<QKeyEvent*>(event)))
@@ -128,26 +119,22 @@ bool CXTPReportDelegate::eventFilter(QObject* watched, QEvent* event)
     return QStyledItemDelegate::eventFilter(watched, event);
 }
 
-bool CXTPReportDelegate::HandleKey(QKeyEvent* event)
+bool ReportDelegate::HandleKey(const QKeyEvent* event)
 {
-    if (event->matches(QKeySequence::Paste) && IsBlockOnClipboard()) {
+    if (IsForGrid(event)) {
         EndEdit(false);
-        m_control->Paste();
-        return true;
+        return m_keys.Command(event);
     }
-    // Nothing left to undo in the editor: the key is for the grid.
-    const bool undo = CXTPReportControl::IsUndoKey(event) && !m_editor->isUndoAvailable();
-    const bool redo = CXTPReportControl::IsRedoKey(event) && !m_editor->isRedoAvailable();
-    if (undo || redo) {
-        EndEdit(false);
-        if (undo)
-            m_control->Undo();
-        else
-            m_control->Redo();
-        return true;
-    }
-    if (!CXTPReportControl::IsMoveOnKey(event)) return false;
-    EndEdit(true);
-    m_control->MoveOn(event);
+    if (!ReportKeys::IsMoveOn(event)) return false;
+    m_control->CommitEdit();
+    m_keys.MoveOn(event);
     return true;
+}
+
+bool ReportDelegate::IsForGrid(const QKeyEvent* event) const
+{
+    if (event->matches(QKeySequence::Paste)) return ReportClipboard::HoldsBlock();
+    // Nothing is left to undo in the editor.
+    if (ReportKeys::IsUndo(event)) return !m_editor->isUndoAvailable();
+    return ReportKeys::IsRedo(event) && !m_editor->isRedoAvailable();
 }

@@ -7,9 +7,13 @@
 
 class CXTPReportControl;
 
-class CXTPReportDelegate : public QStyledItemDelegate {
+namespace designspec {
+
+class ReportKeys;
+
+class ReportDelegate : public QStyledItemDelegate {
 public:
-    explicit CXTPReportDelegate(CXTPReportControl* control);
+    ReportDelegate(CXTPReportControl* control, ReportKeys& keys);
 
     // The open editor, or null.
     QLineEdit* Editor() const { return m_editor; }
@@ -29,8 +33,12 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    bool HandleKey(QKeyEvent* event);
+    bool HandleKey(const QKeyEvent* event);
+    bool IsForGrid(const QKeyEvent* event) const;
 
     CXTPReportControl* m_control;
+    ReportKeys& m_keys;
     mutable QPointer<QLineEdit> m_editor;
 };
+
+} // namespace designspec

@@ -6,8 +6,10 @@
 #include <memory>
 #include <vector>
 
+namespace designspec {
+
 // What is removed lives on while the grid still shows it or could bring it back by undo.
-template <class T> class CXTPReportList {
+template <class T> class ReportList {
 public:
     using Elements = std::vector<std::shared_ptr<T>>;
 
@@ -54,3 +56,5 @@ public:
 private:
     Elements m_elements;
 };
+
+} // namespace designspec

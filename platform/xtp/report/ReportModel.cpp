@@ -5,12 +5,12 @@
 
 using namespace designspec;
 
-CXTPReportModel::CXTPReportModel(CXTPReportControl* control)
+ReportModel::ReportModel(CXTPReportControl* control)
     : QAbstractTableModel(control), m_control(control)
 {
 }
 
-void CXTPReportModel::Reload()
+void ReportModel::Reload()
 {
     beginResetModel();
     m_columns = m_control->GetColumns();
@@ -18,23 +18,23 @@ void CXTPReportModel::Reload()
     endResetModel();
 }
 
-void CXTPReportModel::Refresh()
+void ReportModel::Refresh()
 {
     if (rowCount() == 0 || columnCount() == 0) return;
     emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
 }
 
-CXTPReportRecord* CXTPReportModel::Record(int row) const
+CXTPReportRecord* ReportModel::Record(int row) const
 {
     return m_records.GetAt(row);
 }
 
-CXTPReportColumn* CXTPReportModel::Column(int column) const
+CXTPReportColumn* ReportModel::Column(int column) const
 {
     return m_columns.GetAt(column);
 }
 
-CXTPReportRecordItem* CXTPReportModel::Item(const QModelIndex& index) const
+CXTPReportRecordItem* ReportModel::Item(const QModelIndex& index) const
 {
     if (!index.isValid()) return nullptr;
     const CXTPReportRecord* const record = Record(index.row());
@@ -42,17 +42,17 @@ CXTPReportRecordItem* CXTPReportModel::Item(const QModelIndex& index) const
     return record && column ? record->GetItem(column->GetItemIndex()) : nullptr;
 }
 
-int CXTPReportModel::rowCount(const QModelIndex& parent) const
+int ReportModel::rowCount(const QModelIndex& parent) const
 {
     return parent.isValid() ? 0 : m_records.GetCount();
 }
 
-int CXTPReportModel::columnCount(const QModelIndex& parent) const
+int ReportModel::columnCount(const QModelIndex& parent) const
 {
     return parent.isValid() ? 0 : m_columns.GetCount();
 }
 
-QVariant CXTPReportModel::data(const QModelIndex& index, int role) const
+QVariant ReportModel::data(const QModelIndex& index, int role) const
 {
     // The tool tip shows in full what the column may be too narrow for.
     if (role != Qt::DisplayRole && role != Qt::EditRole && role != Qt::ToolTipRole) return {};
@@ -60,21 +60,21 @@ QVariant CXTPReportModel::data(const QModelIndex& index, int role) const
     return item ? ToQString(item->GetCaption()) : QVariant();
 }
 
-bool CXTPReportModel::setData(const QModelIndex& index, const QVariant& value, int role)
+bool ReportModel::setData(const QModelIndex& index, const QVariant& value, int role)
 {
     if (role != Qt::EditRole || !(flags(index) & Qt::ItemIsEditable)) return false;
     m_control->EnterText(index, FromQString(value.toString()));
     return true;
 }
 
-QVariant CXTPReportModel::headerData(int section, Qt::Orientation orientation, int role) const
+QVariant ReportModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
     const CXTPReportColumn* const column = Column(section);
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole || !column) return {};
     return ToQString(column->GetCaption());
 }
 
-Qt::ItemFlags CXTPReportModel::flags(const QModelIndex& index) const
+Qt::ItemFlags ReportModel::flags(const QModelIndex& index) const
 {
     if (!index.isValid()) return Qt::NoItemFlags;
     const CXTPReportRecordItem* const item = Item(index);

@@ -8,10 +8,12 @@
 
 class CXTPReportControl;
 
+namespace designspec {
+
 // Holds what it shows, so that a column or record removed since stays valid until Reload.
-class CXTPReportModel : public QAbstractTableModel {
+class ReportModel : public QAbstractTableModel {
 public:
-    explicit CXTPReportModel(CXTPReportControl* control);
+    explicit ReportModel(CXTPReportControl* control);
 
     void Reload();
     // The cells have new contents; nothing was added or removed.
@@ -33,3 +35,5 @@ private:
     CXTPReportColumns m_columns;
     CXTPReportRecords m_records;
 };
+
+} // namespace designspec

@@ -12,13 +12,8 @@ class CXTPReportControl;
 class CXTPReportRecord;
 class QPainter;
 
-enum XTPReportGridStyle {
-    xtpReportGridNoLines,
-    xtpReportGridSolid,
-    xtpReportGridDotted,
-};
-
-// Heights are in pixels at 100 % scale. Colours follow the grid's palette, light or dark.
+// Heights are in pixels at 100 % scale. Colours and font follow the grid's, light or dark. Nothing
+// here may be asked before a grid has taken the paint manager.
 class AFX_EXT_CLASS CXTPReportPaintManager {
 public:
     virtual ~CXTPReportPaintManager() = default;
@@ -34,11 +29,8 @@ public:
     void SetHeaderHeight(int height) { m_headerHeight = height; } // 0: follows the font
 
     QFont GetCaptionFont() const; // of the header
-    void SetCaptionFont(const QFont& font);
     QColor GetHeaderTextColor() const;
 
-    XTPReportGridStyle GetGridStyle(bool vertical) const;
-    void SetGridStyle(bool vertical, XTPReportGridStyle style);
     // The lines right of a cell and below it, on the outermost pixels of `rect`.
     void DrawGrid(QPainter& painter, const QRect& rect) const;
 
@@ -46,14 +38,9 @@ public:
     void SetControl(const CXTPReportControl* control) { m_control = control; }
 
 protected:
-    const CXTPReportControl* GetControl() const { return m_control; }
     void DrawHeaderBackground(QPainter& painter, const QRect& rect) const;
 
 private:
     const CXTPReportControl* m_control = nullptr;
     int m_headerHeight = 0;
-    QFont m_captionFont;
-    bool m_hasCaptionFont = false;
-    XTPReportGridStyle m_vertical = xtpReportGridSolid;
-    XTPReportGridStyle m_horizontal = xtpReportGridSolid;
 };

@@ -8,9 +8,7 @@
 // Cells that no column points at stay in the record and are not shown.
 class AFX_EXT_CLASS CXTPReportRecord {
 public:
-    using Items = CXTPReportList<CXTPReportRecordItem>;
-
-    virtual ~CXTPReportRecord() = default;
+    using Items = designspec::ReportList<CXTPReportRecordItem>;
 
     // Takes ownership of the cell and returns it.
     template <class Item> Item* AddItem(Item* item) { return m_items.Add(item); }
@@ -25,4 +23,4 @@ private:
     Items m_items;
 };
 
-using CXTPReportRecords = CXTPReportList<CXTPReportRecord>;
+using CXTPReportRecords = designspec::ReportList<CXTPReportRecord>;

@@ -1,6 +1,7 @@
 #include "platform/xtp/report/ReportRecordItem.h"
 
 #include <QPainter>
+#include <QPalette>
 
 #include "platform/mfc/QtText.h"
 
@@ -13,26 +14,26 @@ void CXTPReportRecordItem::OnEditChanged(CXTPReportControl*, const CString& newT
     SetCaption(newText);
 }
 
-CXTPReportItemState CXTPReportRecordItem::SaveState() const
+ReportItemState CXTPReportRecordItem::SaveState() const
 {
     return {m_caption, m_itemData, {}};
 }
 
-void CXTPReportRecordItem::RestoreState(const CXTPReportItemState& state)
+void CXTPReportRecordItem::RestoreState(const ReportItemState& state)
 {
     m_caption = state.caption;
     m_itemData = state.itemData;
 }
 
-void CXTPReportRecordItem::Draw(QPainter& painter, const CXTPReportItemDraw& draw) const
+void CXTPReportRecordItem::Draw(QPainter& painter, const QRect& rect, const QPalette& palette,
+                                bool selected) const
 {
     constexpr int kMargin = 2;
-    const QRect place = draw.rect.adjusted(kMargin, 0, -kMargin, 0);
+    const QRect place = rect.adjusted(kMargin, 0, -kMargin, 0);
     // A number that is cut off would read as another one.
     const QString text =
         painter.fontMetrics().elidedText(ToQString(GetCaption()), Qt::ElideRight, place.width());
-    painter.fillRect(draw.rect, draw.selected ? draw.palette.highlight() : draw.palette.base());
-    const QPalette::ColorRole role = draw.selected ? QPalette::HighlightedText : QPalette::Text;
-    painter.setPen(draw.palette.color(role));
+    painter.fillRect(rect, selected ? palette.highlight() : palette.base());
+    painter.setPen(palette.color(selected ? QPalette::HighlightedText : QPalette::Text));
     painter.drawText(place, Qt::AlignCenter, text);
 }

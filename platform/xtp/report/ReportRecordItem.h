@@ -3,33 +3,27 @@
 
 #include <vector>
 
-#include <QPalette>
-#include <QRect>
-
 #include "base/Export.h"
 #include "platform/mfc/Object.h"
 #include "platform/mfc/String.h"
 
 class CXTPReportControl;
 class QPainter;
+class QPalette;
+class QRect;
+
+namespace designspec {
 
 // All that a cell holds, for undo.
-struct CXTPReportItemState {
+struct ReportItemState {
     CString caption;
     unsigned itemData = 0;
     std::vector<double> values; // what a derived cell keeps, in an order of its own
 
-    bool operator==(const CXTPReportItemState&) const = default;
+    bool operator==(const ReportItemState&) const = default;
 };
 
-// How a cell is drawn; `rect` is the cell without its grid lines.
-struct CXTPReportItemDraw {
-    const CXTPReportControl* control = nullptr;
-    QRect rect;
-    QPalette palette;
-    bool selected = false;
-    bool focused = false; // the cell that keys act on
-};
+} // namespace designspec
 
 class AFX_EXT_CLASS CXTPReportRecordItem : public CObject {
     DECLARE_DYNCREATE(CXTPReportRecordItem)
@@ -39,8 +33,8 @@ public:
     explicit CXTPReportRecordItem(const CString& caption) : m_caption(caption) {}
 
     // The text that the cell shows, copies and offers for editing.
-    virtual CString GetCaption() const { return m_caption; }
-    virtual void SetCaption(const CString& caption) { m_caption = caption; }
+    const CString& GetCaption() const { return m_caption; }
+    void SetCaption(const CString& caption) { m_caption = caption; }
 
     // A number that the cell's owner may keep here.
     unsigned GetItemData() const { return m_itemData; }
@@ -53,12 +47,13 @@ public:
     virtual void OnEditChanged(CXTPReportControl* control, const CString& newText);
 
     // The cell's whole state, and back. A derived cell adds its values.
-    virtual CXTPReportItemState SaveState() const;
-    virtual void RestoreState(const CXTPReportItemState& state);
+    virtual designspec::ReportItemState SaveState() const;
+    virtual void RestoreState(const designspec::ReportItemState& state);
 
-    // Here: the caption in the middle, cut short with an ellipsis when it does not fit; the
-    // selection's colour behind it when the cell is selected.
-    virtual void Draw(QPainter& painter, const CXTPReportItemDraw& draw) const;
+    // `rect` is the cell without its grid lines. Here: the caption in the middle, cut short with an
+    // ellipsis when it does not fit; the selection's colour behind it when the cell is selected.
+    virtual void Draw(QPainter& painter, const QRect& rect, const QPalette& palette,
+                      bool selected) const;
 
 private:
     CString m_caption;

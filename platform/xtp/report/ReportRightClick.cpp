@@ -6,13 +6,15 @@
 #include <QMouseEvent>
 #include <QWidget>
 
-CXTPReportRightClick::CXTPReportRightClick(QWidget* viewport, Callback callback)
+using namespace designspec;
+
+ReportRightClick::ReportRightClick(QWidget* viewport, Callback callback)
     : QObject(viewport), m_callback(std::move(callback))
 {
     viewport->installEventFilter(this);
 }
 
-bool CXTPReportRightClick::eventFilter(QObject* watched, QEvent* event)
+bool ReportRightClick::eventFilter(QObject* watched, QEvent* event)
 {
     // Filters hear the mouse over disabled windows too.
     if (!static_cast<QWidget*>(watched)->isEnabled()) return false;

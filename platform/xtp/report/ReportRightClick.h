@@ -9,14 +9,16 @@
 
 class QWidget;
 
+namespace designspec {
+
 // The window system asks for a context menu when the button goes down; where nobody asks, the
 // button's release counts.
-class CXTPReportRightClick : public QObject {
+class ReportRightClick : public QObject {
 public:
     using Callback = std::function<void(const QPoint& pos, const QPoint& globalPos)>;
 
     // Lives as long as `viewport`, which owns it.
-    CXTPReportRightClick(QWidget* viewport, Callback callback);
+    ReportRightClick(QWidget* viewport, Callback callback);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -24,3 +26,5 @@ private:
     Callback m_callback;
     bool m_pressed = false;
 };
+
+} // namespace designspec

@@ -1,74 +1,66 @@
 #include "platform/xtp/report/ReportUndo.h"
 
-#include "platform/mfc/QtText.h"
 #include "platform/xtp/report/ReportControl.h"
 
 using namespace designspec;
 
-CXTPReportSnapshot CXTPReportSnapshot::Take(const CXTPReportColumns& columns,
-                                            const CXTPReportRecords& records)
+ReportSnapshot ReportUndo::Take() const
 {
-    CXTPReportSnapshot snapshot{columns.All(), {}};
-    for (const auto& record : records.All()) {
-        Row row{record, record->GetItems().All(), {}};
-        for (const auto& item : row.items)
-            row.states.push_back(item->SaveState());
-        snapshot.rows.push_back(std::move(row));
+    return ReportSnapshot::Take(m_grid.GetColumns(), m_grid.GetRecords());
+}
+
+void ReportUndo::Step(const std::function<void()>& change)
+{
+    if (m_inStep) {
+        change();
+        return;
     }
-    return snapshot;
+    ReportSnapshot before = Take();
+    m_inStep = true;
+    change();
+    m_inStep = false;
+    ReportSnapshot after = Take();
+    if (before == after) return;
+    m_changes.erase(m_changes.begin() + static_cast<std::ptrdiff_t>(m_done), m_changes.end());
+    m_changes.push_back({std::move(before), std::move(after)});
+    ++m_done;
 }
 
-void CXTPReportSnapshot::PutBack(CXTPReportColumns& toColumns, CXTPReportRecords& toRecords) const
+void ReportUndo::Clear()
 {
-    CXTPReportRecords::Elements records;
-    for (const Row& row : rows) {
-        row.record->GetItems().Assign(row.items);
-        for (size_t i = 0; i < row.items.size(); ++i)
-            row.items[i]->RestoreState(row.states[i]);
-        records.push_back(row.record);
+    m_changes.clear();
+    m_done = 0;
+}
+
+bool ReportUndo::CanUndo() const
+{
+    return m_grid.IsAllowEdit() && m_done > 0;
+}
+
+bool ReportUndo::CanRedo() const
+{
+    return m_grid.IsAllowEdit() && m_done < m_changes.size();
+}
+
+void ReportUndo::Undo()
+{
+    if (CanUndo()) Restore(m_changes[--m_done].before);
+}
+
+void ReportUndo::Redo()
+{
+    if (CanRedo()) Restore(m_changes[m_done++].after);
+}
+
+void ReportUndo::Restore(const ReportSnapshot& content)
+{
+    const ReportSnapshot now = Take();
+    content.PutBack(m_grid.GetColumns(), m_grid.GetRecords());
+    m_grid.Populate();
+    // The user sees what has changed, wherever the grid was scrolled to.
+    if (const auto place = content.FirstChange(now)) {
+        m_grid.setCurrentIndex(m_grid.IndexOf(place->first, place->second));
+        m_grid.scrollTo(m_grid.currentIndex());
     }
-    toColumns.Assign(columns);
-    toRecords.Assign(std::move(records));
-}
-
-bool CXTPReportSnapshot::IsSameCell(const CXTPReportSnapshot& other, size_t row,
-                                    size_t column) const
-{
-    if (row >= other.rows.size() || column >= other.columns.size()) return false;
-    const auto item = static_cast<size_t>(columns[column]->GetItemIndex());
-    const auto otherItem = static_cast<size_t>(other.columns[column]->GetItemIndex());
-    const Row& one = rows[row];
-    const Row& two = other.rows[row];
-    if (item >= one.items.size() || otherItem >= two.items.size())
-        return item >= one.items.size() && otherItem >= two.items.size();
-    return one.items[item] == two.items[otherItem] && one.states[item] == two.states[otherItem];
-}
-
-std::optional<std::pair<int, int>>
-CXTPReportSnapshot::FirstChange(const CXTPReportSnapshot& other) const
-{
-    for (size_t row = 0; row < rows.size(); ++row)
-        for (size_t column = 0; column < columns.size(); ++column)
-            if (!IsSameCell(other, row, column))
-                return std::pair(static_cast<int>(row), static_cast<int>(column));
-    return {};
-}
-
-CXTPReportUndoCommand::CXTPReportUndoCommand(CXTPReportControl* control, const CString& text,
-                                             Snapshot before, Snapshot after)
-    : QUndoCommand(ToQString(text)), m_control(control), m_before(std::move(before)),
-      m_after(std::move(after))
-{
-}
-
-void CXTPReportUndoCommand::undo()
-{
-    m_made = false;
-    m_control->Restore(*m_before);
-}
-
-void CXTPReportUndoCommand::redo()
-{
-    if (!m_made) m_control->Restore(*m_after);
-    m_made = true;
+    emit m_grid.UndoDone();
 }

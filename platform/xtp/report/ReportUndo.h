@@ -1,56 +1,47 @@
-// Undo for the report grid: a step swaps the grid's whole content.
+// Undo and redo of what the user does to a report grid.
 #pragma once
 
-#include <memory>
-#include <optional>
+#include <functional>
 
-#include <QUndoCommand>
+#include "base/Export.h"
+#include "platform/xtp/report/ReportSnapshot.h"
 
-#include "platform/mfc/String.h"
-#include "platform/xtp/report/ReportColumn.h"
-#include "platform/xtp/report/ReportRecord.h"
+class CXTPReportControl;
 
-// Columns, records, cells and the cells' states. Whatever it names it keeps alive.
-struct CXTPReportSnapshot {
-    struct Row {
-        std::shared_ptr<CXTPReportRecord> record;
-        CXTPReportRecord::Items::Elements items;
-        std::vector<CXTPReportItemState> states;
+namespace designspec {
 
-        bool operator==(const Row&) const = default;
-    };
-
-    CXTPReportColumns::Elements columns;
-    std::vector<Row> rows;
-
-    bool operator==(const CXTPReportSnapshot&) const = default;
-
-    static CXTPReportSnapshot Take(const CXTPReportColumns& columns,
-                                   const CXTPReportRecords& records);
-    void PutBack(CXTPReportColumns& columns, CXTPReportRecords& records) const;
-
-    // The place, row and column, of the first cell that is another one or in another state than
-    // the cell there in `other`; null when there is none.
-    std::optional<std::pair<int, int>> FirstChange(const CXTPReportSnapshot& other) const;
-
-private:
-    bool IsSameCell(const CXTPReportSnapshot& other, size_t row, size_t column) const;
-};
-
-class CXTPReportUndoCommand : public QUndoCommand {
+// A step swaps the grid's whole content.
+class AFX_EXT_CLASS ReportUndo {
 public:
-    using Snapshot = std::shared_ptr<const CXTPReportSnapshot>;
+    explicit ReportUndo(CXTPReportControl& grid) : m_grid(grid) {}
 
-    // The change from `before` to `after` has been made already.
-    CXTPReportUndoCommand(CXTPReportControl* control, const CString& text, Snapshot before,
-                          Snapshot after);
+    // What `change` does to columns, records and cells is one step, or part of the step that is
+    // being made. One that changes nothing is none.
+    void Step(const std::function<void()>& change);
+    bool IsInStep() const { return m_inStep; }
 
-    void undo() override;
-    void redo() override;
+    // Forgets all steps, as after loading.
+    void Clear();
+    // Never in a grid that may not be edited.
+    bool CanUndo() const;
+    bool CanRedo() const;
+    // Nothing happens when it cannot be done. The grid is populated, goes to the first cell that
+    // has changed, and tells of it by UndoDone.
+    void Undo();
+    void Redo();
 
 private:
-    CXTPReportControl* m_control;
-    Snapshot m_before;
-    Snapshot m_after;
-    bool m_made = true;
+    struct Change {
+        ReportSnapshot before;
+        ReportSnapshot after;
+    };
+    ReportSnapshot Take() const;
+    void Restore(const ReportSnapshot& content);
+
+    CXTPReportControl& m_grid;
+    std::vector<Change> m_changes;
+    size_t m_done = 0; // of the changes; those behind have been undone
+    bool m_inStep = false;
 };
+
+} // namespace designspec

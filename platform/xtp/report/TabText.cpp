@@ -44,7 +44,7 @@ CString Quote(const CString& cell)
 
 } // namespace
 
-std::vector<CStringArray> ParseTabText(std::wstring_view text)
+std::vector<CStringArray> designspec::ParseTabText(std::wstring_view text)
 {
     std::vector<CStringArray> rows;
     while (!text.empty()) {
@@ -59,7 +59,7 @@ std::vector<CStringArray> ParseTabText(std::wstring_view text)
     return rows;
 }
 
-CString FormatTabText(const std::vector<CStringArray>& rows)
+CString designspec::FormatTabText(const std::vector<CStringArray>& rows)
 {
     CString text;
     for (size_t r = 0; r < rows.size(); ++r) {

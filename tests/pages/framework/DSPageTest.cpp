@@ -123,14 +123,9 @@ TEST_F(DSPage, AGridTakesThePlaceholdersPlace)
     EXPECT_TRUE(grid->isVisible());
     EXPECT_FALSE(IsShown(CDSPage::kGridPlaceholder));
     EXPECT_TRUE(grid->IsAllowEdit());
-    EXPECT_TRUE(grid->IsEditOnClick());
     const CXTPReportColumn* const corner = grid->GetColumns().GetAt(0);
     EXPECT_EQ(corner->GetCaption(), L"角");
     EXPECT_EQ(corner->GetWidth(), 95);
-    EXPECT_FALSE(corner->IsSortable());
-    EXPECT_FALSE(corner->IsAutoSize());
-    EXPECT_EQ(grid->GetPaintManager()->GetGridStyle(true), xtpReportGridSolid);
-    EXPECT_FALSE(grid->horizontalHeader()->sectionsMovable());
 }
 
 TEST_F(DSPage, ReadOnlyLocksGridsAndControlsAndHidesHints)

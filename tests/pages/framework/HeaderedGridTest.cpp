@@ -27,10 +27,7 @@ public:
             page, [](int) { return MakeCell<CMyRecordItemPositiveInt>(); },
             CDSPage::kGridPlaceholder, CDSPage::kGrid, L"角", 90);
     }
-    void AddColumn()
-    {
-        Control().AddColumn(new CXTPReportColumn(AddCells(), L"列", 40, false, false));
-    }
+    void AddColumn() { Control().GetColumns().Add(new CXTPReportColumn(AddCells(), L"列", 40)); }
     bool m_offered = true;
     std::vector<const CXTPReportColumn*> m_clicked;
 
@@ -148,10 +145,10 @@ TEST_F(HeaderedGrid, WhatTheMenuDoesIsOneStepOfUndo)
     EXPECT_EQ(Tested().m_clicked.back(), TheGrid()->GetColumns().GetAt(1));
     EXPECT_EQ(Tested().GetRowCount(), 2);
     EXPECT_EQ(Tested().FindRow(8U), 0);
-    TheGrid()->Undo();
+    TheGrid()->GetUndo().Undo();
     EXPECT_EQ(Tested().GetRowCount(), 1);
     EXPECT_EQ(Columns(TheGrid()), "角 列");
-    TheGrid()->Undo();
+    TheGrid()->GetUndo().Undo();
     EXPECT_EQ(Columns(TheGrid()), "角");
 }
 

@@ -53,9 +53,9 @@ TEST(MyRecordItemPositiveInt, KeepsTheLargestNumbersExactly)
 TEST(MyRecordItemPositiveInt, ItsStateGoesAndComes)
 {
     CMyRecordItemPositiveInt cell;
-    const CXTPReportItemState empty = cell.SaveState();
+    const designspec::ReportItemState empty = cell.SaveState();
     cell.SetValue(7);
-    const CXTPReportItemState seven = cell.SaveState();
+    const designspec::ReportItemState seven = cell.SaveState();
     EXPECT_FALSE(empty == seven);
     cell.RestoreState(empty);
     EXPECT_TRUE(cell.IsEmpty());

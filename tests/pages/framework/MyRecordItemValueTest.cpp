@@ -30,7 +30,7 @@ TEST(MyRecordItemValue, ADerivedCellMayHoldSeveralValues)
     cell.OnEditChanged(nullptr, L" 1+2 ");
     EXPECT_EQ(cell.GetCaption(), L"1+2");
     EXPECT_EQ(cell.GetNumber(), 1);
-    const CXTPReportItemState state = cell.SaveState();
+    const designspec::ReportItemState state = cell.SaveState();
     cell.SetEmpty();
     EXPECT_EQ(cell.GetNumber(), 0);
     cell.RestoreState(state);

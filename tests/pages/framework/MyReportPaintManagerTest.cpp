@@ -3,9 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "pages/framework/XTPReportRecordItemHeard.h"
-#include "platform/xtp/report/ReportColumn.h"
-#include "platform/xtp/report/ReportRecord.h"
-#include "tests/pages/framework/Picture.h"
+#include "platform/xtp/report/ReportControl.h"
+#include "tests/gui/Picture.h"
 
 namespace {
 
@@ -13,41 +12,49 @@ constexpr QSize kSize(100, 65);
 
 template <class Manager> QImage Header(const CString& caption, int scale = 1)
 {
-    const auto draw = [&caption](QPainter& painter) {
+    CXTPReportControl grid;
+    grid.SetPaintManager(new Manager);
+    const auto draw = [&](QPainter& painter) {
         const CXTPReportColumn column(0, caption, 100);
-        Manager().DrawColumnHeader(painter, QRect({}, kSize), &column);
+        grid.GetPaintManager()->DrawColumnHeader(painter, QRect({}, kSize), &column);
     };
     return Picture(kSize, draw, scale);
 }
 
+class MyReportPaintManager : public testing::Test {
+protected:
+    MyReportPaintManager() { m_grid.SetPaintManager(m_manager); }
+
+    CXTPReportControl m_grid;
+    CMyReportPaintManager* const m_manager = new CMyReportPaintManager; // the grid's
+};
+
 } // namespace
 
-TEST(MyReportPaintManager, ARowIsAsHighAsItsHeaderSays)
+TEST_F(MyReportPaintManager, ARowIsAsHighAsItsHeaderSays)
 {
-    const CMyReportPaintManager manager;
     CXTPReportRecord record;
     record.AddItem(new CXTPReportRecordItemHeard(L"行", 57));
-    EXPECT_EQ(manager.GetRowHeight(&record), 57);
+    EXPECT_EQ(m_manager->GetRowHeight(&record), 57);
 }
 
-TEST(MyReportPaintManager, OtherRowsHaveTheDefaultHeight)
+TEST_F(MyReportPaintManager, OtherRowsHaveTheDefaultHeight)
 {
-    const CMyReportPaintManager manager;
-    const int standard = CXTPReportPaintManager().GetRowHeight(nullptr);
+    const int standard = m_manager->CXTPReportPaintManager::GetRowHeight(nullptr);
     CXTPReportRecord none;
-    EXPECT_EQ(manager.GetRowHeight(&none), standard);
-    EXPECT_EQ(manager.GetRowHeight(nullptr), standard);
+    EXPECT_EQ(m_manager->GetRowHeight(&none), standard);
+    EXPECT_EQ(m_manager->GetRowHeight(nullptr), standard);
     CXTPReportRecord zero;
     zero.AddItem(new CXTPReportRecordItemHeard(L"行"));
-    EXPECT_EQ(manager.GetRowHeight(&zero), standard);
+    EXPECT_EQ(m_manager->GetRowHeight(&zero), standard);
     CXTPReportRecord other;
     other.AddItem(new CXTPReportRecordItem(L"行"));
     other.AddItem(new CXTPReportRecordItemHeard(L"行", 57));
-    EXPECT_EQ(manager.GetRowHeight(&other), standard);
-    EXPECT_GT(manager.GetTwoLineHeight(), standard);
+    EXPECT_EQ(m_manager->GetRowHeight(&other), standard);
+    EXPECT_GT(m_manager->GetTwoLineHeight(), standard);
 }
 
-TEST(MyReportPaintManager, ABackslashSplitsTheHeaderByADiagonal)
+TEST_F(MyReportPaintManager, ABackslashSplitsTheHeaderByADiagonal)
 {
     const QImage image = Header<CMyReportPaintManager>(L"HH\\HHHH");
     const QRect upper = DarkRect(image, QRect(60, 0, 40, 25));
@@ -65,11 +72,11 @@ TEST(MyReportPaintManager, ABackslashSplitsTheHeaderByADiagonal)
 }
 
 // The captions of widenings: both whole, and clear of the edges of the cell.
-TEST(MyReportPaintManager, BothCornersHaveRoomAtAnyScale)
+TEST_F(MyReportPaintManager, BothCornersHaveRoomAtAnyScale)
 {
-    const int line = QFontMetrics(CXTPReportPaintManager().GetCaptionFont()).height();
-    const int upperWidth = QFontMetrics(CXTPReportPaintManager().GetCaptionFont())
-                               .horizontalAdvance(QStringLiteral("圆曲线半径"));
+    const QFontMetrics font(m_manager->GetCaptionFont());
+    const int line = font.height();
+    const int upperWidth = font.horizontalAdvance(QStringLiteral("圆曲线半径"));
     EXPECT_LE(upperWidth, kSize.width() - 8);
     EXPECT_LE(2 * line, kSize.height() - 8);
     for (const int scale : {1, 2}) {
@@ -83,7 +90,7 @@ TEST(MyReportPaintManager, BothCornersHaveRoomAtAnyScale)
     }
 }
 
-TEST(MyReportPaintManager, OtherCaptionsAreDrawnAsUsual)
+TEST_F(MyReportPaintManager, OtherCaptionsAreDrawnAsUsual)
 {
     EXPECT_EQ(Header<CMyReportPaintManager>(L"80"), Header<CXTPReportPaintManager>(L"80"));
     EXPECT_NE(Header<CMyReportPaintManager>(L"80"), Header<CMyReportPaintManager>(L"60"));

@@ -119,7 +119,7 @@ TEST_F(SpeedGrid, LoadingTwiceLeavesNothingOfTheFirst)
     Load({{50, 9}});
     EXPECT_EQ(Columns(TheGrid()), "设计车速(km/h) 50");
     EXPECT_EQ(Row(TheGrid(), 0), "9");
-    EXPECT_FALSE(TheGrid()->CanUndo());
+    EXPECT_FALSE(TheGrid()->GetUndo().CanUndo());
 }
 
 TEST_F(SpeedGrid, TheMenuListsStandardAndPresentSpeeds)
@@ -178,7 +178,7 @@ TEST_F(SpeedGrid, AnEntryThatIsTakenBackChangesNothing)
         Click(window, IDCANCEL);
     });
     EXPECT_EQ(Columns(TheGrid()), "设计车速(km/h) 120");
-    EXPECT_FALSE(TheGrid()->CanUndo());
+    EXPECT_FALSE(TheGrid()->GetUndo().CanUndo());
 }
 
 TEST_F(SpeedGrid, WhatIsBeingTypedIsKeptWhenTheMenuOpens)
@@ -205,7 +205,7 @@ TEST_F(SpeedGrid, NoChoiceChangesNothing)
     Load({{120, 1}});
     MenuOf(TheGrid(), 0, 1);
     EXPECT_EQ(Columns(TheGrid()), "设计车速(km/h) 120");
-    EXPECT_FALSE(TheGrid()->CanUndo());
+    EXPECT_FALSE(TheGrid()->GetUndo().CanUndo());
 }
 
 TEST_F(SpeedGrid, APresentSpeedIsRemovedAtOnceAndComesBackEmpty)
@@ -277,7 +277,7 @@ TEST_F(SpeedGrid, SpeedsOutOfRangeOrPresentAreRefused)
         Click(window, IDCANCEL);
     });
     EXPECT_EQ(Columns(TheGrid()), "设计车速(km/h) 120 40");
-    EXPECT_FALSE(TheGrid()->CanUndo());
+    EXPECT_FALSE(TheGrid()->GetUndo().CanUndo());
 }
 
 TEST_F(SpeedGrid, ViewModeHasNoMenu)
@@ -320,7 +320,7 @@ TEST_F(SpeedGrid, APageMayAddItemsToTheMenu)
     ChooseFromMenu(TheGrid(), 0, 1, L"删第二行");
     EXPECT_EQ(m_chosen, 1);
     EXPECT_EQ(TheGrid()->model()->rowCount(), 1);
-    TheGrid()->Undo();
+    TheGrid()->GetUndo().Undo();
     EXPECT_EQ(TheGrid()->model()->rowCount(), 2);
 }
 

@@ -2,9 +2,11 @@
 
 #include <memory>
 
+#include <QPalette>
+
 #include <gtest/gtest.h>
 
-#include "tests/pages/framework/Picture.h"
+#include "tests/gui/Picture.h"
 
 namespace {
 
@@ -22,10 +24,7 @@ QPalette Palette()
 QImage Draw(const CString& caption)
 {
     return Picture(kSize, [&caption](QPainter& painter) {
-        CXTPReportItemDraw draw;
-        draw.rect = QRect({}, kSize);
-        draw.palette = Palette();
-        CXTPReportRecordItemHeard(caption).Draw(painter, draw);
+        CXTPReportRecordItemHeard(caption).Draw(painter, QRect({}, kSize), Palette(), false);
     });
 }
 
@@ -65,7 +64,7 @@ TEST(RecordItemHeard, OneLineStandsInTheMiddleOnTheLeft)
 
 TEST(RecordItemHeard, TwoLinesMeetInTheMiddle)
 {
-    const QImage image = Draw(L"HHHH\nHHHH");
+    const QImage image = Draw(L"HH\nHHHH");
     const QRect upper = DarkRect(image, QRect(0, 0, 140, 30));
     const QRect lower = DarkRect(image, QRect(0, 30, 140, 30));
     ASSERT_FALSE(upper.isNull());
@@ -73,6 +72,7 @@ TEST(RecordItemHeard, TwoLinesMeetInTheMiddle)
     EXPECT_LT(upper.bottom(), 30);
     EXPECT_NEAR(lower.top() - upper.top(), QFontMetrics(QFont()).height(), 1);
     EXPECT_EQ(upper.left(), lower.left());
+    EXPECT_GT(lower.width(), upper.width() * 3 / 2); // each says its own part
 }
 
 TEST(RecordItemHeard, ACaptionThatIsTooLongEndsInsideTheCell)

@@ -12,7 +12,7 @@ using namespace designspec;
 
 namespace {
 
-class ReportUndo : public TestGrid {
+class ReportUndoTest : public TestGrid {
 protected:
     void SetUp() override
     {
@@ -25,18 +25,19 @@ protected:
     // As a page adds a speed: a new cell in every row, and a column that shows it.
     void AddSpeed(const CString& caption)
     {
-        const CXTPReportUserChange change(m_grid, L"添加车速");
-        const int index = m_grid.GetRecords().GetAt(0)->GetItemCount();
-        for (int r = 0; r < m_grid.GetRecords().GetCount(); ++r)
-            m_grid.GetRecords().GetAt(r)->AddItem(new CTestNumberItem);
-        m_grid.GetColumns().InsertAt(1, new CXTPReportColumn(index, caption, 40, false, false));
-        m_grid.Populate();
+        m_grid.GetUndo().Step([&] {
+            const int index = m_grid.GetRecords().GetAt(0)->GetItemCount();
+            for (int r = 0; r < m_grid.GetRecords().GetCount(); ++r)
+                m_grid.GetRecords().GetAt(r)->AddItem(new CTestNumberItem);
+            m_grid.GetColumns().InsertAt(1, new CXTPReportColumn(index, caption, 40));
+            m_grid.Populate();
+        });
     }
 };
 
 } // namespace
 
-TEST_F(ReportUndo, TakesAnEditBackAndDoesItAgain)
+TEST_F(ReportUndoTest, TakesAnEditBackAndDoesItAgain)
 {
     EditCell(&m_grid, 1, 1, L"99", Qt::Key_Up);
     Undo();
@@ -45,10 +46,10 @@ TEST_F(ReportUndo, TakesAnEditBackAndDoesItAgain)
     Redo();
     EXPECT_EQ(Text(1, 1), L"99");
     EXPECT_EQ(Item(1, 1)->value, 99);
-    EXPECT_FALSE(m_grid.CanRedo());
+    EXPECT_FALSE(m_grid.GetUndo().CanRedo());
 }
 
-TEST_F(ReportUndo, RestoresTheCellsWholeState)
+TEST_F(ReportUndoTest, RestoresTheCellsWholeState)
 {
     EditCell(&m_grid, 0, 1, L"abc", Qt::Key_Down);
     EXPECT_TRUE(Item(0, 1)->empty);
@@ -60,7 +61,7 @@ TEST_F(ReportUndo, RestoresTheCellsWholeState)
     EXPECT_TRUE(Item(0, 1)->empty);
 }
 
-TEST_F(ReportUndo, APasteIsOneStepAndADeleteToo)
+TEST_F(ReportUndoTest, APasteIsOneStepAndADeleteToo)
 {
     QApplication::clipboard()->setText("5\t6\n7\t8");
     m_grid.setCurrentIndex(m_grid.IndexOf(0, 1));
@@ -72,13 +73,13 @@ TEST_F(ReportUndo, APasteIsOneStepAndADeleteToo)
     EXPECT_EQ(Content(), L"行0 5 6 3|行1 7 8 13|行2 21 22 23|");
     Undo();
     EXPECT_EQ(Content(), m_initial);
-    EXPECT_FALSE(m_grid.CanUndo());
+    EXPECT_FALSE(m_grid.GetUndo().CanUndo());
     Redo();
     Redo();
     EXPECT_EQ(Content(), L"行0 5 6 3|行1 7 8 13|行2   |");
 }
 
-TEST_F(ReportUndo, AnAddedColumnComesAndGoesWithItsCells)
+TEST_F(ReportUndoTest, AnAddedColumnComesAndGoesWithItsCells)
 {
     AddSpeed(L"140");
     EditCell(&m_grid, 0, 1, L"400", Qt::Key_Down);
@@ -94,28 +95,26 @@ TEST_F(ReportUndo, AnAddedColumnComesAndGoesWithItsCells)
     EXPECT_EQ(m_grid.GetColumns().GetAt(1)->GetCaption(), L"140");
 }
 
-TEST_F(ReportUndo, ARemovedColumnComesBackAsItWas)
+TEST_F(ReportUndoTest, ARemovedColumnComesBackAsItWas)
 {
     const CXTPReportColumn* const removed = m_grid.GetColumns().GetAt(2);
     m_grid.GetColumns().GetAt(2)->SetWidth(77);
-    {
-        const CXTPReportUserChange change(m_grid, L"移除车速");
+    m_grid.GetUndo().Step([this] {
         m_grid.GetColumns().RemoveAt(2);
         m_grid.Populate();
-    }
+    });
     Undo();
     EXPECT_EQ(m_grid.GetColumns().GetAt(2), removed);
     EXPECT_EQ(m_grid.columnWidth(2), 77);
     EXPECT_EQ(Content(), m_initial);
 }
 
-TEST_F(ReportUndo, ARemovedRecordComesBackAsItWas)
+TEST_F(ReportUndoTest, ARemovedRecordComesBackAsItWas)
 {
-    {
-        const CXTPReportUserChange change(m_grid, L"移除坡度");
+    m_grid.GetUndo().Step([this] {
         m_grid.GetRecords().RemoveAt(0);
         m_grid.Populate();
-    }
+    });
     EditCell(&m_grid, 0, 1, L"5", Qt::Key_Down);
     Undo();
     Undo();
@@ -124,29 +123,26 @@ TEST_F(ReportUndo, ARemovedRecordComesBackAsItWas)
     EXPECT_EQ(Content(), L"行1 11 12 13|行2 21 22 23|");
 }
 
-TEST_F(ReportUndo, NestedChangesAreOneStep)
+TEST_F(ReportUndoTest, NestedChangesAreOneStep)
 {
-    m_grid.BeginUserChange(L"外");
-    AddSpeed(L"140");
-    AddSpeed(L"150");
-    m_grid.EndUserChange();
+    m_grid.GetUndo().Step([this] {
+        AddSpeed(L"140");
+        AddSpeed(L"150");
+    });
     Undo();
     EXPECT_EQ(Content(), m_initial);
-    EXPECT_FALSE(m_grid.CanUndo());
+    EXPECT_FALSE(m_grid.GetUndo().CanUndo());
 }
 
-TEST_F(ReportUndo, AStepThatChangedNothingIsNone)
+TEST_F(ReportUndoTest, AStepThatChangedNothingIsNone)
 {
-    m_grid.BeginUserChange(L"无");
-    m_grid.Populate();
-    m_grid.EndUserChange();
-    m_grid.EndUserChange(); // one too many does no harm
-    EXPECT_FALSE(m_grid.CanUndo());
+    m_grid.GetUndo().Step([this] { m_grid.Populate(); });
+    EXPECT_FALSE(m_grid.GetUndo().CanUndo());
     EditCell(&m_grid, 0, 1, L"01", Qt::Key_Down); // the cell still holds 1
-    EXPECT_FALSE(m_grid.CanUndo());
+    EXPECT_FALSE(m_grid.GetUndo().CanUndo());
 }
 
-TEST_F(ReportUndo, ANewStepForgetsTheUndoneOnes)
+TEST_F(ReportUndoTest, ANewStepForgetsTheUndoneOnes)
 {
     EditCell(&m_grid, 0, 1, L"5", Qt::Key_Down);
     Undo();
@@ -155,28 +151,28 @@ TEST_F(ReportUndo, ANewStepForgetsTheUndoneOnes)
     EXPECT_EQ(Content(), L"行0 1 6 3|行1 11 12 13|行2 21 22 23|");
 }
 
-TEST_F(ReportUndo, ClearUndoForgetsAll)
+TEST_F(ReportUndoTest, ClearUndoForgetsAll)
 {
     EditCell(&m_grid, 0, 1, L"5", Qt::Key_Down);
-    m_grid.ClearUndo();
-    EXPECT_FALSE(m_grid.CanUndo());
+    m_grid.GetUndo().Clear();
+    EXPECT_FALSE(m_grid.GetUndo().CanUndo());
     Undo();
     EXPECT_EQ(Text(0, 1), L"5");
 }
 
-TEST_F(ReportUndo, AReadOnlyGridUndoesNothing)
+TEST_F(ReportUndoTest, AReadOnlyGridUndoesNothing)
 {
     EditCell(&m_grid, 0, 1, L"5", Qt::Key_Down);
     m_grid.AllowEdit(false);
     Undo();
-    m_grid.Undo();
+    m_grid.GetUndo().Undo();
     EXPECT_EQ(Text(0, 1), L"5");
     m_grid.AllowEdit(true);
     Undo();
     EXPECT_EQ(Content(), m_initial);
 }
 
-TEST_F(ReportUndo, InAnEditorTheTypedTextIsUndoneFirst)
+TEST_F(ReportUndoTest, InAnEditorTheTypedTextIsUndoneFirst)
 {
     EditCell(&m_grid, 0, 1, L"5", Qt::Key_Tab); // the next cell is being edited
     ASSERT_TRUE(IsEditing());
@@ -190,7 +186,7 @@ TEST_F(ReportUndo, InAnEditorTheTypedTextIsUndoneFirst)
     EXPECT_EQ(Content(), m_initial);
 }
 
-TEST_F(ReportUndo, TellsWhenAStepWasUndone)
+TEST_F(ReportUndoTest, TellsWhenAStepWasUndone)
 {
     EditCell(&m_grid, 0, 1, L"5", Qt::Key_Down);
     QSignalSpy spy(&m_grid, &CXTPReportControl::UndoDone);
@@ -200,7 +196,7 @@ TEST_F(ReportUndo, TellsWhenAStepWasUndone)
     EXPECT_EQ(spy.count(), 2);
 }
 
-TEST_F(ReportUndo, GoesToTheFirstCellThatChanged)
+TEST_F(ReportUndoTest, GoesToTheFirstCellThatChanged)
 {
     EditCell(&m_grid, 1, 1, L"99", Qt::Key_Up);
     ClickCell(&m_grid, 0, 1);
@@ -213,7 +209,7 @@ TEST_F(ReportUndo, GoesToTheFirstCellThatChanged)
     EXPECT_EQ(m_grid.currentIndex(), m_grid.IndexOf(0, 1)); // the new column's first cell
 }
 
-TEST_F(ReportUndo, ScrollsToWhatChanged)
+TEST_F(ReportUndoTest, ScrollsToWhatChanged)
 {
     for (int i = 0; i < 40; ++i)
         AddSpeed(Format(L"%d", i));
@@ -223,7 +219,13 @@ TEST_F(ReportUndo, ScrollsToWhatChanged)
     EditCell(&m_grid, 0, last, L"77", Qt::Key_Down);
     m_grid.setCurrentIndex(m_grid.IndexOf(0, 1));
     m_grid.horizontalScrollBar()->setValue(0);
+    const auto isShown = [&] {
+        return m_grid.viewport()->rect().contains(
+            m_grid.visualRect(m_grid.IndexOf(0, last)).center());
+    };
     Undo();
-    EXPECT_TRUE(
-        m_grid.viewport()->rect().contains(m_grid.visualRect(m_grid.IndexOf(0, last)).center()));
+    EXPECT_TRUE(isShown());
+    m_grid.horizontalScrollBar()->setValue(0); // the cell stays the current one
+    Redo();
+    EXPECT_TRUE(isShown());
 }

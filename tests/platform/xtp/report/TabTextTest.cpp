@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace designspec;
+
 using Rows = std::vector<CStringArray>;
 
 TEST(TabText, SplitsRowsAndCells)
@@ -21,9 +23,16 @@ TEST(TabText, ReadsQuotedCells)
     EXPECT_EQ(ParseTabText(L"\"open\t1"), (Rows{{L"open\t1"}}));
 }
 
+TEST(TabText, ReadsCellsOfQuotesAlone)
+{
+    EXPECT_EQ(ParseTabText(L"\""), (Rows{{L""}}));
+    EXPECT_EQ(ParseTabText(L"\"\""), (Rows{{L""}}));
+    EXPECT_EQ(ParseTabText(L"\"\"\t\"\"\"\"\n1"), (Rows{{L"", L"\""}, {L"1"}}));
+}
+
 TEST(TabText, WritesWhatItReads)
 {
-    const Rows rows = {{L"超高\n半径", L"1"}, {L"", L"say \"x\"\t"}};
+    const Rows rows = {{L"超高\n半径", L"1"}, {L"", L"say \"x\"\t"}, {L"\"", L"\"\""}};
     EXPECT_EQ(ParseTabText(FormatTabText(rows)), rows);
     EXPECT_EQ(FormatTabText({{L"1", L"2"}, {L"3", L""}}), L"1\t2\n3\t");
     EXPECT_EQ(FormatTabText({}), L"");

@@ -38,13 +38,13 @@ public:
         value = 0;
         SetCaption({});
     }
-    CXTPReportItemState SaveState() const override
+    designspec::ReportItemState SaveState() const override
     {
-        CXTPReportItemState state = CXTPReportRecordItem::SaveState();
+        auto state = CXTPReportRecordItem::SaveState();
         state.values = {empty ? 1.0 : 0.0, static_cast<double>(value)};
         return state;
     }
-    void RestoreState(const CXTPReportItemState& state) override
+    void RestoreState(const designspec::ReportItemState& state) override
     {
         CXTPReportRecordItem::RestoreState(state);
         empty = state.values[0] != 0;
@@ -54,17 +54,21 @@ public:
     CStringArray entered; // every text that the cell was given
 };
 
+inline QRgb PixelAt(QWidget& widget, const QPoint& place)
+{
+    return widget.grab().toImage().pixelColor(place).rgb();
+}
+
 // Columns 设计车速, 120, 100, 80 over three rows; the cell of row r and column c is r * 10 + c.
 class TestGrid : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        m_grid.AddColumn(new CXTPReportColumn(0, L"设计车速(km/h)", 120, false, false));
+        m_grid.GetColumns().Add(new CXTPReportColumn(0, L"设计车速(km/h)", 120));
         for (int c = 1; c <= 3; ++c)
-            m_grid.AddColumn(
-                new CXTPReportColumn(c, Format(L"%d", 140 - 20 * c), 40, false, false));
+            m_grid.GetColumns().Add(new CXTPReportColumn(c, Format(L"%d", 140 - 20 * c), 40));
         for (int r = 0; r < 3; ++r) {
-            CXTPReportRecord* const record = m_grid.AddRecord();
+            CXTPReportRecord* const record = m_grid.GetRecords().Add(new CXTPReportRecord);
             record->AddItem(new CXTPReportRecordItem(Format(L"行%d", r)))->SetEditable(false);
             for (int c = 1; c <= 3; ++c)
                 record->AddItem(new CTestNumberItem)->Set(10 * r + c);
