@@ -11,10 +11,14 @@ TEST(NoCase, ComparesIgnoringCase)
     EXPECT_TRUE(EqualNoCase(L"Road", L"rOAD"));
     EXPECT_TRUE(EqualNoCase(L"STRASSE", L"straße"));
     EXPECT_TRUE(EqualNoCase(L"ΟΔΟΣ", L"οδος"));
+    EXPECT_TRUE(EqualNoCase(L"ABCDEFGHIJKLMNOPQRSTUVWXYZ", L"abcdefghijklmnopqrstuvwxyz"));
+    EXPECT_FALSE(EqualNoCase(L"@[", L"`{")); // beside the letters
     EXPECT_FALSE(EqualNoCase(L"规范", L"规範"));
     EXPECT_FALSE(EqualNoCase(L"a", L"ab"));
     EXPECT_LT(CompareNoCase(L"a", L"B"), 0);
     EXPECT_GT(CompareNoCase(L"b", L"A"), 0);
+    EXPECT_LT(CompareNoCase(L"A", L"ab"), 0);
+    EXPECT_GT(CompareNoCase(L"AB", L"a"), 0);
     EXPECT_EQ(CompareNoCase(L"", L""), 0);
 }
 

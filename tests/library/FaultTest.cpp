@@ -46,6 +46,20 @@ struct FolderFlushes {
 
 FolderFlushes g_flushes;
 
+// What happens to temporary files.
+struct Temporaries {
+    int closeError = 0; // 0: they can be closed
+    int flushed = 0;
+};
+
+Temporaries g_temporaries;
+
+bool IsTemporary(int fd)
+{
+    std::error_code error;
+    return fs::read_symlink("/proc/self/fd/" + std::to_string(fd), error).extension() == ".tmp";
+}
+
 // Counts one operation; true when it must fail.
 bool MustFail()
 {
@@ -102,6 +116,7 @@ int fsync(int fd)
         errno = g_flushes.error;
         if (g_flushes.error != 0) return -1;
     }
+    if (IsTemporary(fd)) ++g_temporaries.flushed;
     return MustFail() ? -1 : real(fd);
 }
 
@@ -115,10 +130,11 @@ int fchmod(int fd, mode_t mode) noexcept
 int close(int fd)
 {
     static const auto real = Real<int(int)>("close");
+    const bool notClosed = g_temporaries.closeError != 0 && IsTemporary(fd);
     const bool fails = MustFail();
     const int result = real(fd);
-    if (fails) errno = g_fault.error;
-    return fails ? -1 : result;
+    if (fails || notClosed) errno = notClosed ? g_temporaries.closeError : g_fault.error;
+    return fails || notClosed ? -1 : result;
 }
 
 int rename(const char* from, const char* to) noexcept
@@ -507,6 +523,26 @@ TEST_F(FaultyDisk, BringingBackKeepsTheSpecificationHereOrThere)
                 EXPECT_TRUE(loaded.at(kIdA) == m_old);
             }
         });
+}
+
+TEST_F(FaultyDisk, AFileIsFlushedOnceBeforeItHasItsName)
+{
+    g_temporaries = {};
+    AddSaved(m_old);
+    EXPECT_EQ(g_temporaries.flushed, 1);
+}
+
+// Some disks tell only then that they are full.
+TEST_F(FaultyDisk, AFileThatCannotBeClosedDoesNotGetItsName)
+{
+    AddSaved(m_old);
+    At(0) = m_new;
+    g_temporaries.closeError = ENOSPC;
+    const bool saved = Library().Save(&At(0));
+    g_temporaries.closeError = 0;
+    EXPECT_FALSE(saved);
+    EXPECT_TRUE(Traced(FileOf(m_old), 0, L"无法写入: 磁盘空间不足"));
+    EXPECT_TRUE(Loaded().at(kIdA) == m_old);
 }
 
 // Some file systems cannot flush a folder: a file there is as safe as it can be.
