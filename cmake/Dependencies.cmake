@@ -4,6 +4,7 @@ find_package(PkgConfig REQUIRED)
 find_package(pugixml REQUIRED)                     # XML files: small, fast, no entities resolved
 find_package(fmt REQUIRED)                         # printf-style formats for wide text
 pkg_check_modules(utf8proc REQUIRED IMPORTED_TARGET libutf8proc) # UTF-8, case folding
+pkg_check_modules(uuid REQUIRED IMPORTED_TARGET uuid) # new identities
 find_package(CLI11 REQUIRED)                       # the command's options and help
 find_package(nlohmann_json REQUIRED)               # --json output
 

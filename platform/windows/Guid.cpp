@@ -1,16 +1,17 @@
 #include "platform/windows/Guid.h"
 
-#include <cstdlib>
+#include <uuid/uuid.h>
 
-#include <sys/random.h>
-
-// Asked of the system directly: std::random_device opens its source anew each time, which takes
-// as long as reading a specification's values.
 GUID CoCreateGuid()
 {
+    uuid_t bytes; // in the order in which a GUID is written
+    uuid_generate_random(bytes);
     GUID guid;
-    if (getentropy(&guid, sizeof guid) != 0) std::abort(); // no kernel in use lacks it
-    guid.Data3 = static_cast<std::uint16_t>((guid.Data3 & 0x0FFF) | 0x4000);
-    guid.Data4[0] = static_cast<std::uint8_t>((guid.Data4[0] & 0x3F) | 0x80);
+    guid.Data1 = std::uint32_t{bytes[0]} << 24 | std::uint32_t{bytes[1]} << 16 |
+                 std::uint32_t{bytes[2]} << 8 | bytes[3];
+    guid.Data2 = static_cast<std::uint16_t>(bytes[4] << 8 | bytes[5]);
+    guid.Data3 = static_cast<std::uint16_t>(bytes[6] << 8 | bytes[7]);
+    for (int i = 0; i < 8; ++i)
+        guid.Data4[i] = bytes[8 + i];
     return guid;
 }
