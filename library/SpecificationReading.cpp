@@ -41,7 +41,9 @@ std::vector<ReadSpecification> ReadSpecifications(const CXTPPropExchange& root, 
     CXTPPropExchangeEnumerator all = styles.GetEnumerator(L"Style");
     while (all.HasNext()) {
         CXTPPropExchange style = all.GetNext();
-        auto specification = std::make_unique<CDesignSpecification>();
+        // A copy: a new identity for each, which the file's own then replaces, takes its time.
+        static const CDesignSpecification blank;
+        auto specification = std::make_unique<CDesignSpecification>(blank);
         specification->DoPropExchange(&style);
         const Problems unreadable = style.TakeProblems();
         const CString name = specification->Name();
