@@ -45,10 +45,10 @@ FUZZ(bytes)
     static const Folder folder;
     std::ofstream(folder.File(), std::ios::binary)
         .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    const CString file = ToWide(folder.File());
+    const std::wstring file = ToWide(folder.File());
     Problems problems;
     GetPrivateProfileString(L"a", L"b", L"", file, problems);
-    const CString before = GetPrivateProfileString(L"设置", L"其他", L"", file, problems);
+    const std::wstring before = GetPrivateProfileString(L"设置", L"其他", L"", file, problems);
     if (!WritePrivateProfileString(L"设置", L"默认样式", L"0A-规范", file, problems)) {
         Require(Read(folder.File()) == bytes);
         return 0;
