@@ -407,6 +407,21 @@ TEST_F(SuperElevationPage, AFilledTableStaysInTheListButIsNotStoredOnceItsMaximu
     EXPECT_EQ(Stored().definitions[0].maxSuperElev, 4);
 }
 
+TEST_F(SuperElevationPage, AnEmptiedTableLeavesTheListOnceItsMaximumHasGone)
+{
+    UseMaxima({6, 2});
+    CDSSuperElevation criterion;
+    criterion.definitions = {{6, {{80, {{200, 300, 6}}}}}, {2, {{40, {{70, 300, 2}}}}}};
+    Show();
+    Load(criterion);
+    BringToFrontAgain();
+    Select(1);
+    EditCell(TheGrid(), 0, 1, L"");
+    UseMaxima({6});
+    BringToFrontAgain();
+    EXPECT_EQ(Listed(), "最大6%");
+}
+
 TEST_F(SuperElevationPage, AMaximumThatComesBackHasItsTableStill)
 {
     UseMaxima({6, 4, 2});
