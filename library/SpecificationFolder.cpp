@@ -348,17 +348,14 @@ ImportOutcome SpecificationFolder::Import(const CString& path, const CStringArra
     return outcome;
 }
 
-// The new content comes in place of the old one, a copy of which is kept first.
+// The new content comes in place of the old one, a copy of which is kept first. It stays even when
+// saving failed: that may have been after the new content was in place.
 bool SpecificationFolder::SaveOver(const CDesignSpecification& specification, Problems& problems)
 {
     const CString file = FileNameFor(specification);
     if (!FileNameProblem(specification.Name()).empty() || !m_files.Has(file))
         return Save(specification, problems);
-    const CString copy = m_files.KeepCopy(file, problems);
-    if (copy.empty()) return false;
-    const bool saved = Save(specification, problems);
-    if (!saved) m_files.DropCopy(copy, problems);
-    return saved;
+    return !m_files.KeepCopy(file, problems).empty() && Save(specification, problems);
 }
 
 Outcome SpecificationFolder::SaveAsTemplate(const CString& project) const

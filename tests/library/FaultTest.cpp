@@ -469,6 +469,9 @@ TEST_F(FaultyDisk, ImportLeavesEachSpecificationOldOrNew)
             ASSERT_TRUE(loaded.contains(kIdA));
             EXPECT_TRUE(loaded.at(kIdB) == m_other);
             EXPECT_TRUE(IsOneOf(loaded.at(kIdA), {m_old, m_new}));
+            if (loaded.at(kIdA) == m_new) {
+                EXPECT_FALSE(Deleted().empty()) << "what was overwritten";
+            }
             if (loaded.contains(kIdC)) {
                 EXPECT_TRUE(loaded.at(kIdC) == added);
             }
@@ -502,6 +505,23 @@ TEST_F(FaultyDisk, DeletingKeepsTheSpecificationHereOrThere)
             const auto deleted = Deleted();
             ASSERT_EQ(deleted.size(), 1U);
             EXPECT_EQ(deleted[0].id, m_old.ID());
+        });
+}
+
+TEST_F(FaultyDisk, DeletingOutOfAFileOfSeveralKeepsTheSpecificationHereOrThere)
+{
+    FailEachInTurn(
+        10,
+        [&] {
+            m_project.Write("规范/两个.hds",
+                            Envelope(Style("m", kIdA, 1) + Style("other", kIdB, 5)));
+            Reload();
+        },
+        [&] { return SetAside(m_old.ID()); },
+        [&](bool) {
+            const Specifications loaded = Loaded();
+            EXPECT_TRUE(loaded.at(kIdB) == m_other);
+            EXPECT_TRUE(loaded.contains(kIdA) || !Deleted().empty());
         });
 }
 

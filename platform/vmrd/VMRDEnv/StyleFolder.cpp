@@ -221,7 +221,10 @@ bool StyleFolder::SetAside(const CString& file, const GUID& id, Problems& proble
         aside = KeepCopy(file, problems);
         if (aside.empty()) return false;
         if (!TakeOut(file, id, problems)) {
-            DropCopy(aside, problems);
+            // Where the style has left the file all the same, the copy is the only one.
+            const auto left = Entries(path, problems);
+            const auto isIt = [&](const StyleEntry& entry) { return entry.id == id; };
+            if (left && std::any_of(left->begin(), left->end(), isIt)) DropCopy(aside, problems);
             return false;
         }
     }
