@@ -1,5 +1,6 @@
 #include "base/Format.h"
 #include "base/Text.h"
+#include "cli/Faults.h"
 #include "cli/JsonText.h"
 #include "library/StyleName.h"
 #include "model/SpecificationValue.h"
@@ -42,9 +43,15 @@ Status RunNew(const Arguments& arguments, Teller& teller)
     Project project(arguments, teller, ProjectUse::Create);
     const CString name = NameArgument(project.Folder(), arguments.name, {});
     auto made = std::make_unique<CDesignSpecification>();
-    if (arguments.from) made->CopyCriteria(project.Find(*arguments.from));
+    if (arguments.from) {
+        made->CopyCriteria(project.Find(*arguments.from));
+        RefuseFaults(arguments, teller, L"没有新建", ErrorsAmong(Findings(*made)));
+    }
     made->SetName(name.c_str());
-    return project.StatusOf(project.Folder().Save(project.Folder().Add(std::move(made))));
+    const CDesignSpecification& added = project.Folder().Add(std::move(made));
+    const Status status = project.StatusOf(project.Folder().Save(added));
+    if (status == kDone && arguments.json) PrintJson(ToJson(project.Folder(), added));
+    return status;
 }
 
 Status RunRename(const Arguments& arguments, Teller& teller)
@@ -85,9 +92,11 @@ Status RunSet(const Arguments& arguments, Teller& teller)
     if (arguments.unset && path.steps.back().keys.empty()) Refuse(L"--unset 只用于表中的值");
     Project project(arguments, teller);
     CDesignSpecification& specification = project.Chosen(arguments);
+    const ValueChange change(specification, path);
     const CString problem = arguments.unset
                                 ? RemoveRow(specification, path)
                                 : WriteValue(specification, path, ToWide(*arguments.value));
     if (!problem.empty()) Refuse(problem);
+    change.Check(arguments, teller);
     return project.StatusOf(project.Folder().Save(specification));
 }

@@ -11,8 +11,8 @@
 // Exit statuses.
 enum Status : int {
     kDone = 0,       // done or answered
-    kNoAnswer = 1,   // the query has no answer
-    kWrongCall = 2,  // the call is wrong
+    kNoAnswer = 1,   // the query has no answer, or there was nothing to do
+    kWrongCall = 2,  // the call is wrong, or asks for what the editor refuses
     kFileFailed = 3, // a file or the project could not be read or written
 };
 
@@ -50,6 +50,7 @@ struct Arguments {
     std::string file;
     std::vector<std::string> names;
     bool overwrite = false;
+    bool force = false; // what the editor refuses
 };
 
 Status RunList(const Arguments& arguments, Teller& teller);

@@ -19,7 +19,8 @@ constexpr char kDescription[] = "查询和编辑道路设计规范。\n"
                                 "值写到标准输出,其余写到标准错误。";
 
 constexpr char kFooter[] =
-    "退出状态: 0 完成或有答案; 1 查询没有答案; 2 命令用法有误; 3 文件或项目无法读写\n"
+    "退出状态: 0 完成或有答案; 1 查询没有答案,或没有导入任何内容; 2 命令用法有误,或会带入\n"
+    "编辑器不接受的值; 3 文件或项目无法读写\n"
     "(库中只要有一个文件无法读取,即使其余部分已有答案,也为 3)。\n\n"
     "例:\n"
     "  designspec --project 路线 list\n"
@@ -156,7 +157,7 @@ private:
             ->type_name("T");
         query->add_option("--car", m_arguments.car, "设计车型,用于 CurveWidening")
             ->type_name("TYPE");
-        Add("check", "检查库中的每个文件,指出异常之处", RunCheck);
+        Add("check", "检查库中的每个文件和其中的限值,指出异常之处", RunCheck);
     }
 
     void AddChanging()
@@ -164,6 +165,7 @@ private:
         CLI::App* made = Add("new", "新建设计规范", RunNew);
         made->add_option("NAME", m_arguments.name, "名称")->type_name("")->required();
         made->add_option("--from", m_arguments.from, "复制这个设计规范的内容")->type_name("NAME");
+        made->add_flag("--force", m_arguments.force, "复制编辑器不接受的值");
         CLI::App* renamed = Add("rename", "重命名设计规范", RunRename);
         renamed->add_option("OLD", m_arguments.name, "现名称或 GUID")->type_name("")->required();
         renamed->add_option("NEW", m_arguments.newName, "新名称")->type_name("")->required();
@@ -182,6 +184,7 @@ private:
         set->add_option("--speed", m_arguments.speed, "设计车速(km/h),用于表中的值")
             ->type_name("V");
         set->add_flag("--unset", m_arguments.unset, "从表中去掉该车速或该行");
+        set->add_flag("--force", m_arguments.force, "保存编辑器不接受的值");
     }
 
     void AddFiles()
@@ -195,6 +198,7 @@ private:
         imported->add_option("FILE", m_arguments.file, "文件")->type_name("")->required();
         imported->add_option("NAME", m_arguments.names, "名称")->type_name("");
         imported->add_flag("--overwrite", m_arguments.overwrite, "覆盖标识相同的设计规范");
+        imported->add_flag("--force", m_arguments.force, "导入编辑器不接受的值");
         Add("names", "列出文件中设计规范的名称和 GUID", RunNames)
             ->add_option("FILE", m_arguments.file, "文件")
             ->type_name("")

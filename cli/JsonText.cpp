@@ -63,6 +63,13 @@ Json ToJson(const CStyle& style)
     return {{"name", ToJson(style.Name())}, {"id", ToJson(VMRDPub::GUIDToStr(style.ID()))}};
 }
 
+Json ToJson(const SpecificationFolder& folder, const CDesignSpecification& one)
+{
+    Json json = ToJson(one);
+    json["file"] = ToJson(folder.FileOf(one));
+    return json;
+}
+
 void PrintJson(const Json& json)
 {
     PrintLine(ToWide(json.dump(2, ' ', false, Json::error_handler_t::replace)));

@@ -14,5 +14,7 @@ Json ToJson(const designspec::Field& field, const void* object);
 Json ToJson(const designspec::CriterionInfo& criterion, CDesignSpecification& specification);
 // Name and identity.
 Json ToJson(const CStyle& style);
+// Those, and its file.
+Json ToJson(const designspec::SpecificationFolder& folder, const CDesignSpecification& one);
 
 void PrintJson(const Json& json);

@@ -17,8 +17,7 @@ Status RunList(const Arguments& arguments, Teller& teller)
         table.AddRow({std::to_wstring(i), isDefault ? L"*" : L" ", item.Name(),
                       VMRDPub::GUIDToStr(item.ID()), file});
         Json entry = {{"index", i}, {"default", isDefault}};
-        entry.update(ToJson(item));
-        entry["file"] = ToJson(file);
+        entry.update(ToJson(folder, item));
         json.push_back(entry);
     }
     if (arguments.json) {

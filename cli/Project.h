@@ -17,6 +17,7 @@ public:
     Project(const Arguments& arguments, Teller& teller, ProjectUse use = ProjectUse::Read);
 
     designspec::SpecificationFolder& Folder() { return m_folder; }
+    const designspec::SpecificationFolder& Folder() const { return m_folder; }
     // What loading told.
     const designspec::Problems& LoadProblems() const { return m_loadProblems; }
     // Null when there is none.

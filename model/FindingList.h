@@ -22,6 +22,10 @@ public:
     {
         m_all.push_back({Severity::Note, path, text});
     }
+    void OnlyFromFile(const std::wstring& path, const std::wstring& text)
+    {
+        m_all.push_back({Severity::Note, path, text, true});
+    }
     std::vector<Finding> Take() { return std::move(m_all); }
 
 private:
@@ -58,6 +62,10 @@ struct SpeedTable {
     std::map<int, double, std::greater<>> values; // by speed
 };
 SpeedTable TableOf(const CriterionInfo& criterion, const wchar_t* key, const void* object);
+
+// A gradient (%) beyond what roads have.
+void FindSteep(const std::wstring& path, const std::wstring& what, double gradient,
+               FindingList& found);
 
 // What is odd in one table by itself.
 void FindInTable(const SpeedValues& values, const std::wstring& path, FindingList& found);

@@ -1,6 +1,7 @@
 #include "model/Findings.h"
 
 #include <cmath>
+#include <map>
 
 #include "base/Format.h"
 #include "base/Number.h"
@@ -47,6 +48,26 @@ std::wstring AboveText(const std::wstring& what, double value, const std::wstrin
                        double otherValue)
 {
     return Format(L"%s为 %s, 大于%s %s", what, NumberText(value), other, NumberText(otherValue));
+}
+
+// The editor's boxes break some texts into lines.
+std::wstring Finding::Line() const
+{
+    std::wstring line = text;
+    std::erase(line, L'\n');
+    return line;
+}
+
+std::vector<Finding> NewFindings(const std::vector<Finding>& before, std::vector<Finding> after)
+{
+    std::map<std::pair<std::wstring_view, std::wstring_view>, int> times;
+    for (const Finding& one : before)
+        ++times[{one.path, one.text}];
+    std::erase_if(after, [&times](const Finding& one) {
+        const auto known = times.find({one.path, one.text});
+        return known != times.end() && known->second-- > 0;
+    });
+    return after;
 }
 
 std::vector<Finding> Findings(const CDesignSpecification& specification)

@@ -17,6 +17,11 @@ struct Finding {
     Severity severity = Severity::Note;
     std::wstring path; // of the value: CircularCurveRad.SuperelevationMinRad[80]
     std::wstring text; // for people; where the editor has a message, that message
+    // A note of a value that the editor keeps when a file brings it, and refuses when it is typed.
+    bool onlyFromFile = false;
+
+    // The text without line breaks.
+    AFX_EXT_API std::wstring Line() const;
 
     bool operator==(const Finding&) const = default;
 };
@@ -29,5 +34,9 @@ struct Finding {
 // and the lengths of one gradient do both in some standards (80 km/h: 7 %, 60: 6.5 %, 40: 7 %), so
 // nothing is said of them. The built-in limits have no finding at all.
 AFX_EXT_API std::vector<Finding> Findings(const CDesignSpecification& specification);
+
+// Those of `after` that `before` does not have, each as often as it was added.
+AFX_EXT_API std::vector<Finding> NewFindings(const std::vector<Finding>& before,
+                                             std::vector<Finding> after);
 
 } // namespace designspec

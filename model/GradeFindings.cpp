@@ -22,7 +22,8 @@ std::wstring LengthsOf(const GradientRow& row)
 void FindInRow(const GradientRow& row, FindingList& found)
 {
     if (GradientTenths(row.Grad) / 10.0 != row.Grad)
-        found.Note(PathOf(row) + L".Grad", kRowGradientText);
+        found.OnlyFromFile(PathOf(row) + L".Grad", kRowGradientText);
+    FindSteep(PathOf(row) + L".Grad", L"坡度", row.Grad, found);
     if (row.lengths.IsEmpty()) found.Note(LengthsOf(row), L"没有任何车速的坡长, 不会保存");
     FindInTable(ValuesOf(row.lengths), LengthsOf(row), found);
 }

@@ -35,20 +35,21 @@ void FindInStraight(const Limit& limit, const CString& source, FindingList& foun
         if (!IsStraightLimit(shown)) // nor is an infinite one a number
             found.Error(limit.path, StraightText(limit.label));
         else if (shown != limit.value)
-            found.Note(limit.path, StraightText(limit.label));
+            found.OnlyFromFile(limit.path, StraightText(limit.label));
         return;
     }
-    if (limit.value != 0) found.Note(limit.path, StraightText(limit.label));
+    if (limit.value != 0) found.OnlyFromFile(limit.path, StraightText(limit.label));
     if (!source.empty())
         found.Note(limit.path + L"Criterion", limit.label + L"没有限值, 它的数据来源编辑后不保存");
 }
 
 void FindInGradient(const Limit& limit, FindingList& found)
 {
+    FindSteep(limit.path, limit.label, limit.value, found);
     if (!IsGradient(limit.value))
         found.Error(limit.path, GradientText(limit.label));
     else if (InOneDecimal(limit.value) != limit.value)
-        found.Note(limit.path, GradientText(limit.label));
+        found.OnlyFromFile(limit.path, GradientText(limit.label));
 }
 
 // The table's value that comes first in that order; null for an empty table.
@@ -84,7 +85,7 @@ void Find(const CDSBeelineLen& criterion, const CDesignSpecification&, FindingLi
 
 void Find(const CDSCircularCurveRad& criterion, const CDesignSpecification&, FindingList& found)
 {
-    if (criterion.MaxRad < 0) found.Note(L"CircularCurveRad.MaxRad", kMaxRadText);
+    if (criterion.MaxRad < 0) found.OnlyFromFile(L"CircularCurveRad.MaxRad", kMaxRadText);
     if (!IsRadius(criterion.MaxRad)) return;
     for (const Field& field : CDSCircularCurveRad::Fields()) {
         if (!field.IsTable()) continue;

@@ -56,6 +56,9 @@ inline constexpr wchar_t kNoTransitionRadText[] = L"不设缓和曲线的最小�
 AFX_EXT_API bool IsGradient(double percent);
 AFX_EXT_API std::wstring GradientText(const std::wstring& name);
 
+// Steeper than any road (%): a slip, as 95 for 9.5. Nothing refuses it.
+inline constexpr int kSteepestGradient = 30;
+
 // The gradients of rows of grade lengths, %, which the editor keeps in tenths: 0 or more of them,
 // what is beyond is cut off.
 AFX_EXT_API int GradientTenths(double percent);

@@ -16,8 +16,8 @@ void FindInRunoff(const SpeedTable& table, FindingList& found)
 {
     for (const auto& [speed, n] : table.values)
         if (!IsRunoff(static_cast<int>(n)))
-            found.Note(At(table.path, speed),
-                       Format(L"超高渐变率必须在 1/%d~1/%d 之间", kLeastRunoff, kMostRunoff));
+            found.OnlyFromFile(At(table.path, speed), Format(L"超高渐变率必须在 1/%d~1/%d 之间",
+                                                             kLeastRunoff, kMostRunoff));
 }
 
 void FindAtSpeed(int speed, const SpeedTable& table, FindingList& found)
@@ -29,7 +29,7 @@ void FindAtSpeed(int speed, const SpeedTable& table, FindingList& found)
 void FindInSnow(int snow, const SpeedTable& maxima, FindingList& found)
 {
     constexpr wchar_t kPath[] = L"MaxSuperElev.MaxSuperElevOnSFR";
-    if (snow < 0) found.Note(kPath, kSnowSuperElevText);
+    if (snow < 0) found.OnlyFromFile(kPath, kSnowSuperElevText);
     const auto most =
         std::max_element(maxima.values.begin(), maxima.values.end(),
                          [](const auto& a, const auto& b) { return a.second < b.second; });
@@ -106,18 +106,20 @@ void FindErrors(const CDSSuperElevation& criterion, const std::vector<int>& maxi
 void FindInRange(const std::wstring& path, const SuperElevRange& range, int maximum,
                  FindingList& found)
 {
-    if (!IsRadius(range.minRadius) || !IsRadius(range.maxRadius)) found.Note(path, kRadiusText);
+    if (!IsRadius(range.minRadius) || !IsRadius(range.maxRadius))
+        found.OnlyFromFile(path, kRadiusText);
     if (range.minRadius >= range.maxRadius)
         found.Note(path, L"最小半径不小于最大半径, 没有半径在这个范围内");
     if (range.superElev < kLowestSuperElev || range.superElev > maximum)
-        found.Note(path + L".superElev", Format(L"超高 %d%% 不在 %d%%~%d%% 之间", range.superElev,
-                                                kLowestSuperElev, maximum));
+        found.OnlyFromFile(
+            path + L".superElev",
+            Format(L"超高 %d%% 不在 %d%%~%d%% 之间", range.superElev, kLowestSuperElev, maximum));
 }
 
 void FindInRow(const std::wstring& path, const SuperElevSpeedRow& row, int maximum,
                FindingList& found)
 {
-    if (!IsSpeed(row.speed)) found.Note(path, SpeedText());
+    if (!IsSpeed(row.speed)) found.OnlyFromFile(path, SpeedText());
     if (row.ranges.IsEmpty()) found.Note(path, L"没有半径范围");
     for (std::int32_t i = 0; i < row.ranges.count; ++i) {
         const SuperElevRange& range = row.ranges[i];

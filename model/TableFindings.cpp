@@ -44,6 +44,12 @@ constexpr OrderRule kOrderRules[] = {
     {L"VerticalCurveMinRadAndLen", L"ConcaveLimitMinRad", L"ConcaveGeneralMinRad"},
 };
 
+bool HoldsGradients(const CriterionInfo& criterion, const Field& field)
+{
+    return field.unit == std::wstring_view(L"%") &&
+           criterion.name != std::wstring_view(L"MaxSuperElev");
+}
+
 SpeedValues FieldValues(const Field& field, const void* object)
 {
     return field.kind == FieldKind::IntTable ? ValuesOf(field.Of<SpeedToIntValues>(object))
@@ -90,6 +96,14 @@ void FindOrder(const SpeedTable& lesser, const SpeedTable& greater, FindingList&
 
 } // namespace
 
+void FindSteep(const std::wstring& path, const std::wstring& what, double gradient,
+               FindingList& found)
+{
+    if (gradient > kSteepestGradient)
+        found.Note(path, Format(L"%s为 %s, 大于 %d, 不像道路的坡度", what, NumberText(gradient),
+                                kSteepestGradient));
+}
+
 SpeedTable TableOf(const CriterionInfo& criterion, const wchar_t* key, const void* object)
 {
     const Field& field = *FindField(criterion.fields, key);
@@ -103,10 +117,10 @@ void FindInTable(const SpeedValues& values, const std::wstring& path, FindingLis
 {
     std::map<int, int> times;
     for (const auto& [speed, value] : values) {
-        if (!IsTableValue(value)) found.Note(At(path, speed), kTableValueText);
+        if (!IsTableValue(value)) found.OnlyFromFile(At(path, speed), kTableValueText);
         if (++times[speed] == 2)
             found.Note(At(path, speed), Format(L"车速 %d 不止一次, 编辑后只留最后一个值", speed));
-        if (!IsSpeed(speed) && times[speed] == 1) found.Note(At(path, speed), SpeedText());
+        if (!IsSpeed(speed) && times[speed] == 1) found.OnlyFromFile(At(path, speed), SpeedText());
     }
     if (!std::is_sorted(values.begin(), values.end(),
                         [](const auto& a, const auto& b) { return a.speed > b.speed; }))
@@ -126,6 +140,10 @@ void FindInTables(const CriterionInfo& criterion, const void* object, FindingLis
             continue;
         }
         FindInTable(values, table.path, found);
+        if (HoldsGradients(criterion, field))
+            for (const auto& [speed, value] : values)
+                FindSteep(At(table.path, speed), Format(L"%s在车速 %d 时", table.label, speed),
+                          value, found);
         tables.push_back(table);
     }
     const auto isOfCriterion = [&criterion](const auto& rule) {

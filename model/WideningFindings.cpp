@@ -93,8 +93,8 @@ void FindInWidenings(const WideningRange& range, const Categories& categories, F
     for (const auto& [name, widening] : range.widenings) {
         const std::wstring path = PathOf(range, name);
         const size_t index = IndexOf(categories, name);
-        if (name.empty()) found.Note(path, kNoCategoryText);
-        if (!IsTableValue(widening)) found.Note(path, kTableValueText);
+        if (name.empty()) found.OnlyFromFile(path, kNoCategoryText);
+        if (!IsTableValue(widening)) found.OnlyFromFile(path, kTableValueText);
         if (std::find(order.begin(), order.end(), index) != order.end()) {
             found.Note(path, Format(L"加宽类别 %s 不止一次, 只用第一个值", name));
             continue;
@@ -109,7 +109,8 @@ void FindInWidenings(const WideningRange& range, const Categories& categories, F
 
 void FindInRange(const WideningRange& range, FindingList& found)
 {
-    if (!IsRadius(range.min) || !IsRadius(range.max)) found.Note(PathOf(range), kRadiusText);
+    if (!IsRadius(range.min) || !IsRadius(range.max))
+        found.OnlyFromFile(PathOf(range), kRadiusText);
     if (range.min >= range.max)
         found.Note(PathOf(range), L"最小半径不小于最大半径, 没有半径在这个范围内");
     if (range.widenings.IsEmpty()) found.Note(PathOf(range), L"没有加宽值, 编辑后不保存");

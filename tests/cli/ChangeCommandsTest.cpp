@@ -19,6 +19,12 @@ protected:
         EXPECT_EQ(Done({"set", path, value}), "");
         EXPECT_EQ(Done({"query", path}), asked + "\n") << path;
     }
+    // Changes what the editor would refuse, whether it would or not.
+    void Forced(Words words) const
+    {
+        words.emplace_back("--force");
+        EXPECT_EQ(Call(words).status, 0) << testing::PrintToString(words);
+    }
     std::string At(const std::string& path, const std::string& speed) const
     {
         return Done({"query", path, "--speed", speed, "--mode", "exact"});
@@ -87,6 +93,25 @@ TEST_F(NewCommand, CopiesTheContentButNotTheIdentity)
     EXPECT_NE(IdOf("副本"), IdOf("城市"));
     EXPECT_EQ(DoneJson({"show", "--spec", "副本"})["criteria"],
               DoneJson({"show", "--spec", "城市"})["criteria"]);
+}
+
+TEST_F(NewCommand, CopiesWhatAPageRefusesOnlyWhenForced)
+{
+    New("城市");
+    Forced({"set", "MaxSuperElev.MaxSuperElev", "--speed", "80", "25"});
+    Wrong("没有新建,编辑器不接受其中的值:\n  MaxSuperElev.MaxSuperElev[80]: ",
+          {"new", "副本", "--from", "城市"});
+    EXPECT_EQ(Names(), (std::vector<std::string>{"城市"}));
+    Forced({"new", "副本", "--from", "城市"});
+    EXPECT_EQ(Names(), (std::vector<std::string>{"副本", "城市"}));
+}
+
+TEST_F(NewCommand, PrintsWhatWasMadeAsJson)
+{
+    const Json made = DoneJson({"new", " 城市 "});
+    EXPECT_EQ(made,
+              (Json{{"name", "城市"}, {"id", IdOf("城市")}, {"file", Entry("城市")["file"]}}));
+    EXPECT_EQ(Json::parse(Call({"new", "乡村", "--from", "城市", "--json"}).out)["name"], "乡村");
 }
 
 TEST_F(NewCommand, RefusesAnUnknownSource)
@@ -302,7 +327,7 @@ TEST_F(SetCommand, ChangesEveryScalarField)
                 const bool was = Done({"query", path}) == "1\n";
                 SetAndAsk(path, was ? "0" : "1", was ? "0" : "1");
             } else if (field.kind == FieldKind::Int) {
-                SetAndAsk(path, "+1234", "1234");
+                SetAndAsk(path, "+6", "6");
             } else if (field.kind == FieldKind::Double) {
                 SetAndAsk(path, "0.1", "0.1");
             }
@@ -317,11 +342,11 @@ TEST_F(SetCommand, ChangesAddsAndUnsetsEveryTable)
         for (const Field& field : criterion.fields) {
             if (!field.IsTable()) continue;
             const std::string path = ToUtf8(criterion.name) + "." + ToUtf8(field.key);
-            EXPECT_EQ(Done({"set", path, "--speed", "80", "77"}), "");
-            EXPECT_EQ(Done({"set", path, "--speed", "55", "66"}), "");
+            Forced({"set", path, "--speed", "80", "77"});
+            Forced({"set", path, "--speed", "55", "66"});
             EXPECT_EQ(At(path, "80"), "77\n") << path;
             EXPECT_EQ(At(path, "55"), "66\n") << path;
-            EXPECT_EQ(Done({"set", path, "--speed", "80", "--unset"}), "");
+            Forced({"set", path, "--speed", "80", "--unset"});
             Fails(1, "没有符合条件的值", {"query", path, "--speed", "80", "--mode", "exact"});
         }
     }
@@ -337,20 +362,19 @@ TEST_F(SetCommand, ChangesAddsAndUnsetsByPathsWithKeys)
              {"SuperElevation.definitions[6].rows[80].ranges[200~300].superElev", "6\n"},
              {"CurveWidening.ranges[200~250].widenings[小型汽车].widening", "0.28\n"}}) {
         EXPECT_EQ(ask(path), before);
-        EXPECT_EQ(Done({"set", path, "3"}), "");
+        Forced({"set", path, "3"});
         EXPECT_EQ(ask(path), "3\n");
         const std::string row = path.substr(0, path.rfind(']') + 1);
-        EXPECT_EQ(Done({"set", row, "--unset"}), "");
+        Forced({"set", row, "--unset"});
         Fails(1, "没有符合条件的值", {"query", path});
         Wrong("表中没有", {"set", row, "--unset"});
-        EXPECT_EQ(Done({"set", path, "2"}), "");
+        Forced({"set", path, "2"});
         EXPECT_EQ(ask(path), "2\n");
     }
     EXPECT_EQ(Done({"query", "longradmaxlen.ROWS[6].lengths", "--speed", "70", "--mode", "upper"}),
               "400\n");
     Wrong("不是一个值", {"query", "SuperElevation.definitions[6]"});
     Wrong("不用 --speed", {"query", "LonGradMaxLen.rows[6].lengths[60]", "--speed", "60"});
-    EXPECT_EQ(DoneJson({"check"}), Json::array());
 }
 
 TEST_F(SetCommand, KeepsATableInDescendingOrder)
@@ -364,7 +388,6 @@ TEST_F(SetCommand, KeepsATableInDescendingOrder)
     for (const Json& entry : criteria["CircularCurveRad"]["SuperelevationMinRad"])
         speeds.push_back(entry["speed"]);
     EXPECT_EQ(speeds, (std::vector<int>{100, 80, 70, 60, 50, 40, 30, 20, 10}));
-    EXPECT_EQ(DoneJson({"check"}), Json::array());
 }
 
 TEST_F(SetCommand, ChangesNothingElse)
@@ -413,6 +436,66 @@ TEST_F(SetCommand, RefusesValuesThatAreNone)
     EXPECT_EQ(m_folder.Read(FileOf("城市")), before);
 }
 
+TEST_F(SetCommand, RefusesWhatAPageRefuses)
+{
+    New("城市");
+    const std::string before = m_folder.Read(FileOf("城市"));
+    const std::string maxima = "MaxSuperElev.MaxSuperElev";
+    const std::string hint = "用 --force 可以仍然这样做";
+    Wrong("没有修改,编辑器不接受其中的值:\n  " + maxima +
+              "[80]: 设计车速 80 对应的 最大超高 值不合法, 必须在0~20之间!\n",
+          {"set", maxima, "--speed", "80", "25"});
+    Wrong(hint, {"set", maxima, "--speed", "80", "25"});
+    Wrong("超高渐变率必须在 1/2~1/999 之间",
+          {"set", "MaxSuperElev.GradualChangeRatio1", "--speed", "80", "5000"});
+    Wrong("最小纵坡必须大于等于0,并且最多只有一位小数!", {"set", "LonGrad.MinGrad", "0.35"});
+    Wrong("最大超高 5% 的超高表未设置!", {"set", maxima, "--speed", "80", "5"});
+    Wrong("最大圆曲线半径应该为 5% 的最小圆曲线半径!",
+          {"set", "SuperElevation.definitions[6].rows[80].ranges[200~299].superElev", "6"});
+    Wrong("LonGradMaxLen.rows[4.25].Grad: 坡度必须是正数,并且最多只能有一位小数!",
+          {"set", "LonGradMaxLen.rows[4.25].lengths[60]", "500"});
+    Wrong("设计车速 80 对应的 最大超高 不能为空!", {"set", maxima, "--speed", "80", "--unset"});
+    Wrong("圆曲线半径必须大于0!", {"set", "CurveWidening.ranges[0~15].widenings[小型汽车]", "1"});
+    EXPECT_EQ(m_folder.Read(FileOf("城市")), before);
+}
+
+TEST_F(SetCommand, SavesWhatAPageRefusesWhenForcedAndTellsIt)
+{
+    New("城市");
+    const ProcessResult result =
+        Call({"set", "MaxSuperElev.GradualChangeRatio1", "--speed", "80", "5000", "--force"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.err, "designspec: MaxSuperElev.GradualChangeRatio1[80]: "
+                          "超高渐变率必须在 1/2~1/999 之间\n");
+    EXPECT_EQ(At("MaxSuperElev.GradualChangeRatio1", "80"), "5000\n");
+}
+
+TEST_F(SetCommand, MindsOnlyTheFaultsThatItBringsIn)
+{
+    New("城市");
+    const std::string runoff = "MaxSuperElev.GradualChangeRatio1";
+    Forced({"set", runoff, "--speed", "80", "5000"});
+    Forced({"set", "MaxSuperElev.MaxSuperElev", "--speed", "80", "5"}); // there is no such table
+    EXPECT_EQ(Done({"set", "LonGrad.MinGrad", "0.4"}), "");
+    EXPECT_EQ(Done({"set", runoff, "--speed", "60", "125"}), "");
+    Wrong("超高渐变率", {"set", runoff, "--speed", "80", "6000"});
+    EXPECT_EQ(Done({"set", runoff, "--speed", "80", "150"}), "");
+    EXPECT_EQ(Done({"set", "MaxSuperElev.MaxSuperElev", "--speed", "80", "6"}), "");
+    EXPECT_EQ(DoneJson({"check"}), Json::array());
+}
+
+TEST_F(SetCommand, TellsOfAnOddValueThatNoPageRefuses)
+{
+    New("城市");
+    const ProcessResult result =
+        Call({"set", "LonGrad.MaxGradLimitedValues", "--speed", "20", "95"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_THAT(result.err, HasSubstr("LonGrad.MaxGradLimitedValues[20]: 最大纵坡限制值在车速 20 "
+                                      "时为 95, 大于 30, 不像道路的坡度\n"));
+    EXPECT_THAT(Call({"check"}).out, HasSubstr("不像道路的坡度"));
+    EXPECT_EQ(Call({"set", "LonGrad.MinGrad", "0.5"}).err, ""); // elsewhere
+}
+
 TEST_F(SetCommand, RefusesNegativeValues)
 {
     New("城市");
@@ -439,7 +522,7 @@ TEST_F(SetCommand, TakesNewSpeedsFromTenToOneHundredAndFifty)
     for (const char* speed : {"9", "151", "0", "-80", "2147483647"})
         Wrong(message, {"set", kMinRad, "--speed", speed, "5"});
     for (const char* speed : {"10", "150"})
-        EXPECT_EQ(Done({"set", kMinRad, "--speed", speed, "5"}), "");
+        EXPECT_EQ(Call({"set", kMinRad, "--speed", speed, "5"}).status, 0);
     for (const char* speed : {"", "12abc", "２０", "1e999", "6.5"})
         Wrong("车速“" + std::string(speed) + "”不是整数", {"set", kMinRad, "--speed", speed, "5"});
 }
@@ -449,8 +532,9 @@ TEST_F(SetCommand, ChangesASpeedOutsideThatAFileHolds)
     New("城市");
     const std::string file = FileOf("城市");
     m_folder.Write(file, Replaced(m_folder.Read(file), R"(speed="80")", R"(speed="200")"));
-    EXPECT_EQ(Done({"set", "CircularCurveRad.noSuperelevationMinRad", "--speed", "200", "5"}), "");
-    EXPECT_EQ(At("CircularCurveRad.noSuperelevationMinRad", "200"), "5\n");
+    EXPECT_EQ(Done({"set", "CircularCurveRad.noSuperelevationMinRad", "--speed", "200", "990"}),
+              "");
+    EXPECT_EQ(At("CircularCurveRad.noSuperelevationMinRad", "200"), "990\n");
     EXPECT_EQ(Done({"set", "CircularCurveRad.noSuperelevationMinRad", "--speed", "200", "--unset"}),
               "");
 }
@@ -463,7 +547,9 @@ TEST_F(SetCommand, RefusesTheRadiusTableWhileItIsNotUsed)
     Done({"set", "TransitionCurveMinLen.NoTCBySuperelevation", "1"});
     Wrong("NoTCByMinRad 在当前条件下不用", {"set", path, "--speed", "80", "5"});
     Fails(1, "没有符合条件的值", {"query", path, "--speed", "80"});
-    Done({"set", "TransitionCurveMinLen.NoTCBySuperelevation", "false"});
+    Wrong("不设缓和曲线的最小圆曲线半径条件不能为空!",
+          {"set", "TransitionCurveMinLen.NoTCBySuperelevation", "false"});
+    Forced({"set", "TransitionCurveMinLen.NoTCBySuperelevation", "false"});
     EXPECT_EQ(Done({"set", path, "--speed", "80", "1900"}), "");
     EXPECT_EQ(At(path, "80"), "1900\n");
 }

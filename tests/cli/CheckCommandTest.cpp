@@ -26,6 +26,10 @@ protected:
     {
         m_folder.Write(FileOf("城市"), Replaced(Content(), what, by));
     }
+    static std::ptrdiff_t LineAt(const std::string& text, size_t at)
+    {
+        return 1 + std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(at), '\n');
+    }
     // The library file as another specification.
     std::string Other(const std::string& name, const std::string& id) const
     {
@@ -88,23 +92,66 @@ TEST_F(CheckCommand, FindsALeftOverOfASaving)
 TEST_F(CheckCommand, FindsATableOutOfOrder)
 {
     Change(R"(<Item speed="80" value="250" />)", R"(<Item speed="55" value="250" />)");
-    EXPECT_THAT(Finding(0, "note", FileName()),
-                HasSubstr("SuperelevationMinRad 的各项未按 speed 排序"));
+    EXPECT_THAT(Call({"check"}).out, HasSubstr("SuperelevationMinRad 的各项未按 speed 排序"));
 }
 
 TEST_F(CheckCommand, FindsASpeedThatATableHoldsTwice)
 {
     Change(R"(<Item speed="80" value="250" />)",
            R"(<Item speed="80" value="250" /><Item speed="80" value="251" />)");
-    EXPECT_EQ(Finding(0, "note", FileName()), "SuperelevationMinRad 中 speed=80 出现两次");
+    EXPECT_EQ(Finding(0, "note", FileName()), "车速 80 不止一次, 编辑后只留最后一个值");
 }
 
 TEST_F(CheckCommand, FindsOddNestedTables)
 {
     Change(R"(<Item Grad="5.5">)", R"(<Item Grad="5">)");
-    EXPECT_EQ(Finding(0, "note", FileName()), "maxLens 中 Grad=5 出现两次");
+    EXPECT_EQ(Finding(0, "note", FileName()), "坡度 5% 不止一次, 查询只用第一个");
     Change(R"(<Items speed="60">)", R"(<Items speed="45">)");
-    EXPECT_THAT(Call({"check"}).out, HasSubstr("SuperElevDef 的各项未按 speed 排序"));
+    EXPECT_THAT(Call({"check"}).out, HasSubstr("车速没有从高到低排列, 查询会用错行"));
+}
+
+TEST_F(CheckCommand, TellsWhatTheEditorRefusesToStore)
+{
+    const std::string maximum = "MaxSuperElev.MaxSuperElev";
+    Call({"set", maximum, "--speed", "80", "25", "--force"});
+    Change(R"(maxRadius="150" />)", R"(maxRadius="149" />)");
+    const Json findings = DoneJson({"check"});
+    ASSERT_GE(findings.size(), 2U);
+    EXPECT_EQ(findings[0]["path"], maximum + "[80]");
+    EXPECT_EQ(findings[0]["level"], "error");
+    EXPECT_EQ(findings[0]["text"], "设计车速 80 对应的 最大超高 值不合法, 必须在0~20之间!");
+    EXPECT_EQ(findings[1]["path"], "SuperElevation.definitions[4].rows[50].ranges[110~149]");
+    EXPECT_EQ(findings[1]["text"], "最大超高 4% 在 车速 50km/h 时, 超高 4% 的最大"
+                                   "圆曲线半径应该为 3% 的最小圆曲线半径!");
+    EXPECT_EQ(Lines(Call({"check"}).out).size(), findings.size());
+}
+
+TEST_F(CheckCommand, FindsTheLinesInAFileOfSeveral)
+{
+    Done({"new", "乡村"});
+    Done({"export", "both.hds"});
+    Call({"remove", "城市"});
+    Call({"remove", "乡村"});
+    std::string both = m_folder.Read("both.hds");
+    const size_t at = both.rfind("<MinGrad>0.3");
+    m_folder.Write("规范/both.hds", both.insert(at + 12, "5"));
+    const Json findings = DoneJson({"check"});
+    ASSERT_EQ(findings.size(), 3U); // two are about the name of the file
+    EXPECT_EQ(findings[2]["path"], "LonGrad.MinGrad");
+    EXPECT_EQ(findings[2]["line"], LineAt(both, at));
+}
+
+TEST_F(CheckCommand, GivesTheLineOfTheTableWhereAValueIsMissing)
+{
+    std::string content = Content();
+    const size_t table = content.find("<CircularCurveMinLen>");
+    const size_t item = content.find("<Item speed=\"60\"", table);
+    content.erase(item, content.find("/>", item) + 2 - item);
+    m_folder.Write(FileOf("城市"), content);
+    const Json findings = DoneJson({"check"});
+    ASSERT_EQ(findings.size(), 1U);
+    EXPECT_EQ(findings[0]["path"], "CurveMinLen.CircularCurveMinLen[60]");
+    EXPECT_EQ(findings[0]["line"], LineAt(content, table));
 }
 
 TEST_F(CheckCommand, GivesTheLineOfAFinding)
@@ -112,8 +159,7 @@ TEST_F(CheckCommand, GivesTheLineOfAFinding)
     const Json none = DoneJson({"check"});
     Change(R"(<Item speed="80" value="250" />)",
            "<Item speed=\"80\" value=\"250\" />\n<Item speed=\"80\" value=\"251\" />");
-    const std::string before = Content().substr(0, Content().find(R"(value="251")"));
-    const auto line = 1 + std::count(before.begin(), before.end(), '\n');
+    const auto line = LineAt(Content(), Content().find(R"(value="251")"));
     const Json findings = DoneJson({"check"});
     ASSERT_EQ(findings.size(), 1U);
     EXPECT_EQ(findings[0]["line"], line);

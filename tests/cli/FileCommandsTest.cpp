@@ -108,6 +108,65 @@ TEST_F(FileCommands, ImportLeavesWhatIsThereUnlessToldToOverwrite)
     EXPECT_EQ(Names(), (Strings{"乡村", "城市"}));
 }
 
+TEST_F(FileCommands, ImportOfNothingSaysSo)
+{
+    Done({"export", "all.hds"});
+    Fails(1, "文件中没有名为“公路”的样式\n", {"import", "all.hds", "公路"});
+    Fails(1, "没有导入任何设计规范\n", {"import", "all.hds", "公路"});
+    m_folder.Write(
+        "empty.hds",
+        R"(<StyleLibrary><Group Name="设计规范"><Styles Name="设计规范"/></Group></StyleLibrary>)");
+    Fails(1, "没有导入任何设计规范", {"import", "empty.hds"});
+    EXPECT_EQ(Json::parse(Call({"import", "empty.hds", "--json"}).out), Json::array());
+    EXPECT_EQ(Names(), (Strings{"乡村", "城市"}));
+}
+
+TEST_F(FileCommands, ImportPrintsWhatItTookAsJson)
+{
+    Done({"export", "all.hds"});
+    const auto other = OtherProject();
+    CallIn(other, {"import", "../all.hds", "城市"});
+    Json expected = Json::array({{{"name", "乡村"},
+                                  {"id", IdOf("乡村")},
+                                  {"file", Entry("乡村")["file"]},
+                                  {"how", "added"},
+                                  {"saved", true}},
+                                 {{"name", "城市"},
+                                  {"id", IdOf("城市")},
+                                  {"file", Entry("城市")["file"]},
+                                  {"how", "left"},
+                                  {"saved", true}}});
+    EXPECT_EQ(Json::parse(CallIn(other, {"import", "../all.hds", "--json"}).out), expected);
+    expected[0]["how"] = expected[1]["how"] = "overwritten";
+    EXPECT_EQ(Json::parse(CallIn(other, {"import", "../all.hds", "--overwrite", "--json"}).out),
+              expected);
+}
+
+// A page of the editor would not store it.
+TEST_F(FileCommands, ImportRefusesFaultsThatItWouldBringIn)
+{
+    const Words wrong = {"set",     "--spec", "城市", "MaxSuperElev.MaxSuperElev",
+                         "--speed", "80",     "25",   "--force"};
+    EXPECT_EQ(Call(wrong).status, 0);
+    Done({"export", "all.hds"});
+    const auto other = OtherProject();
+    const ProcessResult refused = CallIn(other, {"import", "../all.hds"});
+    EXPECT_EQ(refused.status, 2);
+    EXPECT_THAT(refused.err,
+                HasSubstr("没有导入,编辑器不接受其中的值:\n  “城市” "
+                          "MaxSuperElev.MaxSuperElev[80]: 设计车速 80 对应的 最大超高 值不合法"));
+    EXPECT_FALSE(m_folder.Has("other/规范"));
+    EXPECT_EQ(CallIn(other, {"import", "../all.hds", "乡村"}).status, 0);
+    const ProcessResult forced = CallIn(other, {"import", "../all.hds", "城市", "--force"});
+    EXPECT_EQ(forced.status, 0);
+    EXPECT_THAT(forced.err, HasSubstr("“城市” MaxSuperElev.MaxSuperElev[80]"));
+    // What has the fault already may be overwritten by what has it too, or is left.
+    EXPECT_EQ(CallIn(other, {"import", "../all.hds"}).status, 0);
+    EXPECT_EQ(CallIn(other, {"import", "../all.hds", "--overwrite"}).status, 0);
+    CallIn(other, {"set", "--spec", "城市", "MaxSuperElev.MaxSuperElev", "--speed", "80", "6"});
+    EXPECT_EQ(CallIn(other, {"import", "../all.hds", "--overwrite"}).status, 2);
+}
+
 TEST_F(FileCommands, ImportMakesAnEqualNameUnique)
 {
     const auto other = OtherProject();

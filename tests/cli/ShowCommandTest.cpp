@@ -63,7 +63,7 @@ TEST_F(ShowCommand, ShowsOneCriterion)
 
 TEST_F(ShowCommand, AlignsEveryTable)
 {
-    Done({"set", "CircularCurveRad.noSuperelevationMinRad", "--speed", "100", "123456"});
+    Call({"set", "CircularCurveRad.noSuperelevationMinRad", "--speed", "100", "123456"});
     int tables = 0;
     std::vector<int> header;
     for (const std::string& line : Lines(Done({"show"}))) {

@@ -47,6 +47,11 @@ Finding Note(const wchar_t* path, const wchar_t* text)
     return {Severity::Note, path, text};
 }
 
+Finding OnlyFromFile(const wchar_t* path, const wchar_t* text)
+{
+    return {Severity::Note, path, text, true};
+}
+
 constexpr double kInfinite = std::numeric_limits<double>::infinity();
 constexpr wchar_t kSpeed[] = L"车速 必须大于等于 10 并且小于等于 150";
 constexpr wchar_t kNegative[] = L"值不能小于 0";
@@ -65,10 +70,10 @@ const Broken kStraights[] = {
      {Error(L"BeelineLen.MaxLen", L"最大直线长度必须是正数,且最多只有一位小数!")}},
     {"AFactorWithTwoDecimals",
      [](S& made) { made.BeelineLen.MinLenReverseCurve = 1.25; },
-     {Note(L"BeelineLen.MinLenReverseCurve", kReverse)}},
+     {OnlyFromFile(L"BeelineLen.MinLenReverseCurve", kReverse)}},
     {"AFactorBelowZero",
      [](S& made) { made.BeelineLen.MinLenReverseCurve = -2; },
-     {Note(L"BeelineLen.MinLenReverseCurve", kReverse)}},
+     {OnlyFromFile(L"BeelineLen.MinLenReverseCurve", kReverse)}},
     {"ASourceWithoutAFactor",
      [](S& made) {
          made.BeelineLen.MinLenInOneDir = 0;
@@ -94,12 +99,12 @@ const Broken kTables[] = {
      [](S& made) {
          made.SmallAngleCurveMinLen.HorizontalCurveMinLen.Add({9, 100});
      },
-     {Note(L"SmallAngleCurveMinLen.HorizontalCurveMinLen[9]", kSpeed)}},
+     {OnlyFromFile(L"SmallAngleCurveMinLen.HorizontalCurveMinLen[9]", kSpeed)}},
     {"ASpeedTooHigh",
      [](S& made) {
          made.LonGradMinLen.MinLens.Insert(0, {151, 400});
      },
-     {Note(L"LonGradMinLen.MinLens[151]", kSpeed)}},
+     {OnlyFromFile(L"LonGradMinLen.MinLens[151]", kSpeed)}},
     {"ASpeedThatStandsThreeTimes",
      [](S& made) {
          made.LonGradMinLen.MinLens.Insert(0, {80, 1});
@@ -111,15 +116,15 @@ const Broken kTables[] = {
          made.SmallAngleCurveMinLen.HorizontalCurveMinLen.Add({9, 100});
          made.SmallAngleCurveMinLen.HorizontalCurveMinLen.Add({9, 100});
      },
-     {Note(L"SmallAngleCurveMinLen.HorizontalCurveMinLen[9]", kSpeed),
+     {OnlyFromFile(L"SmallAngleCurveMinLen.HorizontalCurveMinLen[9]", kSpeed),
       Note(L"SmallAngleCurveMinLen.HorizontalCurveMinLen[9]",
            L"车速 9 不止一次, 编辑后只留最后一个值")}},
     {"ANegativeValue",
      [](S& made) { made.LonGradMinLen.MinLens[5].value = -1; },
-     {Note(L"LonGradMinLen.MinLens[20]", kNegative)}},
+     {OnlyFromFile(L"LonGradMinLen.MinLens[20]", kNegative)}},
     {"ANegativeDecimal",
      [](S& made) { made.MaxResultantGrad.tables[CDSMaxResultantGrad::CityRoad][1].value = -0.5; },
-     {Note(L"MaxResultantGrad.CityRoad[60]", kNegative)}},
+     {OnlyFromFile(L"MaxResultantGrad.CityRoad[60]", kNegative)}},
     {"SpeedsInAnotherOrder",
      [](S& made) { std::swap(made.LonGradMinLen.MinLens[0], made.LonGradMinLen.MinLens[1]); },
      {Note(L"LonGradMinLen.MinLens", L"车速没有从高到低排列, 编辑后重新排列")}},
@@ -136,6 +141,10 @@ const Broken kTables[] = {
     {"ATableWithoutValues",
      [](S& made) { made.VerticalCurveMinRadAndLen.MinLens.RemoveAll(); },
      {Note(L"VerticalCurveMinRadAndLen.MinLens", L"竖曲线最小长度没有任何车速的值")}},
+    {"AGradientOfNoRoad",
+     [](S& made) { made.LonGrad.MaxGradLimitedValues[5].value = 95; },
+     {Note(L"LonGrad.MaxGradLimitedValues[20]",
+           L"最大纵坡限制值在车速 20 时为 95, 大于 30, 不像道路的坡度")}},
     {"ATableOutOfUse",
      [](S& made) { made.TransitionCurveMinLen.NoTCBySuperelevation = 1; },
      {Note(L"TransitionCurveMinLen.NoTCByMinRad",
@@ -170,7 +179,7 @@ const Broken kTables[] = {
 const Broken kLimits[] = {
     {"AMaximumRadiusBelowZero",
      [](S& made) { made.CircularCurveRad.MaxRad = -5; },
-     {Note(L"CircularCurveRad.MaxRad", L"圆曲线最大半径必须是正整数!")}},
+     {OnlyFromFile(L"CircularCurveRad.MaxRad", L"圆曲线最大半径必须是正整数!")}},
     {"AMinimumRadiusAboveTheMaximum",
      [](S& made) { made.CircularCurveRad.MaxRad = 999; },
      {Note(L"CircularCurveRad.noSuperelevationMinRad[80]",
@@ -194,7 +203,7 @@ const Broken kLimits[] = {
       Error(L"LonGrad.MinGrad", kMinGrad)}},
     {"AGradientWithTwoDecimals",
      [](S& made) { made.LonGrad.MinGrad = 0.35; },
-     {Note(L"LonGrad.MinGrad", kMinGrad)}},
+     {OnlyFromFile(L"LonGrad.MinGrad", kMinGrad)}},
     {"GradientsInTheWrongOrder",
      [](S& made) {
          made.LonGrad.MaxGradeOnSnowFrozenRegion = 9.5;
@@ -203,6 +212,10 @@ const Broken kLimits[] = {
      {Note(L"LonGrad.MaxGradeOnSnowFrozenRegion",
            L"积雪冰冻地区最大纵坡为 9.5, 大于各车速最大纵坡限制值中最大的 9"),
       Note(L"LonGrad.MinGrad", L"最小纵坡为 4.5, 大于各车速最大纵坡推荐值中最小的 4")}},
+    {"AReductionOfNoRoad",
+     [](S& made) { made.LonGrad.GradeCompensationOnPlateau = 30.1; },
+     {Note(L"LonGrad.GradeCompensationOnPlateau",
+           L"高原地区最大纵坡折减为 30.1, 大于 30, 不像道路的坡度")}},
     {"AResultantGradientBelowZero",
      [](S& made) { made.MaxResultantGrad.MaxResultantGradOnSnowFrozenRegion = -1; },
      {Error(L"MaxResultantGrad.MaxResultantGradOnSnowFrozenRegion",
@@ -216,10 +229,15 @@ const Broken kLimits[] = {
 const Broken kGrades[] = {
     {"AGradientBetweenTenths",
      [](S& made) { made.LonGradMaxLen.rows[0].Grad = 4.25; },
-     {Note(L"LonGradMaxLen.rows[4.25].Grad", kRowGradient)}},
+     {OnlyFromFile(L"LonGradMaxLen.rows[4.25].Grad", kRowGradient)}},
+    {"AGradientOfARowOfNoRoad",
+     [](S& made) {
+         made.LonGradMaxLen.rows.Add({31, {{40, 200}}});
+     },
+     {Note(L"LonGradMaxLen.rows[31].Grad", L"坡度为 31, 大于 30, 不像道路的坡度")}},
     {"AGradientOfARowBelowZero",
      [](S& made) { made.LonGradMaxLen.rows[0].Grad = -1; },
-     {Note(L"LonGradMaxLen.rows[-1].Grad", kRowGradient)}},
+     {OnlyFromFile(L"LonGradMaxLen.rows[-1].Grad", kRowGradient)}},
     {"ARowWithoutLengths",
      [](S& made) {
          made.LonGradMaxLen.rows.Add({9, {}});
@@ -239,7 +257,7 @@ const Broken kGrades[] = {
      [](S& made) {
          made.LonGradMaxLen.rows[5].lengths.Add({5, 200});
      },
-     {Note(L"LonGradMaxLen.rows[8].lengths[5]", kSpeed)}},
+     {OnlyFromFile(L"LonGradMaxLen.rows[8].lengths[5]", kSpeed)}},
     {"ASteeperGradeThatMayBeLonger",
      [](S& made) { made.LonGradMaxLen.rows[5].lengths[0].value = 260; },
      {Note(L"LonGradMaxLen.rows[8].lengths[40]",
@@ -271,13 +289,14 @@ const Broken kMaxima[] = {
       Error(L"MaxSuperElev.MaxSuperElev[20]", L"设计车速 20 对应的 最大超高 不能为空!")}},
     {"ARunoffTooSteep",
      [](S& made) { made.MaxSuperElev.GradualChangeRatio1[5].value = 1; },
-     {Note(L"MaxSuperElev.GradualChangeRatio1[20]", L"超高渐变率必须在 1/2~1/999 之间")}},
+     {OnlyFromFile(L"MaxSuperElev.GradualChangeRatio1[20]", L"超高渐变率必须在 1/2~1/999 之间")}},
     {"ARunoffTooGentle",
      [](S& made) { made.MaxSuperElev.GradualChangeRatio2[0].value = 1000; },
-     {Note(L"MaxSuperElev.GradualChangeRatio2[80]", L"超高渐变率必须在 1/2~1/999 之间")}},
+     {OnlyFromFile(L"MaxSuperElev.GradualChangeRatio2[80]", L"超高渐变率必须在 1/2~1/999 之间")}},
     {"SnowBelowZero",
      [](S& made) { made.MaxSuperElev.MaxSuperElevOnSFR = -3; },
-     {Note(L"MaxSuperElev.MaxSuperElevOnSFR", L"积雪冰冻地区最大超高必须为大于0的正整数!")}},
+     {OnlyFromFile(L"MaxSuperElev.MaxSuperElevOnSFR",
+                   L"积雪冰冻地区最大超高必须为大于0的正整数!")}},
     {"SnowAboveAllOthersAndWithoutATable",
      [](S& made) { made.MaxSuperElev.MaxSuperElevOnSFR = 7; },
      {Note(L"MaxSuperElev.MaxSuperElevOnSFR",
@@ -322,7 +341,7 @@ const Broken kSuperElevations[] = {
      [](S& made) {
          made.SuperElevation.definitions[2].rows.Add({5, {{10, 20, 2}}});
      },
-     {Note(L"SuperElevation.definitions[2].rows[5]", kSpeed)}},
+     {OnlyFromFile(L"SuperElevation.definitions[2].rows[5]", kSpeed)}},
     {"ASpeedOfATableTwice",
      [](S& made) {
          made.SuperElevation.definitions[2].rows.Add({20, {{20, 70, 2}}});
@@ -343,7 +362,7 @@ const Broken kSuperElevations[] = {
      {Note(L"SuperElevation.definitions[2].rows[30]", L"最大超高 2% 的超高表没有车速 30")}},
     {"ARangeFromZero",
      [](S& made) { made.SuperElevation.definitions[2].rows[2].ranges[0].minRadius = 0; },
-     {Note(L"SuperElevation.definitions[2].rows[20].ranges[0~70]", kRadius)}},
+     {OnlyFromFile(L"SuperElevation.definitions[2].rows[20].ranges[0~70]", kRadius)}},
     {"ARangeUpsideDown",
      [](S& made) {
          made.SuperElevation.definitions[2].rows[2].ranges[0] = {70, 20, 2};
@@ -356,12 +375,12 @@ const Broken kSuperElevations[] = {
      {Note(L"SuperElevation.definitions[2].rows[20].ranges[70~70]", kEmptyRange)}},
     {"ASuperElevationAboveTheMaximum",
      [](S& made) { made.SuperElevation.definitions[2].rows[2].ranges[0].superElev = 3; },
-     {Note(L"SuperElevation.definitions[2].rows[20].ranges[20~70].superElev",
-           L"超高 3% 不在 2%~2% 之间")}},
+     {OnlyFromFile(L"SuperElevation.definitions[2].rows[20].ranges[20~70].superElev",
+                   L"超高 3% 不在 2%~2% 之间")}},
     {"ASuperElevationOfOne",
      [](S& made) { made.SuperElevation.definitions[2].rows[2].ranges[0].superElev = 1; },
-     {Note(L"SuperElevation.definitions[2].rows[20].ranges[20~70].superElev",
-           L"超高 1% 不在 2%~2% 之间")}},
+     {OnlyFromFile(L"SuperElevation.definitions[2].rows[20].ranges[20~70].superElev",
+                   L"超高 1% 不在 2%~2% 之间")}},
     {"ASuperElevationTwice",
      [](S& made) { made.SuperElevation.definitions[1].rows[0].ranges[1].superElev = 4; },
      {Note(L"SuperElevation.definitions[4].rows[60].ranges[230~360]",
@@ -389,7 +408,7 @@ const Broken kWidenings[] = {
             L"加宽类别 铰接车 的加宽值设置不连续，不同圆曲线半径范围之间不能空缺!")}},
     {"ARangeOfWideningsFromZero",
      [](S& made) { made.CurveWidening.ranges[8].min = 0; },
-     {Note(L"CurveWidening.ranges[0~20]", kRadius)}},
+     {OnlyFromFile(L"CurveWidening.ranges[0~20]", kRadius)}},
     {"ARangeOfWideningsWithoutARadius",
      [](S& made) { made.CurveWidening.ranges[8].min = 20; },
      {Note(L"CurveWidening.ranges[20~20]", kEmptyRange)}},
@@ -400,10 +419,10 @@ const Broken kWidenings[] = {
      [](S& made) {
          made.CurveWidening.ranges[8].widenings.Add({L"", 1});
      },
-     {Note(L"CurveWidening.ranges[15~20].widenings[].widening", L"加宽类别不能为空!")}},
+     {OnlyFromFile(L"CurveWidening.ranges[15~20].widenings[].widening", L"加宽类别不能为空!")}},
     {"ANegativeWidening",
      [](S& made) { made.CurveWidening.ranges[0].widenings[0].widening = -0.1; },
-     {Note(L"CurveWidening.ranges[200~250].widenings[小型汽车].widening", kNegative)}},
+     {OnlyFromFile(L"CurveWidening.ranges[200~250].widenings[小型汽车].widening", kNegative)}},
     {"ACategoryTwiceInARange",
      [](S& made) {
          made.CurveWidening.ranges[8].widenings.Add({L"小型汽车", 0.1});
@@ -499,6 +518,16 @@ TEST(Findings, AreNoneWhereALimitIsSwitchedOff)
     std::swap(made.SuperElevation.definitions[0], made.SuperElevation.definitions[1]);
     made.CurveWidening.ranges.RemoveAll();
     EXPECT_EQ(Findings(made), std::vector<Finding>());
+}
+
+TEST(NewFindings, AreThoseThatWereNotThere)
+{
+    const Finding a = Error(L"A", L"a");
+    const Finding b = Note(L"B", L"b");
+    EXPECT_EQ(NewFindings({}, {a, b, a}), (std::vector<Finding>{a, b, a}));
+    EXPECT_EQ(NewFindings({b, a}, {a, b, a}), (std::vector<Finding>{a}));
+    EXPECT_EQ(NewFindings({a, a, b}, {a}), std::vector<Finding>());
+    EXPECT_EQ(NewFindings({Error(L"A", L"b")}, {a}), (std::vector<Finding>{a}));
 }
 
 // The editor shows the highest table in a grid, which puts its ranges in order.
