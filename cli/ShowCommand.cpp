@@ -19,14 +19,6 @@ CString WithUnit(const Field& field)
                        : CString(field.label);
 }
 
-CString ScalarText(const Field& field, const void* object)
-{
-    const CString text = ValueText(field, object);
-    if (field.kind == FieldKind::Bool) return text == L"1" ? L"是" : L"否";
-    if (text.empty()) return L"(未填)";
-    return text == L"0" && field.zeroMeans ? Format(L"0 (%s)", CString(field.zeroMeans)) : text;
-}
-
 // A grid as the editor shows it. Columns that are numbers stand highest first, others as they come
 // up. Of several texts for one cell the first one counts.
 class Grid {
@@ -186,7 +178,8 @@ void PrintScalars(const CriterionInfo& criterion, const void* object, bool texts
 {
     for (const Field& field : criterion.fields)
         if (!field.HasRows() && (field.kind == FieldKind::Text) == texts)
-            PrintLine(Format(L"  %s: %s", WithUnit(field), ScalarText(field, object)));
+            PrintLine(
+                Format(L"  %s: %s", WithUnit(field), ReadableText(field, GetValue(field, object))));
 }
 
 void PrintCriterion(const CriterionInfo& criterion, CDesignSpecification& specification)

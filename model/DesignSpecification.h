@@ -1,6 +1,7 @@
 // One design specification (设计规范): a style with a name, an identity and thirteen criteria.
 #pragma once
 
+#include "base/Export.h"
 #include "base/NoCase.h"
 #include "model/BeelineLen.h"
 #include "model/CircularCurveRad.h"
@@ -13,7 +14,6 @@
 #include "model/SuperElevation.h"
 #include "model/TransitionCurveMinLen.h"
 #include "model/VerticalCurve.h"
-#include "base/Export.h"
 #include "platform/vmrd/VMRDEnv/Style.h"
 
 class AFX_EXT_CLASS CDesignSpecification : public CStyle {
@@ -57,6 +57,9 @@ public:
 
     // Takes the other's criteria and what else it holds; name and identity stay.
     void CopyCriteria(const CDesignSpecification& other);
+    // What else its file holds (model/UnknownContent.h); nearly always nothing.
+    const std::string& Unknown() const { return m_unknown; }
+    void SetUnknown(const std::string& unknown) { m_unknown = unknown; }
     // True when name, identity, all criteria and what else they hold are the same.
     bool operator==(const CDesignSpecification& other) const;
 
@@ -68,7 +71,6 @@ public:
 private:
     void ExchangeAll(CXTPPropExchange* pPX); // all that is known
 
-    // What else its file holds (model/UnknownContent.h); nearly always nothing. Behind the
-    // criteria: other modules know where those lie.
+    // Behind the criteria: other modules know where those lie.
     std::string m_unknown;
 };

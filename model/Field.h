@@ -6,8 +6,8 @@
 #include <span>
 #include <type_traits>
 
-#include "model/SpeedTable.h"
 #include "base/Export.h"
+#include "model/SpeedTable.h"
 #include "platform/mfc/String.h"
 
 // A 32-bit boolean: 0 is false, anything else true.
@@ -32,6 +32,7 @@ struct RowArray {
     void* (*at)(void* array, std::int32_t index);
     void* (*insert)(void* array, std::int32_t index); // an empty record
     void (*removeAt)(void* array, std::int32_t index);
+    void (*swap)(void* array, std::int32_t a, std::int32_t b);
 };
 
 // A member of a criterion or of a record; `object` below is the one it is a member of.
@@ -94,6 +95,10 @@ struct Field {
     {
         rows->removeAt(member(object), index);
     }
+    void SwapRows(void* object, std::int32_t a, std::int32_t b) const
+    {
+        rows->swap(member(object), a, b);
+    }
 };
 
 namespace FieldDetail {
@@ -140,6 +145,10 @@ inline constexpr RowArray kArrayOf = {
     },
     [](void* array, std::int32_t index) {
         static_cast<GrowArray<Record>*>(array)->RemoveAt(index);
+    },
+    [](void* array, std::int32_t a, std::int32_t b) {
+        auto& records = *static_cast<GrowArray<Record>*>(array);
+        std::swap(records[a], records[b]);
     },
 };
 template <class Record>

@@ -39,6 +39,22 @@ CString ValueText(const Field& field, const void* object)
     return ValueText(GetValue(field, object));
 }
 
+CString ReadableText(const Field& field, const Value& value)
+{
+    const CString text = ValueText(value);
+    if (field.kind == FieldKind::Bool) return text == L"0" ? L"否" : L"是";
+    if (text.empty()) return L"(未填)";
+    return text == L"0" && field.zeroMeans ? Format(L"0 (%s)", CString(field.zeroMeans)) : text;
+}
+
+CString ReadableText(const Field& field, const Value& value, const CString& unit)
+{
+    const CString text = ReadableText(field, value);
+    if (unit.empty() || text != ValueText(value)) return text;
+    if (unit == L"1/n") return L"1/" + text;
+    return text + (unit == L"%" ? L"" : L" ") + unit;
+}
+
 CString ParseValue(const Field& field, const CString& text, const CString& what, Value& value)
 {
     const std::string utf8 = ToUtf8(text);

@@ -17,6 +17,11 @@ AFX_EXT_API void SetValue(const Field& field, void* object, const Value& value);
 AFX_EXT_API CString ValueText(const Value& value);
 AFX_EXT_API CString ValueText(const Field& field, const void* object);
 
+// The value as people read it: 250, 是 or 否, "0 (不限)" where 0 says something of its own,
+// "(未填)" for a text that is empty. With the unit: 250 m, 6%, 1/150.
+AFX_EXT_API CString ReadableText(const Field& field, const Value& value);
+AFX_EXT_API CString ReadableText(const Field& field, const Value& value, const CString& unit);
+
 // Reads a value of the field's kind. Returns what is wrong with the text, for people, who know the
 // value as `what`; an empty text when `value` was read. Texts are trimmed, save for keys.
 AFX_EXT_API CString ParseValue(const Field& field, const CString& text, const CString& what,

@@ -65,18 +65,6 @@ void* AddRow(const Step& step, void* object)
     return row;
 }
 
-// The one value of a row besides its keys; null when it holds more.
-const Field* OnlyValue(const Field& rows)
-{
-    const Field* only = nullptr;
-    for (const Field& field : rows.RowFields()) {
-        if (field.isKey) continue;
-        if (only || field.HasRows()) return nullptr;
-        only = &field;
-    }
-    return only;
-}
-
 // The value that the path means; null when it ends with more.
 const Field* ValueField(const ValuePath& path)
 {

@@ -153,4 +153,15 @@ CString KeyLabel(const Field& rows)
     return Joined(labels);
 }
 
+const Field* OnlyValue(const Field& rows)
+{
+    const Field* only = nullptr;
+    for (const Field& field : rows.RowFields()) {
+        if (field.isKey) continue;
+        if (only || field.HasRows()) return nullptr;
+        only = &field;
+    }
+    return only;
+}
+
 } // namespace designspec

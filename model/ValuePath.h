@@ -48,5 +48,7 @@ AFX_EXT_API std::vector<PathLabel> PathsOf(const CriterionInfo& criterion);
 // The fields that tell a row from the others, and what they are called, joined by "~".
 std::vector<const Field*> KeysOf(const Field& rows);
 AFX_EXT_API CString KeyLabel(const Field& rows);
+// The one value of a row besides its keys; null when it holds more.
+const Field* OnlyValue(const Field& rows);
 
 } // namespace designspec

@@ -77,3 +77,21 @@ TEST(FieldValue, IsNegativeBelowNought)
     EXPECT_FALSE(IsNegative(0.0));
     EXPECT_FALSE(IsNegative(CString(L"-1")));
 }
+
+TEST(FieldValue, IsReadableWithItsUnit)
+{
+    const auto text = [](std::span<const Field> fields, const wchar_t* key, const Value& value) {
+        const Field& field = *FindField(fields, key);
+        return ReadableText(field, value, field.unit);
+    };
+    const auto radii = CDSCircularCurveRad::Fields();
+    EXPECT_EQ(text(radii, L"MaxRad", 250), L"250 m");
+    EXPECT_EQ(text(radii, L"MaxRad", 0), L"0 (不限)");
+    EXPECT_EQ(text(radii, L"MaxRadCriterion", CString(L"JTG")), L"JTG");
+    EXPECT_EQ(text(radii, L"MaxRadCriterion", CString()), L"(未填)");
+    EXPECT_EQ(text(CDSLonGrad::Fields(), L"MinGrad", 0.3), L"0.3%");
+    EXPECT_EQ(text(CDSMaxSuperElevation::Fields(), L"GradualChangeRatio1", 150), L"1/150");
+    EXPECT_EQ(text(CTransitionCurveMinLen::Fields(), L"NoTCBySuperelevation", 1), L"是");
+    EXPECT_EQ(text(CTransitionCurveMinLen::Fields(), L"NoTCBySuperelevation", 0), L"否");
+    EXPECT_EQ(ReadableText(*FindField(radii, L"MaxRad"), 250), L"250");
+}
