@@ -50,7 +50,8 @@ struct Arguments {
     std::string file;
     std::vector<std::string> names;
     bool overwrite = false;
-    bool force = false; // what the editor refuses
+    bool force = false;   // what the editor refuses
+    bool deleted = false; // those that were removed
 };
 
 Status RunList(const Arguments& arguments, Teller& teller);
@@ -59,6 +60,7 @@ Status RunQuery(const Arguments& arguments, Teller& teller);
 Status RunNew(const Arguments& arguments, Teller& teller);
 Status RunRename(const Arguments& arguments, Teller& teller);
 Status RunRemove(const Arguments& arguments, Teller& teller);
+Status RunRestore(const Arguments& arguments, Teller& teller);
 Status RunDefault(const Arguments& arguments, Teller& teller);
 Status RunSet(const Arguments& arguments, Teller& teller);
 Status RunExport(const Arguments& arguments, Teller& teller);

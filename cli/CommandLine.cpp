@@ -4,7 +4,9 @@
 
 #include "base/Format.h"
 #include "base/Text.h"
+#include "cli/Language.h"
 #include "cli/Project.h"
+#include "cli/Suggestion.h"
 
 using namespace designspec;
 
@@ -14,15 +16,31 @@ using Run = Status (*)(const Arguments&, Teller&);
 
 constexpr char kVersion[] = "designspec " DESIGNSPEC_VERSION;
 
-constexpr char kDescription[] = "查询和编辑道路设计规范。\n"
-                                "项目文件夹中的“规范”文件夹保存各设计规范,每个一个 .hds 文件。\n"
-                                "值写到标准输出,其余写到标准错误。";
+// A text of the help in both languages.
+struct HelpText {
+    const char* chinese;
+    const char* english;
+};
 
-constexpr char kFooter[] =
+constexpr HelpText kDescription = {
+    "查询和编辑道路设计规范。\n"
+    "项目文件夹中的“规范”文件夹保存各设计规范,每个一个 .hds 文件。\n"
+    "值写到标准输出,其余写到标准错误。",
+    "Queries and edits road design specifications.\n"
+    "The folder 规范 of a project keeps them, one .hds file for each.\n"
+    "Values go to standard output, everything else to standard error."};
+
+constexpr HelpText kFooter = {
     "退出状态: 0 完成或有答案; 1 查询没有答案,或没有导入任何内容; 2 命令用法有误,或会带入\n"
     "编辑器不接受的值; 3 文件或项目无法读写\n"
     "(库中只要有一个文件无法读取,即使其余部分已有答案,也为 3)。\n\n"
-    "例:\n"
+    "例:\n",
+    "Exit status: 0 done or answered; 1 no answer, or nothing imported; 2 the call is wrong, or\n"
+    "would bring in what the editor refuses; 3 a file or the project could not be read or written\n"
+    "(one unreadable file of the library is enough, even where the others gave an answer).\n\n"
+    "Examples:\n"};
+
+constexpr char kExamples[] =
     "  designspec --project 路线 list\n"
     "  designspec query CircularCurveRad.SuperelevationMinRad --speed 70 --mode interpolate\n"
     "  designspec query LonGradMaxLen --grad 6 --speed 60\n"
@@ -30,8 +48,17 @@ constexpr char kFooter[] =
     "  designspec query CurveWidening --car 普通汽车 --radius 200\n"
     "  designspec set CircularCurveRad.SuperelevationMinRad --speed 80 260";
 
-constexpr char kPathHelp[] = "条目.字段,例如 CircularCurveRad.MaxRad;一行写作 [键],例如 "
-                             "LonGradMaxLen.rows[6].lengths[60];全部名称见下";
+constexpr HelpText kPathHelp = {
+    "条目.字段,例如 CircularCurveRad.MaxRad;一行写作 [键],例如 "
+    "LonGradMaxLen.rows[6].lengths[60];全部名称见下",
+    "CRITERION.FIELD, as in CircularCurveRad.MaxRad; a row is named by its [key], as in "
+    "LonGradMaxLen.rows[6].lengths[60]; all names stand below"};
+
+// What CLI11 says by itself.
+constexpr HelpText kLabels[] = {{"用法", "Usage"},       {"选项", "OPTIONS"},
+                                {"命令", "SUBCOMMAND"},  {"命令", "SUBCOMMANDS"},
+                                {"参数", "Positionals"}, {"(必需)", "REQUIRED"},
+                                {"命令", "Subcommands"}};
 
 // An empty word where leaving it out has a meaning is a script's slip.
 std::string NotEmpty(const std::string& word)
@@ -39,9 +66,9 @@ std::string NotEmpty(const std::string& word)
     return word.empty() ? "不能为空" : "";
 }
 
-std::string CriteriaHelp(bool withFields)
+std::string CriteriaHelp(const char* heading, bool withFields)
 {
-    CString text = withFields ? L"条目和字段:" : L"条目:";
+    CString text = ToWide(heading);
     for (const CriterionInfo& criterion : Criteria()) {
         text += Format(L"\n  %s  %s", CString(criterion.name), CString(criterion.label));
         if (withFields) text += FieldList(criterion, 4);
@@ -53,32 +80,34 @@ class CommandLine {
 public:
     CommandLine()
     {
-        m_app.get_formatter()->label("Usage", "用法");
-        m_app.get_formatter()->label("OPTIONS", "选项");
-        m_app.get_formatter()->label("SUBCOMMAND", "命令");
-        m_app.get_formatter()->label("SUBCOMMANDS", "命令");
-        m_app.get_formatter()->label("Positionals", "参数");
-        m_app.get_formatter()->label("REQUIRED", "(必需)");
-        m_app.get_formatter()->label("Subcommands", "命令");
-        m_app.option_defaults()->group("选项");
-        m_app.set_help_flag("-h,--help", "显示帮助并退出");
-        m_app.set_version_flag("--version", kVersion, "显示版本并退出");
+        m_app.description(In(kDescription));
+        for (const HelpText& label : kLabels)
+            m_app.get_formatter()->label(label.english, In(label));
+        m_app.option_defaults()->group(In({"选项", "Options"}));
+        m_app.set_help_flag("-h,--help", In({"显示帮助并退出", "Show help and exit"}));
+        m_app.set_version_flag("--version", kVersion,
+                               In({"显示版本并退出", "Show the version and exit"}));
         m_app.require_subcommand(1);
         m_app.fallthrough();
         m_app
             .add_option("--project", m_arguments.project,
-                        "项目文件夹,即“规范”所在的文件夹(默认为当前文件夹)")
+                        In({"项目文件夹,即“规范”所在的文件夹(默认为当前文件夹)",
+                            "The folder that holds 规范; the current folder if not given"}))
             ->type_name("DIR")
             ->check(NotEmpty);
         m_app
             .add_option("--spec", m_arguments.spec,
-                        "设计规范的名称或 GUID;不写则用默认的,没有默认的则用唯一的")
+                        In({"设计规范的名称或 GUID;不写则用默认的,没有默认的则用唯一的",
+                            "Name or GUID of the specification; the default one, or the only one, "
+                            "if not given"}))
             ->type_name("NAME");
-        m_app.add_flag("--json", m_arguments.json, "以 JSON 输出");
+        m_app.add_flag("--json", m_arguments.json, In({"以 JSON 输出", "Print data as JSON"}));
         AddReading();
+        AddQuery();
         AddChanging();
+        AddSet();
         AddFiles();
-        m_app.footer(kFooter);
+        m_app.footer(In(kFooter) + std::string(kExamples));
     }
 
     int Parse(int argc, const char* const* argv, Teller& teller)
@@ -86,23 +115,68 @@ public:
         try {
             m_app.parse(argc, argv);
         } catch (const CLI::Success& help) {
-            return m_app.exit(help);
+            if (m_app.remaining(true).empty()) return m_app.exit(help);
+            return Wrong(UnknownWord());
         } catch (const CLI::ParseError& error) {
-            Complain(Format(L"命令行有误: %s\n用 %s --help 查看用法", CauseOf(error), HelpCall()));
-            return kWrongCall;
+            return Wrong(CauseOf(error));
         }
         return m_run(m_arguments, teller);
     }
 
 private:
+    const char* In(const HelpText& text) const
+    {
+        return m_language == Language::English ? text.english : text.chinese;
+    }
+
+    Status Wrong(const CString& cause) const
+    {
+        Complain(Format(L"命令行有误: %s\n用 %s --help 查看用法", cause, HelpCall()));
+        return kWrongCall;
+    }
+
+    // What of the command line has no place, and what it may have been meant to be.
+    CString UnknownWord() const
+    {
+        const std::string word = m_app.remaining(true).front();
+        const bool isOption = word.starts_with('-');
+        const bool isCommand = m_app.get_subcommands().empty() && !isOption;
+        const CString text = Format(isCommand  ? L"没有命令“%s”"
+                                    : isOption ? L"没有选项“%s”"
+                                               : L"多余的参数“%s”",
+                                    ToWide(word));
+        if (!isCommand && !isOption) return text;
+        const std::string meant =
+            SuggestionFor(word.substr(0, word.find('=')), isCommand ? Commands() : Options());
+        return meant.empty() ? text : text + Format(L",是不是 %s?", ToWide(meant));
+    }
+
+    std::vector<std::string> Commands() const
+    {
+        std::vector<std::string> names = {"--help", "--version"};
+        for (const CLI::App* command : m_app.get_subcommands([](const CLI::App*) { return true; }))
+            names.push_back(command->get_name());
+        return names;
+    }
+
+    // Those of the program and of the command that was named.
+    std::vector<std::string> Options() const
+    {
+        std::vector<const CLI::App*> apps = {&m_app};
+        for (const CLI::App* command : m_app.get_subcommands())
+            apps.push_back(command);
+        std::vector<std::string> names;
+        for (const CLI::App* app : apps)
+            for (const CLI::Option* option : app->get_options())
+                for (const std::string& name : option->get_lnames())
+                    names.push_back("--" + name);
+        return names;
+    }
+
     CString CauseOf(const CLI::ParseError& error) const
     {
-        const std::vector<std::string> rest = m_app.remaining(true);
-        if (m_app.get_subcommands().empty())
-            return rest.empty() ? L"没有命令" : Format(L"没有命令“%s”", ToWide(rest.front()));
-        if (!rest.empty())
-            return Format(rest.front().starts_with('-') ? L"没有选项“%s”" : L"多余的参数“%s”",
-                          ToWide(rest.front()));
+        if (!m_app.remaining(true).empty()) return UnknownWord();
+        if (m_app.get_subcommands().empty()) return L"没有命令";
         // CLI11 tells the rest in English, "NAME is required" and "NAME: 1 required V missing".
         const std::string what = error.what();
         const CString name = ToWide(what.substr(0, what.find_first_of(": ")));
@@ -119,97 +193,172 @@ private:
                                 : L"designspec " + ToWide(commands.front()->get_name());
     }
 
-    CLI::App* Add(const char* name, const char* help, Run run)
+    CLI::App* Add(const char* name, const HelpText& help, Run run)
     {
-        CLI::App* command = m_app.add_subcommand(name, help);
-        command->group("命令");
-        command->get_help_ptr()->group("选项");
+        CLI::App* command = m_app.add_subcommand(name, In(help));
+        command->group(In({"命令", "Commands"}));
+        command->get_help_ptr()->group(In({"选项", "Options"}));
         command->callback([this, run] { m_run = run; });
         return command;
     }
 
+    // A word behind the command.
+    CLI::Option* AddWord(CLI::App* command, const char* name, std::string& word,
+                         const HelpText& help)
+    {
+        return command->add_option(name, word, In(help))->type_name("");
+    }
+
+    CLI::Option* AddOption(CLI::App* command, const char* name, const char* type,
+                           std::optional<std::string>& word, const HelpText& help)
+    {
+        return command->add_option(name, word, In(help))->type_name(type);
+    }
+
+    void AddPath(CLI::App* command)
+    {
+        AddWord(command, "PATH", m_arguments.path, kPathHelp)->required();
+        command->footer([this] {
+            return CriteriaHelp(In({"条目和字段:", "Criteria and fields:"}), true);
+        });
+    }
+
     void AddReading()
     {
-        Add("list", "列出设计规范: 序号、默认标记、名称、GUID、文件", RunList);
-        CLI::App* show = Add("show", "显示设计规范或其中一个条目", RunShow);
-        show->footer([] { return CriteriaHelp(false); });
-        show->add_option("CRITERION", m_arguments.path, "条目,例如 CircularCurveRad;不写则显示全部")
-            ->type_name("")
+        CLI::App* list = Add("list",
+                             {"列出设计规范: 序号、默认标记、名称、GUID、文件",
+                              "List the specifications: index, default mark, name, GUID, file"},
+                             RunList);
+        list->add_flag("--deleted", m_arguments.deleted,
+                       In({"列出已删除的: 名称、GUID、文件", "Those removed: name, GUID, file"}));
+        CLI::App* show = Add(
+            "show", {"显示设计规范或其中一个条目", "Show a specification, or one criterion of it"},
+            RunShow);
+        show->footer([this] { return CriteriaHelp(In({"条目:", "Criteria:"}), false); });
+        AddWord(show, "CRITERION", m_arguments.path,
+                {"条目,例如 CircularCurveRad;不写则显示全部",
+                 "The criterion, as in CircularCurveRad; all if not given"})
             ->check(NotEmpty);
-        CLI::App* query = Add("query", "查询一个限值,输出该值本身", RunQuery);
-        query->footer([] { return CriteriaHelp(true); });
-        query->add_option("PATH", m_arguments.path, kPathHelp)->type_name("")->required();
-        query->add_option("--speed", m_arguments.speed, "设计车速(km/h)")->type_name("V");
-        query
-            ->add_option("--mode", m_arguments.mode,
-                         "表中没有该车速时的取值方式: nearest(默认) upper lower interpolate exact")
-            ->type_name("M");
-        query->add_option("--grad", m_arguments.grad, "坡度(%),用于 LonGradMaxLen")->type_name("G");
-        query->add_option("--max-super", m_arguments.maxSuper, "最大超高(%),用于 SuperElevation")
-            ->type_name("M");
-        query
-            ->add_option("--radius", m_arguments.radius,
-                         "圆曲线半径(m),用于 SuperElevation 和 CurveWidening")
-            ->type_name("R");
-        query
-            ->add_option("--tolerance", m_arguments.tolerance,
-                         "车速可超出表中车速多少(km/h,默认 0),用于 SuperElevation")
-            ->type_name("T");
-        query->add_option("--car", m_arguments.car, "设计车型,用于 CurveWidening")
-            ->type_name("TYPE");
-        Add("check", "检查库中的每个文件和其中的限值,指出异常之处", RunCheck);
+        Add("check",
+            {"检查库中的每个文件和其中的限值,指出异常之处",
+             "Say what is wrong or odd in each file of the library and its limits"},
+            RunCheck);
+    }
+
+    void AddQuery()
+    {
+        CLI::App* query =
+            Add("query", {"查询一个限值,输出该值本身", "Ask for a limit; prints just the value"},
+                RunQuery);
+        AddPath(query);
+        AddOption(query, "--speed", "V", m_arguments.speed,
+                  {"设计车速(km/h)", "The design speed (km/h)"});
+        AddOption(query, "--mode", "M", m_arguments.mode,
+                  {"表中没有该车速时的取值方式: nearest(默认) upper lower interpolate exact",
+                   "What to take for a speed that is not in the table: nearest (the default) upper "
+                   "lower interpolate exact"});
+        AddOption(query, "--grad", "G", m_arguments.grad,
+                  {"坡度(%),用于 LonGradMaxLen", "The grade (%), for LonGradMaxLen"});
+        AddOption(query, "--max-super", "M", m_arguments.maxSuper,
+                  {"最大超高(%),用于 SuperElevation",
+                   "The maximum superelevation (%), for SuperElevation"});
+        AddOption(query, "--radius", "R", m_arguments.radius,
+                  {"圆曲线半径(m),用于 SuperElevation 和 CurveWidening",
+                   "The radius of the curve (m), for SuperElevation and CurveWidening"});
+        AddOption(query, "--tolerance", "T", m_arguments.tolerance,
+                  {"车速可超出表中车速多少(km/h,默认 0),用于 SuperElevation",
+                   "How far the speed may lie outside the table (km/h, 0 by default), for "
+                   "SuperElevation"});
+        AddOption(query, "--car", "TYPE", m_arguments.car,
+                  {"设计车型,用于 CurveWidening", "The design vehicle, for CurveWidening"});
     }
 
     void AddChanging()
     {
-        CLI::App* made = Add("new", "新建设计规范", RunNew);
-        made->add_option("NAME", m_arguments.name, "名称")->type_name("")->required();
-        made->add_option("--from", m_arguments.from, "复制这个设计规范的内容")->type_name("NAME");
-        made->add_flag("--force", m_arguments.force, "复制编辑器不接受的值");
-        CLI::App* renamed = Add("rename", "重命名设计规范", RunRename);
-        renamed->add_option("OLD", m_arguments.name, "现名称或 GUID")->type_name("")->required();
-        renamed->add_option("NEW", m_arguments.newName, "新名称")->type_name("")->required();
-        Add("remove", "删除设计规范,其文件移至“规范/已删除”", RunRemove)
-            ->add_option("NAME", m_arguments.name, "名称或 GUID")
-            ->type_name("")
+        const HelpText nameOrId = {"名称或 GUID", "Name or GUID"};
+        CLI::App* made = Add("new", {"新建设计规范", "Make a specification"}, RunNew);
+        AddWord(made, "NAME", m_arguments.name, {"名称", "Its name"})->required();
+        AddOption(made, "--from", "NAME", m_arguments.from,
+                  {"复制这个设计规范的内容", "Copy the content of this one"});
+        made->add_flag("--force", m_arguments.force,
+                       In({"复制编辑器不接受的值", "Copy also what the editor refuses"}));
+        CLI::App* renamed =
+            Add("rename", {"重命名设计规范", "Give a specification another name"}, RunRename);
+        AddWord(renamed, "OLD", m_arguments.name, {"现名称或 GUID", "Its name or GUID"})
             ->required();
-        Add("default", "显示或设定默认的设计规范", RunDefault)
-            ->add_option("NAME", m_arguments.name, "名称或 GUID;不写则显示现在的")
-            ->type_name("")
+        AddWord(renamed, "NEW", m_arguments.newName, {"新名称", "The new name"})->required();
+        CLI::App* removed = Add("remove",
+                                {"删除设计规范,其文件移至“规范/已删除”",
+                                 "Delete a specification; its file goes to 规范/已删除"},
+                                RunRemove);
+        AddWord(removed, "NAME", m_arguments.name, nameOrId)->required();
+        CLI::App* restored =
+            Add("restore", {"恢复已删除的设计规范", "Bring back a specification that was removed"},
+                RunRestore);
+        AddWord(restored, "NAME", m_arguments.name,
+                {"名称、GUID 或文件名,见 list --deleted",
+                 "Name, GUID or file, as list --deleted shows them"})
+            ->required();
+        CLI::App* standard = Add(
+            "default", {"显示或设定默认的设计规范", "Show the default specification, or choose it"},
+            RunDefault);
+        AddWord(
+            standard, "NAME", m_arguments.name,
+            {"名称或 GUID;不写则显示现在的", "Name or GUID; shows the present one if not given"})
             ->check(NotEmpty);
-        CLI::App* set = Add("set", "修改一个值并保存", RunSet);
-        set->footer([] { return CriteriaHelp(true); });
-        set->add_option("PATH", m_arguments.path, kPathHelp)->type_name("")->required();
-        set->add_option("VALUE", m_arguments.value, "新的值")->type_name("");
-        set->add_option("--speed", m_arguments.speed, "设计车速(km/h),用于表中的值")
-            ->type_name("V");
-        set->add_flag("--unset", m_arguments.unset, "从表中去掉该车速或该行");
-        set->add_flag("--force", m_arguments.force, "保存编辑器不接受的值");
+    }
+
+    void AddSet()
+    {
+        CLI::App* set = Add("set", {"修改一个值并保存", "Change one value and save"}, RunSet);
+        AddPath(set);
+        set->add_option("VALUE", m_arguments.value, In({"新的值", "The new value"}))->type_name("");
+        AddOption(
+            set, "--speed", "V", m_arguments.speed,
+            {"设计车速(km/h),用于表中的值", "The design speed (km/h), for a value of a table"});
+        set->add_flag("--unset", m_arguments.unset,
+                      In({"从表中去掉该车速或该行", "Take the speed or the row out of the table"}));
+        set->add_flag("--force", m_arguments.force,
+                      In({"保存编辑器不接受的值", "Save also what the editor refuses"}));
     }
 
     void AddFiles()
     {
-        CLI::App* exported = Add("export", "导出全部或指定的设计规范", RunExport);
-        exported->add_option("FILE", m_arguments.file, "文件;已有的其它设计规范保留")
-            ->type_name("")
+        const HelpText file = {"文件", "The file"};
+        const HelpText name = {"名称", "A name"};
+        CLI::App* exported =
+            Add("export",
+                {"导出全部或指定的设计规范", "Write the named specifications, or all, into a file"},
+                RunExport);
+        AddWord(exported, "FILE", m_arguments.file,
+                {"文件;已有的其它设计规范保留", "The file; others that it holds stay in it"})
             ->required();
-        exported->add_option("NAME", m_arguments.names, "名称")->type_name("");
-        CLI::App* imported = Add("import", "导入文件中全部或指定的设计规范", RunImport);
-        imported->add_option("FILE", m_arguments.file, "文件")->type_name("")->required();
-        imported->add_option("NAME", m_arguments.names, "名称")->type_name("");
-        imported->add_flag("--overwrite", m_arguments.overwrite, "覆盖标识相同的设计规范");
-        imported->add_flag("--force", m_arguments.force, "导入编辑器不接受的值");
-        Add("names", "列出文件中设计规范的名称和 GUID", RunNames)
-            ->add_option("FILE", m_arguments.file, "文件")
-            ->type_name("")
-            ->required();
-        Add("template", "把项目的全部设计规范另存为模板", RunTemplate)
-            ->add_option("DIR", m_arguments.file, "目标文件夹")
-            ->type_name("")
+        exported->add_option("NAME", m_arguments.names, In(name))->type_name("");
+        CLI::App* imported = Add("import",
+                                 {"导入文件中全部或指定的设计规范",
+                                  "Take the named specifications, or all, from a file"},
+                                 RunImport);
+        AddWord(imported, "FILE", m_arguments.file, file)->required();
+        imported->add_option("NAME", m_arguments.names, In(name))->type_name("");
+        imported->add_flag("--overwrite", m_arguments.overwrite,
+                           In({"覆盖标识相同的设计规范", "Overwrite those of the same GUID"}));
+        imported->add_flag("--force", m_arguments.force,
+                           In({"导入编辑器不接受的值", "Import also what the editor refuses"}));
+        CLI::App* names = Add("names",
+                              {"列出文件中设计规范的名称和 GUID",
+                               "List name and GUID of each specification in a file"},
+                              RunNames);
+        AddWord(names, "FILE", m_arguments.file, file)->required();
+        CLI::App* copied = Add(
+            "template",
+            {"把项目的全部设计规范另存为模板", "Copy the library of the project into another one"},
+            RunTemplate);
+        AddWord(copied, "DIR", m_arguments.file, {"目标文件夹", "The folder to copy to"})
             ->required();
     }
 
-    CLI::App m_app{kDescription, "designspec"};
+    const Language m_language = HelpLanguage();
+    CLI::App m_app{"", "designspec"};
     Arguments m_arguments;
     Run m_run = nullptr;
 };

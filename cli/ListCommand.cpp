@@ -4,27 +4,55 @@
 
 using namespace designspec;
 
-Status RunList(const Arguments& arguments, Teller& teller)
-{
-    Project project(arguments, teller);
-    const SpecificationFolder& folder = project.Folder();
-    TextTable table(false);
+namespace {
+
+// The rows of a list, for people and for programs.
+struct List {
+    TextTable table{false};
     Json json = Json::array();
+};
+
+List Specifications(const Project& project)
+{
+    List list;
+    const SpecificationFolder& folder = project.Folder();
     for (int i = 0; i < folder.Count(); ++i) {
         const CDesignSpecification& item = *folder.Item(i);
         const bool isDefault = &item == project.Default();
-        const CString file = folder.FileOf(item);
-        table.AddRow({std::to_wstring(i), isDefault ? L"*" : L" ", item.Name(),
-                      VMRDPub::GUIDToStr(item.ID()), file});
+        list.table.AddRow({std::to_wstring(i), isDefault ? L"*" : L" ", item.Name(),
+                           VMRDPub::GUIDToStr(item.ID()), folder.FileOf(item)});
         Json entry = {{"index", i}, {"default", isDefault}};
         entry.update(ToJson(folder, item));
-        json.push_back(entry);
+        list.json.push_back(entry);
     }
+    return list;
+}
+
+List Deleted(const Project& project, Teller& teller)
+{
+    List list;
+    Problems problems;
+    for (const DeletedStyle& one : project.Folder().Files().Deleted(problems)) {
+        const CString id = VMRDPub::GUIDToStr(one.id);
+        list.table.AddRow({one.name, id, one.file});
+        list.json.push_back(
+            {{"name", ToJson(one.name)}, {"id", ToJson(id)}, {"file", ToJson(one.file)}});
+    }
+    teller.Tell(problems);
+    return list;
+}
+
+} // namespace
+
+Status RunList(const Arguments& arguments, Teller& teller)
+{
+    const Project project(arguments, teller);
+    const List list = arguments.deleted ? Deleted(project, teller) : Specifications(project);
     if (arguments.json) {
-        PrintJson(json);
+        PrintJson(list.json);
         return kDone;
     }
-    for (const CString& line : table.Lines(0))
+    for (const CString& line : list.table.Lines(0))
         PrintLine(line);
     return kDone;
 }

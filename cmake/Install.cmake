@@ -48,6 +48,8 @@ install(FILES
 
 install(TARGETS designspec_cli RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(FILES cli/designspec.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES cli/designspec.zh_CN.1
+    DESTINATION ${CMAKE_INSTALL_MANDIR}/zh_CN/man1 RENAME designspec.1)
 install(FILES cli/designspec.bash-completion
     DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
     RENAME designspec)

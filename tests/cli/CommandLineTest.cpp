@@ -10,8 +10,8 @@ namespace {
 
 using CommandLine = CommandTest;
 
-const Words kCommands = {"list", "show",   "query",  "new",   "rename",   "remove", "default",
-                         "set",  "export", "import", "names", "template", "check"};
+const Words kCommands = {"list",    "show", "query",  "new",    "rename", "remove",   "restore",
+                         "default", "set",  "export", "import", "names",  "template", "check"};
 
 TEST_F(CommandLine, HelpListsEveryCommandAndGlobalOption)
 {
@@ -28,7 +28,7 @@ TEST_F(CommandLine, HelpListsEveryCommandAndGlobalOption)
 TEST_F(CommandLine, HelpOfACommandListsItsArgumentsAndOptions)
 {
     const std::vector<std::pair<std::string, Words>> uses = {
-        {"list", {}},
+        {"list", {"--deleted"}},
         {"show", {"CRITERION"}},
         {"query",
          {"PATH", "--speed V", "--mode M", "--grad G", "--max-super M", "--radius R",
@@ -36,6 +36,7 @@ TEST_F(CommandLine, HelpOfACommandListsItsArgumentsAndOptions)
         {"new", {"NAME", "--from NAME", "--force"}},
         {"rename", {"OLD", "NEW"}},
         {"remove", {"NAME"}},
+        {"restore", {"NAME"}},
         {"default", {"NAME"}},
         {"set", {"PATH", "VALUE", "--speed V", "--unset", "--force"}},
         {"export", {"FILE", "NAME"}},
@@ -84,11 +85,48 @@ TEST_F(CommandLine, TellsItsVersion)
 TEST_F(CommandLine, RefusesACallWithoutOrWithAnUnknownCommand)
 {
     Fails(2, "没有命令", {});
-    Fails(2, "没有命令“lst”", {"lst"});
-    Fails(2, "没有选项“--bogus”", {"list", "--bogus"});
+    Fails(2, "没有命令“lst”,是不是 list?", {"lst"});
+    Fails(2, "没有命令“delete”,是不是 remove?", {"delete", "城市"});
+    Fails(2, "没有命令“xyzzy”\n", {"xyzzy"});
+    Fails(2, "没有选项“--bogus”\n", {"list", "--bogus"});
+    Fails(2, "没有选项“--spede=60”,是不是 --speed?", {"query", "LonGrad.MinGrad", "--spede=60"});
+    Fails(2, "没有选项“--jsn”,是不是 --json?", {"list", "--jsn"});
     Fails(2, "多余的参数“x”", {"list", "x"});
     Fails(2, "用 designspec --help 查看用法", {});
     Fails(2, "用 designspec set --help 查看用法", {"set"});
+}
+
+// Help for the program is no answer to a command that there is not.
+TEST_F(CommandLine, RefusesUnknownWordsBesideHelp)
+{
+    Fails(2, "没有命令“delete”,是不是 remove?", {"delete", "--help"});
+    Fails(2, "没有命令“delete”", {"--help", "delete"});
+    Fails(2, "没有命令“delete”", {"--version", "delete"});
+    Fails(2, "没有选项“--speed”", {"list", "--speed", "--help"});
+    Fails(2, "多余的参数“x”", {"list", "x", "--help"});
+}
+
+TEST_F(CommandLine, HelpIsEnglishInAnEnglishLocale)
+{
+    const auto help = [this](const Words& words) {
+        const ProcessResult result = Call(words, [] { setenv("LC_ALL", "en_US.UTF-8", 1); });
+        EXPECT_EQ(result.status, 0);
+        return result.out;
+    };
+    const std::string all = help({"--help"});
+    EXPECT_THAT(all, HasSubstr("Queries and edits road design specifications."));
+    EXPECT_THAT(all, HasSubstr("\nOptions:\n"));
+    EXPECT_THAT(all, HasSubstr("\nCommands:\n"));
+    EXPECT_THAT(all, HasSubstr("Exit status: 0"));
+    for (const char* word : {"用法", "命令", "选项", "退出", "显示"})
+        EXPECT_THAT(all, Not(HasSubstr(word)));
+    for (const std::string& command : kCommands) {
+        EXPECT_THAT(all, HasSubstr("\n  " + command + " "));
+        std::string own = help({command, "--help"});
+        own = own.substr(0, own.find("\nCriteria")); // labels are what the editor calls them
+        for (const char* word : {"用法", "命令", "选项", "名称", "(必需)"})
+            EXPECT_THAT(own, Not(HasSubstr(word))) << command;
+    }
 }
 
 TEST_F(CommandLine, NamesAnOptionWithoutValueOrGivenTwice)

@@ -14,6 +14,9 @@ using testing::Not;
 
 class CommandTest : public testing::Test {
 protected:
+    // The language of the help, wherever the tests run.
+    CommandTest() { setenv("LC_ALL", "C.UTF-8", 1); }
+
     using Json = nlohmann::ordered_json;
 
     ProcessResult Call(const Words& words, const std::function<void()>& inChild = {}) const

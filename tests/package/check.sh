@@ -51,6 +51,7 @@ mv "$prefix" "$work/moved"
 answer=$("$work/moved/bin/designspec" --project "$source/examples/project" \
     query CircularCurveRad.SuperelevationMinRad --speed 60)
 [ "$answer" = 150 ]
-for file in share/man/man1/designspec.1 share/bash-completion/completions/designspec; do
+for file in share/man/man1/designspec.1 share/man/zh_CN/man1/designspec.1 \
+    share/bash-completion/completions/designspec; do
     [ -s "$work/moved/$file" ] || { echo "not installed: $file"; exit 1; }
 done
