@@ -5,6 +5,7 @@
 
 #include <QLayout>
 
+#include "TreePaths.h"
 #include "base/Text.h"
 #include "model/Criteria.h"
 #include "model/FieldValue.h"

@@ -10,6 +10,7 @@
 
 #include <gtest/gtest.h>
 
+#include "TreePaths.h"
 #include "base/NoCase.h"
 #include "base/Text.h"
 #include "platform/arx/Frame.h"

@@ -1,5 +1,6 @@
 #include <fstream>
 
+#include "TreePaths.h"
 #include "base/Text.h"
 #include "cli/TextTable.h"
 #include "model/Criteria.h"

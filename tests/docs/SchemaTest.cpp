@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "TreePaths.h"
 #include "base/File.h"
 #include "base/Text.h"
 #include "platform/xtp/PropExchange.h"

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "TreePaths.h"
 #include "base/File.h"
 #include "base/Text.h"
 #include "model/Criteria.h"

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "TreePaths.h"
 #include "base/File.h"
 #include "base/Text.h"
 #include "library/DesignSpecifications.h"

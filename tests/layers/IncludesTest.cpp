@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "TreePaths.h"
 #include <gtest/gtest.h>
 
 namespace {

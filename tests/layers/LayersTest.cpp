@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "TreePaths.h"
 #include <gtest/gtest.h>
 
 namespace {

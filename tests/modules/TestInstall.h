@@ -5,6 +5,7 @@
 #include <initializer_list>
 #include <string>
 
+#include "TreePaths.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/TraceCapture.h"

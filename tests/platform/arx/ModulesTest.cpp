@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "TreePaths.h"
 #include "base/Text.h"
 #include "platform/arx/AppMessages.h"
 #include "platform/vmrd/VMRDPrj/PrjManager.h"

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "TreePaths.h"
 #include "base/Text.h"
 #include "tests/modules/TestInstall.h"
 

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "TreePaths.h"
 #include "base/Text.h"
 #include "platform/vmrd/VmHFCBaseU/Trace.h"
 
