@@ -7,6 +7,8 @@
 #include "platform/arx/Frame.h"
 #include "platform/mfc/Menu.h"
 
+using namespace designspec;
+
 IMPLEMENT_DYNAMIC(CDSEditor, CStyleEditor)
 
 namespace {

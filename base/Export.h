@@ -3,3 +3,5 @@
 
 #define AFX_EXT_CLASS __attribute__((visibility("default")))
 #define AFX_EXT_API __attribute__((visibility("default")))
+// What only the members of such a class call.
+#define AFX_EXT_PRIVATE __attribute__((visibility("hidden")))

@@ -1,6 +1,7 @@
 #include "base/Problem.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "base/File.h"
 #include "base/Text.h"
@@ -17,6 +18,11 @@ bool HasError(const Problems& problems)
 {
     return std::any_of(problems.begin(), problems.end(),
                        [](const Problem& one) { return one.severity == Severity::Error; });
+}
+
+void Append(Problems& problems, Problems more)
+{
+    std::move(more.begin(), more.end(), std::back_inserter(problems));
 }
 
 void AddProblem(Problems& problems, Severity severity, const std::wstring& path, int line,

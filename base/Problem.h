@@ -27,6 +27,9 @@ using Problems = std::vector<Problem>;
 // True when one of them is an error.
 bool HasError(const Problems& problems);
 
+// Adds those of another list behind them.
+void Append(Problems& problems, Problems more);
+
 // Adds a problem with the file at that path of the module's own.
 void AddProblem(Problems& problems, Severity severity, const std::wstring& path, int line,
                 const std::wstring& text);

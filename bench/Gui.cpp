@@ -12,6 +12,8 @@
 #include "pages/framework/SpeedTableGrid.h"
 #include "platform/arx/Frame.h"
 
+using namespace designspec;
+
 namespace {
 
 constexpr int kSpeeds = 12;

@@ -19,6 +19,8 @@
 #include "host/StyleListModel.h"
 #include "platform/vmrd/VMRDPrj/PrjManager.h"
 
+using namespace designspec;
+
 namespace {
 
 const QString kSplitterKey = QStringLiteral("styleManager/splitter");

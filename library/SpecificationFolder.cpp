@@ -1,7 +1,6 @@
 #include "library/SpecificationFolder.h"
 
 #include <algorithm>
-#include <iterator>
 #include <utility>
 
 #include "base/File.h"
@@ -34,11 +33,6 @@ bool Contains(const CStringArray& names, const CString& name)
 {
     return std::any_of(names.begin(), names.end(),
                        [&](const CString& one) { return EqualNoCase(one, name); });
-}
-
-void Append(Problems& problems, Problems more)
-{
-    std::move(more.begin(), more.end(), std::back_inserter(problems));
 }
 
 // The section of that specification among the styles, made when there is none yet.
@@ -298,6 +292,12 @@ Outcome SpecificationFolder::Export(const CString& path, const CStringArray& nam
 ImportOutcome SpecificationFolder::TakeIn(const CString& path, const CStringArray& names,
                                           bool overwrite)
 {
+    return TakeIn(path, names, overwrite, [](const CString&) { return CString(); });
+}
+
+ImportOutcome SpecificationFolder::TakeIn(const CString& path, const CStringArray& names,
+                                          bool overwrite, CString (*nameProblem)(const CString&))
+{
     ImportOutcome outcome;
     CXTPPropExchangeXMLNode root(true, kStyleLibraryRoot);
     outcome.read = outcome.done = root.LoadFromFile(path.c_str());
@@ -305,9 +305,17 @@ ImportOutcome SpecificationFolder::TakeIn(const CString& path, const CStringArra
         const auto wanted = [&](const CString& name) {
             return names.empty() || Contains(names, name);
         };
-        for (auto& one : ReadSpecifications(root, path, wanted, outcome.problems))
+        for (auto& one : ReadSpecifications(root, path, wanted, outcome.problems)) {
+            const CString name = one.specification->Name();
+            if (const CString problem = nameProblem(name); !problem.empty()) {
+                AddProblem(outcome.problems, Severity::Error, path, one.line,
+                           Format(L"样式“%s”未导入: %s", name, problem));
+                outcome.done = false;
+                continue;
+            }
             outcome.specifications.push_back(
                 TakeIn(std::move(one), path, overwrite, Severity::Note, outcome.problems));
+        }
     }
     Append(outcome.problems, root.TakeProblems());
     return outcome;
@@ -337,7 +345,7 @@ TakenSpecification SpecificationFolder::TakeIn(ReadSpecification read, const CSt
 ImportOutcome SpecificationFolder::Import(const CString& path, const CStringArray& names,
                                           bool overwrite)
 {
-    ImportOutcome outcome = TakeIn(path, names, overwrite);
+    ImportOutcome outcome = TakeIn(path, names, overwrite, &StyleNameProblem);
     for (TakenSpecification& taken : outcome.specifications) {
         if (!taken.changed) continue;
         const CDesignSpecification& specification = *Find(taken.id);

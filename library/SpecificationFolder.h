@@ -100,7 +100,8 @@ public:
     // taken.
     ImportOutcome TakeIn(const CString& path, const CStringArray& names, bool overwrite);
     // The same, and saves what was added or overwritten; what a file held that is overwritten is
-    // set aside. Done when all of that was.
+    // set aside. One whose name the editor would not take is not taken either. Done when all of
+    // that was.
     ImportOutcome Import(const CString& path, const CStringArray& names, bool overwrite);
     // Copies the files into the folder of styles of another project. Done when all were copied.
     Outcome SaveAsTemplate(const CString& project) const;
@@ -116,13 +117,15 @@ private:
         CString file;
         bool operator==(const Origin&) const = default;
     };
-    bool Write(const CDesignSpecification& specification, Problems& problems);
-    bool Save(const CDesignSpecification& specification, Problems& problems);
-    bool MoveOthersOut(const CString& file, const GUID& id, Problems& problems);
-    bool SetOthersAside(const GUID& id, const CString& file, Problems& problems);
-    TakenSpecification TakeIn(ReadSpecification read, const CString& path, bool overwrite,
-                              Severity clash, Problems& problems);
-    bool SaveOver(const CDesignSpecification& specification, Problems& problems);
+    AFX_EXT_PRIVATE bool Write(const CDesignSpecification& specification, Problems& problems);
+    AFX_EXT_PRIVATE bool Save(const CDesignSpecification& specification, Problems& problems);
+    AFX_EXT_PRIVATE bool MoveOthersOut(const CString& file, const GUID& id, Problems& problems);
+    AFX_EXT_PRIVATE bool SetOthersAside(const GUID& id, const CString& file, Problems& problems);
+    AFX_EXT_PRIVATE ImportOutcome TakeIn(const CString& path, const CStringArray& names,
+                                         bool overwrite, CString (*nameProblem)(const CString&));
+    AFX_EXT_PRIVATE TakenSpecification TakeIn(ReadSpecification read, const CString& path,
+                                              bool overwrite, Severity clash, Problems& problems);
+    AFX_EXT_PRIVATE bool SaveOver(const CDesignSpecification& specification, Problems& problems);
 
     StyleFolder m_files;
     std::vector<std::unique_ptr<CDesignSpecification>> m_items;

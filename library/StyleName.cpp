@@ -14,16 +14,22 @@ constexpr size_t kAroundName = 36 + 2 + 4; // identity, braces, ".hds"
 
 } // namespace
 
-CString StyleNameProblem(const SpecificationFolder& folder, const CString& name,
-                         const CString& openedName)
+CString StyleNameProblem(const CString& name)
 {
     if (name.empty()) return L"样式名不能为空!";
     if (name.find_first_of(kForbidden) != CString::npos)
         return CString(L"样式名中不允许出现如下字符: ") + kForbidden;
-    const bool keepsItsName = !openedName.empty() && EqualNoCase(name, openedName);
-    if (folder.Find(name.c_str()) && !keepsItsName) return L"和已有样式重名!";
     if (!IsXmlText(name)) return L"样式名中有文件无法记录的字符";
     return FileNameProblem(name);
+}
+
+CString StyleNameProblem(const SpecificationFolder& folder, const CString& name,
+                         const CString& openedName)
+{
+    CString problem = StyleNameProblem(name);
+    const bool keepsItsName = !openedName.empty() && EqualNoCase(name, openedName);
+    if (problem.empty() && !keepsItsName && folder.Find(name.c_str())) problem = L"和已有样式重名!";
+    return problem;
 }
 
 CString FileNameProblem(const CString& name)

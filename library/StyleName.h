@@ -5,6 +5,10 @@
 
 namespace designspec {
 
+// What is wrong with a name in itself, for the editor, the command and what is imported alike;
+// empty when nothing is.
+AFX_EXT_API CString StyleNameProblem(const CString& name);
+
 // Why a user may not give the name (already trimmed) to a specification, in the editor or by the
 // command; empty when he may. `openedName` is the name that the specification has now, empty for a
 // new one: it may keep that, in any case.

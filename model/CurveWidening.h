@@ -44,6 +44,6 @@ public:
     bool operator==(const CDSCurveWidening&) const = default;
 
 private:
-    bool Holds(const WideningRange& range, int radius) const;
-    int WhyNoRange(int radius) const;
+    AFX_EXT_PRIVATE bool Holds(const WideningRange& range, int radius) const;
+    AFX_EXT_PRIVATE int WhyNoRange(int radius) const;
 };

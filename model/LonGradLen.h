@@ -47,7 +47,8 @@ public:
     bool operator==(const CDSLonGradMaxLen&) const = default;
 
 private:
-    bool QueryBetween(const GradientRow& gentler, const GradientRow& steeper, double grad,
-                      int speed, QueryValue::QueryMode mode, int& value) const;
-    void TidyRows();
+    AFX_EXT_PRIVATE bool QueryBetween(const GradientRow& gentler, const GradientRow& steeper,
+                                      double grad, int speed, QueryValue::QueryMode mode,
+                                      int& value) const;
+    AFX_EXT_PRIVATE void TidyRows();
 };

@@ -59,7 +59,7 @@ void CDSMaxResultantGrad::DoPropExchange(CXTPPropExchange* pPX)
     ExchangeFields(pPX, this, Fields());
 }
 
-const wchar_t* RoadTypeLabel(int type)
+const wchar_t* designspec::RoadTypeLabel(int type)
 {
     return type >= 0 && type < C::kRoadTypes ? kLabels[type] : L"";
 }

@@ -34,5 +34,9 @@ public:
     bool operator==(const CDSMaxResultantGrad&) const = default;
 };
 
+namespace designspec {
+
 // What the road type is called: 城市道路 … 其它道路; empty for any other value.
 AFX_EXT_API const wchar_t* RoadTypeLabel(int type);
+
+} // namespace designspec

@@ -6,6 +6,8 @@
 
 #include "platform/xtp/PropExchange.h"
 
+using namespace designspec;
+
 namespace {
 
 // How far an entry's speed is from the asked one, and its place in the table, in one number, so
@@ -201,7 +203,7 @@ void ExchangeKey(CXTPPropExchange* pPX, const wchar_t* key, GrowArray<SpeedEntry
 
 } // namespace
 
-int TruncateToInt(double value)
+int designspec::TruncateToInt(double value)
 {
     return Truncate(value);
 }
@@ -218,12 +220,12 @@ bool QueryValue::QueryDoubleValBySpeed(const SpeedToDoubleValues* table, int spe
     return Query(*table, speed, mode, value);
 }
 
-void SortDescending(SpeedToIntValues& table)
+void designspec::SortDescending(SpeedToIntValues& table)
 {
     SortTable(table);
 }
 
-void SortDescending(SpeedToDoubleValues& table)
+void designspec::SortDescending(SpeedToDoubleValues& table)
 {
     SortTable(table);
 }
@@ -238,12 +240,12 @@ void PX_SpeedToDoubleValues(CXTPPropExchange* pPX, const wchar_t* key, SpeedToDo
     ExchangeKey(pPX, key, table);
 }
 
-void ExchangeItems(CXTPPropExchange* pPX, SpeedToIntValues& table)
+void designspec::ExchangeItems(CXTPPropExchange* pPX, SpeedToIntValues& table)
 {
     ExchangeTable(pPX, table);
 }
 
-void ExchangeItems(CXTPPropExchange* pPX, SpeedToDoubleValues& table)
+void designspec::ExchangeItems(CXTPPropExchange* pPX, SpeedToDoubleValues& table)
 {
     ExchangeTable(pPX, table);
 }

@@ -54,6 +54,16 @@ AFX_EXT_API bool QueryDoubleValBySpeed(const SpeedToDoubleValues* table, int spe
 
 } // namespace QueryValue
 
+// Stores a table as the child element `key` of the exchange's section, one Item with speed and
+// value for each entry, or loads it from there: the caller has emptied the table, and it ends
+// highest speed first. A missing element leaves it empty; a missing number reads as 0.
+AFX_EXT_API void PX_SpeedToIntValues(CXTPPropExchange* pPX, const wchar_t* key,
+                                     SpeedToIntValues& table);
+AFX_EXT_API void PX_SpeedToDoubleValues(CXTPPropExchange* pPX, const wchar_t* key,
+                                        SpeedToDoubleValues& table);
+
+namespace designspec {
+
 // The whole number that `value` has before its point, held within 32 bits; 0 for no number.
 AFX_EXT_API int TruncateToInt(double value);
 
@@ -67,14 +77,8 @@ template <class T> void AddSpeed(GrowArray<SpeedEntry<T>>& table, int speed, T v
 AFX_EXT_API void SortDescending(SpeedToIntValues& table);
 AFX_EXT_API void SortDescending(SpeedToDoubleValues& table);
 
-// Stores a table as the child element `key` of the exchange's section, one Item with speed and
-// value for each entry, or loads it from there: the caller has emptied the table, and it ends
-// highest speed first. A missing element leaves it empty; a missing number reads as 0.
-AFX_EXT_API void PX_SpeedToIntValues(CXTPPropExchange* pPX, const wchar_t* key,
-                                     SpeedToIntValues& table);
-AFX_EXT_API void PX_SpeedToDoubleValues(CXTPPropExchange* pPX, const wchar_t* key,
-                                        SpeedToDoubleValues& table);
-
 // The Item elements of a table, straight in the exchange's section; likewise.
 AFX_EXT_API void ExchangeItems(CXTPPropExchange* pPX, SpeedToIntValues& table);
 AFX_EXT_API void ExchangeItems(CXTPPropExchange* pPX, SpeedToDoubleValues& table);
+
+} // namespace designspec

@@ -72,7 +72,7 @@ public:
     {
         for (int speed : Speeds())
             if (const auto* cell = Cell(row, speed); cell && !cell->IsEmpty())
-                ::AddSpeed(table, speed, static_cast<T>(cell->GetNumber()));
+                designspec::AddSpeed(table, speed, static_cast<T>(cell->GetNumber()));
     }
 
 protected:

@@ -13,8 +13,12 @@ constexpr int IDCANCEL = 2;
 constexpr int IDYES = 6;
 constexpr int IDNO = 7;
 
+namespace designspec {
+
 // The dynamic property of a control that holds its id.
 inline constexpr const char* kControlIdProperty = "controlId";
+
+} // namespace designspec
 
 // The dialog resource of number N is the Qt Designer form ":/dialogs/N.ui". Its controls carry
 // their ids as the int property "controlId"; OK is 1 and Cancel is 2. OK is the default

@@ -8,8 +8,8 @@
 
 #include <memory>
 
-#include "base/Problem.h"
 #include "base/Export.h"
+#include "base/Problem.h"
 #include "platform/mfc/String.h"
 
 namespace pugi {
@@ -94,13 +94,13 @@ private:
         section.m_node = node;
         return section;
     }
-    void WriteValue(std::wstring_view key, const std::string& text) const;
+    AFX_EXT_PRIVATE void WriteValue(std::wstring_view key, const std::string& text) const;
     template <class T>
     bool ReadNumber(std::wstring_view key, T& value, bool (*parse)(std::string_view, T&),
                     const wchar_t* kind) const;
     // Keeps a value that cannot be read among the problems, by its name and text; false.
-    bool Refuse(std::wstring_view key, const char* text, const char* name,
-                const wchar_t* kind) const;
+    AFX_EXT_PRIVATE bool Refuse(std::wstring_view key, const char* text, const char* name,
+                                const wchar_t* kind) const;
 };
 
 class AFX_EXT_CLASS CXTPPropExchangeEnumerator {

@@ -23,7 +23,7 @@ public:
     std::string SaveToBytes() const;
 
 private:
-    void Drop();
+    AFX_EXT_PRIVATE void Drop();
 
     CString m_rootName;
 };

@@ -8,6 +8,8 @@
 
 #include "tests/support/Exchanged.h"
 
+using namespace designspec;
+
 using namespace QueryValue;
 
 namespace {

@@ -4,6 +4,8 @@
 
 #include "tests/support/Exchanged.h"
 
+using namespace designspec;
+
 using C = CDSMaxResultantGrad;
 
 TEST(MaxResultantGrad, RoadTypesHaveTheNumbersThatOtherModulesPass)

@@ -88,8 +88,8 @@ private:
     {
         table.RemoveAll();
         for (int i = least + Below(20); i > 0; --i)
-            AddSpeed(table, Below(3) == 0 ? Int() : 10 * Below(12), value());
-        SortDescending(table);
+            designspec::AddSpeed(table, Below(3) == 0 ? Int() : 10 * Below(12), value());
+        designspec::SortDescending(table);
     }
 
     // Rows that are kept in the order of a gradient stand in it, some with equal ones. A gradient

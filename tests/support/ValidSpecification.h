@@ -64,13 +64,13 @@ private:
     {
         table.RemoveAll();
         for (int speed : Speeds(least))
-            AddSpeed(table, speed, m_random.Int());
+            designspec::AddSpeed(table, speed, m_random.Int());
     }
     void Fill(SpeedToDoubleValues& table)
     {
         table.RemoveAll();
         for (int speed : Speeds(0))
-            AddSpeed(table, speed, m_random.Double());
+            designspec::AddSpeed(table, speed, m_random.Double());
     }
 
     // What has no rule of its own below.
@@ -111,9 +111,9 @@ private:
         criterion.GradualChangeRatio1.RemoveAll();
         criterion.GradualChangeRatio2.RemoveAll();
         for (int speed : Speeds(0)) {
-            AddSpeed(criterion.MaxSuperElev, speed, 1 + m_random.Below(19));
-            AddSpeed(criterion.GradualChangeRatio1, speed, m_random.Int());
-            AddSpeed(criterion.GradualChangeRatio2, speed, m_random.Int());
+            designspec::AddSpeed(criterion.MaxSuperElev, speed, 1 + m_random.Below(19));
+            designspec::AddSpeed(criterion.GradualChangeRatio1, speed, m_random.Int());
+            designspec::AddSpeed(criterion.GradualChangeRatio2, speed, m_random.Int());
         }
     }
 

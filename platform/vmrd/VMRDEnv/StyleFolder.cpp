@@ -23,9 +23,10 @@ bool Refuse(const CString& path, const wchar_t* why, Problems& problems)
     return false;
 }
 
-void Append(Problems& problems, Problems more)
+auto CountOf(const GUID& id, const std::vector<StyleEntry>& entries)
 {
-    std::move(more.begin(), more.end(), std::back_inserter(problems));
+    return std::count_if(entries.begin(), entries.end(),
+                         [&](const StyleEntry& entry) { return entry.id == id; });
 }
 
 CString InFolder(const CString& folder, const CString& file)
@@ -82,9 +83,7 @@ std::optional<bool> StyleFolder::Holds(const CString& file, const GUID& id,
 {
     const auto entries = Entries(PathOf(file), problems);
     if (!entries) return std::nullopt;
-    return entries->size() == 1 ||
-           std::any_of(entries->begin(), entries->end(),
-                       [&](const StyleEntry& entry) { return entry.id == id; });
+    return entries->size() == 1 || CountOf(id, *entries) > 0;
 }
 
 StyleFolder::Content StyleFolder::ContentOf(std::string_view bytes)
@@ -205,10 +204,9 @@ bool StyleFolder::SetAside(const CString& file, const GUID& id, Problems& proble
     const CString path = PathOf(file);
     const auto entries = Entries(path, problems);
     if (!entries) return false;
-    const auto others = std::count_if(entries->begin(), entries->end(),
-                                      [&](const StyleEntry& entry) { return entry.id != id; });
-    const bool alone = entries->size() == 1 || others == 0;
-    if (entries->empty() || (!alone && others == std::ssize(*entries)))
+    const auto its = CountOf(id, *entries);
+    const bool alone = entries->size() == 1 || its == std::ssize(*entries);
+    if (entries->empty() || (!alone && its == 0))
         return Refuse(path, L"文件中没有要删除的样式", problems);
 
     CString aside;
@@ -223,8 +221,7 @@ bool StyleFolder::SetAside(const CString& file, const GUID& id, Problems& proble
         if (!TakeOut(file, id, problems)) {
             // Where the style has left the file all the same, the copy is the only one.
             const auto left = Entries(path, problems);
-            const auto isIt = [&](const StyleEntry& entry) { return entry.id == id; };
-            if (left && std::any_of(left->begin(), left->end(), isIt)) DropCopy(aside, problems);
+            if (left && CountOf(id, *left) > 0) DropCopy(aside, problems);
             return false;
         }
     }
@@ -238,11 +235,10 @@ bool StyleFolder::SetAside(const GUID& id, Problems& problems)
     bool done = true;
     for (const CString& file : Files(problems)) {
         const auto entries = Entries(PathOf(file), problems);
-        const auto isIt = [&](const StyleEntry& entry) { return entry.id == id; };
         if (!entries) {
             // By its name, the style was saved there.
             if (file.find(VMRDPub::GUIDToStr(id)) != CString::npos) done = false;
-        } else if (std::any_of(entries->begin(), entries->end(), isIt)) {
+        } else if (CountOf(id, *entries) > 0) {
             done = SetAside(file, id, problems) && done;
         }
     }

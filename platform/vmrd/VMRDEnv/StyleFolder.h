@@ -84,12 +84,13 @@ private:
         size_t size, hash;
         bool operator==(const Content&) const = default;
     };
-    static Content ContentOf(std::string_view bytes);
-    void Remember(const CString& file);
-    std::optional<std::vector<StyleEntry>> Entries(const CString& path, Problems& problems) const;
-    CString FreeDeletedName(const CString& file) const;
-    CString DeletedPathOf(const CString& file) const;
-    bool TakeOut(const CString& file, const GUID& id, Problems& problems);
+    AFX_EXT_PRIVATE static Content ContentOf(std::string_view bytes);
+    AFX_EXT_PRIVATE void Remember(const CString& file);
+    AFX_EXT_PRIVATE std::optional<std::vector<StyleEntry>> Entries(const CString& path,
+                                                                   Problems& problems) const;
+    AFX_EXT_PRIVATE CString FreeDeletedName(const CString& file) const;
+    AFX_EXT_PRIVATE CString DeletedPathOf(const CString& file) const;
+    AFX_EXT_PRIVATE bool TakeOut(const CString& file, const GUID& id, Problems& problems);
 
     CString m_path;
     CString m_library;

@@ -4,6 +4,8 @@
 
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
 
+using namespace designspec;
+
 namespace {
 CPrjManager* g_manager = nullptr;
 }

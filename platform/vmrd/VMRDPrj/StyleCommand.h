@@ -1,6 +1,8 @@
 // The style manager's commands, by the numbers under which its context menu knows them.
 #pragma once
 
+namespace designspec {
+
 enum StyleCommand : unsigned {
     kCommandNewStyle = 4101,
     kCommandNewStyleFrom = 4102, // a copy of the selected one
@@ -15,3 +17,5 @@ enum StyleCommand : unsigned {
     kCommandDeletedStyles = 4111,
     kCommandReload = 4112,
 };
+
+} // namespace designspec

@@ -29,5 +29,9 @@ private:
     std::vector<StyleGroupConfig> m_entries;
 };
 
+namespace designspec {
+
 // The file's name; it stands beside the programs.
 inline constexpr wchar_t kStyleGroupsFile[] = L"StyleGroups.json";
+
+} // namespace designspec

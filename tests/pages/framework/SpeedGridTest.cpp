@@ -8,6 +8,8 @@
 #include "pages/framework/SpeedTableGrid.h"
 #include "tests/pages/PageTest.h"
 
+using namespace designspec;
+
 namespace {
 
 constexpr UINT kFormWithGrid = 104;
