@@ -131,6 +131,11 @@ void CDSMainDialog::LoadPages()
     if (m_isNew && m_source.empty()) return;
     for (const Page& page : m_pages)
         page.Callback().Load(m_isNew ? m_source.c_str() : m_name.c_str());
+    const CDesignSpecification* const opened =
+        m_isNew ? nullptr : CDesignSpecifications::GetInstance()->Item(m_name.c_str());
+    if (!opened) return;
+    m_opened = *opened;
+    m_filled = Entered(opened->Name());
 }
 
 void CDSMainDialog::BuildTree()
@@ -225,8 +230,28 @@ void CDSMainDialog::OnOK()
     }
     const CString name = Trim(GetDlgItemText(kName));
     if (!CheckName(name) || !ValidatePages()) return;
-    Store(name);
+    const CEditStore::Result settled = Settle(name);
+    if (settled == CEditStore::Result::Back) return;
+    if (settled == CEditStore::Result::AsUsual) Store(name);
     CDialog::OnOK();
+}
+
+// What the pages hold.
+CDesignSpecification CDSMainDialog::Entered(const CString& name) const
+{
+    CDesignSpecification entered = m_opened ? *m_opened : CDesignSpecification();
+    entered.SetName(name.c_str());
+    for (const Page& page : m_pages)
+        page.Callback().StoreInto(entered);
+    return entered;
+}
+
+CEditStore::Result CDSMainDialog::Settle(const CString& name)
+{
+    if (m_opened) return CEditStore(*m_opened, *m_filled, Entered(name), this).Settle();
+    if (m_isNew && !CDesignSpecifications::GetInstance()->Files().HasPlace())
+        return CEditStore::SaveElsewhere(Entered(name), this);
+    return CEditStore::Result::AsUsual;
 }
 
 bool CDSMainDialog::CheckName(const CString& name)

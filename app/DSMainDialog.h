@@ -2,6 +2,7 @@
 // left, the page of the selected one on the right.
 #pragma once
 
+#include "app/EditStore.h"
 #include "pages/PageTable.h"
 
 class QTreeWidget;
@@ -53,12 +54,16 @@ private:
 
     bool CheckName(const CString& name);
     bool ValidatePages();
+    CDesignSpecification Entered(const CString& name) const;
+    CEditStore::Result Settle(const CString& name);
     void Store(const CString& name);
     void Show(const CString& message);
 
     CString m_name;
     bool m_isNew;
     CString m_source;
+    // The specification that is edited, as the dialog opened with it and as the pages showed it.
+    std::optional<CDesignSpecification> m_opened, m_filled;
     bool m_viewMode = false;
     CString m_viewPage;
     QTreeWidget* m_tree = nullptr;

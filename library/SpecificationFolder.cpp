@@ -49,6 +49,14 @@ void Store(const CXTPPropExchange& styles, const CDesignSpecification& specifica
     const_cast<CDesignSpecification&>(specification).DoPropExchange(&section);
 }
 
+// A file that holds that specification and nothing else.
+void StoreAlone(const CDesignSpecification& specification, CXTPPropExchangeXMLNode& root)
+{
+    CXTPPropExchange styles;
+    CreateStylesNode({}, kLibraryName, kLibraryName, root, styles);
+    Store(styles, specification);
+}
+
 } // namespace
 
 SpecificationFolder::SpecificationFolder(const CString& path) : m_files(path, kLibraryName) {}
@@ -149,10 +157,17 @@ Outcome SpecificationFolder::SetDefault(const CDesignSpecification& specificatio
 bool SpecificationFolder::Write(const CDesignSpecification& specification, Problems& problems)
 {
     CXTPPropExchangeXMLNode root;
-    CXTPPropExchange styles;
-    CreateStylesNode({}, kLibraryName, kLibraryName, root, styles);
-    Store(styles, specification);
+    StoreAlone(specification, root);
     return m_files.Save(FileNameFor(specification), root, problems);
+}
+
+Outcome SpecificationFolder::SetAside(const CDesignSpecification& version)
+{
+    CXTPPropExchangeXMLNode root;
+    StoreAlone(version, root);
+    Outcome outcome;
+    outcome.done = !m_files.SaveDeleted(FileNameFor(version), root, outcome.problems).empty();
+    return outcome;
 }
 
 bool SpecificationFolder::Save(const CDesignSpecification& specification, Problems& problems)

@@ -106,6 +106,9 @@ public:
     // Copies the files into the folder of styles of another project. Done when all were copied.
     Outcome SaveAsTemplate(const CString& project) const;
 
+    // Puts a version of a specification among the deleted ones; it needs not be in the list.
+    Outcome SetAside(const CDesignSpecification& version);
+
     // Name of the file that the specification was last loaded from or saved to; empty when there
     // is none.
     CString FileOf(const CDesignSpecification& specification) const;

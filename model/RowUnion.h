@@ -38,8 +38,8 @@ public:
     const std::vector<std::size_t>& Order(Party party) const { return m_orders[party]; }
 
 private:
-    std::vector<std::size_t> Common(Party party, Party other) const;
-    bool StandsBefore(std::size_t a, std::size_t b) const;
+    AFX_EXT_PRIVATE std::vector<std::size_t> Common(Party party, Party other) const;
+    AFX_EXT_PRIVATE bool StandsBefore(std::size_t a, std::size_t b) const;
 
     RowOrder m_order;
     std::vector<Row> m_rows;

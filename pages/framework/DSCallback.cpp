@@ -9,6 +9,8 @@ void CDSCallback::Activate()
 
 void CDSCallback::OnShow() {}
 
+void CDSCallback::StoreInto(CDesignSpecification&) {}
+
 bool CDSCallback::IsViewMode() const
 {
     return m_pMainDialog && m_pMainDialog->IsViewMode();

@@ -30,6 +30,8 @@ public:
     virtual void Activate();
     // The page has come to the front.
     virtual void OnShow();
+    // Writes the page as far as it is valid into a specification that needs not be the library's.
+    virtual void StoreInto(CDesignSpecification& specification);
 
     // False until the page is registered with its main dialog.
     bool IsViewMode() const;

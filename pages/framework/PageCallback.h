@@ -44,6 +44,12 @@ public:
         if (IsViewMode()) CriterionPage().MakeReadOnly();
     }
 
+    void StoreInto(CDesignSpecification& specification) override
+    {
+        CString unused;
+        CriterionPage().StoreStep(specification.*Member, unused);
+    }
+
 private:
     CCriterionPage<Criterion>& CriterionPage() const
     {

@@ -50,7 +50,7 @@ const std::map<std::string, Folders> kMayInclude = {
      {"app/input", "base", "model", "pages/framework", "platform/mfc", "platform/xtp/report",
       "platform/vmrd/VmHFCBaseU"}},
     {"app",
-     {"base", "library", "pages", "pages/framework", "platform/arx", "platform/mfc",
+     {"base", "library", "model", "pages", "pages/framework", "platform/arx", "platform/mfc",
       "platform/vmrd/VMRDPrj", "platform/vmrd/VmHFCBaseU"}},
     {"host",
      {"base", "platform/arx", "platform/mfc", "platform/vmrd/VMRDEnv", "platform/vmrd/VMRDPrj",

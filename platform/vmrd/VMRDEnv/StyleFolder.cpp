@@ -51,6 +51,11 @@ CString StyleFolder::DeletedPath() const
     return InFolder(m_path, L"已删除");
 }
 
+bool StyleFolder::HasPlace() const
+{
+    return PathFileExists(m_path.substr(0, m_path.find_last_of(L"\\/")));
+}
+
 CString StyleFolder::PathOf(const CString& file) const
 {
     return InFolder(m_path, file);
@@ -125,6 +130,7 @@ bool StyleFolder::Load(const CString& file, CXTPPropExchangeXMLNode& root, Probl
 
 bool StyleFolder::Save(const CString& file, const CXTPPropExchangeXMLNode& root, Problems& problems)
 {
+    if (!HasPlace()) return Refuse(m_path, L"项目文件夹已不存在, 没有保存", problems);
     if (!CreateFolder(m_path, problems)) return false;
     const std::string bytes = root.SaveToBytes();
     const bool saved = WriteWholeFile(PathOf(file), bytes, problems);
@@ -168,6 +174,14 @@ CString StyleFolder::KeepCopy(const CString& file, Problems& problems)
     if (!CreateFolder(DeletedPath(), problems)) return {};
     const CString copy = FreeDeletedName(file);
     return CopyFile(PathOf(file), DeletedPathOf(copy), problems) ? copy : CString();
+}
+
+CString StyleFolder::SaveDeleted(const CString& file, const CXTPPropExchangeXMLNode& root,
+                                 Problems& problems)
+{
+    if (!CreateFolder(DeletedPath(), problems)) return {};
+    const CString name = FreeDeletedName(file);
+    return WriteWholeFile(DeletedPathOf(name), root.SaveToBytes(), problems) ? name : CString();
 }
 
 void StyleFolder::DropCopy(const CString& copy, Problems& problems)

@@ -32,6 +32,8 @@ public:
 
     const CString& Path() const { return m_path; }
     CString DeletedPath() const;
+    // False when the folder that this one stands in, the project's, is not there.
+    bool HasPlace() const;
     // Path of the file of that name.
     CString PathOf(const CString& file) const;
     // Another folder from now on, of whose files nothing is known. Nothing happens when it is the
@@ -49,7 +51,7 @@ public:
     bool IsKnown(const CString& file) const;
 
     bool Load(const CString& file, CXTPPropExchangeXMLNode& root, Problems& problems);
-    // Makes the folder when there is none. Whole or not at all.
+    // Makes the folder when there is none, but not the project's. Whole or not at all.
     bool Save(const CString& file, const CXTPPropExchangeXMLNode& root, Problems& problems);
     // True when the file is gone; without a problem false when there was none.
     bool Delete(const CString& file, Problems& problems);
@@ -61,6 +63,10 @@ public:
 
     // Puts a copy of the file among the deleted ones; its name there, empty after a failure.
     CString KeepCopy(const CString& file, Problems& problems);
+    // Puts a style that has no file here among the deleted ones, as `file` would have held it; its
+    // name there, empty after a failure.
+    CString SaveDeleted(const CString& file, const CXTPPropExchangeXMLNode& root,
+                        Problems& problems);
     // Takes such a copy away again: what it was kept for did not come about.
     void DropCopy(const CString& copy, Problems& problems);
 

@@ -1,0 +1,207 @@
+#include "app/EditStore.h"
+
+#include <algorithm>
+
+#include <QFileDialog>
+
+#include "app/OthersChangeDialog.h"
+#include "base/File.h"
+#include "base/Format.h"
+#include "base/Text.h"
+#include "library/DesignSpecifications.h"
+#include "library/StyleName.h"
+#include "model/Findings.h"
+#include "platform/mfc/MessageBox.h"
+#include "platform/mfc/QtText.h"
+#include "platform/vmrd/VmHFCBaseU/Trace.h"
+
+using namespace designspec;
+
+namespace {
+
+using Kind = OthersChange::Kind;
+
+SpecificationFolder& Folder()
+{
+    return CDesignSpecifications::GetInstance()->Folder();
+}
+
+bool HasChangeBy(const std::vector<Change>& changes, ChangedBy by)
+{
+    return std::any_of(changes.begin(), changes.end(),
+                       [by](const Change& one) { return one.by == by; });
+}
+
+// Whether the pages would take it.
+bool CanBeStored(const CDesignSpecification& specification)
+{
+    const auto findings = Findings(specification);
+    return std::none_of(findings.begin(), findings.end(),
+                        [](const Finding& one) { return one.severity == Severity::Error; });
+}
+
+CString NativeText(const CString& path)
+{
+    return ToWide(NativePath(path));
+}
+
+// What is there now becomes what the library holds.
+void Reread()
+{
+    CDesignSpecifications& library = *CDesignSpecifications::GetInstance();
+    library.Update();
+    library.Refurbish();
+}
+
+} // namespace
+
+CEditStore::CEditStore(const CDesignSpecification& opened, const CDesignSpecification& filled,
+                       const CDesignSpecification& entered, QWidget* owner)
+    : m_opened(opened), m_isEdited(!(entered == filled)),
+      // What the pages read in another way than it stood there was not entered.
+      m_mine(Merged(filled, entered, opened)), m_owner(owner)
+{
+}
+
+CEditStore::Result CEditStore::Settle()
+{
+    const OthersChange change = FindOthersChange(Folder(), m_opened);
+    if (change.kind == Kind::None) return Result::AsUsual;
+    if (change.kind == Kind::FolderGone)
+        return m_isEdited ? SaveElsewhere(m_mine, m_owner) : Result::Done;
+    if (!m_isEdited) {
+        if (Folder().Find(m_opened.ID())) Reread();
+        return Result::Done;
+    }
+    return change.kind == Kind::Changed ? SettleChanged(change) : SettleGone(change);
+}
+
+CEditStore::Result CEditStore::SettleChanged(const OthersChange& change)
+{
+    const auto changes = Changes(m_opened, m_mine, *change.theirs);
+    const CDesignSpecification both = Merged(m_opened, m_mine, *change.theirs);
+    const bool isConflict = HasConflict(changes);
+    // Where one has done all that the other has there is nothing to choose.
+    if (!isConflict &&
+        (!HasChangeBy(changes, ChangedBy::Me) || !HasChangeBy(changes, ChangedBy::Them)))
+        return Keep(both, change, false);
+    COthersChangeDialog dialog(
+        Format(L"“%s”打开之后, 它的文件被别人修改了:\n%s\n\n"
+               L"下面是不同的值。没有保留的一方移至“规范/已删除”, 可以恢复。",
+               m_opened.Name(), NativeText(change.path)),
+        changes, m_owner);
+    if (!isConflict && CanBeStored(both))
+        dialog.Offer(COthersChangeDialog::kKeepBoth, L"保留双方的修改(&A)");
+    dialog.Offer(COthersChangeDialog::kKeepMine, L"保留我的(&M)");
+    dialog.Offer(COthersChangeDialog::kTakeTheirs, L"采用对方的(&T)");
+    switch (dialog.DoModal()) {
+    case COthersChangeDialog::kKeepBoth:
+        return Keep(both, change, false);
+    case COthersChangeDialog::kKeepMine:
+        return Keep(m_mine, change, true);
+    case COthersChangeDialog::kTakeTheirs:
+        return TakeTheirs();
+    default:
+        return Result::Back;
+    }
+}
+
+CEditStore::Result CEditStore::SettleGone(const OthersChange& change)
+{
+    const bool isRemoved = change.kind == Kind::Removed;
+    COthersChangeDialog dialog(Format(isRemoved
+                                          ? L"“%s”打开之后, 它的文件被别人删除或移走了:\n%s"
+                                          : L"“%s”打开之后, 它的文件被别人修改, 现在无法读取:\n%s",
+                                      m_opened.Name(), NativeText(change.path)),
+                               {}, m_owner);
+    dialog.Offer(COthersChangeDialog::kKeepMine, isRemoved ? L"重新保存我的(&M)" : L"保留我的(&M)");
+    dialog.Offer(COthersChangeDialog::kTakeTheirs, L"不保存, 我的移至“已删除”(&T)");
+    switch (dialog.DoModal()) {
+    case COthersChangeDialog::kKeepMine:
+        return Keep(m_mine, change, !isRemoved);
+    case COthersChangeDialog::kTakeTheirs:
+        return TakeTheirs();
+    default:
+        return Result::Back;
+    }
+}
+
+CEditStore::Result CEditStore::Keep(const CDesignSpecification& wanted, const OthersChange& change,
+                                    bool keepCopy)
+{
+    Reread();
+    SpecificationFolder& folder = Folder();
+    CDesignSpecification* const now = folder.Find(wanted.ID());
+    // It may have gone on while the user was thinking.
+    const bool isAsShown = now ? change.theirs && *now == *change.theirs : !change.theirs;
+    if (!isAsShown) return Settle();
+    const CString oldName = now ? now->Name() : CString();
+    if (const CString problem = StyleNameProblem(folder, wanted.Name(), oldName); !problem.empty())
+        return Tell(problem);
+
+    Outcome outcome;
+    const CString file = change.path.substr(change.path.find_last_of(L"\\/") + 1);
+    if (keepCopy && folder.Files().KeepCopy(file, outcome.problems).empty()) return Told(outcome);
+    if (!now) {
+        if (keepCopy) folder.Files().Delete(file, outcome.problems);
+        CDesignSpecification& added = folder.Add(std::make_unique<CDesignSpecification>(wanted));
+        outcome = folder.Save(added);
+        if (!outcome.done) folder.TakeOut(folder.IndexOf(added));
+    } else {
+        *now = wanted;
+        outcome = oldName == wanted.Name() ? folder.Save(*now) : folder.SaveRenamed(*now, oldName);
+        if (!outcome.done) *now = *change.theirs;
+    }
+    CDesignSpecifications::GetInstance()->Refurbish();
+    return Told(outcome);
+}
+
+CEditStore::Result CEditStore::TakeTheirs()
+{
+    const Outcome outcome = Folder().SetAside(m_mine);
+    if (outcome.done) Reread();
+    return Told(outcome);
+}
+
+CEditStore::Result CEditStore::SaveElsewhere(const CDesignSpecification& entered, QWidget* owner)
+{
+    COthersChangeDialog dialog(
+        Format(L"项目文件夹已不存在, “%s”没有保存:\n%s\n\n"
+               L"文件夹不会重新建立。可以把规范另存为文件, 或者等文件夹恢复之后再按确定。",
+               entered.Name(), NativeText(Folder().Files().Path())),
+        {}, owner);
+    dialog.SetWindowText(L"项目文件夹已不存在");
+    dialog.Offer(COthersChangeDialog::kKeepMine, L"另存为文件...(&S)");
+    if (dialog.DoModal() != COthersChangeDialog::kKeepMine) return Result::Back;
+    QFileDialog asking(owner, QStringLiteral("另存为文件"), {},
+                       QStringLiteral("设计规范文件 (*.hds)"));
+    asking.setAcceptMode(QFileDialog::AcceptSave);
+    asking.setDefaultSuffix(QStringLiteral("hds"));
+    asking.selectFile(ToQString(entered.Name()));
+    if (asking.exec() != QDialog::Accepted) return Result::Back;
+    SpecificationFolder elsewhere(L"");
+    elsewhere.Add(std::make_unique<CDesignSpecification>(entered));
+    return Told(elsewhere.Export(FromQString(asking.selectedFiles().value(0)), {}), owner);
+}
+
+CEditStore::Result CEditStore::Told(const Outcome& outcome) const
+{
+    return Told(outcome, m_owner);
+}
+
+CEditStore::Result CEditStore::Told(const Outcome& outcome, QWidget* owner)
+{
+    TraceProblems(outcome.problems);
+    if (outcome.done) return Result::Done;
+    CString text = L"没有保存, 输入的内容还在。";
+    for (const Problem& problem : outcome.problems)
+        if (problem.severity == Severity::Error) text += L"\n" + problem.Text();
+    MessageBox(owner, text, L"提示", MB_ICONINFORMATION);
+    return Result::Back;
+}
+
+CEditStore::Result CEditStore::Tell(const CString& text) const
+{
+    MessageBox(m_owner, text, L"提示", MB_ICONINFORMATION);
+    return Result::Back;
+}

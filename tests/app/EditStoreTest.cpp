@@ -1,0 +1,393 @@
+// Two libraries on one folder: the dialog is open in one, a colleague saves in the other.
+#include "app/EditStore.h"
+
+#include <QFileDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include <gtest/gtest.h>
+
+#include "app/DSMainDialog.h"
+#include "app/OthersChangeDialog.h"
+#include "tests/app/AppTest.h"
+
+namespace {
+
+using D = COthersChangeDialog;
+using S = CDesignSpecification;
+
+class EditStore : public AppTest {
+protected:
+    EditStore() : m_opened(AddSaved(Make(L"甲", 20))) {}
+
+    // The colleague changes what the files hold.
+    void Colleague(const std::function<void(S& theirs)>& change, const CString& newName = L"甲")
+    {
+        SpecificationFolder folder(m_project.Path(L"规范"));
+        folder.Load();
+        S& theirs = *folder.Find(L"甲");
+        change(theirs);
+        EXPECT_TRUE((newName == L"甲" ? folder.Save(theirs) : folder.Rename(theirs, newName)).done);
+    }
+    void ColleagueRemoves()
+    {
+        SpecificationFolder folder(m_project.Path(L"规范"));
+        folder.Load();
+        EXPECT_TRUE(folder.Remove(*folder.Find(L"甲")).done);
+    }
+
+    int Run(const ModalAction& action)
+    {
+        CDSMainDialog dialog(L"甲", false, nullptr, &m_frame);
+        const ExpectModal modal(action);
+        return dialog.DoModal();
+    }
+    // I enter a longest straight of 25, while the colleague does as told; then 确定 brings the
+    // window, which gets the answer. Gives what the dialog ends with; it is cancelled if still
+    // open.
+    int RunEdited(const std::function<void()>& colleague, const ModalAction& answer,
+                  const ModalAction& nextAnswer = {})
+    {
+        return Run([&](QWidget* window) {
+            Enter(window, L"25");
+            colleague();
+            {
+                const ExpectModal settle(answer);
+                std::optional<ExpectModal> next;
+                if (nextAnswer) next.emplace(nextAnswer);
+                Click(window, IDOK);
+            }
+            if (window->isVisible()) Click(window, IDCANCEL);
+        });
+    }
+    static void Enter(QWidget* window, const CString& longest)
+    {
+        ClickItem(window, "直线长度");
+        TypeInto(window, 104, longest);
+    }
+    static ModalAction Choose(int choice)
+    {
+        return [choice](QWidget* window) { Click(window, choice); };
+    }
+    static std::vector<std::string> Lines(QWidget* window)
+    {
+        const auto* const list = Control<QTreeWidget>(window, D::kList);
+        std::vector<std::string> lines;
+        for (int row = 0; row < list->topLevelItemCount(); ++row) {
+            QStringList texts;
+            for (int column = 0; column < list->columnCount(); ++column)
+                texts.append(list->topLevelItem(row)->text(column));
+            lines.push_back(texts.join(QStringLiteral("|")).toStdString());
+        }
+        return lines;
+    }
+
+    // What the folder holds now, as anybody would read it.
+    S Stored(const wchar_t* name = L"甲")
+    {
+        SpecificationFolder folder(m_project.Path(L"规范"));
+        EXPECT_TRUE(folder.Load().done);
+        EXPECT_EQ(folder.Count(), 1);
+        EXPECT_EQ(SpecificationFiles(), 1);
+        const S* const found = folder.Find(name);
+        EXPECT_NE(found, nullptr);
+        return found ? *found : S();
+    }
+    // The longest straight in what is set aside; -1 when nothing is.
+    double SetAsideMark()
+    {
+        SpecificationFolder folder(m_project.Path(L"规范/已删除"));
+        folder.Load();
+        EXPECT_LE(folder.Count(), 1);
+        return folder.Count() == 0 ? -1 : folder.Item(0)->BeelineLen.MaxLen;
+    }
+
+    const S m_opened;
+};
+
+const auto kRadius = [](S& theirs) { theirs.CircularCurveRad.MaxRad = 8000; };
+const auto kLongest = [](S& theirs) { theirs.BeelineLen.MaxLen = 30; };
+
+} // namespace
+
+TEST_F(EditStore, DifferentValuesAreBothKept)
+{
+    const int result = RunEdited(
+        [this] { Colleague(kRadius); },
+        [](QWidget* window) {
+            EXPECT_EQ(Lines(window),
+                      (std::vector<std::string>{
+                          "直线长度 · 最大直线长度|25 倍设计速度(km/h)|20 倍设计速度(km/h)|"
+                          "20 倍设计速度(km/h)|我",
+                          "圆曲线半径 · 圆曲线最大半径|10000 m|8000 m|10000 m|对方"}));
+            const QString notice = Control<QLabel>(window, D::kNotice)->text();
+            EXPECT_TRUE(notice.contains(QStringLiteral("规范/甲"))) << notice.toStdString();
+            PressKey(window, Qt::Key_Return);
+        });
+    EXPECT_EQ(result, IDOK);
+    EXPECT_EQ(Stored().BeelineLen.MaxLen, 25);
+    EXPECT_EQ(Stored().CircularCurveRad.MaxRad, 8000);
+    EXPECT_EQ(SetAsideMark(), -1);
+    EXPECT_TRUE(*Library().Item(L"甲") == Stored());
+}
+
+TEST_F(EditStore, MineIsKeptAndTheirsSetAside)
+{
+    EXPECT_EQ(RunEdited([this] { Colleague(kLongest); }, Choose(D::kKeepMine)), IDOK);
+    EXPECT_EQ(Stored().BeelineLen.MaxLen, 25);
+    EXPECT_EQ(SetAsideMark(), 30);
+}
+
+TEST_F(EditStore, TheirsIsTakenAndMineSetAside)
+{
+    EXPECT_EQ(RunEdited([this] { Colleague(kLongest); }, Choose(D::kTakeTheirs)), IDOK);
+    EXPECT_EQ(Stored().BeelineLen.MaxLen, 30);
+    EXPECT_EQ(SetAsideMark(), 25);
+    EXPECT_EQ(MarkOf(L"甲"), 30);
+}
+
+TEST_F(EditStore, GoingBackChangesNothing)
+{
+    const ModalAction back = [this](QWidget* window) {
+        EXPECT_FALSE(
+            Control(window, D::kKeepBoth)->isVisible()); // both have changed the same value
+        PressKey(window, Qt::Key_Escape);
+    };
+    EXPECT_EQ(RunEdited([this] { Colleague(kLongest); }, back), IDCANCEL);
+    EXPECT_EQ(Stored().BeelineLen.MaxLen, 30);
+    EXPECT_EQ(SetAsideMark(), -1);
+    EXPECT_EQ(MarkOf(L"甲"), 20);
+}
+
+TEST_F(EditStore, AfterGoingBackTheWindowComesAgain)
+{
+    EXPECT_EQ(Run([this](QWidget* window) {
+                  Enter(window, L"25");
+                  Colleague(kLongest);
+                  {
+                      const ExpectModal settle(Choose(IDCANCEL));
+                      Click(window, IDOK);
+                  }
+                  EXPECT_EQ(Control<QLineEdit>(window, 104)->text(), QStringLiteral("25"));
+                  const ExpectModal settle(Choose(D::kKeepMine));
+                  Click(window, IDOK);
+              }),
+              IDOK);
+    EXPECT_EQ(Stored().BeelineLen.MaxLen, 25);
+}
+
+TEST_F(EditStore, WithNothingEnteredTheirsStaysWithoutAQuestion)
+{
+    EXPECT_EQ(Run([this](QWidget* window) {
+                  Colleague(kLongest);
+                  Click(window, IDOK);
+              }),
+              IDOK);
+    EXPECT_EQ(Stored().BeelineLen.MaxLen, 30);
+    EXPECT_EQ(MarkOf(L"甲"), 30);
+    EXPECT_EQ(SetAsideMark(), -1);
+}
+
+TEST_F(EditStore, TheSameEnteredByBothIsNoQuestion)
+{
+    EXPECT_EQ(Run([this](QWidget* window) {
+                  Enter(window, L"30");
+                  Colleague([](S& theirs) {
+                      kLongest(theirs);
+                      kRadius(theirs);
+                  });
+                  Click(window, IDOK);
+              }),
+              IDOK);
+    EXPECT_EQ(Stored().BeelineLen.MaxLen, 30);
+    EXPECT_EQ(Stored().CircularCurveRad.MaxRad, 8000);
+}
+
+TEST_F(EditStore, OthersFilesAreNoQuestion)
+{
+    EXPECT_EQ(Run([this](QWidget* window) {
+                  Enter(window, L"25");
+                  m_project.Write("规范/别的.hds", Envelope(Style("别的", kIdB)));
+                  Click(window, IDOK);
+              }),
+              IDOK);
+    EXPECT_EQ(Reload().Count(), 2);
+    EXPECT_EQ(MarkOf(L"甲"), 25);
+}
+
+TEST_F(EditStore, ANameGivenByTheColleagueIsKeptWithMyValue)
+{
+    const auto rename = [this] { Colleague([](S&) {}, L"乙"); };
+    const int result = RunEdited(rename, [](QWidget* window) {
+        EXPECT_EQ(Lines(window)[0], "名称|甲|乙|甲|对方");
+        Click(window, D::kKeepBoth);
+    });
+    EXPECT_EQ(result, IDOK);
+    EXPECT_EQ(Stored(L"乙").BeelineLen.MaxLen, 25);
+    EXPECT_TRUE(Stored(L"乙").HasID(m_opened.ID()));
+    EXPECT_EQ(Names(), L"乙");
+}
+
+TEST_F(EditStore, MyNameWinsOverTheirsWithoutASecondFile)
+{
+    const auto rename = [this] { Colleague(kLongest, L"乙"); };
+    EXPECT_EQ(RunEdited(rename, Choose(D::kKeepMine)), IDOK);
+    EXPECT_EQ(Stored().BeelineLen.MaxLen, 25);
+    EXPECT_EQ(SetAsideMark(), 30);
+}
+
+TEST_F(EditStore, MyNameIsKeptWithTheirValue)
+{
+    EXPECT_EQ(Run([this](QWidget* window) {
+                  TypeInto(window, 108, L"丙");
+                  Colleague(kRadius);
+                  const ExpectModal settle(Choose(D::kKeepBoth));
+                  Click(window, IDOK);
+              }),
+              IDOK);
+    EXPECT_EQ(Stored(L"丙").CircularCurveRad.MaxRad, 8000);
+    EXPECT_EQ(Names(), L"丙");
+}
+
+TEST_F(EditStore, ARemovedOneIsSavedAnewOrSetAside)
+{
+    const auto remove = [this] { ColleagueRemoves(); };
+    EXPECT_EQ(RunEdited(remove,
+                        [](QWidget* window) {
+                            EXPECT_FALSE(Control(window, D::kList)->isVisible());
+                            EXPECT_TRUE(Control<QLabel>(window, D::kNotice)
+                                            ->text()
+                                            .contains(QStringLiteral("被别人删除或移走")));
+                            Click(window, D::kKeepMine);
+                        }),
+              IDOK);
+    EXPECT_EQ(Stored().BeelineLen.MaxLen, 25);
+    EXPECT_EQ(Names(), L"甲");
+}
+
+TEST_F(EditStore, ARemovedOneStaysRemovedWhenTheUserSaysSo)
+{
+    std::filesystem::remove_all(m_project.Native("规范/已删除"));
+    const auto remove = [this] { std::filesystem::remove(m_project.Native(FileOf(m_opened))); };
+    EXPECT_EQ(RunEdited(remove, Choose(D::kTakeTheirs)), IDOK);
+    EXPECT_EQ(SpecificationFiles(), 0);
+    EXPECT_EQ(SetAsideMark(), 25);
+    EXPECT_EQ(Names(), L"");
+}
+
+TEST_F(EditStore, ARemovedOneInWhichNothingWasEnteredStaysRemoved)
+{
+    EXPECT_EQ(Run([this](QWidget* window) {
+                  ColleagueRemoves();
+                  Click(window, IDOK);
+              }),
+              IDOK);
+    EXPECT_EQ(SpecificationFiles(), 0);
+    EXPECT_EQ(Names(), L"");
+}
+
+TEST_F(EditStore, OfAFileThatCannotBeReadACopyIsKept)
+{
+    const std::string file = FileOf(m_opened);
+    const auto spoil = [&] { m_project.Write(file, "<StyleLibrary>"); };
+    EXPECT_EQ(RunEdited(spoil, Choose(D::kKeepMine)), IDOK);
+    EXPECT_EQ(Stored().BeelineLen.MaxLen, 25);
+    EXPECT_EQ(m_project.Read("规范/已删除" + file.substr(std::string("规范").size())),
+              "<StyleLibrary>");
+}
+
+TEST_F(EditStore, AChangeWhileTheWindowIsOpenIsSeen)
+{
+    const ModalAction answer = [this](QWidget* window) {
+        Colleague([](S& theirs) { theirs.BeelineLen.MaxLen = 35; });
+        Click(window, D::kKeepMine);
+    };
+    const ModalAction again = [](QWidget* window) {
+        EXPECT_NE(Lines(window)[0].find("|35 倍"), std::string::npos);
+        Click(window, D::kKeepMine);
+    };
+    EXPECT_EQ(RunEdited([this] { Colleague(kLongest); }, answer, again), IDOK);
+    EXPECT_EQ(Stored().BeelineLen.MaxLen, 25);
+    EXPECT_EQ(SetAsideMark(), 35);
+}
+
+TEST_F(EditStore, BothThatNoPageWouldTakeTogetherAreNotOffered)
+{
+    const auto colleague = [this] {
+        Colleague([](S& theirs) { theirs.TransitionCurveMinLen.MinLen.RemoveAll(); });
+    };
+    EXPECT_EQ(RunEdited(colleague,
+                        [](QWidget* window) {
+                            EXPECT_FALSE(Control(window, D::kKeepBoth)->isVisible());
+                            Click(window, IDCANCEL);
+                        }),
+              IDCANCEL);
+}
+
+// Values that a page shows in another way than they stand there were not entered.
+TEST_F(EditStore, WhatAPageRoundsIsNotMine)
+{
+    S& rounded = *Library().Item(L"甲");
+    rounded.LonGrad.MinGrad = 0.349;
+    EXPECT_TRUE(Library().Save(&rounded));
+    const int result = RunEdited([this] { Colleague(kRadius); },
+                                 [](QWidget* window) {
+                                     EXPECT_EQ(Lines(window).size(), 2u);
+                                     Click(window, D::kKeepBoth);
+                                 });
+    EXPECT_EQ(result, IDOK);
+    EXPECT_EQ(Stored().LonGrad.MinGrad, 0.349);
+}
+
+namespace {
+
+ModalAction ChooseFile(const std::filesystem::path& file)
+{
+    return [file](QWidget* window) {
+        auto* const dialog = dynamic_cast<QFileDialog*>(window);
+        ASSERT_NE(dialog, nullptr);
+        auto* const name = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        ASSERT_NE(name, nullptr);
+        name->setFocus();
+        name->setText(QString::fromStdString(file.string()));
+        QTest::keyClick(name, Qt::Key_Return);
+    };
+}
+
+} // namespace
+
+TEST_F(EditStore, AProjectThatHasGoneIsNotMadeAnew)
+{
+    const std::filesystem::path moved = m_project.Native().string() + ".moved";
+    const TemporaryFolder elsewhere;
+    const auto move = [&] { std::filesystem::rename(m_project.Native(), moved); };
+    EXPECT_EQ(RunEdited(move, Choose(D::kKeepMine), ChooseFile(elsewhere.Native("甲.hds"))), IDOK);
+    EXPECT_FALSE(std::filesystem::exists(m_project.Native()));
+    std::filesystem::rename(moved, m_project.Native());
+    EXPECT_EQ(Stored().BeelineLen.MaxLen, 20);
+    SpecificationFolder saved(elsewhere.Path());
+    EXPECT_TRUE(saved.Load().done);
+    EXPECT_EQ(saved.Find(L"甲")->BeelineLen.MaxLen, 25);
+}
+
+TEST_F(EditStore, ANewOneIsSavedElsewhereWhenTheProjectHasGone)
+{
+    const std::filesystem::path moved = m_project.Native().string() + ".moved";
+    const TemporaryFolder elsewhere;
+    CDSMainDialog dialog(L"新", true, nullptr, &m_frame);
+    {
+        const ExpectModal modal([&](QWidget* window) {
+            Enter(window, L"25");
+            std::filesystem::rename(m_project.Native(), moved);
+            const ExpectModal settle(Choose(D::kKeepMine));
+            const ExpectModal asking(ChooseFile(elsewhere.Native("新.hds")));
+            Click(window, IDOK);
+        });
+        EXPECT_EQ(dialog.DoModal(), IDOK);
+    }
+    EXPECT_FALSE(std::filesystem::exists(m_project.Native()));
+    EXPECT_TRUE(elsewhere.Has("新.hds"));
+    EXPECT_EQ(Names(), L"甲");
+    std::filesystem::rename(moved, m_project.Native());
+}
