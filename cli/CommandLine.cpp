@@ -141,10 +141,10 @@ private:
         const std::string word = m_app.remaining(true).front();
         const bool isOption = word.starts_with('-');
         const bool isCommand = m_app.get_subcommands().empty() && !isOption;
-        const CString text = Format(isCommand  ? L"没有命令“%s”"
-                                    : isOption ? L"没有选项“%s”"
-                                               : L"多余的参数“%s”",
-                                    ToWide(word));
+        CString text = Format(isCommand  ? L"没有命令“%s”"
+                              : isOption ? L"没有选项“%s”"
+                                         : L"多余的参数“%s”",
+                              ToWide(word));
         if (!isCommand && !isOption) return text;
         const std::string meant =
             SuggestionFor(word.substr(0, word.find('=')), isCommand ? Commands() : Options());

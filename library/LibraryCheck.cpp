@@ -35,7 +35,7 @@ CXTPPropExchange SectionOf(const CXTPPropExchange& section, const ValuePath::Ste
 {
     const Field& field = *step.field;
     if (!field.HasRows()) return section.FindSection(field.key);
-    const CXTPPropExchange inner = *field.element ? section.FindSection(field.element) : section;
+    CXTPPropExchange inner = *field.element ? section.FindSection(field.element) : section;
     if (step.keys.empty()) return inner;
     CXTPPropExchange found;
     CXTPPropExchangeEnumerator rows = inner.GetEnumerator(field.rowElement);

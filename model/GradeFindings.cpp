@@ -39,7 +39,7 @@ using GentlerRows = std::map<int, Gentler>;
 void FindLonger(const GradientRow& row, GentlerRows& gentlerRows, FindingList& found)
 {
     for (const auto& [speed, length] : row.lengths) {
-        const auto [gentler, first] = gentlerRows.try_emplace(speed, row.Grad, length);
+        const auto [gentler, first] = gentlerRows.try_emplace(speed, Gentler{row.Grad, length});
         if (first) continue;
         const Gentler other = std::exchange(gentler->second, {row.Grad, length});
         if (row.Grad > other.gradient && length > other.length)

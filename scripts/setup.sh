@@ -1,4 +1,4 @@
-# What ./run and ./test do first; sourced by both. Runs in the project's folder, without standard
+# What ./run, ./test and some scripts do first; sourced by them. Runs in the project's folder, without standard
 # input, on a Debian machine as root or with sudo.
 
 set -uo pipefail
@@ -11,16 +11,17 @@ fail() {
     exit 1
 }
 
-# The packages of packages.txt that are not installed, one a line.
+# The packages of packages.txt, and those named, that are not installed, one a line.
 missing_packages() {
-    grep -v '^#' packages.txt | sort -u | comm -23 - <(
+    { grep -v '^#' packages.txt; printf '%s\n' "$@"; } | sed '/^$/d' | sort -u | comm -23 - <(
         dpkg-query -W -f='${db:Status-Status} ${Package}\n' | sed -n 's/^installed //p' | sort -u)
 }
 
+# install_packages [PACKAGE...]: those of packages.txt and the ones named.
 install_packages() {
     command -v dpkg-query >/dev/null || fail 'packages.txt names Debian packages; this is no Debian'
     local missing as_root=
-    missing=$(missing_packages)
+    missing=$(missing_packages "$@")
     [ -n "$missing" ] || return 0
     echo "Installing: $(echo $missing)"
     if [ "$(id -u)" != 0 ]; then
