@@ -232,8 +232,7 @@ void CDSMainDialog::OnOK()
     if (!CheckName(name) || !ValidatePages()) return;
     const CEditStore::Result settled = Settle(name);
     if (settled == CEditStore::Result::Back) return;
-    if (settled == CEditStore::Result::AsUsual) Store(name);
-    CDialog::OnOK();
+    if (settled == CEditStore::Result::Done || Store(name)) CDialog::OnOK();
 }
 
 // What the pages hold.
@@ -277,34 +276,51 @@ bool CDSMainDialog::ValidatePages()
     return true;
 }
 
-void CDSMainDialog::Store(const CString& name)
+// When a file resists, the user is told why and goes on with what was entered.
+bool CDSMainDialog::Store(const CString& name)
+{
+    CString cause;
+    const Connection trace = ConnectTrace([&cause](const TraceLine& line) {
+        if (line.severity == TraceLevel::Error && cause.empty()) cause = line.Text();
+    });
+    if (m_isNew ? StoreNew(name) : StoreEdited(name)) return true;
+    Show(Format(L"“%s”没有保存, 输入的内容还在。\n\n%s", name, cause));
+    return false;
+}
+
+bool CDSMainDialog::StoreNew(const CString& name)
 {
     CDesignSpecifications& library = *CDesignSpecifications::GetInstance();
-    const bool renamed = !m_isNew && name != m_name;
-    if (m_isNew) {
-        auto added = std::make_unique<CDesignSpecification>();
-        added->SetName(name.c_str());
-        library.Add(added.release());
-    } else if (renamed) {
+    auto added = std::make_unique<CDesignSpecification>();
+    added->SetName(name.c_str());
+    const int index = library.Add(added.release());
+    for (const Page& page : m_pages)
+        page.Callback().RenameAndSave(name.c_str());
+    if (library.Save(library.Item(index))) return true;
+    library.Folder().TakeOut(index);
+    return false;
+}
+
+bool CDSMainDialog::StoreEdited(const CString& name)
+{
+    CDesignSpecifications& library = *CDesignSpecifications::GetInstance();
+    CDesignSpecification* const edited = library.Item(m_name.c_str());
+    if (!edited) return true; // somebody has removed it meanwhile
+    const CDesignSpecification before = *edited;
+    const bool renamed = name != m_name;
+    if (renamed) {
         library.Rename(m_name.c_str(), name.c_str());
-        // From here on the pages look for the new name.
-        if (CDesignSpecification* edited = library.Item(m_name.c_str()))
-            edited->SetName(name.c_str());
+        edited->SetName(name.c_str()); // from here on the pages look for it
     }
     for (const Page& page : m_pages) {
-        if (m_isNew) {
-            page.Callback().RenameAndSave(name.c_str());
-            continue;
-        }
         if (renamed) page.Callback().Rename(name.c_str());
         page.Callback().Save();
     }
-    const CDesignSpecification* const stored = library.Item(name.c_str());
-    if (!stored) return; // somebody has removed it meanwhile
-    if (renamed)
-        library.SaveRenamed(stored, m_name);
-    else
-        library.Save(stored);
+    if (renamed ? library.SaveRenamed(edited, m_name) : library.Save(edited)) return true;
+    *edited = before;
+    for (const Page& page : m_pages)
+        if (renamed) page.Callback().Rename(m_name.c_str());
+    return false;
 }
 
 void CDSMainDialog::Show(const CString& message)

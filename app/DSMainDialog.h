@@ -56,7 +56,9 @@ private:
     bool ValidatePages();
     CDesignSpecification Entered(const CString& name) const;
     CEditStore::Result Settle(const CString& name);
-    void Store(const CString& name);
+    bool Store(const CString& name);
+    bool StoreNew(const CString& name);
+    bool StoreEdited(const CString& name);
     void Show(const CString& message);
 
     CString m_name;

@@ -60,6 +60,21 @@ protected:
     {
         return window->focusWidget() == Control(window, id);
     }
+    // 确定 tells that `name` was not saved because of `file`, and the dialog stays open.
+    void ExpectNotSaved(QWidget* window, const CString& name, const CString& file) const
+    {
+        {
+            const ExpectModal box([&](QWidget* message) {
+                const CString text = ReadMessage(message).text;
+                EXPECT_TRUE(text.starts_with(L"“" + name + L"”没有保存, 输入的内容还在。\n\n" +
+                                             m_project.Path(file) + L":"))
+                    << ToUtf8(text);
+                ClickMessageButton(message, L"确定");
+            });
+            Click(window, IDOK);
+        }
+        EXPECT_TRUE(window->isVisible());
+    }
     static int ImageOf(QWidget* window, const char* item)
     {
         return Item(window, item)->data(0, Qt::UserRole + 1).toInt();
@@ -379,6 +394,21 @@ TEST_F(DSMainDialog, RefusesNamesThatCannotBe)
         L"甲");
 }
 
+TEST_F(DSMainDialog, RefusesNamesThatNoFileCanBear)
+{
+    Add(Make(L"甲"));
+    Run(
+        [](QWidget* window) {
+            const CString leaves = L"名称含有路径分隔符、“..”或空字符,不能用作文件名";
+            Refused(window, L"a..b", leaves);
+            Refused(window, L"规范...", leaves);
+            Refused(window, CString(100, L'规'), L"名称过长,不能用作文件名");
+            Cancel(window);
+        },
+        L"甲");
+    EXPECT_EQ(Names(), L"甲");
+}
+
 TEST_F(DSMainDialog, ANewNameMayEqualNone)
 {
     Add(Make(L"Road"));
@@ -603,6 +633,70 @@ TEST_F(DSMainDialog, ASpecificationThatIsGoneMeanwhileIsNotSaved)
                   L"甲"),
               IDOK);
     EXPECT_EQ(Library().Count(), 0);
+}
+
+TEST_F(DSMainDialog, ASaveThatFailsLeavesWhatWasEnteredInTheDialog)
+{
+    const std::string file = FileOf(AddSaved(Make(L"甲", 20)));
+    const std::string stored = m_project.Read(file);
+    std::filesystem::remove(m_project.Native(file));
+    std::filesystem::create_directories(m_project.Native(file) / "in the way");
+    EXPECT_EQ(RunPages(
+                  [&](QWidget* window) {
+                      ClickItem(window, "直线长度");
+                      TypeInto(window, 104, L"30.5");
+                      ExpectNotSaved(window, L"甲", ToWide(file));
+                      EXPECT_EQ(MarkOf(L"甲"), 20) << "the library has what is stored";
+                      EXPECT_EQ(Control<QLineEdit>(window, 104)->text(), QStringLiteral("30.5"));
+                      std::filesystem::remove_all(m_project.Native(file));
+                      Accept(window);
+                  },
+                  L"甲"),
+              IDOK);
+    Reload();
+    EXPECT_EQ(MarkOf(L"甲"), 30.5);
+}
+
+TEST_F(DSMainDialog, ARenameThatFailsCanBeTakenBack)
+{
+    const CDesignSpecification& edited = AddSaved(Make(L"甲", 20));
+    CDesignSpecification renamed = edited;
+    renamed.SetName(L"乙");
+    const std::string newFile = FileOf(renamed);
+    std::filesystem::create_directories(m_project.Native(newFile) / "in the way");
+    EXPECT_EQ(RunPages(
+                  [&](QWidget* window) {
+                      ClickItem(window, "直线长度");
+                      TypeInto(window, 104, L"30");
+                      TypeInto(window, 108, L"乙");
+                      ExpectNotSaved(window, L"乙", ToWide(newFile));
+                      EXPECT_EQ(Names(), L"甲");
+                      TypeInto(window, 108, L"甲");
+                      Accept(window);
+                  },
+                  L"甲"),
+              IDOK);
+    std::filesystem::remove_all(m_project.Native(newFile));
+    EXPECT_EQ(SpecificationFiles(), 1);
+    Reload();
+    EXPECT_EQ(Names(), L"甲");
+    EXPECT_EQ(MarkOf(L"甲"), 30);
+}
+
+TEST_F(DSMainDialog, ANewOneThatCannotBeSavedIsNotInTheLibrary)
+{
+    m_project.Write("规范", "a file where the folder should be");
+    EXPECT_EQ(RunPages(
+                  [&](QWidget* window) {
+                      ExpectNotSaved(window, L"规范1", L"规范");
+                      EXPECT_EQ(Library().Count(), 0);
+                      std::filesystem::remove(m_project.Native("规范"));
+                      Accept(window);
+                  },
+                  L"规范1", true),
+              IDOK);
+    EXPECT_EQ(Names(), L"规范1");
+    EXPECT_EQ(SpecificationFiles(), 1);
 }
 
 TEST_F(DSMainDialog, EnterInAFieldOfAPageIsOk)
