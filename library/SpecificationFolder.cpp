@@ -124,9 +124,9 @@ CString SpecificationFolder::ProposedName() const
 
 CString SpecificationFolder::ProposedCopyName(const CString& source) const
 {
-    CString name = Format(L"%s[副本]", source);
+    CString name = StorableName(source, L"[副本]");
     for (int k = 1; Find(name.c_str()); ++k)
-        name = Format(L"%s[副本%d]", source, k);
+        name = StorableName(source, Format(L"[副本%d]", k));
     return name;
 }
 

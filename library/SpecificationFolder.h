@@ -68,7 +68,8 @@ public:
 
     // The name proposed for a new specification: 规范 and the count plus one. It may be taken.
     CString ProposedName() const;
-    // The name proposed for a copy: NAME[副本], NAME[副本1] … The first that is free.
+    // The name proposed for a copy: NAME[副本], NAME[副本1] … The first that is free. A NAME that
+    // could not be stored so is changed as far as it must (StorableName).
     CString ProposedCopyName(const CString& source) const;
 
     // Reads all files anew. Done when each could be read whole; what could not is left out.

@@ -32,6 +32,18 @@ CString StyleNameProblem(const SpecificationFolder& folder, const CString& name,
     return problem;
 }
 
+CString StorableName(CString name, const CString& ending)
+{
+    for (wchar_t& c : name)
+        if (c < L' ' || CString(kForbidden).find(c) != CString::npos || !IsXmlText(CString(1, c)))
+            c = L'-';
+    for (size_t at = 0; (at = name.find(L"..", at)) != CString::npos;)
+        name.erase(at, 1);
+    while (!name.empty() && !FileNameProblem(name + ending).empty())
+        name.pop_back();
+    return name + ending;
+}
+
 CString FileNameProblem(const CString& name)
 {
     if (name.find_first_of(std::wstring_view(L"/\\\0", 3)) != CString::npos ||

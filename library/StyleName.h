@@ -15,6 +15,10 @@ AFX_EXT_API CString StyleNameProblem(const CString& name);
 AFX_EXT_API CString StyleNameProblem(const SpecificationFolder& folder, const CString& name,
                                      const CString& openedName);
 
+// `name` with `ending` behind it, as a user may call a specification that has no name yet: what no
+// name may hold becomes "-", and what would be too long for a file is cut before the ending.
+AFX_EXT_API CString StorableName(CString name, const CString& ending);
+
 // Why no file can bear the name: it would leave the folder, or is too long with the identity behind
 // it. Empty when one can. Saving asks this of any name, wherever it comes from.
 AFX_EXT_API CString FileNameProblem(const CString& name);

@@ -49,6 +49,25 @@ TEST_F(StyleName, IsWrongInItselfWhateverOthersThereAre)
     EXPECT_EQ(StyleNameProblem(L"a\x1"), L"样式名中有文件无法记录的字符");
 }
 
+TEST(StorableName, IsTheNameWithItsEndingWhereThatWillDo)
+{
+    EXPECT_EQ(StorableName(L"规范 1.5", L"[副本]"), L"规范 1.5[副本]");
+    EXPECT_EQ(StorableName(CString(68, L'规'), L"[副]"), CString(68, L'规') + L"[副]");
+}
+
+TEST(StorableName, CutsWhatIsTooLongBeforeTheEnding)
+{
+    EXPECT_EQ(StorableName(CString(71, L'规'), L"[副本]"), CString(68, L'规') + L"[副本]");
+    EXPECT_EQ(StorableName(CString(300, L'a'), L"[副本]"), CString(205, L'a') + L"[副本]");
+}
+
+TEST(StorableName, HoldsNothingThatIsRefused)
+{
+    EXPECT_EQ(StorableName(L"a/b:c", L""), L"a-b-c");
+    EXPECT_EQ(StorableName(L"a\nb", L""), L"a-b");
+    EXPECT_EQ(StorableName(L"a....b..", L"[副本]"), L"a.b.[副本]");
+}
+
 TEST(FileName, MayNotLeaveTheFolder)
 {
     const CString kLeaves = L"名称含有路径分隔符、“..”或空字符,不能用作文件名";
