@@ -1,6 +1,9 @@
 #include "app/DSMainDialog.h"
 
+#include <algorithm>
+
 #include <QGridLayout>
+#include <QScrollArea>
 #include <QTreeWidget>
 
 #include "base/Format.h"
@@ -109,9 +112,10 @@ bool CDSMainDialog::OnInitDialog()
 
 void CDSMainDialog::PlacePages()
 {
-    auto* const area = findChild<QWidget*>(QStringLiteral("pageArea"));
+    m_scroll = findChild<QScrollArea*>(QStringLiteral("pageScroll"));
+    QWidget* const area = m_scroll ? m_scroll->widget() : nullptr;
     if (!area) return;
-    // All in one cell: the dialog is large enough for each, whichever is shown.
+    // All in one cell: there is room enough for each, whichever is shown.
     auto* const layout = new QGridLayout(area);
     layout->setContentsMargins(0, 0, 0, 0);
     for (const Page& page : m_pages) {
@@ -121,6 +125,9 @@ void CDSMainDialog::PlacePages()
         layout->addWidget(page.window.get(), 0, 0);
         page.window->hide();
     }
+    // Nothing is scrolled where the screen has room for it.
+    const QSize around = this->layout()->totalMinimumSize() - m_scroll->minimumSizeHint();
+    resize(size().expandedTo(around + area->minimumSizeHint()));
     // The pages came last; Tab is to pass through them on its way to the buttons.
     setTabOrder(LastToFocus(area), GetDlgItem(IDOK));
     setTabOrder(GetDlgItem(IDOK), GetDlgItem(IDCANCEL));
@@ -128,14 +135,13 @@ void CDSMainDialog::PlacePages()
 
 void CDSMainDialog::LoadPages()
 {
-    if (m_isNew && m_source.empty()) return;
+    const CString& source = m_isNew ? m_source : m_name;
     for (const Page& page : m_pages)
-        page.Callback().Load(m_isNew ? m_source.c_str() : m_name.c_str());
+        if (!source.empty()) page.Callback().Load(source.c_str());
     const CDesignSpecification* const opened =
         m_isNew ? nullptr : CDesignSpecifications::GetInstance()->Item(m_name.c_str());
-    if (!opened) return;
-    m_opened = *opened;
-    m_filled = Entered(opened->Name());
+    if (opened) m_opened = *opened;
+    m_filled = Entered(opened ? opened->Name() : m_name);
 }
 
 void CDSMainDialog::BuildTree()
@@ -253,6 +259,28 @@ CEditStore::Result CDSMainDialog::Settle(const CString& name)
     return CEditStore::Result::AsUsual;
 }
 
+// A page that could not be saved counts as one that was changed.
+bool CDSMainDialog::IsChanged() const
+{
+    bool isValid = true;
+    CDesignSpecification now = *m_filled;
+    for (const Page& page : m_pages) {
+        CString unused;
+        isValid = page.Callback().Validate(unused) && isValid; // takes the cells that are edited in
+        page.Callback().StoreInto(now);
+    }
+    return !isValid || Trim(GetDlgItemText(kName)) != m_name || !(now == *m_filled);
+}
+
+void CDSMainDialog::reject()
+{
+    if (!m_viewMode && IsChanged() &&
+        MessageBox(this, Format(L"“%s”的修改还没有保存。要放弃吗?", m_name), L"提示",
+                   MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2) != IDYES)
+        return;
+    CDialog::reject();
+}
+
 bool CDSMainDialog::CheckName(const CString& name)
 {
     const CString problem = StyleNameProblem(CDesignSpecifications::GetInstance()->Folder(), name,
@@ -271,6 +299,7 @@ bool CDSMainDialog::ValidatePages()
         page.Callback().Activate();
         Show(message);
         page.window->FocusRefused();
+        if (m_scroll && focusWidget()) m_scroll->ensureWidgetVisible(focusWidget());
         return false;
     }
     return true;

@@ -5,6 +5,7 @@
 #include "app/EditStore.h"
 #include "pages/PageTable.h"
 
+class QScrollArea;
 class QTreeWidget;
 class QTreeWidgetItem;
 
@@ -22,6 +23,9 @@ public:
 
     bool IsViewMode() const override { return m_viewMode; }
     void SelectPage(const CDSCallback* callback) override;
+
+    // Esc and the window's own button: asks when something was changed; 取消 is meant as it is.
+    void reject() override;
 
     int PageCount() const { return static_cast<int>(m_pages.size()); }
     // Group label, backslash and page label.
@@ -46,6 +50,7 @@ private:
     void RegisterPages(std::span<const PageEntry> entries);
     void PlacePages();
     void LoadPages();
+    bool IsChanged() const;
     void BuildTree();
     QTreeWidgetItem* GroupItem(const CString& label);
     void SetImage(QTreeWidgetItem* item, Image image) const;
@@ -64,11 +69,13 @@ private:
     CString m_name;
     bool m_isNew;
     CString m_source;
-    // The specification that is edited, as the dialog opened with it and as the pages showed it.
+    // The specification that is edited, as the dialog opened with it, and what the pages showed
+    // then.
     std::optional<CDesignSpecification> m_opened, m_filled;
     bool m_viewMode = false;
     CString m_viewPage;
     QTreeWidget* m_tree = nullptr;
+    QScrollArea* m_scroll = nullptr;
     QIcon m_images[3];
     std::vector<Page> m_pages;
 };

@@ -177,7 +177,7 @@ CEditStore::Result CEditStore::SaveElsewhere(const CDesignSpecification& entered
                        QStringLiteral("设计规范文件 (*.hds)"));
     asking.setAcceptMode(QFileDialog::AcceptSave);
     asking.setDefaultSuffix(QStringLiteral("hds"));
-    asking.selectFile(ToQString(entered.Name()));
+    asking.selectFile(ToQString(entered.Name()) + QStringLiteral(".hds"));
     if (asking.exec() != QDialog::Accepted) return Result::Back;
     SpecificationFolder elsewhere(L"");
     elsewhere.Add(std::make_unique<CDesignSpecification>(entered));

@@ -168,6 +168,7 @@ void EditorTour::ShowMessage(QDialog* dialog, const QString& name)
         if (field->text() != name) continue;
         field->clear();
         VisitModals([dialog] { dialog->accept(); }, {ShowByTitle()});
+        field->setText(name); // unchanged, it closes without a question
         return;
     }
 }

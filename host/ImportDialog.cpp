@@ -10,6 +10,7 @@
 #include "host/ControlIds.h"
 #include "platform/mfc/Dialog.h"
 #include "platform/mfc/QtText.h"
+#include "platform/mfc/WindowPlace.h"
 
 using namespace designspec;
 
@@ -27,10 +28,10 @@ ImportDialog::ImportDialog(const CStyles& styles, const CStringArray& names,
     SetControlId(m_list, ControlId::ImportNames);
     SetControlId(m_overwrite, ControlId::ImportOverwrite);
     QPushButton* const ok = m_buttons->button(QDialogButtonBox::Ok);
-    ok->setText(tr("导入"));
+    ok->setText(tr("导入(&I)"));
     SetControlId(ok, IDOK);
     QPushButton* const cancel = m_buttons->button(QDialogButtonBox::Cancel);
-    cancel->setText(tr("取消"));
+    cancel->setText(tr("取消(&C)"));
     SetControlId(cancel, IDCANCEL);
 
     auto* label = new QLabel(tr("要导入的样式(&S):"));
@@ -47,6 +48,7 @@ ImportDialog::ImportDialog(const CStyles& styles, const CStringArray& names,
     connect(m_buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     EnableOK();
     resize(fontMetrics().height() * 28, fontMetrics().height() * 22);
+    new WindowPlace(this, QStringLiteral("dialogs/import"));
 }
 
 void ImportDialog::Fill(const CStyles& styles, const CStringArray& names, const CArray<GUID>& ids)

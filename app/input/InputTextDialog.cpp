@@ -1,5 +1,7 @@
 #include "app/input/InputTextDialog.h"
 
+#include <limits>
+
 #include <QLineEdit>
 
 namespace {
@@ -17,11 +19,12 @@ CInputTextDialog::CInputTextDialog(const CString& title, const CString& label, Q
 
 bool CInputTextDialog::OnInitDialog()
 {
+    auto* const edit = GetDlgItem<QLineEdit>(kEdit);
+    if (edit) edit->setMaxLength(std::numeric_limits<int>::max()); // a note may quote a whole chapter
     SetDlgItemText(kEdit, m_text);
     SetWindowText(m_title);
     SetDlgItemText(kLabel, m_label);
-    if (auto* const edit = GetDlgItem<QLineEdit>(kEdit); edit && m_readOnly)
-        edit->setReadOnly(true);
+    if (edit) edit->setReadOnly(m_readOnly);
     return CDialog::OnInitDialog();
 }
 

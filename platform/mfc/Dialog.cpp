@@ -8,10 +8,12 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QShortcut>
 #include <QUiLoader>
 
 #include "base/Format.h"
 #include "platform/mfc/QtText.h"
+#include "platform/mfc/WindowPlace.h"
 #include "platform/vmrd/VmHFCBaseU/Trace.h"
 
 using namespace designspec;
@@ -34,6 +36,13 @@ private:
     QWidget* m_form;
 };
 
+// The captions of the two buttons of every dialog are fixed; the key is told by the tooltip.
+void GiveKey(QPushButton* button, const QKeySequence& key)
+{
+    button->setShortcut(key);
+    button->setToolTip(key.toString(QKeySequence::NativeText));
+}
+
 QWidget* FindControl(const QWidget* parent, int id)
 {
     for (QObject* object : parent->children()) {
@@ -54,6 +63,7 @@ CDialog::CDialog(UINT nIDTemplate, QWidget* pParent) : QDialog(pParent)
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     m_bLoaded = LoadTemplate(nIDTemplate);
     WireButtons();
+    new WindowPlace(this, QStringLiteral("dialogs/%1").arg(nIDTemplate));
 }
 
 CDialog::~CDialog() = default;
@@ -72,9 +82,15 @@ void CDialog::WireButtons()
     if (auto* const ok = GetDlgItem<QPushButton>(IDOK)) {
         ok->setDefault(true);
         connect(ok, &QPushButton::clicked, this, [this] { OnOK(); });
+        GiveKey(ok, Qt::ALT | Qt::Key_O);
+        for (const Qt::Key enter : {Qt::Key_Return, Qt::Key_Enter})
+            connect(new QShortcut(Qt::CTRL | enter, this), &QShortcut::activated, ok,
+                    &QPushButton::click);
     }
-    if (auto* const cancel = GetDlgItem<QPushButton>(IDCANCEL))
+    if (auto* const cancel = GetDlgItem<QPushButton>(IDCANCEL)) {
         connect(cancel, &QPushButton::clicked, this, [this] { OnCancel(); });
+        GiveKey(cancel, Qt::ALT | Qt::Key_C);
+    }
 }
 
 bool CDialog::InitOnce()

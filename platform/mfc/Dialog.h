@@ -22,7 +22,8 @@ inline constexpr const char* kControlIdProperty = "controlId";
 
 // The dialog resource of number N is the Qt Designer form ":/dialogs/N.ui". Its controls carry
 // their ids as the int property "controlId"; OK is 1 and Cancel is 2. OK is the default
-// button, Esc and the close button stand for Cancel.
+// button, Esc and the close button stand for Cancel, Ctrl+Enter for OK from wherever the focus is,
+// Alt+O and Alt+C for the two. It opens where and as large as it was left (WindowPlace).
 class AFX_EXT_CLASS CDialog : public QDialog {
 public:
     // A dialog without a resource when there is none of that number; a trace line says so.

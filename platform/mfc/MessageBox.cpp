@@ -40,10 +40,10 @@ int MessageBox(QWidget* owner, const CString& text, const CString& caption, UINT
 
     const bool question = (flags & kButtonMask) == MB_YESNO;
     QPushButton* const first = box.addButton(
-        question ? QStringLiteral("是") : QStringLiteral("确定"), QMessageBox::AcceptRole);
+        question ? QStringLiteral("是(&Y)") : QStringLiteral("确定(&O)"), QMessageBox::AcceptRole);
     QPushButton* second = nullptr;
     if ((flags & kButtonMask) != MB_OK)
-        second = box.addButton(question ? QStringLiteral("否") : QStringLiteral("取消"),
+        second = box.addButton(question ? QStringLiteral("否(&N)") : QStringLiteral("取消(&C)"),
                                QMessageBox::RejectRole);
     box.setDefaultButton(second && (flags & MB_DEFBUTTON2) ? second : first);
     box.setEscapeButton(second ? second : first);

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include <QApplication>
+#include <QSettings>
 #include <QTest>
 #include <QTreeWidget>
 
@@ -17,6 +18,7 @@ class AppTest : public LibraryTest {
 protected:
     AppTest()
     {
+        QSettings().clear(); // dialogs open as they do the first time
         m_frame.resize(400, 300);
         m_frame.show();
         designspec::SetFrame(&m_frame);

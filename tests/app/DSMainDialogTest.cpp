@@ -3,6 +3,8 @@
 #include <QLayout>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -338,7 +340,7 @@ TEST_F(DSMainDialog, CancelAsksThePagesNothing)
                   [](QWidget* window) {
                       g_recorded.log.clear();
                       TypeInto(window, 108, L"乙");
-                      PressKey(window, Qt::Key_Escape);
+                      Cancel(window); // no question either
                   },
                   L"甲"),
               IDCANCEL);
@@ -699,6 +701,132 @@ TEST_F(DSMainDialog, ANewOneThatCannotBeSavedIsNotInTheLibrary)
     EXPECT_EQ(SpecificationFiles(), 1);
 }
 
+TEST_F(DSMainDialog, WhereThereIsNoRoomThePageIsScrolledToWhatHasTheFocus)
+{
+    Add(Make(L"甲"));
+    RunPages(
+        [](QWidget* window) {
+            window->resize(400, 250);
+            EXPECT_EQ(window->size(), QSize(400, 250));
+            ClickItem(window, "直线长度");
+            auto* const scroll = window->findChild<QScrollArea*>(QStringLiteral("pageScroll"));
+            const auto inSight = [scroll](const QWidget* field) {
+                const QRect place(field->mapTo(scroll->viewport(), QPoint()), field->size());
+                return scroll->viewport()->rect().contains(place);
+            };
+            QWidget* const last = Control(window, 106);
+            EXPECT_FALSE(inSight(last));
+            Control(window, 100)->setFocus();
+            for (int i = 0; i < 50 && !last->hasFocus(); ++i)
+                PressKey(window, Qt::Key_Tab);
+            EXPECT_TRUE(inSight(last));
+
+            TypeInto(window, 104, L"");
+            ClickItem(window, "圆曲线半径");
+            scroll->horizontalScrollBar()->setValue(scroll->horizontalScrollBar()->maximum());
+            const ExpectModal box([](QWidget* message) { ClickMessageButton(message, L"确定"); });
+            Accept(window);
+            EXPECT_TRUE(inSight(Control(window, 104)));
+            Cancel(window);
+        },
+        L"甲");
+}
+
+TEST_F(DSMainDialog, EscOfAnUnchangedOneAsksNothing)
+{
+    AddSaved(Make(L"甲"));
+    const auto lookAround = [](QWidget* window) {
+        for (const char* page : {"圆曲线半径", "加宽", "超高", "直线长度"})
+            ClickItem(window, page);
+        TypeInto(window, 104, L"25");
+        TypeInto(window, 104, L"20"); // as it was
+        PressKey(window, Qt::Key_Escape);
+    };
+    EXPECT_EQ(RunPages(lookAround, L"甲"), IDCANCEL);
+    EXPECT_EQ(RunPages(lookAround, L"规范2", true), IDCANCEL);
+}
+
+TEST_F(DSMainDialog, EscAndTheCloseButtonAskWhenSomethingWasChanged)
+{
+    AddSaved(Make(L"甲", 20));
+    const CString question = L"“甲”的修改还没有保存。要放弃吗?";
+    EXPECT_EQ(RunPages(
+                  [&](QWidget* window) {
+                      ClickItem(window, "直线长度");
+                      TypeInto(window, 104, L"30");
+                      {
+                          const ExpectMessage no(question, L"提示", MB_ICONQUESTION, IDNO);
+                          PressKey(window, Qt::Key_Escape);
+                      }
+                      {
+                          const ExpectModal enter(
+                              [](QWidget* box) { PressKey(box, Qt::Key_Return); });
+                          window->close();
+                      }
+                      ASSERT_TRUE(window->isVisible()) << "Enter keeps what was entered";
+                      EXPECT_EQ(Control<QLineEdit>(window, 104)->text(), QStringLiteral("30"));
+                      const ExpectMessage yes(question, L"提示", MB_ICONQUESTION, IDYES);
+                      window->close();
+                  },
+                  L"甲"),
+              IDCANCEL);
+    EXPECT_EQ(MarkOf(L"甲"), 20);
+}
+
+TEST_F(DSMainDialog, AnotherNameOrAnotherCellIsAChange)
+{
+    AddSaved(Make(L"甲"));
+    const auto expectQuestion = [](QWidget* window) {
+        const ExpectMessage yes(L"“甲”的修改还没有保存。要放弃吗?", L"提示", MB_ICONQUESTION,
+                                IDYES);
+        Tree(window)->setFocus(); // in a cell Esc would end its editing
+        PressKey(window, Qt::Key_Escape);
+    };
+    RunPages(
+        [&](QWidget* window) {
+            TypeInto(window, 108, L"乙");
+            expectQuestion(window);
+        },
+        L"甲");
+    RunPages(
+        [&](QWidget* window) {
+            ClickItem(window, "圆曲线半径");
+            auto* const page = window->findChild<QWidget*>(QStringLiteral("CRadiusDialog"));
+            EditCell(Grid(page, 1001), 0, 1, L"1234");
+            expectQuestion(window);
+        },
+        L"甲");
+}
+
+TEST_F(DSMainDialog, CtrlEnterIsOkFromAnywhere)
+{
+    AddSaved(Make(L"甲"));
+    const auto enter = [](QWidget* window) {
+        PressKey(window, Qt::Key_Return, Qt::ControlModifier);
+    };
+    EXPECT_EQ(RunPages(
+                  [&](QWidget* window) {
+                      Tree(window)->setFocus();
+                      enter(window);
+                  },
+                  L"甲"),
+              IDOK);
+    EXPECT_EQ(RunPages(
+                  [&](QWidget* window) {
+                      ClickItem(window, "圆曲线半径");
+                      auto* const page =
+                          window->findChild<QWidget*>(QStringLiteral("CRadiusDialog"));
+                      ClickCell(Grid(page, 1001), 0, 1);
+                      PressKey(window, Qt::Key_A, Qt::ControlModifier);
+                      Type(window, L"4321");
+                      enter(window);
+                  },
+                  L"甲"),
+              IDOK);
+    EXPECT_EQ(At(0).CircularCurveRad.noSuperelevationMinRad[0].value, 4321);
+    EXPECT_EQ(View([&](QWidget* window) { enter(window); }, L""), IDOK);
+}
+
 TEST_F(DSMainDialog, EnterInAFieldOfAPageIsOk)
 {
     AddSaved(Make(L"甲"));
@@ -720,10 +848,11 @@ TEST_F(DSMainDialog, ThePagesFillTheAreaBesideTheTree)
             const auto* const area = window->findChild<QWidget*>(QStringLiteral("pageArea"));
             const QWidget* const tree = Control(window, 100);
             const QWidget* const name = Control(window, 108);
-            EXPECT_EQ(area->x(), tree->x() + tree->width() + 5);
-            EXPECT_EQ(area->y(), tree->y());
-            EXPECT_EQ(area->height(), tree->height());
-            EXPECT_EQ(area->geometry().right(), name->geometry().right());
+            const QRect place(area->mapTo(window, QPoint()), area->size());
+            EXPECT_EQ(place.x(), tree->x() + tree->width() + 5);
+            EXPECT_EQ(place.y(), tree->y());
+            EXPECT_EQ(place.height(), tree->height());
+            EXPECT_EQ(place.right(), name->geometry().right());
             const QWidget* const page = area->layout()->itemAt(0)->widget();
             EXPECT_EQ(page->geometry(), area->rect());
             Cancel(window);

@@ -1,5 +1,7 @@
 // The main of the GUI tests: an application without a display.
 #include <QApplication>
+#include <QSettings>
+#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -24,6 +26,10 @@ int main(int argc, char** argv)
     ::testing::InitGoogleTest(&argc, argv);
     g_usual = qInstallMessageHandler(LeaveOutThePlugin);
     const QApplication application(argc, argv);
+    const QTemporaryDir settings; // windows remember their places
+    QCoreApplication::setOrganizationName(QStringLiteral("designspec-test"));
+    QSettings::setDefaultFormat(QSettings::IniFormat);
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, settings.path());
     QApplication::setQuitOnLastWindowClosed(false);
     WatchModals();
     return RUN_ALL_TESTS();

@@ -92,6 +92,12 @@ UINT IconFlag(QMessageBox::Icon icon)
     }
 }
 
+// What a button says, without the key behind it.
+CString Caption(const QAbstractButton* button)
+{
+    return FromQString(button->text().section(QStringLiteral("(&"), 0, 0));
+}
+
 // The button that gives an answer, by its text.
 CString ButtonText(int answer)
 {
@@ -182,14 +188,14 @@ ShownMessage ReadMessage(QWidget* window)
     ShownMessage shown{
         FromQString(box->text()), FromQString(box->windowTitle()), IconFlag(box->icon()), {}};
     for (const QAbstractButton* button : box->buttons())
-        shown.buttons.push_back(FromQString(button->text()));
+        shown.buttons.push_back(Caption(button));
     return shown;
 }
 
 void ClickMessageButton(QWidget* window, const CString& text)
 {
     for (QPushButton* button : window->findChildren<QPushButton*>()) {
-        if (button->text() != ToQString(text)) continue;
+        if (Caption(button) != text) continue;
         QTest::mouseClick(button, Qt::LeftButton);
         return;
     }

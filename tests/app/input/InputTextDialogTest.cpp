@@ -43,6 +43,20 @@ TEST(InputTextDialog, OkKeepsTheTextAsItWasTyped)
     EXPECT_EQ(dialog.GetText(), L" 表２．１ ");
 }
 
+TEST(InputTextDialog, ALongTextIsNotCut)
+{
+    const CString chapter = CString(40000, L'规') + L"完";
+    CInputTextDialog dialog(L"数据来源", L"输入数据来源:", nullptr);
+    dialog.SetText(chapter);
+    const ExpectModal modal([](QWidget* window) {
+        PressKey(window, Qt::Key_End);
+        Type(window, L"!");
+        Click(window, IDOK);
+    });
+    EXPECT_EQ(dialog.DoModal(), IDOK);
+    EXPECT_TRUE(dialog.GetText() == chapter + L"!") << dialog.GetText().size();
+}
+
 TEST(InputTextDialog, CancelLeavesTheText)
 {
     CInputTextDialog dialog(L"数据来源", L"输入数据来源:", nullptr);

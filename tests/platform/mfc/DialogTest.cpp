@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QSettings>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -126,6 +127,36 @@ TEST(Dialog, ClosesWithCancelByButtonByEscAndByTheCloseButton)
     }
     EXPECT_EQ(dialog.cancels, 3);
     EXPECT_EQ(dialog.oks, 0);
+}
+
+TEST(Dialog, ItsButtonsHaveKeys)
+{
+    CTestDialog dialog;
+    const auto press = [&dialog](Qt::Key key, Qt::KeyboardModifiers modifiers) {
+        const ExpectModal modal([=](QWidget* window) {
+            Control(window, 102)->setFocus();
+            PressKey(window, key, modifiers);
+        });
+        return dialog.DoModal();
+    };
+    EXPECT_EQ(press(Qt::Key_Return, Qt::ControlModifier), IDOK);
+    EXPECT_EQ(press(Qt::Key_Enter, Qt::ControlModifier), IDOK);
+    EXPECT_EQ(press(Qt::Key_O, Qt::AltModifier), IDOK);
+    EXPECT_EQ(press(Qt::Key_C, Qt::AltModifier), IDCANCEL);
+    EXPECT_EQ(dialog.oks, 3);
+    EXPECT_EQ(dialog.cancels, 1);
+}
+
+TEST(Dialog, OpensOverItsOwnerWhateverPlaceItsFormHas)
+{
+    QSettings().clear();
+    QWidget owner;
+    owner.setGeometry(200, 150, 500, 400);
+    owner.show();
+    CDialog dialog(kTestDialog, &owner);
+    dialog.show();
+    const QPoint apart = dialog.frameGeometry().center() - owner.frameGeometry().center();
+    EXPECT_LE(apart.manhattanLength(), 2);
 }
 
 TEST(Dialog, StaysOpenWhenOkRefuses)

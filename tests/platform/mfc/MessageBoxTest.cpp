@@ -47,6 +47,18 @@ TEST(MessageBox, EscGivesTheAnswerThatDoesLeast)
     }
 }
 
+TEST(MessageBox, ItsButtonsHaveKeys)
+{
+    for (const auto& [flags, key, answer] : {std::tuple(MB_OK, Qt::Key_O, IDOK),
+                                             {MB_OKCANCEL, Qt::Key_C, IDCANCEL},
+                                             {MB_YESNO, Qt::Key_N, IDNO},
+                                             {MB_YESNO | MB_DEFBUTTON2, Qt::Key_Y, IDYES}}) {
+        const ExpectModal box(
+            [key = key](QWidget* window) { PressKey(window, key, Qt::AltModifier); });
+        EXPECT_EQ(MessageBox(nullptr, L"x", L"y", flags), answer);
+    }
+}
+
 TEST(MessageBox, EnterChoosesTheDefaultButton)
 {
     const ModalAction enter = [](QWidget* window) { PressKey(window, Qt::Key_Return); };

@@ -1,0 +1,108 @@
+#!/bin/bash
+# placing.sh PROGRAMS SOURCE: where windows open and how large, on a small screen with large text and
+# a window manager, which gives them frames. Ends with 77 where one of these cannot be had.
+set -u
+
+. "$(dirname "$0")/display.sh"
+command -v openbox >/dev/null || skip 'openbox is not installed'
+command -v xwininfo >/dev/null || skip 'xwininfo is not installed'
+
+readonly width=1280 height=720
+export QT_SCALE_FACTOR=1.5
+editor='^设计规范'
+
+# place WINDOW: sets X, Y, WIDTH and HEIGHT of what is inside its frame.
+place() {
+    eval "$(xwininfo -id "$1" | sed -n \
+        -e 's/^ *Absolute upper-left X: */X=/p' -e 's/^ *Absolute upper-left Y: */Y=/p' \
+        -e 's/^ *Width: */WIDTH=/p' -e 's/^ *Height: */HEIGHT=/p')"
+}
+# is_on_the_screen TITLE: with its frame, left, right, top and bottom of which the manager tells.
+is_on_the_screen() {
+    local window frame
+    window=$(window_of "$1")
+    frame=$(xprop -id "$window" _NET_FRAME_EXTENTS | sed -n 's/.*= //p' | tr -d ,)
+    [ -n "$frame" ] || return 1
+    set -- $frame
+    place "$window"
+    [ $((X - $1)) -ge 0 ] && [ $((X + WIDTH + $2)) -le "$width" ] &&
+        [ $((Y - $3)) -ge 0 ] && [ $((Y + HEIGHT + $4)) -le "$height" ]
+}
+# The window manager takes a moment.
+expect_on_the_screen() { wait_until "'$1' on the screen" is_on_the_screen "$1"; }
+# Pixels of the screen are parts of those that windows count in.
+near() { [ "$1" -ge $(($2 - $3)) ] && [ "$1" -le $(($2 + $3)) ]; }
+has_size() { # WINDOW WIDTH HEIGHT
+    place "$1"
+    near "$WIDTH" "$2" 3 && near "$HEIGHT" "$3" 3
+}
+is_at() { # WINDOW X Y
+    place "$1"
+    near "$X" "$2" 3 && near "$Y" "$3" 3
+}
+
+# With a window manager it is that who gives the keyboard.
+to_window() { # TITLE
+    wait_until "window '$1'" has_window "$1"
+    local window
+    window=$(window_of "$1")
+    is_active() { [ "$(xdotool getactivewindow 2>/dev/null)" = "$window" ]; }
+    is_active || xdotool windowactivate "$window"
+    wait_until "'$1' active" is_active
+    wait_until "the keyboard in '$1'" has_focus "$window"
+}
+open_editor() {
+    keys ctrl+f Down Return
+    to_window "$editor"
+    dialog=$(window_of "$editor")
+}
+close_editor() {
+    keys Escape
+    wait_until 'the editor closed' has_no_window "$editor"
+    to_window '^project — 道路设计$'
+}
+
+start_display ${width}x$height
+openbox >"$work/openbox.log" 2>&1 &
+manager=$!
+trap 'kill $manager 2>/dev/null; clean_up' EXIT
+has_manager() { xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 'window id'; }
+wait_until 'the window manager' has_manager
+start_host "$project"
+expect_on_the_screen '^project — 道路设计$'
+
+# The editor is over its owner, and all of it on the screen.
+place "$(window_of '^project — 道路设计$')"
+middle=$((X + WIDTH / 2))
+open_editor
+expect_on_the_screen "$editor"
+near $((X + WIDTH / 2)) "$middle" 40 || fail "the editor at $X, its owner's middle at $middle"
+
+# Its buttons are within reach: 确定 closes it.
+click "$dialog" -205 -37
+wait_until 'the editor closed by 确定' has_no_window "$editor"
+to_window '^project — 道路设计$'
+
+# Made smaller and moved ...
+open_editor
+xdotool windowsize "$dialog" 600 400
+wait_until 'a smaller editor' has_size "$dialog" 600 400
+xdotool windowmove "$dialog" 300 200
+wait_until 'the editor moved' is_at "$dialog" 300 200
+close_editor
+
+# ... it stays so, however often it is opened, and in the next run.
+for _ in 1 2 3; do
+    open_editor
+    wait_until 'the editor where it was' is_at "$dialog" 300 200
+    has_size "$dialog" 600 400 || fail "the editor is $WIDTH x $HEIGHT"
+    close_editor
+done
+leave_host
+start_host
+open_editor
+has_size "$dialog" 600 400 || fail "in the next run the editor is $WIDTH x $HEIGHT"
+expect_on_the_screen "$editor"
+close_editor
+leave_host
+echo 'passed'
