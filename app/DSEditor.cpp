@@ -13,14 +13,17 @@ IMPLEMENT_DYNAMIC(CDSEditor, CStyleEditor)
 
 namespace {
 
-// The name that a new specification is proposed; empty when the user did not want to wait for it.
+// The name that a new specification is proposed; empty when it is taken and stays so.
 CString NameForNew(const CStyle* from)
 {
     const designspec::SpecificationFolder& folder = CDesignSpecifications::GetInstance()->Folder();
     if (from) return folder.ProposedCopyName(from->Name());
     CString name = folder.ProposedName();
     if (!CNameWaitDialog::IsTaken(name)) return name;
-    return CNameWaitDialog(name, acedGetAcadFrame()).DoModal() == IDOK ? name : CString();
+    const int answer = CNameWaitDialog(name, acedGetAcadFrame()).DoModal();
+    const CStyle* const taken = CDesignSpecifications::GetInstance()->Item(name.c_str());
+    if (answer == CNameWaitDialog::kGoTo && taken) CStyleEditor::SelectWanted().Tell(taken->ID());
+    return answer == IDOK ? name : CString();
 }
 
 } // namespace

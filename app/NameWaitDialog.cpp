@@ -1,5 +1,7 @@
 #include "app/NameWaitDialog.h"
 
+#include <QPushButton>
+
 #include "base/Format.h"
 #include "library/DesignSpecifications.h"
 
@@ -19,6 +21,10 @@ CNameWaitDialog::CNameWaitDialog(const CString& name, QWidget* parent)
     connect(&m_timer, &QTimer::timeout, this, [this] {
         if (!IsTaken(m_name)) EndDialog(IDOK);
     });
+    if (auto* const goTo = GetDlgItem<QPushButton>(kGoTo)) {
+        goTo->setDefault(true);
+        connect(goTo, &QPushButton::clicked, this, [this] { EndDialog(kGoTo); });
+    }
 }
 
 bool CNameWaitDialog::IsTaken(const CString& name)
@@ -29,7 +35,7 @@ bool CNameWaitDialog::IsTaken(const CString& name)
 bool CNameWaitDialog::OnInitDialog()
 {
     SetDlgItemText(kNotice, Format(L"新规范将命名为“%s”, 但库中已有同名的规范。\n"
-                                   L"那个规范改名或移除后自动继续; 也可以取消, 不新建规范。",
+                                   L"请先给那个规范改名或删除它, 再新建。",
                                    m_name));
     m_timer.start(kInterval);
     return CDialog::OnInitDialog();

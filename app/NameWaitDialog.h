@@ -5,10 +5,13 @@
 
 #include "platform/mfc/Dialog.h"
 
-// Names the clash. DoModal returns IDOK when no specification bears the name any more, IDCANCEL
-// when the user does not want to wait.
+// Names the clash and says what to do about it. DoModal returns IDOK when no specification bears
+// the name any more, kGoTo when the user wants to see the one that does, IDCANCEL when he wants
+// neither.
 class CNameWaitDialog : public CDialog {
 public:
+    static constexpr int kGoTo = 3; // the button, and what DoModal returns for it
+
     CNameWaitDialog(const CString& name, QWidget* parent);
 
     // True when a specification of the library bears the name, in any case.

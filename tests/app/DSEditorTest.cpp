@@ -117,6 +117,20 @@ TEST_F(DSEditor, ATakenNameIsWaitedForWithANotice)
     EXPECT_EQ(Locks(), 0);
 }
 
+TEST_F(DSEditor, TheOneThatHasTheNameCanBeGoneTo)
+{
+    const CDesignSpecification& other = Add(Make(L"规范2"));
+    std::optional<GUID> selected;
+    const Connection wanted =
+        CStyleEditor::SelectWanted().Connect([&selected](const GUID& id) { selected = id; });
+    {
+        const ExpectModal notice([](QWidget* window) { Click(window, CNameWaitDialog::kGoTo); });
+        EXPECT_EQ(m_editor.New(nullptr), nullptr);
+    }
+    EXPECT_EQ(selected, other.ID());
+    EXPECT_EQ(Locks(), 0);
+}
+
 TEST_F(DSEditor, AFreedNameIsTheOneProposed)
 {
     CDesignSpecification& other = Add(Make(L"规范2"));

@@ -40,4 +40,10 @@ void CStyleEditor::Refurbish()
     styles->Refurbish();
 }
 
+designspec::Signal<const GUID&>& CStyleEditor::SelectWanted()
+{
+    static designspec::Signal<const GUID&> wanted;
+    return wanted;
+}
+
 void CStyleEditor::View(CStyle*) {}

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/Export.h"
+#include "base/Signal.h"
 #include "platform/mfc/String.h"
 #include "platform/vmrd/VMRDEnv/Styles.h"
 #include "platform/vmrd/VMRDPrj/StyleCommand.h"
@@ -46,6 +47,10 @@ public:
 
     // Reads the library anew. Its default style is the one that its files name now, or none.
     void Refurbish();
+
+    // For every editor there will be: one wants the style of that identity to be selected where
+    // styles are listed.
+    static designspec::Signal<const GUID&>& SelectWanted();
 
     // Shows the style to the user without letting him change it.
     virtual void View(CStyle* style);
