@@ -1,5 +1,8 @@
 #include "host/TraceLog.h"
 
+#include <iterator>
+#include <utility>
+
 #include "platform/mfc/QtText.h"
 
 using namespace designspec;
@@ -7,15 +10,25 @@ using namespace designspec;
 TraceLog::TraceLog(QObject* parent) : QAbstractTableModel(parent)
 {
     m_trace = ConnectTrace([this](const TraceLine& line) { Add(line); });
+    m_show.setSingleShot(true);
+    connect(&m_show, &QTimer::timeout, this, &TraceLog::ShowWaiting);
 }
 
 void TraceLog::Add(const TraceLine& line)
 {
-    const int row = rowCount();
-    beginInsertRows({}, row, row);
-    m_entries.push_back({QDateTime::currentDateTime(), line});
-    endInsertRows();
+    m_waiting.push_back({QDateTime::currentDateTime(), line});
+    m_show.start(0);
     emit LineAdded(line);
+}
+
+// All at once: views look through all their rows whenever some are added.
+void TraceLog::ShowWaiting()
+{
+    const int row = rowCount();
+    beginInsertRows({}, row, row + static_cast<int>(m_waiting.size()) - 1);
+    std::move(m_waiting.begin(), m_waiting.end(), std::back_inserter(m_entries));
+    m_waiting.clear();
+    endInsertRows();
 }
 
 int TraceLog::rowCount(const QModelIndex& parent) const

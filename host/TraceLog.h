@@ -1,8 +1,10 @@
-// Every trace line of the process, as a table: the log takes the lines as long as it lives.
+// Every trace line of the process, as a table: the log takes the lines as long as it lives. Lines
+// that come one upon the other stand in it together, when the program waits for the user again.
 #pragma once
 
 #include <QAbstractTableModel>
 #include <QDateTime>
+#include <QTimer>
 
 #include "platform/vmrd/VmHFCBaseU/Trace.h"
 
@@ -29,8 +31,11 @@ private:
         TraceLine line;
     };
     void Add(const TraceLine& line);
+    void ShowWaiting();
     QString Text(const Entry& entry, int column) const;
 
     std::vector<Entry> m_entries;
+    std::vector<Entry> m_waiting; // to stand in the table
+    QTimer m_show;
     designspec::Connection m_trace;
 };

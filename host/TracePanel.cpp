@@ -26,13 +26,16 @@ QTableView* MakeTable(QAbstractItemModel* model)
     table->setWordWrap(false);
     table->setTextElideMode(Qt::ElideMiddle);
     table->verticalHeader()->hide();
-    table->verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    // Sizes that do not depend on the lines: measuring them all takes its time.
+    const int line = table->fontMetrics().height();
+    table->verticalHeader()->setDefaultSectionSize(line * 8 / 5);
     QHeaderView* header = table->horizontalHeader();
-    header->setSectionResizeMode(QHeaderView::ResizeToContents);
-    header->setSectionResizeMode(TraceLog::FileColumn, QHeaderView::Interactive);
     header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     header->setStretchLastSection(true);
-    header->resizeSection(TraceLog::FileColumn, table->fontMetrics().height() * 22);
+    header->resizeSection(TraceLog::TimeColumn, line * 5);
+    header->resizeSection(TraceLog::LevelColumn, line * 4);
+    header->resizeSection(TraceLog::FileColumn, line * 22);
+    header->resizeSection(TraceLog::LineColumn, line * 4);
     return table;
 }
 
