@@ -4,8 +4,9 @@
 #include <QFontDatabase>
 #include <QLibraryInfo>
 #include <QPalette>
-#include <QStyleFactory>
 #include <QTranslator>
+
+#include "host/DarkStyle.h"
 
 namespace {
 
@@ -35,7 +36,7 @@ bool SetAppearance()
 void UseDarkColours()
 {
     // Other styles may draw in colours of their own.
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setStyle(new DarkStyle);
     const QColor window(45, 48, 52);
     const QColor text(228, 230, 232);
     const QColor disabled(130, 134, 140);

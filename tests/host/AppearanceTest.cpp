@@ -3,7 +3,10 @@
 #include <cmath>
 
 #include <QApplication>
+#include <QCheckBox>
+#include <QMenu>
 #include <QPalette>
+#include <QRadioButton>
 #include <QStyle>
 
 #include <gtest/gtest.h>
@@ -24,6 +27,17 @@ double Contrast(const QColor& a, const QColor& b)
     const double first = luminance(a);
     const double second = luminance(b);
     return (std::max(first, second) + 0.05) / (std::min(first, second) + 0.05);
+}
+
+// The strongest contrast of a pixel on the picture's middle row, from its left to `width`, with the
+// colour.
+double StrongestContrast(const QImage& picture, int width, const QColor& ground)
+{
+    double strongest = 1;
+    for (int x = 0; x < std::min(width, picture.width()); ++x)
+        strongest =
+            std::max(strongest, Contrast(picture.pixelColor(x, picture.height() / 2), ground));
+    return strongest;
 }
 
 // The application as it was.
@@ -60,4 +74,31 @@ TEST_F(Appearance, DarkColoursCanBeRead)
         Contrast(palette.color(QPalette::Disabled, QPalette::Text), palette.color(QPalette::Base)),
         3);
     EXPECT_GE(Contrast(palette.color(QPalette::Mid), palette.color(QPalette::Base)), 2); // lines
+}
+
+TEST_F(Appearance, WhatIsUncheckedCanBeSeenInTheDark)
+{
+    UseDarkColours();
+    QRadioButton radio;
+    QCheckBox check;
+    for (QAbstractButton* button :
+         {static_cast<QAbstractButton*>(&radio), static_cast<QAbstractButton*>(&check)}) {
+        button->resize(button->sizeHint());
+        const QColor ground = button->palette().color(QPalette::Window);
+        EXPECT_GE(StrongestContrast(button->grab().toImage(), 20, ground), 3)
+            << button->metaObject()->className();
+    }
+}
+
+TEST_F(Appearance, AMenuIsSetOffInTheDark)
+{
+    UseDarkColours();
+    QMenu menu;
+    menu.addAction(QStringLiteral("x"));
+    menu.popup({});
+    // It may come to lie on the window or on a list.
+    for (const QPalette::ColorRole ground : {QPalette::Window, QPalette::Base})
+        EXPECT_GE(StrongestContrast(menu.grab().toImage(), 2, menu.palette().color(ground)), 1.9)
+            << ground;
+    menu.close();
 }
