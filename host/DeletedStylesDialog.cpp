@@ -10,10 +10,9 @@
 #include "host/ControlIds.h"
 #include "platform/mfc/Dialog.h"
 #include "platform/mfc/QtText.h"
+#include "platform/mfc/WindowPlace.h"
 #include "platform/vmrd/VMRDPrj/StyleEditor.h"
 #include "platform/vmrd/VmHFCBaseU/Trace.h"
-
-using namespace designspec;
 
 using namespace designspec;
 
@@ -42,7 +41,7 @@ DeletedStylesDialog::DeletedStylesDialog(CStyleEditor& editor, QWidget* parent)
     m_bringBack = buttons->addButton(tr("恢复(&R)"), QDialogButtonBox::ActionRole);
     SetControlId(m_bringBack, ControlId::BringBack);
     m_bringBack->setDefault(true);
-    SetControlId(buttons->addButton(tr("关闭"), QDialogButtonBox::RejectRole), IDCANCEL);
+    SetControlId(buttons->addButton(tr("关闭(&C)"), QDialogButtonBox::RejectRole), IDCANCEL);
 
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(m_list);
@@ -53,6 +52,7 @@ DeletedStylesDialog::DeletedStylesDialog(CStyleEditor& editor, QWidget* parent)
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     Fill();
     resize(fontMetrics().height() * 40, fontMetrics().height() * 20);
+    new WindowPlace(this, QStringLiteral("dialogs/deleted"));
 }
 
 void DeletedStylesDialog::Fill()
@@ -61,7 +61,8 @@ void DeletedStylesDialog::Fill()
     CStyles* const styles = m_editor.GetStyles();
     if (!styles) return;
     Problems problems;
-    for (const DeletedStyle& deleted : styles->Files().Deleted(problems)) {
+    m_deleted = styles->Files().Deleted(problems);
+    for (const DeletedStyle& deleted : m_deleted) {
         const QString file = ToQString(deleted.file);
         auto* item = new QTreeWidgetItem(m_list, {ToQString(deleted.name), file});
         item->setToolTip(1, file);
@@ -88,8 +89,13 @@ void DeletedStylesDialog::BringBack()
     QStringList failed;
     Problems problems;
     StyleFolder& files = m_editor.GetStyles()->Files();
-    for (const QTreeWidgetItem* item : m_list->selectedItems())
-        (files.BringBack(FromQString(item->text(1)), problems) ? done : failed) << item->text(0);
+    for (QTreeWidgetItem* item : m_list->selectedItems()) {
+        const DeletedStyle& deleted =
+            m_deleted[static_cast<size_t>(m_list->indexOfTopLevelItem(item))];
+        const bool back = files.BringBack(deleted.file, problems);
+        (back ? done : failed) << item->text(0);
+        if (back) m_broughtBack.push_back(deleted.id);
+    }
     TraceProblems(problems);
     m_editor.Refurbish();
     Fill();

@@ -3,6 +3,8 @@
 
 #include <QDialog>
 
+#include "platform/vmrd/VMRDEnv/StyleFolder.h"
+
 class CStyleEditor;
 class QLabel;
 class QPushButton;
@@ -14,12 +16,17 @@ class DeletedStylesDialog : public QDialog {
 public:
     explicit DeletedStylesDialog(CStyleEditor& editor, QWidget* parent = nullptr);
 
+    // The identities of those that are back.
+    const std::vector<GUID>& BroughtBack() const { return m_broughtBack; }
+
 private:
     void Fill();
     void EnableButton();
     void BringBack();
 
     CStyleEditor& m_editor;
+    std::vector<designspec::DeletedStyle> m_deleted; // as listed
+    std::vector<GUID> m_broughtBack;
     QTreeWidget* m_list;
     QLabel* m_message;
     QPushButton* m_bringBack;

@@ -1,6 +1,7 @@
 #include "host/FileChoice.h"
 
 #include <QFileDialog>
+#include <QRegularExpression>
 
 namespace {
 
@@ -26,8 +27,11 @@ QString AskFileToSave(QWidget* owner, const QString& title, const QString& filte
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
     dialog.setDefaultSuffix(ending);
-    dialog.selectFile(proposed);
-    return Run(dialog);
+    dialog.selectFile(QString(proposed).replace(u'/', u'-') + u'.' + ending);
+    const QString path = Run(dialog);
+    // Of a name like 规范1.5 the part behind the point is no ending.
+    static const QRegularExpression kHasEnding(QStringLiteral("\\.[A-Za-z][A-Za-z0-9]*$"));
+    return path.isEmpty() || path.contains(kHasEnding) ? path : path + u'.' + ending;
 }
 
 QString AskFolder(QWidget* owner, const QString& title, const QString& start)

@@ -5,10 +5,12 @@
 #include <QDir>
 #include <QDockWidget>
 #include <QMenuBar>
+#include <QScreen>
 #include <QSettings>
 #include <QToolBar>
 #include <QVBoxLayout>
 
+#include "base/File.h"
 #include "host/ControlIds.h"
 #include "host/Icons.h"
 #include "host/MessageBar.h"
@@ -54,7 +56,8 @@ HostWindow::HostWindow()
     Connect();
     ShowNoProject();
     const int line = fontMetrics().height();
-    resize(line * 58, line * 38);
+    resize(
+        QSize(line * 58, line * 38).boundedTo(screen()->availableSize() - QSize(line, line * 3)));
     const QSettings settings;
     restoreGeometry(settings.value(kGeometryKey).toByteArray());
     restoreState(settings.value(kStateKey).toByteArray());
@@ -73,9 +76,10 @@ QWidget* HostWindow::MakeCenter()
     m_styles = new StyleManagerView;
     auto* center = new QWidget;
     auto* layout = new QVBoxLayout(center);
+    layout->addWidget(m_styles, 1);
+    // Below the list: a bar that comes must not move the rows under the mouse.
     for (MessageBar* bar : {m_errorBar, m_changeBar, m_noteBar})
         layout->addWidget(bar);
-    layout->addWidget(m_styles, 1);
     return center;
 }
 
@@ -130,10 +134,13 @@ void HostWindow::MakeMenus()
 void HostWindow::Connect()
 {
     connect(&m_log, &TraceLog::LineAdded, this, &HostWindow::ShowError);
-    connect(&m_watcher, &LibraryWatcher::ChangedOutside, this, &HostWindow::KeepChange);
+    connect(&m_watcher, &LibraryWatcher::Changed, this, [this] {
+        m_changeUntold = true;
+        ShowChange();
+    });
     connect(m_projects, &ProjectMenu::Open, this, &HostWindow::OpenProject);
     connect(m_projects, &ProjectMenu::New, this, &HostWindow::NewProject);
-    connect(&m_styles->Commands(), &StyleCommands::Begun, this, [this] { m_cause.clear(); });
+    connect(&m_styles->Commands(), &StyleCommands::Begun, this, &HostWindow::BeginCommand);
     connect(&m_styles->Commands(), &StyleCommands::ReloadWanted, this, &HostWindow::Reload);
     connect(&m_styles->Commands(), &StyleCommands::Note, this,
             [this](const QString& text) { m_noteBar->Show(text); });
@@ -142,7 +149,7 @@ void HostWindow::Connect()
 
 void HostWindow::ShowNoProject()
 {
-    m_styles->SetHint(tr("还没有打开项目。项目是含有“规范”文件夹的文件夹。"), tr("打开项目…"),
+    m_styles->SetHint(tr("还没有打开项目。项目是含有“规范”文件夹的文件夹。"), tr("打开项目(&O)…"),
                       [this] { m_projects->AskOpen(); });
 }
 
@@ -150,12 +157,10 @@ bool HostWindow::OpenProject(const QString& folder)
 {
     if (!IsProject(folder)) {
         RecentProjects().Remove(folder);
-        m_errorBar->Show(tr("不是项目, 没有“规范”文件夹: %1").arg(folder), tr("在此新建项目"),
+        m_errorBar->Show(tr("不是项目, 没有“规范”文件夹: %1").arg(folder), tr("在此新建项目(&W)"),
                          [this, folder] { NewProject(folder); });
         return false;
     }
-    for (MessageBar* bar : {m_errorBar, m_changeBar, m_noteBar})
-        bar->hide();
     const QString path = QDir(folder).absolutePath();
     VMRDPub::SetCurPrjPath(FromQString(path));
     RecentProjects().Add(path);
@@ -163,6 +168,7 @@ bool HostWindow::OpenProject(const QString& folder)
     m_styles->SetHint({});
     m_watcher.Watch(CurrentStylesFolder());
     Reload();
+    m_styles->SelectOne();
     return true;
 }
 
@@ -171,13 +177,32 @@ bool HostWindow::NewProject(const QString& folder)
     return CreateProject(folder) && OpenProject(folder);
 }
 
+// What the bars said was about the files as they were.
 void HostWindow::Reload()
 {
-    m_changed.clear();
-    m_changeBar->hide();
+    for (MessageBar* bar : {m_errorBar, m_changeBar, m_noteBar})
+        bar->hide();
     m_watcher.Acknowledge();
     if (CPrjManager* const project = CPrjManager::GetInstance())
         project->GetStyleManager()->Refurbish();
+    m_errorsLast = !m_errorBar->isHidden();
+    m_changeUntold = true;
+    ShowChange();
+}
+
+void HostWindow::LoadModules()
+{
+    m_modules.LoadAtStart();
+    m_errorsLast = !m_errorBar->isHidden();
+    m_styles->SelectOne();
+}
+
+// What was said of the command before has been read, or never will be.
+void HostWindow::BeginCommand()
+{
+    m_cause.clear();
+    m_noteBar->hide();
+    if (!m_errorsLast) m_errorBar->hide();
 }
 
 bool HostWindow::IsOwnFile(const CString& file)
@@ -193,14 +218,15 @@ void HostWindow::ShowError(const TraceLine& line)
     const QString text = ToQString(line.Text());
     m_cause = text;
     m_errorBar->Show(m_errors == 1 ? text : tr("%1\n(另有 %2 条)").arg(text).arg(m_errors - 1),
-                     tr("详情"), [this] { ShowTrace(); });
+                     tr("详情(&D)"), [this] { ShowTrace(); });
 }
 
 // What failed was told to the trace before, with its cause; this says what it means.
 void HostWindow::ShowFailure(const QString& text)
 {
     const QString cause = m_cause.isEmpty() ? QString() : u'\n' + m_cause;
-    m_errorBar->Show(text + cause, tr("详情"), [this] { ShowTrace(); });
+    m_errorBar->Show(text + cause, tr("详情(&D)"), [this] { ShowTrace(); });
+    m_errorsLast = false;
 }
 
 void HostWindow::ShowTrace()
@@ -215,19 +241,21 @@ void HostWindow::ShowModules()
     m_modulePanel->raise();
 }
 
-void HostWindow::KeepChange(const QStringList& names)
-{
-    m_changed << names;
-    m_changed.removeDuplicates();
-    ShowChange();
-}
-
 // Under an open dialog the list must stay what it is: the message waits until the dialog is gone.
 void HostWindow::ShowChange()
 {
-    if (m_changed.isEmpty() || QApplication::activeModalWidget()) return;
-    m_changeBar->Show(tr("“规范”中的文件在外部有变化: %1").arg(ShortList(m_changed)),
-                      tr("重新加载"), [this] { Reload(); });
+    if (!m_changeUntold || QApplication::activeModalWidget()) return;
+    m_changeUntold = false;
+    const QStringList names = m_watcher.Differing();
+    if (m_watcher.IsGone())
+        m_changeBar->Show(tr("“规范”文件夹已不在原处: %1")
+                              .arg(QString::fromStdString(NativePath(CurrentStylesFolder()))),
+                          tr("打开项目(&O)…"), [this] { m_projects->AskOpen(); });
+    else if (!names.isEmpty())
+        m_changeBar->Show(tr("“规范”中的文件在外部有变化: %1").arg(ShortList(names)),
+                          tr("重新加载(&R)"), [this] { Reload(); });
+    else
+        m_changeBar->hide();
 }
 
 bool HostWindow::event(QEvent* event)

@@ -24,7 +24,7 @@ public:
     bool OpenProject(const QString& folder);
     bool NewProject(const QString& folder);
     // Loads the modules of the start list.
-    void LoadModules() { m_modules.LoadAtStart(); }
+    void LoadModules();
 
     StyleManagerView& Styles() { return *m_styles; }
     void ShowTrace();
@@ -48,16 +48,17 @@ private:
     void ShowNoProject();
     void ShowError(const TraceLine& line);
     void ShowFailure(const QString& text);
-    void KeepChange(const QStringList& names);
+    void BeginCommand();
     void ShowChange();
     void Reload();
 
     TraceLog m_log;
     HostModules m_modules;
     LibraryWatcher m_watcher{&HostWindow::IsOwnFile};
-    QStringList m_changed; // files changed outside that the user was not told of yet
-    int m_errors = 0;      // since the error bar was shown
-    QString m_cause;       // the last error since a command was begun
+    bool m_changeUntold = false; // what the watcher has seen waits to be told
+    int m_errors = 0;            // since the error bar was shown
+    bool m_errorsLast = false;   // they are true until the files are read anew
+    QString m_cause;             // the last error since a command was begun
 
     StyleManagerView* m_styles = nullptr;
     MessageBar* m_errorBar = nullptr;

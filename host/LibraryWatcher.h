@@ -23,9 +23,15 @@ public:
     // What the files are now is known to the user.
     void Acknowledge();
 
+    // As last seen: whether there is no folder any more, and the files in it that somebody else has
+    // made, changed or deleted since they were known. Files that the library does not read, such as
+    // those that editors leave beside them, do not count.
+    bool IsGone() const { return m_gone; }
+    QStringList Differing() const;
+
 signals:
-    // Files that were made, changed or deleted by somebody else since they were last known.
-    void ChangedOutside(const QStringList& names);
+    // What is said above is not what it was before; or a file that differs has changed once more.
+    void Changed();
 
 private:
     // What tells two states of a file apart.
@@ -34,16 +40,23 @@ private:
         std::uint64_t inode;
         bool operator==(const Stamp&) const = default;
     };
-    using Files = std::map<CString, Stamp>;
+    using Files = std::map<CString, std::optional<Stamp>>; // nothing: deleted
 
-    static std::optional<Stamp> StampOf(const CString& path);
+    static std::optional<Stamp> StampOf(const CString& path, mode_t kind);
+    std::optional<Stamp> FolderStamp() const;
     Files Scan() const;
+    Files Compare(Files now);
+    void Look();
     void Check();
-    void RenewPaths();
+    void RenewPaths(bool sameFolder);
 
     IsOwn m_isOwn;
     CString m_folder;
+    std::optional<Stamp> m_folderStamp; // when it was last looked through
+    bool m_gone = false;
     Files m_known;
+    Files m_differing;
     QFileSystemWatcher m_watcher;
     QTimer m_settle; // others write in several steps
+    QTimer m_look;   // for what the system does not tell: a folder that was moved, shared folders
 };

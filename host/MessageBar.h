@@ -1,4 +1,4 @@
-// One message above the list, with one thing to do about it: never in the way, gone when closed.
+// One message below the list, with one thing to do about it: never in the way, gone when closed.
 #pragma once
 
 #include <functional>

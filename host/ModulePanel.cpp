@@ -56,7 +56,7 @@ ModulePanel::ModulePanel(HostModules& modules, QWidget* parent)
     m_unload = AddButton(ControlId::ModuleUnload, tr("卸载(&U)"), tr("卸载选中的模块"));
     QPushButton* const add =
         AddButton(ControlId::ModuleAdd, tr("添加…(&A)"), tr("选择一个模块文件并加载它"));
-    m_remove = AddButton(ControlId::ModuleRemove, tr("移除(&R)"), tr("启动时不再加载选中的模块"));
+    m_remove = AddButton(ControlId::ModuleRemove, tr("移除(&M)"), tr("启动时不再加载选中的模块"));
     m_buttons->addStretch();
     connect(m_load, &QPushButton::clicked, this, &ModulePanel::Load);
     connect(m_unload, &QPushButton::clicked, this, &ModulePanel::Unload);

@@ -136,7 +136,7 @@ int WriteSnapshots(HostWindow& window, const SnapshotOptions& options)
         if (!style) continue;
         found = shown = true;
         view.Groups().Select(editor);
-        view.Select(style->ID());
+        view.Select({style->ID()});
         album.Take(&window, QObject::tr("样式管理器"));
         TakeQuestions(view, album);
         TakeDialogs(*editor, album);

@@ -99,7 +99,7 @@ void StyleCommands::New(CStyle* from)
 {
     const CStyle* const made = m_editor->New(from);
     emit Listed();
-    if (made) emit Made(made->ID());
+    if (made) emit Made({made->ID()});
 }
 
 bool StyleCommands::ConfirmDelete(const Selection& selected) const
@@ -118,16 +118,22 @@ void StyleCommands::Delete(const Selection& selected)
     const CStyle* const standard = styles->DefaultItem();
     const std::optional<GUID> before = standard ? std::optional(standard->ID()) : std::nullopt;
     int deleted = 0;
+    QStringList left;
     for (const GUID& id : selected) {
         CStyle* const style = styles->Item(id);
-        if (!style || !m_editor->Delete(style)) continue;
-        ++deleted;
+        if (!style) continue;
+        const QString name = ToQString(style->Name());
         Problems problems;
-        const bool moved = styles->Files().SetAside(id, problems);
+        if (m_editor->Delete(style) && styles->Files().SetAside(id, problems))
+            ++deleted;
+        else
+            left << name;
         TraceProblems(problems);
-        if (!moved) emit Failed(tr("样式已从列表中删除, 但它的文件没有移走。"));
     }
+    // What could not be moved away would be read again the next time: the list tells so now.
+    if (!left.isEmpty()) m_editor->Refurbish();
     if (deleted > 0) emit Note(tr("已删除 %1 个样式, 可以用“已删除…”恢复。").arg(deleted));
+    if (!left.isEmpty()) emit Failed(tr("没有删除: %1。它的文件无法移走。").arg(left.join(u'、')));
     KeepDefault(before);
     emit Listed();
 }
@@ -158,6 +164,7 @@ void StyleCommands::Import()
     const StyleImport result =
         styles->ImportAndSave(FromQString(path), dialog.Names(), dialog.Overwrite());
     emit Listed();
+    emit Made(result.ids);
     if (!result.read)
         emit Failed(tr("无法导入: %1").arg(path));
     else if (result.failed > 0)
@@ -192,6 +199,8 @@ void StyleCommands::SaveAsTemplate()
 
 void StyleCommands::ShowDeleted()
 {
-    DeletedStylesDialog(*m_editor, m_window).exec();
+    DeletedStylesDialog dialog(*m_editor, m_window);
+    dialog.exec();
     emit Listed();
+    emit Made(dialog.BroughtBack());
 }

@@ -29,8 +29,8 @@ public:
     void Run(unsigned command, const Selection& selected);
 
 signals:
-    void Begun();              // before a command is done
-    void Made(const GUID& id); // a new style, to be selected
+    void Begun();                       // before a command is done
+    void Made(const Selection& styles); // new in the list, to be selected
     void Note(const QString& text);
     void Failed(const QString& text);
     void ReloadWanted();

@@ -1,6 +1,8 @@
 #include "host/StyleManagerView.h"
 
 #include <algorithm>
+#include <cstring>
+#include <set>
 
 #include <QContextMenuEvent>
 #include <QHeaderView>
@@ -25,6 +27,13 @@ namespace {
 
 const QString kSplitterKey = QStringLiteral("styleManager/splitter");
 const QString kColumnsKey = QStringLiteral("styleManager/columns");
+
+struct Less {
+    bool operator()(const GUID& a, const GUID& b) const
+    {
+        return std::memcmp(&a, &b, sizeof(GUID)) < 0;
+    }
+};
 
 } // namespace
 
@@ -149,6 +158,10 @@ void StyleManagerView::Connect()
     connect(m_commands, &StyleCommands::Made, this, &StyleManagerView::Select);
     connect(m_commands, &StyleCommands::Listed, this, &StyleManagerView::Refresh);
     m_refurbished = CStyles::ConnectRefurbish([this](CStyles&) { Refresh(); });
+    m_selectWanted = CStyleEditor::SelectWanted().Connect([this](const GUID& id) {
+        Select({id});
+        m_table->setFocus();
+    });
     m_groupsChanged = CStyleManager::Changed().Connect([this] { ShowGroups(); });
 }
 
@@ -175,6 +188,11 @@ void StyleManagerView::Refresh()
     Adjust();
 }
 
+GUID StyleManagerView::IdAt(const QModelIndex& shown) const
+{
+    return m_list->IdAt(m_shown->mapToSource(shown).row());
+}
+
 StyleCommands::Selection StyleManagerView::Selected() const
 {
     QModelIndexList rows = m_table->selectionModel()->selectedRows();
@@ -182,27 +200,35 @@ StyleCommands::Selection StyleManagerView::Selected() const
               [](const QModelIndex& a, const QModelIndex& b) { return a.row() < b.row(); });
     StyleCommands::Selection ids;
     for (const QModelIndex& row : rows)
-        ids.push_back(m_list->IdAt(m_shown->mapToSource(row).row()));
+        ids.push_back(IdAt(row));
     return ids;
 }
 
 std::optional<GUID> StyleManagerView::Current() const
 {
-    const QModelIndex current = m_shown->mapToSource(m_table->currentIndex());
-    if (!current.isValid()) return {};
-    return m_list->IdAt(current.row());
+    if (!m_table->currentIndex().isValid()) return {};
+    return IdAt(m_table->currentIndex());
 }
 
 void StyleManagerView::SelectAll(const StyleCommands::Selection& ids,
                                  const std::optional<GUID>& current)
 {
-    QItemSelection selection;
+    const std::set<GUID, Less> wanted(ids.begin(), ids.end());
+    QItemSelection selection; // a range for each run of rows: single ones would be slow to select
     QModelIndex shown;
-    for (int row = 0; row < m_shown->rowCount(); ++row) {
+    QModelIndex first;
+    QModelIndex last;
+    for (int row = 0; row <= m_shown->rowCount(); ++row) {
         const QModelIndex index = m_shown->index(row, 0);
-        const GUID id = m_list->IdAt(m_shown->mapToSource(index).row());
-        if (std::find(ids.begin(), ids.end(), id) != ids.end()) selection.select(index, index);
-        if (current == id) shown = index;
+        const GUID id = index.isValid() ? IdAt(index) : GUID();
+        const bool isWanted = index.isValid() && wanted.contains(id);
+        if (index.isValid() && current == id) shown = index;
+        if (isWanted && !first.isValid()) first = index;
+        if (!isWanted && first.isValid()) {
+            selection.select(first, last);
+            first = {};
+        }
+        last = index;
     }
     QItemSelectionModel* const model = m_table->selectionModel();
     model->setCurrentIndex(shown, QItemSelectionModel::NoUpdate);
@@ -210,13 +236,22 @@ void StyleManagerView::SelectAll(const StyleCommands::Selection& ids,
     if (shown.isValid()) m_table->scrollTo(shown);
 }
 
-void StyleManagerView::Select(const GUID& id)
+void StyleManagerView::Select(const StyleCommands::Selection& ids)
 {
-    SelectAll({id}, id);
-    if (!m_table->currentIndex().isValid() && !m_filter->text().isEmpty()) {
-        m_filter->clear();
-        SelectAll({id}, id);
-    }
+    if (ids.empty()) return;
+    SelectAll(ids, ids.front());
+    if (m_filter->text().isEmpty() || Selected().size() == ids.size()) return;
+    m_filter->clear();
+    SelectAll(ids, ids.front());
+}
+
+void StyleManagerView::SelectOne()
+{
+    if (!Selected().empty() || m_shown->rowCount() == 0) return;
+    const CStyleEditor* const editor = m_commands->Editor();
+    const CStyle* const standard = editor ? editor->GetStyles()->DefaultItem() : nullptr;
+    if (standard) SelectAll({standard->ID()}, standard->ID());
+    if (Selected().empty()) m_table->selectRow(0);
 }
 
 void StyleManagerView::SetHint(const QString& text, const QString& caption,
@@ -238,11 +273,11 @@ void StyleManagerView::ShowHint()
         caption.clear();
     } else if (text.isEmpty() && m_list->rowCount() == 0) {
         text = tr("这个项目还没有样式。");
-        caption = m_commands->IsEnabled(kCommandNewStyle, {}) ? tr("新建") : QString();
+        caption = m_commands->IsEnabled(kCommandNewStyle, {}) ? tr("新建(&W)") : QString();
         action = [this] { m_commands->Run(kCommandNewStyle, {}); };
     } else if (text.isEmpty() && m_shown->rowCount() == 0) {
         text = tr("没有名称含“%1”的样式。").arg(m_filter->text());
-        caption = tr("清除筛选");
+        caption = tr("清除筛选(&F)");
         action = [this] { m_filter->clear(); };
     }
     m_hint->setText(text);

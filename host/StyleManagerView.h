@@ -37,8 +37,10 @@ public:
 
     // The identities of the selected styles, from top to bottom.
     StyleCommands::Selection Selected() const;
-    // Selects one, and takes a filter away that hides it.
-    void Select(const GUID& id);
+    // Selects these, and takes a filter away that hides one of them.
+    void Select(const StyleCommands::Selection& ids);
+    // Where nothing is selected: the default one, or else the first.
+    void SelectOne();
     // The menu for the selected ones, at that place of the screen; waits until it is closed.
     void ShowContextMenu(const QPoint& position);
 
@@ -58,6 +60,7 @@ private:
     void Refresh();
     void SelectAll(const StyleCommands::Selection& ids, const std::optional<GUID>& current);
     std::optional<GUID> Current() const;
+    GUID IdAt(const QModelIndex& shown) const;
     void ShowHint();
     void Adjust();
     void RestoreLayout();
@@ -79,4 +82,5 @@ private:
     std::function<void()> m_hostAction;
     designspec::Connection m_refurbished;
     designspec::Connection m_groupsChanged;
+    designspec::Connection m_selectWanted;
 };

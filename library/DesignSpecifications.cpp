@@ -158,6 +158,7 @@ StyleImport CDesignSpecifications::ImportAndSave(const CString& path, const CStr
         if (taken.how == Taken::Added) ++result.added;
         if (taken.how == Taken::Overwritten) ++result.overwritten;
         if (!taken.saved) ++result.failed;
+        if (taken.how != Taken::Left) result.ids.push_back(taken.id);
     }
     return result;
 }

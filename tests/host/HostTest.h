@@ -112,6 +112,13 @@ protected:
     {
         QTest::mouseClick(Table()->viewport(), Qt::LeftButton, modifiers, RowPlace(name));
     }
+    // Below the last row: nothing is selected after that.
+    void ClickNoRow() const
+    {
+        QWidget* const viewport = Table()->viewport();
+        QTest::mouseClick(viewport, Qt::LeftButton, {},
+                          viewport->rect().bottomLeft() + QPoint(20, -5));
+    }
     void OpenContextMenu() const
     {
         const QPoint place = Table()->viewport()->rect().center();
@@ -134,6 +141,10 @@ protected:
         QWidget* const shown = Control(host.get(), bar);
         return shown->isVisible() ? FromQString(Control<QLabel>(shown, ControlId::BarText)->text())
                                   : CString();
+    }
+    bool WaitForNoBar(int bar) const
+    {
+        return QTest::qWaitFor([&] { return !Control(host.get(), bar)->isVisible(); }, 5000);
     }
     bool WaitForBar(int bar) const
     {

@@ -78,6 +78,7 @@ TEST_F(StyleCommandsTest, WithoutASelectionOnlyTheLibrarysCommandsAreEnabled)
 {
     Have({L"甲"});
     Start();
+    ClickNoRow();
     ExpectModal menu([](QWidget* window) {
         CStringArray enabled;
         for (const ShownMenuItem& item : ReadMenu(window))
@@ -368,6 +369,7 @@ TEST_F(StyleCommandsTest, WithoutASelectionEverythingIsExported)
 {
     Have({L"a", L"b"});
     Start();
+    ClickNoRow();
     const CString file = Outside("all.hds");
     ExpectModal dialog(ChooseFile(Outside("all"))); // the ending is added
     Key(Qt::Key_E, Qt::ControlModifier);
@@ -375,6 +377,88 @@ TEST_F(StyleCommandsTest, WithoutASelectionEverythingIsExported)
     CArray<GUID> ids;
     ASSERT_TRUE(files.StyleNames(file.c_str(), names, ids));
     EXPECT_EQ(names.size(), 2u);
+}
+
+TEST_F(StyleCommandsTest, APointInTheNameIsNoEnding)
+{
+    Have({L"规范1.5"});
+    Start();
+    ClickRow(L"规范1.5");
+    const auto accept = [this](const CString& typed) {
+        ExpectModal dialog([&](QWidget* window) {
+            dynamic_cast<QFileDialog*>(window)->setDirectory(ToQString(settings.Path()));
+            auto* const name = window->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+            EXPECT_EQ(name->text(), QStringLiteral("规范1.5.hds"));
+            name->setFocus();
+            if (!typed.empty()) name->setText(ToQString(typed));
+            QTest::keyClick(name, Qt::Key_Return);
+        });
+        Key(Qt::Key_E, Qt::ControlModifier);
+    };
+    accept({});
+    EXPECT_EQ(BarText(ControlId::NoteBar), L"已导出: " + Outside("规范1.5.hds"));
+    accept(L"规范2.5");
+    EXPECT_EQ(BarText(ControlId::NoteBar), L"已导出: " + Outside("规范2.5.hds"));
+    accept(L"other.xml");
+    EXPECT_EQ(BarText(ControlId::NoteBar), L"已导出: " + Outside("other.xml"));
+}
+
+TEST_F(StyleCommandsTest, WhatIsImportedIsSelected)
+{
+    Have({L"a", L"b", L"c"});
+    CFakeStyles other;
+    other.Update();
+    const CString file = Outside("in.hds");
+    ASSERT_TRUE(other.Export(file.c_str(), {L"a", L"c"}, nullptr));
+    Start();
+    ClickRow(L"a");
+    Delete(L"要删除“a”吗?");
+    ClickRow(L"b");
+    TypeInto(host.get(), ControlId::Filter, L"b");
+    ExpectModal choice(ChooseFile(file));
+    ExpectModal dialog([](QWidget* window) {
+        Click(window, ControlId::ImportOverwrite);
+        Click(window, IDOK);
+    });
+    Key(Qt::Key_I, Qt::ControlModifier);
+    EXPECT_EQ(Selected(), (CStringArray{L"a", L"c"}));
+}
+
+TEST_F(StyleCommandsTest, AStyleThatCannotBeMovedAwayIsNotDeleted)
+{
+    Have({L"a", L"b"});
+    project.Write("规范/已删除", "a file where the folder should be");
+    Start();
+    ClickRow(L"a");
+    Delete(L"要删除“a”吗?");
+    EXPECT_EQ(BarText(ControlId::NoteBar), L"") << "nothing can be brought back";
+    EXPECT_TRUE(BarText(ControlId::ErrorBar).starts_with(L"没有删除: a。它的文件无法移走。"))
+        << ToUtf8(BarText(ControlId::ErrorBar));
+    EXPECT_EQ(Listed(), (CStringArray{L"a", L"b"}));
+    EXPECT_EQ(HdsFiles("规范"), 2u);
+    std::filesystem::remove(project.Native("规范/已删除"));
+    ClickRow(L"a");
+    Delete(L"要删除“a”吗?");
+    EXPECT_EQ(Listed(), CStringArray{L"b"});
+    EXPECT_EQ(BarText(ControlId::ErrorBar), L"") << "the one before has nothing to do with it";
+}
+
+TEST_F(StyleCommandsTest, ADefaultThatIsBackIsNotCalledDeleted)
+{
+    Have({L"a", L"b"});
+    Start();
+    ClickRow(L"a");
+    Key(Qt::Key_D, Qt::ControlModifier);
+    Delete(L"要删除“a”吗?");
+    ASSERT_EQ(BarText(ControlId::NoteBar), L"默认样式已删除, 请另设一个默认样式。");
+    ExpectModal dialog([](QWidget* window) {
+        Click(window, ControlId::BringBack);
+        Click(window, IDCANCEL);
+    });
+    Key(Qt::Key_D, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(Listed(), (CStringArray{L"*a", L"b"}));
+    EXPECT_EQ(Selected(), CStringArray{L"a"});
+    EXPECT_EQ(BarText(ControlId::NoteBar), L"");
 }
 
 TEST_F(StyleCommandsTest, AnImportThatOverwritesUnderAnotherNameLeavesOneFile)

@@ -121,6 +121,7 @@ StyleImport CFakeStyles::ImportAndSave(const CString& path, const CStringArray& 
         const bool known = std::find(before.begin(), before.end(), ids[i]) != before.end();
         if (known && !overwrite) continue;
         ++(known ? result.overwritten : result.added);
+        result.ids.push_back(ids[i]);
         Problems problems;
         const bool aside = !known || Files().SetAside(ids[i], problems);
         TraceProblems(problems);

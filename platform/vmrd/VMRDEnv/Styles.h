@@ -15,6 +15,7 @@ struct StyleImport {
     int added = 0;       // styles that the library did not have
     int overwritten = 0; // styles that it had, and that are now as in the file
     int failed = 0;      // among both, those that could not be saved
+    CArray<GUID> ids;    // of both
 };
 
 // The folder of styles of the current project.
