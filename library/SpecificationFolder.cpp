@@ -57,6 +57,23 @@ void StoreAlone(const CDesignSpecification& specification, CXTPPropExchangeXMLNo
     Store(styles, specification);
 }
 
+// Its own name, or with a number behind it the first one that no other has.
+CString FreeName(const CDesignSpecification& specification,
+                 const std::vector<std::unique_ptr<CDesignSpecification>>& others)
+{
+    const CString base = specification.Name();
+    CString candidate = base;
+    const auto isTaken = [&] {
+        const NoCaseKey key(candidate);
+        return std::any_of(others.begin(), others.end(), [&](const auto& other) {
+            return other.get() != &specification && other->IsNamed(key);
+        });
+    };
+    for (int k = 1; isTaken(); ++k)
+        candidate = Format(L"%s(%d)", base, k);
+    return candidate;
+}
+
 } // namespace
 
 SpecificationFolder::SpecificationFolder(const CString& path) : m_files(path, kLibraryName) {}
@@ -94,11 +111,7 @@ int SpecificationFolder::IndexOf(const CDesignSpecification& specification) cons
 
 CDesignSpecification& SpecificationFolder::Add(std::unique_ptr<CDesignSpecification> specification)
 {
-    const CString base = specification->Name();
-    CString candidate = base;
-    for (int k = 1; Find(candidate.c_str()); ++k)
-        candidate = Format(L"%s(%d)", base, k);
-    if (candidate != base) specification->SetName(candidate.c_str());
+    specification->SetName(FreeName(*specification, m_items).c_str());
     return *m_items.emplace_back(std::move(specification));
 }
 
@@ -341,20 +354,23 @@ TakenSpecification SpecificationFolder::TakeIn(ReadSpecification read, const CSt
 {
     const GUID id = read.specification->ID();
     const CString name = read.specification->Name();
-    if (CDesignSpecification* present = Find(id)) {
+    TakenSpecification result{id, Taken::Added};
+    CDesignSpecification* taken = Find(id);
+    if (!taken) {
+        taken = &Add(std::move(read.specification));
+    } else {
         AddProblem(problems, clash, path, read.line,
-                   Format(L"样式“%s”与已有的“%s”标识相同(%s),%s", name, present->Name(),
+                   Format(L"样式“%s”与已有的“%s”标识相同(%s),%s", name, taken->Name(),
                           VMRDPub::GUIDToStr(id), CString(overwrite ? L"已用它覆盖" : L"未导入")));
         if (!overwrite) return {id, Taken::Left, false};
-        const bool changed = !(*present == *read.specification);
-        *present = *read.specification;
-        return {id, Taken::Overwritten, changed};
+        result = {id, Taken::Overwritten, !(*taken == *read.specification)};
+        *taken = *read.specification;
+        taken->SetName(FreeName(*taken, m_items).c_str());
     }
-    const CDesignSpecification& added = Add(std::move(read.specification));
-    if (added.Name() != name)
+    if (taken->Name() != name)
         AddProblem(problems, Severity::Note, path, read.line,
-                   Format(L"样式“%s”重名,改称“%s”", name, added.Name()));
-    return {id, Taken::Added};
+                   Format(L"样式“%s”重名,改称“%s”", name, taken->Name()));
+    return result;
 }
 
 ImportOutcome SpecificationFolder::Import(const CString& path, const CStringArray& names,

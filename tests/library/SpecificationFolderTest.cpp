@@ -1,5 +1,7 @@
 #include "library/SpecificationFolder.h"
 
+#include <algorithm>
+
 #include "tests/support/LibraryTest.h"
 
 namespace fs = std::filesystem;
@@ -98,6 +100,32 @@ TEST_F(SpecificationFolderTest, ImportSavesTheNewAndTheOverwritten)
     EXPECT_EQ(MarkOf(L"changed"), 5);
     EXPECT_EQ(MarkOf(L"kept(1)"), 6);
     EXPECT_EQ(Library().Count(), 3);
+}
+
+TEST_F(SpecificationFolderTest, AnOverwrittenOneWithTheNameOfAnotherGetsANumber)
+{
+    AddSaved(Make(L"a", 1, kIdA));
+    AddSaved(Make(L"b", 2, kIdB));
+    const CString path = m_project.Write("in.hds", Envelope(Style("B", kIdA, 5)));
+    const ImportOutcome outcome = Library().Folder().Import(path, {}, true);
+    EXPECT_TRUE(outcome.done);
+    EXPECT_EQ(Names(), L"B(1) b");
+    const auto tells = [](const Problem& problem) {
+        return problem.line == 5 && problem.text == L"样式“B”重名,改称“B(1)”";
+    };
+    EXPECT_EQ(std::count_if(outcome.problems.begin(), outcome.problems.end(), tells), 1);
+    Reload();
+    EXPECT_EQ(Library().Count(), 2);
+    EXPECT_EQ(MarkOf(L"B(1)"), 5);
+    EXPECT_EQ(MarkOf(L"b"), 2);
+}
+
+TEST_F(SpecificationFolderTest, AnOverwrittenOneKeepsItsOwnName)
+{
+    AddSaved(Make(L"a", 1, kIdA));
+    const CString path = m_project.Write("in.hds", Envelope(Style("A", kIdA, 5)));
+    EXPECT_TRUE(Library().Folder().Import(path, {}, true).done);
+    EXPECT_EQ(Names(), L"A");
 }
 
 TEST_F(SpecificationFolderTest, ImportWithoutOverwritingLeavesWhatIsThere)
