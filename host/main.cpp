@@ -9,6 +9,7 @@
 #include <QCommandLineParser>
 #include <QSettings>
 #include <QTemporaryDir>
+#include <QTemporaryFile>
 
 #include "host/Appearance.h"
 #include "host/HostWindow.h"
@@ -34,10 +35,22 @@ bool HasOption(int argc, char** argv, std::initializer_list<std::string_view> na
     return false;
 }
 
+// No window is larger than the screen, and the one that there is without a display is small:
+// pictures show windows as on a usual one.
+QByteArray ScreenOption()
+{
+    static QTemporaryFile file; // goes at the end
+    const QByteArray screen = R"({"screens": [{"name": "usual", "x": 0, "y": 0, "width": 1920,
+        "height": 1080, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})";
+    if (!file.open() || file.write(screen) != screen.size() || !file.flush()) return {};
+    return ":configfile=" + file.fileName().toUtf8();
+}
+
 // Pictures and help need no display, and a window that flashes by serves nobody.
 void DoWithoutDisplay()
 {
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen" + ScreenOption());
     qInstallMessageHandler(KeepQuiet);
 }
 

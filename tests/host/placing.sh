@@ -105,4 +105,14 @@ has_size "$dialog" 600 400 || fail "in the next run the editor is $WIDTH x $HEIG
 expect_on_the_screen "$editor"
 close_editor
 leave_host
+
+# Pictures are taken without a display, and show windows as large as they are on a usual one.
+(
+    unset DISPLAY QT_QPA_PLATFORM QT_SCALE_FACTOR
+    "$programs/roadhost" "$project" --snapshot "$work/pictures" >"$work/host.log" 2>&1
+) || fail 'no pictures'
+for picture in "$work"/pictures/01-*.png; do
+    wide=$(od -An -j16 -N4 -tu4 --endian=big "$picture") # of its head
+    [ "$wide" -gt 900 ] || fail "the picture of the host is $wide wide"
+done
 echo 'passed'
