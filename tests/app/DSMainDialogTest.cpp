@@ -1,5 +1,9 @@
 #include "app/DSMainDialog.h"
 
+#include <csignal>
+
+#include <sys/resource.h>
+
 #include <QLayout>
 #include <QLineEdit>
 #include <QPushButton>
@@ -17,6 +21,29 @@ namespace {
 using Log = std::vector<std::string>;
 
 const Log kValidated = {"1.Validate", "2.Validate", "3.Validate", "4.Validate"};
+
+// No file can be made longer than a line as long as it lives.
+class FullDisk {
+public:
+    FullDisk()
+    {
+        getrlimit(RLIMIT_FSIZE, &m_before);
+        rlimit full = m_before;
+        full.rlim_cur = 64;
+        setrlimit(RLIMIT_FSIZE, &full);
+    }
+    ~FullDisk()
+    {
+        setrlimit(RLIMIT_FSIZE, &m_before);
+        std::signal(SIGXFSZ, m_handler);
+    }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+
+private:
+    rlimit m_before;
+    void (*m_handler)(int) = std::signal(SIGXFSZ, SIG_IGN); // a write fails instead
+};
 
 class DSMainDialog : public AppTest {
 protected:
@@ -62,14 +89,15 @@ protected:
     {
         return window->focusWidget() == Control(window, id);
     }
-    // 确定 tells that `name` was not saved because of `file`, and the dialog stays open.
-    void ExpectNotSaved(QWidget* window, const CString& name, const CString& file) const
+    // 确定 tells that `name` cannot be saved on a full disk, and the dialog stays open.
+    void ExpectNotSaved(QWidget* window, const CString& name) const
     {
         {
+            const FullDisk full;
             const ExpectModal box([&](QWidget* message) {
                 const CString text = ReadMessage(message).text;
                 EXPECT_TRUE(text.starts_with(L"“" + name + L"”没有保存, 输入的内容还在。\n\n" +
-                                             m_project.Path(file) + L":"))
+                                             m_project.Path(L"规范")))
                     << ToUtf8(text);
                 ClickMessageButton(message, L"确定");
             });
@@ -641,16 +669,14 @@ TEST_F(DSMainDialog, ASaveThatFailsLeavesWhatWasEnteredInTheDialog)
 {
     const std::string file = FileOf(AddSaved(Make(L"甲", 20)));
     const std::string stored = m_project.Read(file);
-    std::filesystem::remove(m_project.Native(file));
-    std::filesystem::create_directories(m_project.Native(file) / "in the way");
     EXPECT_EQ(RunPages(
                   [&](QWidget* window) {
                       ClickItem(window, "直线长度");
                       TypeInto(window, 104, L"30.5");
-                      ExpectNotSaved(window, L"甲", ToWide(file));
+                      ExpectNotSaved(window, L"甲");
                       EXPECT_EQ(MarkOf(L"甲"), 20) << "the library has what is stored";
+                      EXPECT_EQ(m_project.Read(file), stored);
                       EXPECT_EQ(Control<QLineEdit>(window, 104)->text(), QStringLiteral("30.5"));
-                      std::filesystem::remove_all(m_project.Native(file));
                       Accept(window);
                   },
                   L"甲"),
@@ -661,24 +687,19 @@ TEST_F(DSMainDialog, ASaveThatFailsLeavesWhatWasEnteredInTheDialog)
 
 TEST_F(DSMainDialog, ARenameThatFailsCanBeTakenBack)
 {
-    const CDesignSpecification& edited = AddSaved(Make(L"甲", 20));
-    CDesignSpecification renamed = edited;
-    renamed.SetName(L"乙");
-    const std::string newFile = FileOf(renamed);
-    std::filesystem::create_directories(m_project.Native(newFile) / "in the way");
+    AddSaved(Make(L"甲", 20));
     EXPECT_EQ(RunPages(
                   [&](QWidget* window) {
                       ClickItem(window, "直线长度");
                       TypeInto(window, 104, L"30");
                       TypeInto(window, 108, L"乙");
-                      ExpectNotSaved(window, L"乙", ToWide(newFile));
+                      ExpectNotSaved(window, L"乙");
                       EXPECT_EQ(Names(), L"甲");
                       TypeInto(window, 108, L"甲");
                       Accept(window);
                   },
                   L"甲"),
               IDOK);
-    std::filesystem::remove_all(m_project.Native(newFile));
     EXPECT_EQ(SpecificationFiles(), 1);
     Reload();
     EXPECT_EQ(Names(), L"甲");
@@ -687,12 +708,10 @@ TEST_F(DSMainDialog, ARenameThatFailsCanBeTakenBack)
 
 TEST_F(DSMainDialog, ANewOneThatCannotBeSavedIsNotInTheLibrary)
 {
-    m_project.Write("规范", "a file where the folder should be");
     EXPECT_EQ(RunPages(
                   [&](QWidget* window) {
-                      ExpectNotSaved(window, L"规范1", L"规范");
+                      ExpectNotSaved(window, L"规范1");
                       EXPECT_EQ(Library().Count(), 0);
-                      std::filesystem::remove(m_project.Native("规范"));
                       Accept(window);
                   },
                   L"规范1", true),
