@@ -238,6 +238,8 @@ void CDSMainDialog::OnOK()
     if (!CheckName(name) || !ValidatePages()) return;
     const CEditStore::Result settled = Settle(name);
     if (settled == CEditStore::Result::Back) return;
+    // One that was saved elsewhere is none of the library's.
+    if (m_isNew && settled == CEditStore::Result::Done) return CDialog::OnCancel();
     if (settled == CEditStore::Result::Done || Store(name)) CDialog::OnOK();
 }
 
@@ -283,8 +285,13 @@ void CDSMainDialog::reject()
 
 bool CDSMainDialog::CheckName(const CString& name)
 {
-    const CString problem = StyleNameProblem(CDesignSpecifications::GetInstance()->Folder(), name,
-                                             m_isNew ? CString() : m_name);
+    const SpecificationFolder& folder = CDesignSpecifications::GetInstance()->Folder();
+    CString problem = StyleNameProblem(folder, name, m_isNew ? CString() : m_name);
+    // Others may have taken the name since the library was read.
+    if (const auto now = ReadIfChanged(folder); now && problem.empty()) {
+        const CDesignSpecification* const own = m_opened ? now->Find(m_opened->ID()) : nullptr;
+        problem = StyleNameProblem(*now, name, own ? own->Name() : CString());
+    }
     if (problem.empty()) return true;
     if (QWidget* const field = GetDlgItem(kName)) field->setFocus();
     Show(problem);

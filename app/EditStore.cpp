@@ -19,7 +19,7 @@ using namespace designspec;
 
 namespace {
 
-using Kind = OthersChange::Kind;
+using Kind = ChangeByOthers::Kind;
 
 SpecificationFolder& Folder()
 {
@@ -65,7 +65,7 @@ CEditStore::CEditStore(const CDesignSpecification& opened, const CDesignSpecific
 
 CEditStore::Result CEditStore::Settle()
 {
-    const OthersChange change = FindOthersChange(Folder(), m_opened);
+    const ChangeByOthers change = FindChangeByOthers(Folder(), m_opened);
     if (change.kind == Kind::None) return Result::AsUsual;
     if (change.kind == Kind::FolderGone)
         return m_isEdited ? SaveElsewhere(m_mine, m_owner) : Result::Done;
@@ -76,7 +76,7 @@ CEditStore::Result CEditStore::Settle()
     return change.kind == Kind::Changed ? SettleChanged(change) : SettleGone(change);
 }
 
-CEditStore::Result CEditStore::SettleChanged(const OthersChange& change)
+CEditStore::Result CEditStore::SettleChanged(const ChangeByOthers& change)
 {
     const auto changes = Changes(m_opened, m_mine, *change.theirs);
     const CDesignSpecification both = Merged(m_opened, m_mine, *change.theirs);
@@ -106,7 +106,7 @@ CEditStore::Result CEditStore::SettleChanged(const OthersChange& change)
     }
 }
 
-CEditStore::Result CEditStore::SettleGone(const OthersChange& change)
+CEditStore::Result CEditStore::SettleGone(const ChangeByOthers& change)
 {
     const bool isRemoved = change.kind == Kind::Removed;
     COthersChangeDialog dialog(Format(isRemoved
@@ -126,8 +126,8 @@ CEditStore::Result CEditStore::SettleGone(const OthersChange& change)
     }
 }
 
-CEditStore::Result CEditStore::Keep(const CDesignSpecification& wanted, const OthersChange& change,
-                                    bool keepCopy)
+CEditStore::Result CEditStore::Keep(const CDesignSpecification& wanted,
+                                    const ChangeByOthers& change, bool keepCopy)
 {
     Reread();
     SpecificationFolder& folder = Folder();

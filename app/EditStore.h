@@ -2,7 +2,7 @@
 // of theirs goes without a way back, nor anything of the user's.
 #pragma once
 
-#include "library/OthersChange.h"
+#include "library/ChangeByOthers.h"
 #include "model/Differences.h"
 #include "platform/mfc/Dialog.h"
 
@@ -28,12 +28,12 @@ public:
     static Result SaveElsewhere(const CDesignSpecification& entered, QWidget* owner);
 
 private:
-    using OthersChange = designspec::OthersChange;
+    using ChangeByOthers = designspec::ChangeByOthers;
 
-    Result SettleChanged(const OthersChange& change);
-    Result SettleGone(const OthersChange& change);
+    Result SettleChanged(const ChangeByOthers& change);
+    Result SettleGone(const ChangeByOthers& change);
     // Saves it; a copy of their file is kept first if wanted.
-    Result Keep(const CDesignSpecification& wanted, const OthersChange& change, bool keepCopy);
+    Result Keep(const CDesignSpecification& wanted, const ChangeByOthers& change, bool keepCopy);
     Result TakeTheirs();
     Result Told(const designspec::Outcome& outcome) const;
     static Result Told(const designspec::Outcome& outcome, QWidget* owner);

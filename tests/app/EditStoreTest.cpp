@@ -384,10 +384,28 @@ TEST_F(EditStore, ANewOneIsSavedElsewhereWhenTheProjectHasGone)
             const ExpectModal asking(ChooseFile(elsewhere.Native("新.hds")));
             Click(window, IDOK);
         });
-        EXPECT_EQ(dialog.DoModal(), IDOK);
+        EXPECT_EQ(dialog.DoModal(), IDCANCEL); // nothing was added to the library
     }
     EXPECT_FALSE(std::filesystem::exists(m_project.Native()));
     EXPECT_TRUE(elsewhere.Has("新.hds"));
     EXPECT_EQ(Names(), L"甲");
     std::filesystem::rename(moved, m_project.Native());
+}
+
+TEST_F(EditStore, ANameThatAColleagueHasTakenMeanwhileIsRefused)
+{
+    const auto refused = [this](QWidget* window) {
+        m_project.Write("规范/别的.hds", Envelope(Style("乙", kIdB)));
+        TypeInto(window, 108, L"乙");
+        {
+            const ExpectMessage box(L"和已有样式重名!");
+            Click(window, IDOK);
+        }
+        Click(window, IDCANCEL);
+    };
+    EXPECT_EQ(Run(refused), IDCANCEL);
+    CDSMainDialog dialog(L"乙", true, nullptr, &m_frame);
+    const ExpectModal modal(refused);
+    EXPECT_EQ(dialog.DoModal(), IDCANCEL);
+    EXPECT_EQ(Names(), L"甲");
 }

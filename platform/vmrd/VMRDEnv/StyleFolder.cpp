@@ -118,6 +118,17 @@ bool StyleFolder::IsKnown(const CString& file) const
            ContentOf(bytes) == known->second;
 }
 
+bool StyleFolder::IsAsKnown() const
+{
+    Problems problems;
+    const CStringArray files = Files(problems);
+    return problems.empty() &&
+           std::all_of(files.begin(), files.end(),
+                       [&](const CString& file) { return IsKnown(file); }) &&
+           std::all_of(m_known.begin(), m_known.end(),
+                       [&](const auto& known) { return !known.second || Has(known.first); });
+}
+
 bool StyleFolder::Load(const CString& file, CXTPPropExchangeXMLNode& root, Problems& problems)
 {
     std::string bytes;

@@ -49,6 +49,8 @@ public:
     bool Has(const CString& file) const;
     // True when the file is as it was last loaded or saved here, or gone as it was left.
     bool IsKnown(const CString& file) const;
+    // True when all files are, and none has come or gone.
+    bool IsAsKnown() const;
 
     bool Load(const CString& file, CXTPPropExchangeXMLNode& root, Problems& problems);
     // Makes the folder when there is none, but not the project's. Whole or not at all.

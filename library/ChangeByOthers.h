@@ -5,7 +5,7 @@
 
 namespace designspec {
 
-struct OthersChange {
+struct ChangeByOthers {
     enum class Kind {
         None,       // nothing that concerns it
         Changed,    // it is another one now, by content or by name
@@ -15,15 +15,17 @@ struct OthersChange {
     };
     Kind kind = Kind::None;
     std::optional<CDesignSpecification> theirs; // what it is now, when it was changed
-    CString path;      // of its file as it is now, or was; else of the folder of the files
-    Problems problems; // of the files as they are now
+    CString path; // of its file as it is now, or was; else of the folder of the files
 };
+
+// The folder as its files are now, when they are not as they were loaded or saved here; else null.
+AFX_EXT_API std::unique_ptr<SpecificationFolder> ReadIfChanged(const SpecificationFolder& folder);
 
 // `opened` is the specification as it was when somebody began to work on it. The folder's list may
 // have been read anew since; files that appeared since count as well. Of several files that hold
 // the specification the one counts that a load would take it from. One that never had a file
 // cannot be removed from outside. The folder itself is not read anew.
-AFX_EXT_API OthersChange FindOthersChange(const SpecificationFolder& folder,
-                                          const CDesignSpecification& opened);
+AFX_EXT_API ChangeByOthers FindChangeByOthers(const SpecificationFolder& folder,
+                                              const CDesignSpecification& opened);
 
 } // namespace designspec

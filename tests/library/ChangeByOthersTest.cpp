@@ -1,18 +1,18 @@
-#include "library/OthersChange.h"
+#include "library/ChangeByOthers.h"
 
 #include "base/File.h"
 #include "tests/support/LibraryTest.h"
 
 namespace {
 
-using Kind = OthersChange::Kind;
+using Kind = ChangeByOthers::Kind;
 
 // Two libraries on one folder: the process-wide one, and a colleague's.
-class OthersChangeTest : public LibraryTest {
+class ChangeByOthersTest : public LibraryTest {
 protected:
-    OthersChangeTest() : m_opened(AddSaved(Make(L"甲", 20))) {}
+    ChangeByOthersTest() : m_opened(AddSaved(Make(L"甲", 20))) {}
 
-    OthersChange Find() { return FindOthersChange(Library().Folder(), m_opened); }
+    ChangeByOthers Find() { return FindChangeByOthers(Library().Folder(), m_opened); }
     SpecificationFolder& Colleague()
     {
         m_colleague.Load();
@@ -26,7 +26,7 @@ protected:
     }
 
     std::filesystem::path Moved() const { return m_project.Native().string() + ".moved"; }
-    std::string File(const OthersChange& change) const
+    std::string File(const ChangeByOthers& change) const
     {
         return std::filesystem::relative(NativePath(change.path), m_project.Native()).string();
     }
@@ -37,17 +37,17 @@ protected:
 
 } // namespace
 
-TEST_F(OthersChangeTest, ThereIsNoneInFilesAsTheyWereLoaded)
+TEST_F(ChangeByOthersTest, ThereIsNoneInFilesAsTheyWereLoaded)
 {
     EXPECT_EQ(Find().kind, Kind::None);
     Library().Update();
     EXPECT_EQ(Find().kind, Kind::None);
 }
 
-TEST_F(OthersChangeTest, AnotherContentIsSeen)
+TEST_F(ChangeByOthersTest, AnotherContentIsSeen)
 {
     ColleagueSets(25);
-    const OthersChange change = Find();
+    const ChangeByOthers change = Find();
     ASSERT_EQ(change.kind, Kind::Changed);
     EXPECT_EQ(change.theirs->BeelineLen.MaxLen, 25);
     EXPECT_EQ(File(change), FileOf(m_opened));
@@ -57,14 +57,14 @@ TEST_F(OthersChangeTest, AnotherContentIsSeen)
     EXPECT_EQ(Find().theirs->BeelineLen.MaxLen, 25);
 }
 
-TEST_F(OthersChangeTest, AFileWrittenAnewWithTheSameValuesIsNone)
+TEST_F(ChangeByOthersTest, AFileWrittenAnewWithTheSameValuesIsNone)
 {
     const std::string file = FileOf(m_opened);
     m_project.Write(file, m_project.Read(file) + "\n<!-- seen -->\n");
     EXPECT_EQ(Find().kind, Kind::None);
 }
 
-TEST_F(OthersChangeTest, AnotherSpecificationIsNone)
+TEST_F(ChangeByOthersTest, AnotherSpecificationIsNone)
 {
     CDesignSpecification other = Make(L"乙", 30);
     m_colleague.Load();
@@ -73,17 +73,17 @@ TEST_F(OthersChangeTest, AnotherSpecificationIsNone)
     EXPECT_EQ(Find().kind, Kind::None);
 }
 
-TEST_F(OthersChangeTest, AnotherNameIsAChange)
+TEST_F(ChangeByOthersTest, AnotherNameIsAChange)
 {
     CDesignSpecification& theirs = *Colleague().Find(L"甲");
     EXPECT_TRUE(m_colleague.Rename(theirs, L"乙").done);
-    const OthersChange change = Find();
+    const ChangeByOthers change = Find();
     ASSERT_EQ(change.kind, Kind::Changed);
     EXPECT_EQ(change.theirs->Name(), L"乙");
     EXPECT_EQ(File(change), FileOf(*change.theirs));
 }
 
-TEST_F(OthersChangeTest, AFileOfItsIdentityThatHasAppearedIsSeen)
+TEST_F(ChangeByOthersTest, AFileOfItsIdentityThatHasAppearedIsSeen)
 {
     CDesignSpecification theirs = m_opened;
     theirs.BeelineLen.MaxLen = 40;
@@ -92,13 +92,13 @@ TEST_F(OthersChangeTest, AFileOfItsIdentityThatHasAppearedIsSeen)
     std::filesystem::rename(
         m_project.Native("elsewhere/" + FileOf(m_opened).substr(std::string("规范/").size())),
         m_project.Native("规范/甲的副本.hds"));
-    const OthersChange change = Find();
+    const ChangeByOthers change = Find();
     ASSERT_EQ(change.kind, Kind::Changed);
     EXPECT_EQ(change.theirs->BeelineLen.MaxLen, 40);
     EXPECT_EQ(File(change), "规范/甲的副本.hds");
 }
 
-TEST_F(OthersChangeTest, AFileThatIsGoneIsSeen)
+TEST_F(ChangeByOthersTest, AFileThatIsGoneIsSeen)
 {
     EXPECT_TRUE(m_colleague.Load().done);
     EXPECT_TRUE(m_colleague.Remove(*m_colleague.Find(L"甲")).done);
@@ -108,15 +108,13 @@ TEST_F(OthersChangeTest, AFileThatIsGoneIsSeen)
     EXPECT_EQ(Find().kind, Kind::Removed);
 }
 
-TEST_F(OthersChangeTest, AFileThatCannotBeReadIsSeen)
+TEST_F(ChangeByOthersTest, AFileThatCannotBeReadIsSeen)
 {
     m_project.Write(FileOf(m_opened), "<StyleLibrary>");
-    const OthersChange change = Find();
-    EXPECT_EQ(change.kind, Kind::Unreadable);
-    EXPECT_FALSE(change.problems.empty());
+    EXPECT_EQ(Find().kind, Kind::Unreadable);
 }
 
-TEST_F(OthersChangeTest, AProjectThatIsGoneIsSeenAndNotMadeAnew)
+TEST_F(ChangeByOthersTest, AProjectThatIsGoneIsSeenAndNotMadeAnew)
 {
     std::filesystem::rename(m_project.Native(), Moved());
     EXPECT_EQ(Find().kind, Kind::FolderGone);
@@ -127,13 +125,13 @@ TEST_F(OthersChangeTest, AProjectThatIsGoneIsSeenAndNotMadeAnew)
     EXPECT_TRUE(Library().Save(Library().Item(L"甲")));
 }
 
-TEST_F(OthersChangeTest, OneThatWasNeverSavedCannotBeRemoved)
+TEST_F(ChangeByOthersTest, OneThatWasNeverSavedCannotBeRemoved)
 {
     const CDesignSpecification& made = Add(Make(L"乙"));
-    EXPECT_EQ(FindOthersChange(Library().Folder(), made).kind, Kind::None);
+    EXPECT_EQ(FindChangeByOthers(Library().Folder(), made).kind, Kind::None);
 }
 
-TEST_F(OthersChangeTest, AVersionSetAsideIsAmongTheDeletedOnes)
+TEST_F(ChangeByOthersTest, AVersionSetAsideIsAmongTheDeletedOnes)
 {
     CDesignSpecification mine = m_opened;
     mine.BeelineLen.MaxLen = 50;
@@ -146,4 +144,17 @@ TEST_F(OthersChangeTest, AVersionSetAsideIsAmongTheDeletedOnes)
     EXPECT_TRUE(deleted[0].id == mine.ID());
     EXPECT_EQ(Reload().Count(), 1);
     EXPECT_EQ(MarkOf(L"甲"), 20);
+}
+
+TEST_F(ChangeByOthersTest, TheFolderIsReadWhenItsFilesHaveChanged)
+{
+    EXPECT_EQ(ReadIfChanged(Library().Folder()), nullptr);
+    const std::string file = m_project.Read(FileOf(m_opened));
+    std::filesystem::remove(m_project.Native(FileOf(m_opened)));
+    ASSERT_NE(ReadIfChanged(Library().Folder()), nullptr);
+    EXPECT_EQ(ReadIfChanged(Library().Folder())->Count(), 0);
+    m_project.Write(FileOf(m_opened), file);
+    EXPECT_EQ(ReadIfChanged(Library().Folder()), nullptr);
+    m_project.Write("规范/别的.hds", Envelope(Style("别的", kIdB)));
+    EXPECT_EQ(ReadIfChanged(Library().Folder())->Count(), 2);
 }
