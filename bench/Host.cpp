@@ -107,11 +107,10 @@ int main(int argc, char** argv)
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 2;
     const auto add = [](const char* name, auto* function) {
-        benchmark::RegisterBenchmark(name, function)
-            ->RangeMultiplier(2)
-            ->Range(1000, 16000)
-            ->Iterations(2)
-            ->Unit(benchmark::kMillisecond);
+        auto* const added = benchmark::RegisterBenchmark(name, function);
+        for (const int size : {1000, 2000, 4000, 8000, 16000})
+            added->Arg(size);
+        added->Iterations(2)->Unit(benchmark::kMillisecond);
     };
     add("Host/broken files opened", OpenBrokenFiles);
     add("Host/everything selected and refreshed", RefreshWithEverythingSelected);

@@ -1,9 +1,10 @@
 #include "host/LibraryWatcher.h"
 
-#include <QDir>
-#include <QSet>
+#include <QSocketNotifier>
 
+#include <sys/inotify.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include "base/File.h"
 #include "platform/mfc/QtText.h"
@@ -16,19 +17,26 @@ namespace {
 constexpr int kSettleTime = 200; // milliseconds
 constexpr int kLookTime = 1000;
 constexpr wchar_t kSettings[] = L"setting.ini";
+constexpr std::uint32_t kEvents = IN_CREATE | IN_CLOSE_WRITE | IN_DELETE | IN_MOVED_FROM |
+                                  IN_MOVED_TO | IN_DELETE_SELF | IN_MOVE_SELF;
 
 } // namespace
 
 LibraryWatcher::LibraryWatcher(IsOwn isOwn, QObject* parent)
-    : QObject(parent), m_isOwn(std::move(isOwn))
+    : QObject(parent), m_isOwn(std::move(isOwn)), m_events(inotify_init1(IN_NONBLOCK | IN_CLOEXEC))
 {
     m_settle.setSingleShot(true);
     m_settle.setInterval(kSettleTime);
-    const auto settle = [this] { m_settle.start(); };
-    connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this, settle);
-    connect(&m_watcher, &QFileSystemWatcher::fileChanged, this, settle);
     connect(&m_settle, &QTimer::timeout, this, &LibraryWatcher::Check);
     connect(&m_look, &QTimer::timeout, this, &LibraryWatcher::Look);
+    if (m_events < 0) return;
+    auto* const events = new QSocketNotifier(m_events, QSocketNotifier::Read, this);
+    connect(events, &QSocketNotifier::activated, this, &LibraryWatcher::Hear);
+}
+
+LibraryWatcher::~LibraryWatcher()
+{
+    if (m_events >= 0) close(m_events);
 }
 
 void LibraryWatcher::Watch(const CString& folder)
@@ -44,12 +52,10 @@ void LibraryWatcher::Watch(const CString& folder)
 void LibraryWatcher::Acknowledge()
 {
     m_settle.stop();
-    const auto before = m_folderStamp;
-    m_folderStamp = FolderStamp();
+    FindFolder();
     m_gone = !m_folder.empty() && !m_folderStamp;
     m_known = Scan();
     m_differing.clear();
-    RenewPaths(before && m_folderStamp && before->inode == m_folderStamp->inode);
 }
 
 QStringList LibraryWatcher::Differing() const
@@ -85,6 +91,15 @@ LibraryWatcher::Files LibraryWatcher::Scan() const
     return files;
 }
 
+// Which file it was does not matter: all are looked at, once others are done.
+void LibraryWatcher::Hear()
+{
+    alignas(inotify_event) char events[4096];
+    while (read(m_events, events, sizeof events) > 0)
+        continue;
+    m_settle.start();
+}
+
 void LibraryWatcher::Look()
 {
     if (FolderStamp() != m_folderStamp) m_settle.start();
@@ -92,15 +107,25 @@ void LibraryWatcher::Look()
 
 void LibraryWatcher::Check()
 {
-    const auto before = m_folderStamp;
-    m_folderStamp = FolderStamp();
+    FindFolder();
     const bool gone = !m_folder.empty() && !m_folderStamp;
     Files differing = gone ? m_differing : Compare(Scan());
     const bool changed = gone != m_gone || differing != m_differing;
     m_gone = gone;
     m_differing = std::move(differing);
-    RenewPaths(before && m_folderStamp && before->inode == m_folderStamp->inode);
     if (changed) emit Changed();
+}
+
+// Before the files are looked at, so that no change is missed between. What is watched is the
+// folder itself, wherever it is moved, and not its place.
+void LibraryWatcher::FindFolder()
+{
+    const auto before = m_folderStamp;
+    m_folderStamp = FolderStamp();
+    if (before && m_folderStamp && before->inode == m_folderStamp->inode && m_watch >= 0) return;
+    if (m_watch >= 0) inotify_rm_watch(m_events, m_watch);
+    m_watch =
+        m_folderStamp ? inotify_add_watch(m_events, NativePath(m_folder).c_str(), kEvents) : -1;
 }
 
 // What differs from what is known. A file that this process has left as it is becomes known.
@@ -120,27 +145,4 @@ LibraryWatcher::Files LibraryWatcher::Compare(Files now)
             m_known.erase(name);
     }
     return differing;
-}
-
-// The watcher lets go of a file that was deleted or replaced, and looks on at a folder that was
-// moved. What changed before it was watched again is found by one more check.
-void LibraryWatcher::RenewPaths(bool sameFolder)
-{
-    const QStringList watched = m_watcher.files() + m_watcher.directories();
-    QSet<QString> before(watched.begin(), watched.end());
-    if (!sameFolder && !before.isEmpty()) {
-        m_watcher.removePaths(watched);
-        before.clear();
-    }
-    QSet<QString> after;
-    if (m_folderStamp) {
-        const QDir folder(QString::fromStdString(NativePath(m_folder)));
-        after << folder.path();
-        for (const auto& [name, stamp] : Scan())
-            after << folder.filePath(ToQString(name));
-    }
-    const QStringList gone = (before - after).values();
-    const QStringList come = (after - before).values();
-    if (!gone.isEmpty()) m_watcher.removePaths(gone);
-    if (!come.isEmpty() && m_watcher.addPaths(come).size() < come.size()) m_settle.start();
 }

@@ -5,7 +5,6 @@
 #include <map>
 #include <optional>
 
-#include <QFileSystemWatcher>
 #include <QTimer>
 
 #include "platform/mfc/String.h"
@@ -17,6 +16,7 @@ public:
     // Whether the file of that name in the folder is as this process left it.
     using IsOwn = std::function<bool(const CString& file)>;
     explicit LibraryWatcher(IsOwn isOwn, QObject* parent = nullptr);
+    ~LibraryWatcher() override;
 
     // Watches the files that stand in that folder, from what they are now; none when it is empty.
     void Watch(const CString& folder);
@@ -46,9 +46,10 @@ private:
     std::optional<Stamp> FolderStamp() const;
     Files Scan() const;
     Files Compare(Files now);
+    void Hear();
     void Look();
     void Check();
-    void RenewPaths(bool sameFolder);
+    void FindFolder();
 
     IsOwn m_isOwn;
     CString m_folder;
@@ -56,7 +57,8 @@ private:
     bool m_gone = false;
     Files m_known;
     Files m_differing;
-    QFileSystemWatcher m_watcher;
+    int m_events; // descriptor of what the system tells of the folder; -1: it tells nothing
+    int m_watch = -1;
     QTimer m_settle; // others write in several steps
     QTimer m_look;   // for what the system does not tell: a folder that was moved, shared folders
 };
