@@ -4,6 +4,7 @@
 #include "base/Number.h"
 #include "model/Rules.h"
 #include "platform/vmrd/VmHFCBaseU/Text.h"
+#include "platform/xtp/report/PastedTable.h"
 
 using namespace designspec;
 
@@ -16,6 +17,11 @@ constexpr std::wstring_view kOnePer = L"1/";
 CGradualChangeRatioItem::CGradualChangeRatioItem(int value, bool empty)
 {
     if (!empty) SetValue(value);
+}
+
+CString CGradualChangeRatioItem::ReadPasted(const CString& text) const
+{
+    return PastedTable::Ratio(text);
 }
 
 CString CGradualChangeRatioItem::TextOf(const Values& values) const

@@ -10,6 +10,8 @@ public:
     int GetValue() const { return static_cast<int>(GetNumber()); }
     void SetValue(int value) { SetNumber(value); }
 
+    CString ReadPasted(const CString& text) const override;
+
 protected:
     CString TextOf(const Values& values) const override;
     // Both "1/150" and "150" are understood.

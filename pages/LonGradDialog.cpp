@@ -14,10 +14,10 @@ constexpr int kHeaderWidth = 130; // the captions are longer than on other pages
 using C = CDSLonGrad;
 // A speed that the user adds takes whole percents until the page is loaded again.
 constexpr SpeedTableRow<C, double> kRows[] = {
-    {&C::MaxGradRecommendedValues, L"最大纵坡推荐值(%)", MakeDecimalCell<1, true>,
-     MakeCell<CMyRecordItemPositiveInt>},
-    {&C::MaxGradLimitedValues, L"最大纵坡限制值(%)", MakeDecimalCell<1, true>,
-     MakeCell<CMyRecordItemPositiveInt>},
+    {&C::MaxGradRecommendedValues, L"最大纵坡推荐值(%)", InPercent<MakeDecimalCell<1, true>>,
+     InPercent<MakeCell<CMyRecordItemPositiveInt>>},
+    {&C::MaxGradLimitedValues, L"最大纵坡限制值(%)", InPercent<MakeDecimalCell<1, true>>,
+     InPercent<MakeCell<CMyRecordItemPositiveInt>>},
 };
 
 struct GradientEdit {

@@ -19,7 +19,7 @@ using C = CDSMaxSuperElevation;
 constexpr SpeedTableRow<C> kRows[] = {
     {&C::GradualChangeRatio1, L"旋转轴在中线\n的超高渐变率", MakeCell<CGradualChangeRatioItem>},
     {&C::GradualChangeRatio2, L"旋转轴在边线\n的超高渐变率", MakeCell<CGradualChangeRatioItem>},
-    {&C::MaxSuperElev, L"最大超高"},
+    {&C::MaxSuperElev, L"最大超高", InPercent<MakeCell<CMyRecordItemPositiveInt>>},
 };
 constexpr int kMaxRow = 2;
 

@@ -1,10 +1,22 @@
 #include "pages/MyRecordItemSmallACurveLen.h"
 
+#include "platform/xtp/report/PastedTable.h"
+
+using namespace designspec;
+
 IMPLEMENT_DYNCREATE(CMyRecordItemSmallACurveLen, CXTPReportRecordItem)
 
 CString CMyRecordItemSmallACurveLen::TextOf(const Values& values) const
 {
     return CMyRecordItemPositiveInt::TextOf(values) + L"/α";
+}
+
+CString CMyRecordItemSmallACurveLen::ReadPasted(const CString& text) const
+{
+    const CString plain = PlainText(text);
+    const size_t perAngle = plain.find(L'/');
+    const CString length = PastedTable::Number(plain.substr(0, perAngle), GetUnit());
+    return perAngle == CString::npos ? length : length + plain.substr(perAngle);
 }
 
 CMyRecordItemValue::Values CMyRecordItemSmallACurveLen::Read(CXTPReportControl* control,

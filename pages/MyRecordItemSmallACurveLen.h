@@ -6,6 +6,9 @@
 class CMyRecordItemSmallACurveLen : public CMyRecordItemPositiveInt {
     DECLARE_DYNCREATE(CMyRecordItemSmallACurveLen)
 
+public:
+    CString ReadPasted(const CString& text) const override;
+
 protected:
     CString TextOf(const Values& values) const override; // 1200/α
     // The user may leave "/α" out, or type a for α.

@@ -5,6 +5,7 @@
 #include "base/Format.h"
 #include "pages/RadiusRangeText.h"
 #include "platform/mfc/MessageBox.h"
+#include "platform/xtp/report/PastedTable.h"
 #include "platform/xtp/report/ReportControl.h"
 
 using namespace designspec;
@@ -12,6 +13,11 @@ using namespace designspec;
 void CRadiusRangeItem::SetRange(int minRadius, int maxRadius)
 {
     SetValues({static_cast<double>(minRadius), static_cast<double>(maxRadius)});
+}
+
+CString CRadiusRangeItem::ReadPasted(const CString& text) const
+{
+    return PastedTable::Range(text, GetUnit());
 }
 
 CString CRadiusRangeItem::TextOf(const Values& values) const

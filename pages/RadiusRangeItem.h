@@ -10,6 +10,8 @@ public:
     int GetMaxRadius() const { return IsEmpty() ? 0 : static_cast<int>(GetValues().back()); }
     void SetRange(int minRadius, int maxRadius);
 
+    CString ReadPasted(const CString& text) const override;
+
 protected:
     CString TextOf(const Values& values) const override;
     // "250~300", "250 300" and "250,300", either end first.

@@ -24,7 +24,7 @@ CResultantGradientDialog::CResultantGradientDialog() : CCriterionPage(kDialogRes
 
 void CResultantGradientDialog::InitPage()
 {
-    m_grid.Create(*this, [](int) { return MakeDecimalCell<1, true>(); },
+    m_grid.Create(*this, [](int) { return InPercent<MakeDecimalCell<1, true>>(); },
                   {.headerWidth = 140, .addedWidth = 35});
     m_grid.ExtendMenu({[this](CMenu& menu, UINT firstId) { AppendRoadTypes(menu, firstId); },
                        [this](int index) { ToggleRoadType(index); }});

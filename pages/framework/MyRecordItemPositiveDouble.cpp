@@ -2,6 +2,7 @@
 
 #include "app/input/NumberText.h"
 #include "base/Number.h"
+#include "base/Text.h"
 #include "platform/vmrd/VmHFCBaseU/Text.h"
 
 using namespace designspec;
@@ -15,6 +16,13 @@ CMyRecordItemPositiveDouble::CMyRecordItemPositiveDouble(int decimals, bool trim
     : CMyRecordItemPositiveDouble(decimals, trimZeros)
 {
     SetValue(value);
+}
+
+// Where that is no number that could be typed, such as 1e+20, it is the caption.
+CString CMyRecordItemPositiveDouble::GetExactText() const
+{
+    const CString exact = IsEmpty() ? CString() : ToWide(DoubleToText(GetValue()));
+    return IsNumericText(exact) ? exact : GetCaption();
 }
 
 CString CMyRecordItemPositiveDouble::TextOf(const Values& values) const

@@ -11,6 +11,7 @@ public:
 
     double GetValue() const { return GetNumber(); }
     void SetValue(double value) { SetNumber(value); }
+    CString GetExactText() const override;
 
 protected:
     CString TextOf(const Values& values) const override;

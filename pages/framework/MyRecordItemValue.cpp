@@ -1,6 +1,7 @@
 #include "pages/framework/MyRecordItemValue.h"
 
 #include "base/Text.h"
+#include "platform/xtp/report/PastedTable.h"
 
 #include <utility>
 
@@ -9,6 +10,11 @@ using namespace designspec;
 void CMyRecordItemValue::OnEditChanged(CXTPReportControl* control, const CString& newText)
 {
     SetValues(Read(control, Trim(newText)));
+}
+
+CString CMyRecordItemValue::ReadPasted(const CString& text) const
+{
+    return PastedTable::Number(text, m_unit);
 }
 
 void CMyRecordItemValue::SetValues(Values values)

@@ -18,12 +18,17 @@ public:
     // Bad input empties the cell, without a word unless Read has one.
     void OnEditChanged(CXTPReportControl* control, const CString& newText) override;
 
+    // The unit that may stand behind a pasted number; metres until it is said.
+    void SetUnit(const wchar_t* unit) { m_unit = unit; }
+    CString ReadPasted(const CString& text) const override;
+
     designspec::ReportItemState SaveState() const override;
     void RestoreState(const designspec::ReportItemState& state) override;
 
 protected:
     void SetValues(Values values);
     const Values& GetValues() const { return m_values; }
+    const wchar_t* GetUnit() const { return m_unit; }
 
     // The text that shows the values; it is only asked when there are some.
     virtual CString TextOf(const Values& values) const = 0;
@@ -33,6 +38,7 @@ protected:
 
 private:
     Values m_values;
+    const wchar_t* m_unit = L"m";
 };
 
 // An empty cell of that class.
@@ -40,4 +46,11 @@ using NewCell = CMyRecordItemValue* (*)();
 template <class Cell> CMyRecordItemValue* MakeCell()
 {
     return new Cell;
+}
+// The same for percents.
+template <NewCell Make> CMyRecordItemValue* InPercent()
+{
+    CMyRecordItemValue* const cell = Make();
+    cell->SetUnit(L"%");
+    return cell;
 }

@@ -6,6 +6,7 @@
 #include "base/Format.h"
 #include "base/Number.h"
 #include "model/Rules.h"
+#include "platform/mfc/MessageBox.h"
 
 using namespace designspec;
 
@@ -14,6 +15,15 @@ namespace {
 int SpeedOf(const CXTPReportColumn* column)
 {
     return Wtoi(column->GetCaption());
+}
+
+// The speed that a pasted heading means: "80", "80 km/h", "V=80"; 0 when it is none.
+int SpeedOf(const CString& heading)
+{
+    const CaptionParts parts(heading);
+    const int speed = Wtoi(parts.numbers);
+    const bool isSpeed = parts.IsNumber() && parts.numbers == Format(L"%d;", speed);
+    return isSpeed && IsSpeed(speed) ? speed : 0;
 }
 
 } // namespace
@@ -42,6 +52,12 @@ void CSpeedGrid::Create(CDSPage& page, const AddedCell& addedCell, const SpeedGr
     m_layout = layout;
     CreateGrid(page, addedCell, layout.placeholder, layout.gridId, L"设计车速(km/h)",
                layout.headerWidth);
+    ReportColumnOffer offer;
+    for (int speed : kStandardSpeeds)
+        offer.usual.push_back(Format(L"%d", speed));
+    offer.canAdd = [](const CString& heading) { return SpeedOf(heading) != 0; };
+    offer.add = [this](const CStringArray& headings) { return OfferSpeeds(headings); };
+    Control().SetColumnOffer(offer);
 }
 
 // Columns
@@ -136,6 +152,18 @@ void CSpeedGrid::Choose(int index, const CXTPReportColumn*)
         RemoveSpeed(choice.speed);
     else
         AddSpeed(choice.speed);
+}
+
+bool CSpeedGrid::OfferSpeeds(const CStringArray& headings)
+{
+    CString list;
+    for (const CString& heading : headings)
+        list += (list.empty() ? L"" : L"、") + Format(L"%d", SpeedOf(heading));
+    const CString question = L"表格中没有车速 " + list + L" km/h。添加后粘贴?";
+    if (MessageBox(&Page(), question, L"提示", MB_YESNO | MB_ICONQUESTION) != IDYES) return false;
+    for (const CString& heading : headings)
+        if (!FindColumn(SpeedOf(heading))) AddSpeed(SpeedOf(heading));
+    return true;
 }
 
 void CSpeedGrid::AskForSpeed()

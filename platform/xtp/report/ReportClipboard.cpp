@@ -4,12 +4,22 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QMimeData>
 
 #include "platform/mfc/QtText.h"
 #include "platform/xtp/report/ReportControl.h"
+#include "platform/xtp/report/ReportPaste.h"
 #include "platform/xtp/report/TabText.h"
 
 using namespace designspec;
+
+namespace {
+
+// The grid that copied, how ('p' plain, 'v' values, 'c' captions selected as well), and the texts
+// with all decimals of their numbers.
+const QString kOwnFormat = QStringLiteral("application/x-designspec-cells");
+
+} // namespace
 
 bool ReportClipboard::HoldsBlock()
 {
@@ -25,21 +35,58 @@ QModelIndexList ReportClipboard::SelectedCells() const
     return cells;
 }
 
-void ReportClipboard::Copy() const
+QRect ReportClipboard::SelectedBlock() const
 {
+    QRect block;
+    for (const QModelIndex& cell : SelectedCells())
+        block |= QRect(cell.column(), cell.row(), 1, 1);
+    return block;
+}
+
+// A block's cells, below and beside the captions of its columns and rows or alone.
+std::vector<CStringArray> ReportClipboard::TextsOf(const QRect& block, bool captions,
+                                                   TextOf textOf) const
+{
+    const TableCaptions shown = CaptionsOf(m_grid);
     std::vector<CStringArray> rows;
-    int row = -1;
-    for (const QModelIndex& cell : SelectedCells()) {
-        if (cell.row() != row) rows.emplace_back();
-        row = cell.row();
-        rows.back().push_back(FromQString(cell.data().toString()));
+    if (captions) rows.push_back({OneLine(shown.corner)});
+    for (int column = block.left(); captions && column <= block.right(); ++column)
+        rows.front().push_back(OneLine(shown.columns[static_cast<size_t>(column) - 1]));
+    for (int row = block.top(); row <= block.bottom(); ++row) {
+        rows.emplace_back();
+        if (captions) rows.back().push_back(OneLine(shown.rows[static_cast<size_t>(row)]));
+        for (int column = block.left(); column <= block.right(); ++column) {
+            const auto* const item = m_grid.ItemAt(m_grid.IndexOf(row, column));
+            rows.back().push_back(item ? textOf(*item) : CString());
+        }
     }
-    if (!rows.empty()) QApplication::clipboard()->setText(ToQString(FormatTabText(rows)));
+    return rows;
+}
+
+void ReportClipboard::Copy(Kind kind) const
+{
+    QRect block = SelectedBlock();
+    if (block.isEmpty()) return;
+    const bool withCaptions = m_grid.HasCaptions() && block.left() == 0;
+    const bool captionsAlone = withCaptions && block.right() == 0;
+    if (withCaptions && !captionsAlone) block.setLeft(1);
+    const bool isSingle = block.size() == QSize(1, 1) && !withCaptions;
+    const bool captions =
+        kind == kWithCaptions && m_grid.HasCaptions() && !captionsAlone && !isSingle;
+    auto* const data = new QMimeData;
+    data->setText(ToQString(FormatTabText(TextsOf(
+        block, captions, [](const CXTPReportRecordItem& item) { return item.GetCaption(); }))));
+    const CString exact = FormatTabText(TextsOf(
+        block, captions, [](const CXTPReportRecordItem& item) { return item.GetExactText(); }));
+    const char mark = !captions ? 'p' : withCaptions ? 'c' : 'v';
+    if (!captionsAlone)
+        data->setData(kOwnFormat, m_id.toByteArray() + mark + ToQString(exact).toUtf8());
+    QApplication::clipboard()->setMimeData(data);
 }
 
 void ReportClipboard::Cut()
 {
-    Copy();
+    Copy(kWithCaptions);
     Delete();
 }
 
@@ -52,33 +99,32 @@ void ReportClipboard::Delete()
     });
 }
 
-void ReportClipboard::Paste()
+// What another grid or program has copied is read for its captions. What this grid has copied goes
+// where the user points, unless the captions were copied deliberately.
+PastedTable ReportClipboard::Pasted(Kind kind) const
 {
-    const auto rows = ParseTabText(FromQString(QApplication::clipboard()->text()));
-    const QModelIndexList cells = SelectedCells();
-    if (rows.empty() || cells.isEmpty()) return;
-    m_grid.GetUndo().Step([&] {
-        if (rows.size() > 1 || rows.front().size() > 1) {
-            PasteBlock(rows, cells.front());
-            return;
-        }
-        for (const QModelIndex& cell : cells)
-            if (m_grid.IsEditable(cell)) m_grid.EnterText(cell, rows.front().front());
-    });
+    const QMimeData& data = *QApplication::clipboard()->mimeData();
+    const QByteArray own = data.data(kOwnFormat);
+    const qsizetype mark = m_id.toByteArray().size();
+    if (own.size() <= mark) {
+        auto texts = ParseTabText(FromQString(data.text()));
+        return kind == kPlain ? PastedTable::OfValues(std::move(texts))
+                              : PastedTable(std::move(texts), CaptionsOf(m_grid));
+    }
+    auto texts = ParseTabText(FromQString(QString::fromUtf8(own.mid(mark + 1))));
+    if (own[mark] == 'p') return PastedTable::OfValues(std::move(texts));
+    PastedTable table = PastedTable::WithCaptions(std::move(texts));
+    const bool moved = own.startsWith(m_id.toByteArray()) && own[mark] == 'v';
+    return moved || kind == kPlain ? table.WithoutCaptions() : table;
 }
 
-void ReportClipboard::PasteBlock(const std::vector<CStringArray>& rows, const QModelIndex& corner)
+void ReportClipboard::Paste(Kind kind)
 {
-    QItemSelection pasted;
-    for (int r = 0; r < std::ssize(rows); ++r) {
-        const CStringArray& texts = rows[static_cast<size_t>(r)];
-        for (int c = 0; c < std::ssize(texts); ++c) {
-            const QModelIndex cell = m_grid.IndexOf(corner.row() + r, corner.column() + c);
-            if (!m_grid.IsEditable(cell)) continue;
-            m_grid.EnterText(cell, texts[static_cast<size_t>(c)]);
-            pasted.select(cell, cell);
-        }
-    }
-    if (!pasted.isEmpty())
-        m_grid.selectionModel()->select(pasted, QItemSelectionModel::ClearAndSelect);
+    const QModelIndexList cells = SelectedCells();
+    if (cells.isEmpty() || !QApplication::clipboard()->mimeData()) return;
+    const PastedTable table = Pasted(kind);
+    if (table.IsSingle())
+        ReportPaste(m_grid).Fill(*table.Value(0, 0), cells);
+    else if (!table.IsEmpty() || table.IsWords())
+        ReportPaste(m_grid).Block(table, cells.front());
 }

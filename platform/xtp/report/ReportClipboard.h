@@ -2,10 +2,13 @@
 #pragma once
 
 #include <QModelIndexList>
+#include <QRect>
+#include <QUuid>
 
-#include "platform/mfc/String.h"
+#include "platform/xtp/report/PastedTable.h"
 
 class CXTPReportControl;
+class CXTPReportRecordItem;
 
 namespace designspec {
 
@@ -13,23 +16,34 @@ namespace designspec {
 // changes is one step of undo.
 class ReportClipboard {
 public:
+    enum Kind {
+        kWithCaptions,
+        kPlain, // captions neither go along nor are looked for
+    };
+
     explicit ReportClipboard(CXTPReportControl& grid) : m_grid(grid) {}
 
     // Whether there is text of several cells, which is for the grid and not for one cell's editor.
     static bool HoldsBlock();
 
-    void Copy() const;
+    // A single cell goes alone. This program finds all decimals of the numbers as well.
+    void Copy(Kind kind) const;
     void Cut();
-    // A block goes in from the selection's corner on, as far as there are cells; a single text
-    // goes into each selected cell.
-    void Paste();
+    // A block goes where its captions belong, or in from the selection's corner on; a single text
+    // goes into each selected cell. The grid's remark says what did not go in.
+    void Paste(Kind kind);
     void Delete();
 
 private:
+    using TextOf = CString (*)(const CXTPReportRecordItem& item);
+
     QModelIndexList SelectedCells() const;
-    void PasteBlock(const std::vector<CStringArray>& rows, const QModelIndex& corner);
+    QRect SelectedBlock() const; // x: columns, y: rows
+    std::vector<CStringArray> TextsOf(const QRect& block, bool captions, TextOf textOf) const;
+    PastedTable Pasted(Kind kind) const;
 
     CXTPReportControl& m_grid;
+    const QUuid m_id = QUuid::createUuid(); // tells the grid's own copies from others
 };
 
 } // namespace designspec

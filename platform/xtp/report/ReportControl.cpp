@@ -4,17 +4,33 @@
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QLayout>
 #include <QScrollBar>
+#include <QVBoxLayout>
 
 #include "base/HalfWidth.h"
 #include "platform/mfc/Dialog.h"
+#include "platform/mfc/QtText.h"
 #include "platform/xtp/report/ReportDelegate.h"
 #include "platform/xtp/report/ReportHeader.h"
 #include "platform/xtp/report/ReportModel.h"
+#include "platform/xtp/report/ReportPaste.h"
 #include "platform/xtp/report/ReportRightClick.h"
 
 using namespace designspec;
+
+namespace {
+
+// The layout that holds a widget, in `layout` or below it; null when none does.
+QLayout* LayoutOf(QWidget* widget, QLayout* layout)
+{
+    if (!layout || layout->indexOf(widget) >= 0) return layout;
+    for (int i = 0; i < layout->count(); ++i)
+        if (QLayout* const inner = layout->itemAt(i)->layout())
+            if (QLayout* const found = LayoutOf(widget, inner)) return found;
+    return nullptr;
+}
+
+} // namespace
 
 CXTPReportControl::CXTPReportControl(QWidget* parent)
     : QTableView(parent), m_model(new ReportModel(this)), m_header(new ReportHeader(this)),
@@ -47,20 +63,52 @@ CXTPReportControl::~CXTPReportControl()
 
 void CXTPReportControl::CreateOver(QWidget* placeholder, int controlId)
 {
+    QWidget* const owner = placeholder->parentWidget();
     setProperty(kControlIdProperty, controlId);
-    setParent(placeholder->parentWidget());
+    setParent(owner);
     setGeometry(placeholder->geometry());
     setSizePolicy(placeholder->sizePolicy());
     setMinimumSize(placeholder->minimumSize());
     setAccessibleName(placeholder->accessibleName());
     placeholder->setFocusPolicy(Qt::TabFocus); // what takes no focus has no place in the order
     setTabOrder(placeholder, this);
-    for (QLabel* label : parentWidget()->findChildren<QLabel*>())
+    for (QLabel* label : owner->findChildren<QLabel*>())
         if (label->buddy() == placeholder) label->setBuddy(this);
-    QLayout* const layout = parentWidget()->layout();
-    if (layout) delete layout->replaceWidget(placeholder, this);
+    if (QLayout* const layout = LayoutOf(placeholder, owner->layout()))
+        PlaceIn(layout, layout->indexOf(placeholder));
     placeholder->hide();
     show();
+}
+
+// The grid takes an item's place, with the line for its remark below.
+void CXTPReportControl::PlaceIn(QLayout* layout, int item)
+{
+    auto* const both = new QVBoxLayout;
+    both->setSpacing(2);
+    both->addWidget(this);
+    m_remarkLine = new QLabel(parentWidget());
+    m_remarkLine->setTextFormat(Qt::PlainText);
+    m_remarkLine->setWordWrap(true);
+    m_remarkLine->hide();
+    both->addWidget(m_remarkLine);
+    if (auto* const grid = qobject_cast<QGridLayout*>(layout)) {
+        int row, column, rows, columns;
+        grid->getItemPosition(item, &row, &column, &rows, &columns);
+        delete grid->takeAt(item);
+        grid->addLayout(both, row, column, rows, columns);
+    } else if (auto* const box = qobject_cast<QBoxLayout*>(layout)) {
+        const int stretch = box->stretch(item);
+        delete box->takeAt(item);
+        box->insertLayout(item, both, stretch);
+    }
+}
+
+void CXTPReportControl::SetRemark(const CString& remark)
+{
+    m_remark = remark;
+    if (!m_remarkLine) return;
+    m_remarkLine->setText(ToQString(remark));
+    m_remarkLine->setVisible(!remark.empty());
 }
 
 // Content and look
@@ -121,6 +169,21 @@ bool CXTPReportControl::IsEditable(const QModelIndex& index) const
     return m_model->flags(index) & Qt::ItemIsEditable;
 }
 
+bool CXTPReportControl::HasCaptions() const
+{
+    const CXTPReportRecordItem* const first = ItemAt(IndexOf(0, 0));
+    return first && !first->IsEditable();
+}
+
+CString CXTPReportControl::CellName(const QModelIndex& index) const
+{
+    const CXTPReportRecordItem* const row =
+        HasCaptions() ? ItemAt(IndexOf(index.row(), 0)) : nullptr;
+    const CXTPReportColumn* const column = ShownColumn(index.column());
+    return OneLine((row ? row->GetCaption() + L" " : CString()) +
+                   (column ? column->GetCaption() : CString()));
+}
+
 QModelIndex CXTPReportControl::IndexOf(int row, int column) const
 {
     return m_model->index(row, column);
@@ -144,12 +207,22 @@ void CXTPReportControl::CommitEdit()
 
 void CXTPReportControl::EnterText(const QModelIndex& index, const CString& text)
 {
+    EnterPasted(index, text, false);
+    ShowEntered();
+}
+
+void CXTPReportControl::EnterPasted(const QModelIndex& index, const CString& text, bool named)
+{
     CXTPReportRecordItem* const item = ItemAt(index);
     if (!item) return;
-    m_undo.Step([&] {
-        item->OnEditChanged(this, ToHalfWidth(text));
-        m_model->Refresh();
-    });
+    m_notices.SetCell(named ? CellName(index) : CString());
+    m_undo.Step([&] { item->OnEditChanged(this, ToHalfWidth(text)); });
+    m_notices.SetCell({});
+}
+
+void CXTPReportControl::ShowEntered()
+{
+    m_model->Refresh();
 }
 
 void CXTPReportControl::Tell(const CString& notice)

@@ -6,6 +6,7 @@
 // text, empties cells with Delete, undoes and redoes, and resizes columns.
 #pragma once
 
+#include <functional>
 #include <memory>
 
 #include <QTableView>
@@ -20,10 +21,23 @@
 #include "platform/xtp/report/ReportRecord.h"
 #include "platform/xtp/report/ReportUndo.h"
 
+class QLabel;
+class QLayout;
+
 namespace designspec {
+
 class ReportDelegate;
 class ReportHeader;
 class ReportModel;
+
+// What a pasted block may add to a grid.
+struct ReportColumnOffer {
+    CStringArray usual; // captions that such grids often have
+    std::function<bool(const CString& caption)> canAdd;
+    // Asks the user and adds them; false when the user did not want it. Populate comes after it.
+    std::function<bool(const CStringArray& captions)> add;
+};
+
 } // namespace designspec
 
 class AFX_EXT_CLASS CXTPReportControl : public QTableView {
@@ -58,10 +72,23 @@ public:
     void CommitEdit();
     // The user has entered `text` into a cell.
     void EnterText(const QModelIndex& index, const CString& text);
+    // The same for one of several cells, which is to be named when there is something to tell, and
+    // whose new content ShowEntered shows for all of them.
+    void EnterPasted(const QModelIndex& index, const CString& text, bool named);
+    void ShowEntered();
 
     // Shows a message box about what the user entered, soon: one box tells all that is wrong, each
     // thing once, however many cells were pasted.
     void Tell(const CString& notice);
+
+    // The line below the grid, about what the user did last: the next change empties it. Grids that
+    // CreateOver has placed in a layout show it.
+    void SetRemark(const CString& remark);
+    const CString& GetRemark() const { return m_remark; }
+
+    // Columns that the grid could have more of.
+    void SetColumnOffer(const designspec::ReportColumnOffer& offer) { m_columnOffer = offer; }
+    const designspec::ReportColumnOffer& GetColumnOffer() const { return m_columnOffer; }
 
     designspec::ReportUndo& GetUndo() { return m_undo; }
 
@@ -69,6 +96,10 @@ public:
     CXTPReportColumn* ShownColumn(int column) const;
     CXTPReportRecordItem* ItemAt(const QModelIndex& index) const;
     bool IsEditable(const QModelIndex& index) const;
+    // Whether the first column holds the rows' captions, which nobody can edit.
+    bool HasCaptions() const;
+    // "设超高最小半径(m) 80": the captions of a cell's row and column.
+    CString CellName(const QModelIndex& index) const;
     // The cell's index; invalid when the grid shows no such place.
     QModelIndex IndexOf(int row, int column) const;
 
@@ -91,6 +122,7 @@ protected:
     bool focusNextPrevChild(bool next) override;
 
 private:
+    void PlaceIn(QLayout* layout, int item);
     void OnRightClick(const QPoint& viewportPos, const QPoint& globalPos);
     void ApplyHeights();
 
@@ -104,6 +136,9 @@ private:
     designspec::ReportModel* m_model;
     designspec::ReportHeader* m_header;
     designspec::ReportDelegate* m_delegate;
+    designspec::ReportColumnOffer m_columnOffer;
+    CString m_remark;
+    QLabel* m_remarkLine = nullptr; // of CreateOver
     bool m_allowEdit = false;
     QPersistentModelIndex m_pressed;
 };

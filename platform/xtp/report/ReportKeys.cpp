@@ -8,6 +8,15 @@
 
 using namespace designspec;
 
+namespace {
+
+bool IsCtrlShift(const QKeyEvent* event, Qt::Key key)
+{
+    return event->key() == key && event->modifiers() == (Qt::ControlModifier | Qt::ShiftModifier);
+}
+
+} // namespace
+
 bool ReportKeys::IsUndo(const QKeyEvent* event)
 {
     return event->matches(QKeySequence::Undo);
@@ -37,9 +46,14 @@ bool ReportKeys::IsMoveOn(const QKeyEvent* event)
 
 std::function<void()> ReportKeys::CommandOf(const QKeyEvent* event) const
 {
-    if (event->matches(QKeySequence::Copy)) return [this] { m_clipboard.Copy(); };
+    using Clipboard = ReportClipboard;
+    if (IsCtrlShift(event, Qt::Key_C)) return [this] { m_clipboard.Copy(Clipboard::kPlain); };
+    if (IsCtrlShift(event, Qt::Key_V)) return [this] { m_clipboard.Paste(Clipboard::kPlain); };
+    if (event->matches(QKeySequence::Copy))
+        return [this] { m_clipboard.Copy(Clipboard::kWithCaptions); };
     if (event->matches(QKeySequence::Cut)) return [this] { m_clipboard.Cut(); };
-    if (event->matches(QKeySequence::Paste)) return [this] { m_clipboard.Paste(); };
+    if (event->matches(QKeySequence::Paste))
+        return [this] { m_clipboard.Paste(Clipboard::kWithCaptions); };
     if (event->matches(QKeySequence::Delete)) return [this] { m_clipboard.Delete(); };
     if (IsUndo(event)) return [this] { m_undo.Undo(); };
     if (IsRedo(event)) return [this] { m_undo.Redo(); };

@@ -1,9 +1,20 @@
 #include "platform/xtp/report/ReportModel.h"
 
+#include <QTextDocument>
+
 #include "platform/mfc/QtText.h"
 #include "platform/xtp/report/ReportControl.h"
 
 using namespace designspec;
+
+namespace {
+
+QString PlainToolTip(const QString& text)
+{
+    return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text) : text;
+}
+
+} // namespace
 
 ReportModel::ReportModel(CXTPReportControl* control)
     : QAbstractTableModel(control), m_control(control)
@@ -54,10 +65,12 @@ int ReportModel::columnCount(const QModelIndex& parent) const
 
 QVariant ReportModel::data(const QModelIndex& index, int role) const
 {
-    // The tool tip shows in full what the column may be too narrow for.
-    if (role != Qt::DisplayRole && role != Qt::EditRole && role != Qt::ToolTipRole) return {};
     const CXTPReportRecordItem* const item = Item(index);
-    return item ? ToQString(item->GetCaption()) : QVariant();
+    if (!item) return {};
+    // The tool tip shows in full what the column may be too narrow for, and never as markup.
+    if (role == Qt::ToolTipRole) return PlainToolTip(ToQString(item->GetExactText()));
+    if (role == Qt::DisplayRole || role == Qt::EditRole) return ToQString(item->GetCaption());
+    return {};
 }
 
 bool ReportModel::setData(const QModelIndex& index, const QVariant& value, int role)

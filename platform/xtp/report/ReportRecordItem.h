@@ -36,6 +36,9 @@ public:
     const CString& GetCaption() const { return m_caption; }
     void SetCaption(const CString& caption) { m_caption = caption; }
 
+    // The same with all decimals of its numbers, where the caption rounds them.
+    virtual CString GetExactText() const { return m_caption; }
+
     // A number that the cell's owner may keep here.
     unsigned GetItemData() const { return m_itemData; }
     void SetItemData(unsigned itemData) { m_itemData = itemData; }
@@ -45,6 +48,10 @@ public:
     // The user has entered `newText`, by editing, pasting or deleting; full-width digits and
     // signs are ASCII already. The cell decides what becomes of it; here it is the caption.
     virtual void OnEditChanged(CXTPReportControl* control, const CString& newText);
+
+    // `text` comes from another program, with a unit perhaps; what the user would type for it. Here
+    // and where it has no meaning for the cell: the text itself.
+    virtual CString ReadPasted(const CString& text) const { return text; }
 
     // The cell's whole state, and back. A derived cell adds its values.
     virtual designspec::ReportItemState SaveState() const;

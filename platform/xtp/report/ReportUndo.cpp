@@ -21,6 +21,7 @@ void ReportUndo::Step(const std::function<void()>& change)
     m_inStep = false;
     ReportSnapshot after = Take();
     if (before == after) return;
+    m_grid.SetRemark({});
     m_changes.erase(m_changes.begin() + static_cast<std::ptrdiff_t>(m_done), m_changes.end());
     m_changes.push_back({std::move(before), std::move(after)});
     ++m_done;
@@ -30,6 +31,7 @@ void ReportUndo::Clear()
 {
     m_changes.clear();
     m_done = 0;
+    m_grid.SetRemark({});
 }
 
 bool ReportUndo::CanUndo() const
@@ -57,6 +59,7 @@ void ReportUndo::Restore(const ReportSnapshot& content)
     const ReportSnapshot now = Take();
     content.PutBack(m_grid.GetColumns(), m_grid.GetRecords());
     m_grid.Populate();
+    m_grid.SetRemark({});
     // The user sees what has changed, wherever the grid was scrolled to.
     if (const auto place = content.FirstChange(now)) {
         m_grid.setCurrentIndex(m_grid.IndexOf(place->first, place->second));

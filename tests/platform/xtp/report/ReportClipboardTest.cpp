@@ -26,6 +26,7 @@ protected:
     static CString Clipboard() { return FromQString(QApplication::clipboard()->text()); }
     void GoTo(int row, int column) { m_grid.setCurrentIndex(m_grid.IndexOf(row, column)); }
     void Control(Qt::Key key) { Key(key, Qt::ControlModifier); }
+    void CopyPlain() { Key(Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier); }
 };
 
 } // namespace
@@ -34,7 +35,7 @@ TEST_F(ReportClipboardTest, ADragSelectsABlockAndEditsNothing)
 {
     SelectBlock(0, 1, 1, 2);
     EXPECT_FALSE(IsEditing());
-    Control(Qt::Key_C);
+    CopyPlain();
     EXPECT_EQ(Clipboard(), L"1\t2\n11\t12");
 }
 
@@ -43,19 +44,110 @@ TEST_F(ReportClipboardTest, ShiftAndArrowsSelectABlock)
     GoTo(1, 1);
     Key(Qt::Key_Right, Qt::ShiftModifier);
     Key(Qt::Key_Down, Qt::ShiftModifier);
-    Control(Qt::Key_C);
+    CopyPlain();
     EXPECT_EQ(Clipboard(), L"11\t12\n21\t22");
 }
 
-TEST_F(ReportClipboardTest, CopiesOneCellAndHeadersToo)
+TEST_F(ReportClipboardTest, CopiesABlockWithItsCaptions)
+{
+    SelectBlock(1, 2, 2, 3);
+    Control(Qt::Key_C);
+    EXPECT_EQ(Clipboard(), L"设计车速(km/h)\t100\t80\n行1\t12\t13\n行2\t22\t23");
+    SelectBlock(1, 0, 2, 1);
+    Control(Qt::Key_C);
+    EXPECT_EQ(Clipboard(), L"设计车速(km/h)\t120\n行1\t11\n行2\t21");
+    CopyPlain();
+    EXPECT_EQ(Clipboard(), L"11\n21");
+}
+
+TEST_F(ReportClipboardTest, CopiesOneCellAlone)
 {
     GoTo(1, 1);
     Control(Qt::Key_C);
     EXPECT_EQ(Clipboard(), L"11");
+}
+
+TEST_F(ReportClipboardTest, CopiesCaptionsWithoutLineBreaks)
+{
     m_grid.GetRecords().GetAt(0)->GetItem(0)->SetCaption(L"超高\n半径");
     Control(Qt::Key_A);
     Control(Qt::Key_C);
-    EXPECT_EQ(Clipboard(), L"\"超高\n半径\"\t1\t2\t3\n行1\t11\t12\t13\n行2\t21\t22\t23");
+    EXPECT_EQ(Clipboard(), L"设计车速(km/h)\t120\t100\t80\n超高半径\t1\t2\t3\n"
+                           L"行1\t11\t12\t13\n行2\t21\t22\t23");
+}
+
+TEST_F(ReportClipboardTest, AWholeGridPastedAtItsFirstValueStaysAsItIs)
+{
+    Control(Qt::Key_A);
+    Control(Qt::Key_C);
+    for (const bool own : {true, false}) {
+        if (!own) PutOnClipboard(Clipboard()); // as another program gives it back
+        ClickCell(&m_grid, 0, 1);
+        Control(Qt::Key_V);
+        EXPECT_EQ(Content(), m_initial) << own;
+    }
+    Control(Qt::Key_A);
+    CopyPlain();
+    GoTo(0, 0);
+    Control(Qt::Key_V);
+    EXPECT_EQ(Content(), m_initial);
+}
+
+TEST_F(ReportClipboardTest, CaptionsAreNeverPastedIntoValues)
+{
+    SelectBlock(0, 0, 2, 0);
+    Control(Qt::Key_C);
+    EXPECT_EQ(Clipboard(), L"行0\n行1\n行2");
+    GoTo(0, 1);
+    Control(Qt::Key_V);
+    EXPECT_EQ(Content(), m_initial);
+}
+
+TEST_F(ReportClipboardTest, ABlockOfAnotherGridGoesWhereItsCaptionsAre)
+{
+    CXTPReportControl other;
+    other.GetColumns().Add(new CXTPReportColumn(0, L"设计车速(km/h)", 120));
+    other.GetColumns().Add(new CXTPReportColumn(1, L"80", 40));
+    CXTPReportRecord* const record = other.GetRecords().Add(new CXTPReportRecord);
+    record->AddItem(new CXTPReportRecordItem(L"行2"))->SetEditable(false);
+    record->AddItem(new CTestNumberItem)->Set(99);
+    record->AddItem(new CTestNumberItem)->Set(98);
+    other.GetColumns().Add(new CXTPReportColumn(2, L"120", 40));
+    other.Populate();
+    other.resize(400, 200);
+    other.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    DragCells(&other, 0, 1, 0, 2);
+    PressKey(&other, Qt::Key_C, Qt::ControlModifier);
+    m_grid.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&m_grid));
+    GoTo(0, 2);
+    Control(Qt::Key_V);
+    EXPECT_EQ(Content(), L"行0 1 2 3|行1 11 12 13|行2 98 22 99|");
+    Control(Qt::Key_Z);
+    GoTo(0, 2);
+    Key(Qt::Key_V, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(Content(), L"行0 1 99 98|行1 11 12 13|行2 21 22 23|");
+}
+
+TEST_F(ReportClipboardTest, ATableFromElsewhereGoesWhereItsCaptionsAre)
+{
+    PutOnClipboard(L"\t80\t100\r\n行1\t7\t8\r\n");
+    GoTo(0, 1);
+    Control(Qt::Key_V);
+    EXPECT_EQ(Content(), L"行0 1 2 3|行1 11 8 7|行2 21 22 23|");
+    EXPECT_EQ(m_grid.GetRemark(), L"2 个值, 按标题填入");
+}
+
+TEST_F(ReportClipboardTest, SpeedsAboveValuesAreNoValues)
+{
+    PutOnClipboard(L"120\t100\t80\n700\t400\t250");
+    GoTo(1, 1);
+    Control(Qt::Key_V);
+    EXPECT_EQ(Content(), L"行0 1 2 3|行1 700 400 250|行2 21 22 23|");
+    GoTo(0, 1);
+    Key(Qt::Key_V, Qt::ControlModifier | Qt::ShiftModifier); // they are, for once
+    EXPECT_EQ(Content(), L"行0 120 100 80|行1 700 400 250|行2 21 22 23|");
 }
 
 TEST_F(ReportClipboardTest, PastesABlockFromTheSelectionsCorner)
@@ -101,7 +193,7 @@ TEST_F(ReportClipboardTest, APastedBlockIsSelected)
     PutOnClipboard(L"5\t6\n7\t8");
     GoTo(0, 1);
     Control(Qt::Key_V);
-    Control(Qt::Key_C);
+    CopyPlain();
     EXPECT_EQ(Clipboard(), L"5\t6\n7\t8");
 }
 
@@ -146,7 +238,7 @@ TEST_F(ReportClipboardTest, CutCopiesAndEmpties)
 {
     SelectBlock(0, 1, 0, 2);
     Control(Qt::Key_X);
-    EXPECT_EQ(Clipboard(), L"1\t2");
+    EXPECT_EQ(Clipboard(), L"设计车速(km/h)\t120\t100\n行0\t1\t2");
     EXPECT_EQ(Content(), L"行0   3|行1 11 12 13|行2 21 22 23|");
 }
 
@@ -163,7 +255,7 @@ TEST_F(ReportClipboardTest, AReadOnlyGridOnlyCopies)
 {
     m_grid.AllowEdit(false);
     SelectBlock(0, 1, 1, 2);
-    Control(Qt::Key_C);
+    CopyPlain();
     EXPECT_EQ(Clipboard(), L"1\t2\n11\t12");
     PutOnClipboard(L"9");
     Control(Qt::Key_V);

@@ -1,0 +1,46 @@
+// Captions of a table's rows or columns, to be found by what somebody else wrote for them.
+#pragma once
+
+#include <unordered_map>
+#include <vector>
+
+#include "base/Export.h"
+#include "platform/mfc/String.h"
+
+namespace designspec {
+
+// A text without full-width forms and without blanks around it: "１，５００ｍ" is "1,500m".
+AFX_EXT_API CString PlainText(std::wstring_view text);
+
+// What a caption or a value consists of. "坡度3%" has the number 3 and the word 坡度; of "250 m",
+// "≥100", "80km/h" and "200~300" all but the numbers is unit or sign, and no word.
+struct AFX_EXT_CLASS CaptionParts {
+    explicit CaptionParts(std::wstring_view text);
+
+    CString numbers; // in their order, each ended by a semicolon
+    CString word;    // in lower case, without blanks
+
+    bool IsNumber() const { return !numbers.empty() && word.empty(); }
+};
+
+// Each search takes the same time, however many captions there are.
+class AFX_EXT_CLASS CaptionIndex {
+public:
+    explicit CaptionIndex(const CStringArray& captions);
+
+    // The caption that `heading` means: the same but for blanks, line breaks, case, width and a
+    // unit in brackets; or the only one with the same numbers whose word has that of the heading
+    // in it ("3%" for 坡度3%, "80 km/h" for 80). -1 when there is none.
+    int Find(std::wstring_view heading) const;
+
+private:
+    struct Numbered {
+        int place;
+        CString word;
+    };
+    std::unordered_map<CString, int> m_whole;
+    std::unordered_map<CString, int> m_withoutUnit;
+    std::unordered_map<CString, std::vector<Numbered>> m_byNumbers;
+};
+
+} // namespace designspec
