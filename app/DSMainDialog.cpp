@@ -11,6 +11,7 @@
 #include "base/Text.h"
 #include "library/StyleName.h"
 #include "pages/framework/FamilyIcon.h"
+#include "pages/framework/ReadOnlyLook.h"
 #include "platform/arx/Documents.h"
 #include "platform/arx/Frame.h"
 #include "platform/mfc/MessageBox.h"
@@ -178,8 +179,8 @@ void CDSMainDialog::SetImage(QTreeWidgetItem* item, Image image) const
 
 void CDSMainDialog::EnterViewMode()
 {
-    EnableWindow(kName, false);
-    SetWindowText(GetWindowText() + L" -- 查看模式");
+    DisableReadably(GetDlgItem(kName));
+    SetWindowText(GetWindowText() + L" - " + m_name + L" -- 查看模式");
     for (int i = 0; i < PageCount(); ++i) {
         if (m_viewPage.find(L'\\') == CString::npos || !EqualNoCase(PagePath(i), m_viewPage))
             continue;

@@ -1,8 +1,11 @@
 #include "pages/CurveWideningPage.h"
 
 #include <QComboBox>
+#include <QShortcut>
+#include <QSignalBlocker>
 
 #include "model/Rules.h"
+#include "platform/xtp/report/ReportPaste.h"
 
 using namespace designspec;
 
@@ -27,6 +30,17 @@ void CCurveWideningPage::InitPage()
     m_mode = GetDlgItem<QComboBox>(kMode);
     connect(m_mode, &QComboBox::currentIndexChanged, this,
             [this](int item) { m_grid.SetExcludesMin(item != kIncludesMin); });
+    ReportUndo& undo = m_grid.Control().GetUndo();
+    undo.Keep([this] { return m_grid.ExcludesMin() ? kExcludesMin : kIncludesMin; },
+              [this](int item) {
+                  const QSignalBlocker blocker(m_mode);
+                  m_mode->setCurrentIndex(item);
+                  m_grid.RestoreExcludesMin(item != kIncludesMin);
+              });
+    // Undo is the grid's, also right after the choice.
+    auto* const shortcut = new QShortcut(QKeySequence::Undo, m_mode);
+    shortcut->setContext(Qt::WidgetShortcut);
+    connect(shortcut, &QShortcut::activated, this, [&undo] { undo.Undo(); });
 }
 
 // Load
@@ -89,7 +103,8 @@ bool CCurveWideningPage::CheckContinuity(CString& message)
     const CMyRadiusRangeColumn* left = nullptr;
     for (const CMyRadiusRangeColumn* column : m_grid.Ranges()) {
         if (left && column->GetMax() != left->GetMin())
-            return Refuse(message, WideningRangeGapText(column->GetMin(), column->GetMax()), kGrid);
+            return Refuse(message, WideningRangeGapText(column->GetMin(), column->GetMax()), kGrid,
+                          [this, column] { m_grid.GoTo(0, column); });
         left = column;
     }
     return true;
@@ -105,8 +120,22 @@ bool CCurveWideningPage::StoreRow(int row, CDSCurveWidening& criterion, CString&
         const CMyRecordItemValue* const cell = m_grid.Cell(row, column);
         GrowArray<Widening>& widenings = criterion.ranges[range++].widenings;
         filled.push_back(cell && !cell->IsEmpty());
-        if (!Gaps(filled).empty()) return Refuse(message, WideningGapText(category), kGrid);
+        if (const auto gaps = Gaps(filled); !gaps.empty())
+            return Refuse(message, WideningGapText(category), kGrid,
+                          [this, row, gaps] { GoToGap(row, gaps); });
         if (filled.back()) widenings.Add({category, cell->GetNumber()});
     }
     return true;
+}
+
+// The message names the category alone; which radii are left out stands below the grid.
+void CCurveWideningPage::GoToGap(int row, const std::vector<size_t>& gaps)
+{
+    const std::vector<CMyRadiusRangeColumn*> ranges = m_grid.Ranges();
+    CStringArray names;
+    for (const size_t gap : gaps)
+        names.push_back(ranges[gap]->GetCaption());
+    m_grid.GoTo(row, ranges[gaps.front()]);
+    m_grid.Control().SetRemark(m_grid.RowHeader(row)->GetCaption() + L" 空缺: " +
+                               FirstNames(names));
 }

@@ -71,11 +71,12 @@ bool CMaxSuperElevPage::StoreSpeed(int speed, CDSMaxSuperElevation& criterion, C
     for (int row = 0; row < m_grid.GetRowCount(); ++row) {
         const CMyRecordItemValue* const cell = m_grid.Cell(row, speed);
         const CString name = WithoutLineBreak(m_grid.RowHeader(row)->GetCaption());
+        const auto goThere = [this, row, speed] { m_grid.GoTo(row, speed); };
         if (!cell || cell->IsEmpty())
-            return Refuse(message, NoValueAtSpeedText(speed, name), kGrid);
+            return Refuse(message, NoValueAtSpeedText(speed, name), kGrid, goThere);
         const int value = static_cast<int>(cell->GetNumber());
         if (row == kMaxRow && !IsMaxSuperElev(value))
-            return Refuse(message, MaxSuperElevText(speed, name), kGrid);
+            return Refuse(message, MaxSuperElevText(speed, name), kGrid, goThere);
         AddSpeed(criterion.*kRows[row].table, speed, value);
     }
     return true;

@@ -89,6 +89,7 @@ CArray<int> CSuperElevationPage::MaximaInUse() const
 
 bool CSuperElevationPage::Check(CString& message)
 {
+    if (!CommitGrids(message)) return false;
     CommitTable();
     for (int maximum : MaximaInUse())
         if (!CheckTable(maximum, message)) return false;
@@ -98,7 +99,9 @@ bool CSuperElevationPage::Check(CString& message)
 bool CSuperElevationPage::CheckTable(int maximum, CString& message)
 {
     const Rows& rows = m_tables.contains(maximum) ? m_tables[maximum] : Rows();
-    if (rows.IsEmpty()) return Refuse(message, NoSuperElevTableText(maximum), kList);
+    if (rows.IsEmpty())
+        return Refuse(message, NoSuperElevTableText(maximum), kList,
+                      [this, maximum] { SelectMaximum(maximum); });
     return std::all_of(rows.begin(), rows.end(), [&](const SuperElevSpeedRow& row) {
         return CheckSpeed(maximum, row, message);
     });
@@ -113,7 +116,10 @@ bool CSuperElevationPage::CheckSpeed(int maximum, const SuperElevSpeedRow& row, 
         if (range.maxRadius != next.minRadius)
             return Refuse(message,
                           SuperElevGapText(maximum, row.speed, range.superElev, next.superElev),
-                          kGrid);
+                          kGrid, [this, maximum, speed = row.speed, superElev = range.superElev] {
+                              SelectMaximum(maximum);
+                              m_grid.GoTo(RowOf(superElev), speed);
+                          });
     }
     return true;
 }
@@ -138,6 +144,12 @@ int CSuperElevationPage::SelectedMaximum() const
 {
     const QListWidgetItem* const item = m_list->currentItem();
     return item ? item->data(Qt::UserRole).toInt() : kNone;
+}
+
+void CSuperElevationPage::SelectMaximum(int maximum)
+{
+    for (int i = 0; i < m_list->count(); ++i)
+        if (m_list->item(i)->data(Qt::UserRole).toInt() == maximum) m_list->setCurrentRow(i);
 }
 
 void CSuperElevationPage::OnSelected()
@@ -183,6 +195,16 @@ void CSuperElevationPage::ShowTable()
                     dynamic_cast<CRadiusRangeItem*>(m_grid.Cell(RowOf(range.superElev), row.speed)))
                 cell->SetRange(range.minRadius, range.maxRadius);
     m_grid.ShowLoaded();
+    if (m_current >= kLowestSuperElev && m_grid.GetRowCount() == 0) SayWhatToDo();
+}
+
+void CSuperElevationPage::SayWhatToDo()
+{
+    CString text = Format(L"最大超高 %d%% 还没有超高表", m_current);
+    if (!IsViewMode())
+        text += Format(L": 右键单击表头, 在“超高”中添加 %d%% 到 %d%% 各行, 再添加车速", m_current,
+                       kLowestSuperElev);
+    m_grid.Control().SetRemark(text);
 }
 
 void CSuperElevationPage::CommitTable()

@@ -51,9 +51,11 @@ private:
 
     void FillList(CArray<int> maxima);
     int SelectedMaximum() const;
+    void SelectMaximum(int maximum);
     void OnSelected();
 
     void ShowTable();
+    void SayWhatToDo();
     void CommitTable();
     GrowArray<SuperElevRange> RangesOf(int speed) const;
 

@@ -61,13 +61,15 @@ std::vector<CMyRadiusRangeColumn*> CWideningGrid::Ranges() const
 
 void CWideningGrid::SetExcludesMin(bool excludesMin)
 {
-    m_excludesMin = excludesMin;
-    Recaption();
+    Control().CommitEdit();
+    Control().GetUndo().Step([&] {
+        m_excludesMin = excludesMin;
+        Recaption();
+    });
 }
 
 void CWideningGrid::Recaption()
 {
-    Control().CommitEdit();
     for (CMyRadiusRangeColumn* range : Ranges())
         range->SetRange(range->GetMin(), range->GetMax(), m_excludesMin);
     Control().Populate();

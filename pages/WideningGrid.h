@@ -10,8 +10,12 @@ public:
     // In the page's InitPage.
     void Create(CDSPage& page);
 
-    // Whether ranges exclude their lower end or their upper one; all captions say so.
+    // Whether ranges exclude their lower end or their upper one; all captions say so. A step of
+    // undo.
     void SetExcludesMin(bool excludesMin);
+    bool ExcludesMin() const { return m_excludesMin; }
+    // For undo, which tells of it by UndoDone; the captions follow then.
+    void RestoreExcludesMin(bool excludesMin) { m_excludesMin = excludesMin; }
 
     // The columns from left to right.
     std::vector<CMyRadiusRangeColumn*> Ranges() const;

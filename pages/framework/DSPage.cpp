@@ -1,6 +1,7 @@
 #include "pages/framework/DSPage.h"
 
 #include <QAbstractButton>
+#include <QComboBox>
 #include <QLineEdit>
 #include <QPushButton>
 
@@ -8,6 +9,8 @@
 #include "app/input/NumberText.h"
 #include "base/Text.h"
 #include "pages/framework/FamilyIcon.h"
+#include "pages/framework/ReadOnlyLook.h"
+#include "pages/framework/WheelGuard.h"
 #include "platform/mfc/QtText.h"
 
 using namespace designspec;
@@ -37,6 +40,8 @@ bool CDSPage::OnInitDialog()
         connect(button, &QAbstractButton::clicked, this,
                 [this, text = source.text] { OpenSource(*text); });
     }
+    for (QComboBox* combo : findChildren<QComboBox*>())
+        new CWheelGuard(combo);
     return CDialog::OnInitDialog();
 }
 
@@ -66,7 +71,7 @@ void CDSPage::MakeReadOnly()
     for (CXTPReportControl* grid : m_grids)
         grid->AllowEdit(false);
     for (int control : m_locked)
-        EnableWindow(control, false);
+        DisableReadably(GetDlgItem(control));
     for (int hint : m_hints)
         ShowWindow(hint, false);
 }
@@ -75,6 +80,16 @@ void CDSPage::CommitGrids()
 {
     for (CXTPReportControl* grid : m_grids)
         grid->CommitEdit();
+}
+
+bool CDSPage::CommitGrids(CString& message)
+{
+    for (CXTPReportControl* grid : m_grids)
+        if (const CString told = grid->CommitEditQuietly(); !told.empty()) {
+            grid->SetRemark(told); // not everybody who asks shows the message
+            return Refuse(message, told, grid->property(kControlIdProperty).toInt());
+        }
+    return true;
 }
 
 CXTPReportControl* CDSPage::CreateGrid(int placeholder, int gridId, const CString& corner,
@@ -106,10 +121,12 @@ CString CDSPage::EnteredTextOf(int edit) const
     return EnteredText(GetDlgItemText(edit));
 }
 
-bool CDSPage::Refuse(CString& message, const CString& text, int control)
+bool CDSPage::Refuse(CString& message, const CString& text, int control,
+                     std::function<void()> goThere)
 {
     message = text;
     m_refused = control;
+    m_goToRefused = std::move(goThere);
     return false;
 }
 
@@ -119,4 +136,5 @@ void CDSPage::FocusRefused()
     if (!control) return;
     control->setFocus();
     if (auto* const edit = qobject_cast<QLineEdit*>(control)) edit->selectAll();
+    if (m_goToRefused) m_goToRefused();
 }

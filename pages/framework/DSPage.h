@@ -13,6 +13,7 @@
 //   - a line in pages/PageTable.cpp.
 #pragma once
 
+#include <functional>
 #include <initializer_list>
 
 #include <QIcon>
@@ -35,11 +36,14 @@ public:
     bool IsViewMode() { return Callback().IsViewMode(); }
 
     // For view mode: no grid can be edited, the hints go, and the controls named by
-    // DisableInViewMode are disabled. The data sources can still be read.
+    // DisableInViewMode are disabled, in the colours of text to be read. The data sources can still
+    // be read.
     void MakeReadOnly();
     // Cells that are being edited get their text, as they would if the focus left them.
     void CommitGrids();
-    // Puts the focus where the last Refuse found fault.
+    // The same in a store step: false, with what a cell refused as the message.
+    bool CommitGrids(CString& message);
+    // Puts the focus where the last Refuse found fault, into the offending cell of a grid.
     void FocusRefused();
 
     // A grid in the placeholder's place that can be edited. Its first column holds the row
@@ -58,8 +62,10 @@ protected:
     void EnableByCheck(int checkBox, std::initializer_list<int> controls);
     // What the user entered there, ready to be read as a number.
     CString EnteredTextOf(int edit) const;
-    // Ends a store step: false, with `text` as the message.
-    bool Refuse(CString& message, const CString& text, int control);
+    // Ends a store step: false, with `text` as the message. `goThere` brings the offending place
+    // into view when the focus goes to the control.
+    bool Refuse(CString& message, const CString& text, int control,
+                std::function<void()> goThere = {});
 
     bool OnInitDialog() override;
 
@@ -76,4 +82,5 @@ private:
     std::vector<int> m_locked;
     std::vector<int> m_hints{kHint};
     int m_refused = 0;
+    std::function<void()> m_goToRefused;
 };

@@ -125,6 +125,26 @@ void CHeaderedGrid::ShowLoaded()
     m_control->GetUndo().Clear();
 }
 
+void CHeaderedGrid::GoTo(int row, const CXTPReportColumn* column)
+{
+    const QModelIndex cell = m_control->IndexOf(row, m_control->GetColumns().IndexOf(column));
+    m_control->setFocus();
+    m_control->setCurrentIndex(cell);
+    m_control->scrollTo(cell);
+}
+
+// To the first value of a column or row that was not there before.
+void CHeaderedGrid::GoToAdded(const CXTPReportColumns& columns, const CXTPReportRecords& records)
+{
+    const int row = std::max(m_control->currentIndex().row(), 0);
+    for (const auto& column : m_control->GetColumns().All())
+        if (columns.IndexOf(column.get()) < 0) return GoTo(row, column.get());
+    const CXTPReportColumn* const first = m_control->GetColumns().GetAt(1);
+    for (const auto& record : m_control->GetRecords().All())
+        if (first && records.IndexOf(record.get()) < 0)
+            return GoTo(m_control->GetRecords().IndexOf(record.get()), first);
+}
+
 // Menu
 
 void CHeaderedGrid::OnRightClick(const CXTPReportColumn* column, const QPoint& globalPos)
@@ -134,8 +154,11 @@ void CHeaderedGrid::OnRightClick(const CXTPReportColumn* column, const QPoint& g
     if (menu.GetMenuItemCount() == 0) return;
     const UINT id = menu.TrackPopupMenu(globalPos, m_control);
     if (id == 0) return;
+    const CXTPReportColumns columns = m_control->GetColumns();
+    const CXTPReportRecords records = m_control->GetRecords();
     m_control->GetUndo().Step([&] {
         Choose(static_cast<int>(id - kFirstCommand), column);
         m_control->Populate();
     });
+    GoToAdded(columns, records);
 }

@@ -38,6 +38,9 @@ public:
     // The value cell of a row and a column; null when there is none.
     CMyRecordItemValue* Cell(int row, const CXTPReportColumn* column) const;
 
+    // Makes the cell of a row and a column the current one, in view and with the focus.
+    void GoTo(int row, const CXTPReportColumn* column);
+
     // Empties the grid save for its first column.
     void RemoveRows();
     // Shows what was loaded; it cannot be undone.
@@ -67,6 +70,7 @@ private:
     int LastItemIndex() const;
     void FillRow(int row, int lastItem);
     void OnRightClick(const CXTPReportColumn* column, const QPoint& globalPos);
+    void GoToAdded(const CXTPReportColumns& columns, const CXTPReportRecords& records);
 
     CDSPage* m_page = nullptr;
     CXTPReportControl* m_control = nullptr;

@@ -21,7 +21,7 @@ public:
 
     bool Validate(CString& message) override
     {
-        CriterionPage().CommitGrids();
+        if (!CriterionPage().CommitGrids(message)) return false;
         Criterion scratch;
         return CriterionPage().StoreStep(scratch, message);
     }

@@ -78,10 +78,11 @@ CArray<int> CSpeedGrid::Speeds() const
 
 CXTPReportColumn* CSpeedGrid::FindColumn(int speed) const
 {
-    const CXTPReportColumns& columns = Control().GetColumns();
-    for (int i = 1; i < columns.GetCount(); ++i)
-        if (SpeedOf(columns.GetAt(i)) == speed) return columns.GetAt(i);
-    return nullptr;
+    const auto& columns = Control().GetColumns().All();
+    const auto place = std::lower_bound(
+        columns.begin() + 1, columns.end(), speed,
+        [](const auto& column, int wanted) { return SpeedOf(column.get()) > wanted; });
+    return place != columns.end() && SpeedOf(place->get()) == speed ? place->get() : nullptr;
 }
 
 void CSpeedGrid::SetSpeeds(CArray<int> speeds)

@@ -34,12 +34,13 @@ struct SpeedChoice {
 // The standard speeds and the present ones, highest first.
 std::vector<SpeedChoice> SpeedChoices(const CArray<int>& present);
 
-// Adds the speeds of a table that are not in the list yet.
+// Adds the speeds of a table that are not in the list yet; the list is in ascending order then.
 template <class T> void MergeSpeeds(CArray<int>& speeds, const GrowArray<SpeedEntry<T>>& table)
 {
     for (const SpeedEntry<T>& entry : table)
-        if (std::find(speeds.begin(), speeds.end(), entry.speed) == speeds.end())
-            speeds.push_back(entry.speed);
+        speeds.push_back(entry.speed);
+    std::sort(speeds.begin(), speeds.end());
+    speeds.erase(std::unique(speeds.begin(), speeds.end()), speeds.end());
 }
 
 class CSpeedGrid : public CHeaderedGrid {
@@ -60,6 +61,7 @@ public:
 
     // The cell of a row and a speed; null when there is none.
     CMyRecordItemValue* Cell(int row, int speed) const;
+    void GoTo(int row, int speed) { CHeaderedGrid::GoTo(row, FindColumn(speed)); }
 
     // A row's cells take the values of a table, whose speeds are all columns.
     template <class T> void SetRow(int row, const GrowArray<SpeedEntry<T>>& table)
@@ -70,9 +72,13 @@ public:
     // Adds the row's cells that are not empty to a table, left to right.
     template <class T> void AppendRowTo(int row, GrowArray<SpeedEntry<T>>& table) const
     {
-        for (int speed : Speeds())
-            if (const auto* cell = Cell(row, speed); cell && !cell->IsEmpty())
+        int column = 0;
+        for (int speed : Speeds()) {
+            const auto* const cell =
+                CHeaderedGrid::Cell(row, Control().GetColumns().GetAt(++column));
+            if (cell && !cell->IsEmpty())
                 designspec::AddSpeed(table, speed, static_cast<T>(cell->GetNumber()));
+        }
     }
 
 protected:

@@ -256,7 +256,7 @@ TEST_F(DSEditor, ViewsAStyle)
     CDesignSpecification& style = AddSaved(Make(L"甲"));
     const ExpectModal dialog([](QWidget* window) {
         EXPECT_EQ(Locks(), 1);
-        EXPECT_EQ(window->windowTitle(), QStringLiteral("设计规范 -- 查看模式"));
+        EXPECT_EQ(window->windowTitle(), QStringLiteral("设计规范 - 甲 -- 查看模式"));
         EXPECT_EQ(Control<QLineEdit>(window, 108)->text(), QStringLiteral("甲"));
         ClickItem(window, "圆曲线半径");
         EXPECT_FALSE(Control(window, 119)->isVisible());
@@ -274,7 +274,7 @@ TEST_F(DSEditor, ViewDesignSpecificationShowsTheDefaultOneAtAPage)
     Library().SetDefaultItem(1);
     const ExpectModal dialog([](QWidget* window) {
         EXPECT_EQ(Locks(), 1);
-        EXPECT_EQ(window->windowTitle(), QStringLiteral("设计规范 -- 查看模式"));
+        EXPECT_EQ(window->windowTitle(), QStringLiteral("设计规范 - 乙 -- 查看模式"));
         EXPECT_EQ(Control<QLineEdit>(window, 108)->text(), QStringLiteral("乙"));
         EXPECT_FALSE(Control(window, 108)->isEnabled());
         EXPECT_EQ(SelectedItem(window), "圆曲线半径");

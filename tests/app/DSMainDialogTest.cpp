@@ -458,7 +458,7 @@ TEST_F(DSMainDialog, ViewModeCannotChangeAnything)
     const std::string before = m_project.Read(FileOf(At(0)));
     EXPECT_EQ(View(
                   [](QWidget* window) {
-                      EXPECT_EQ(window->windowTitle(), QStringLiteral("设计规范 -- 查看模式"));
+                      EXPECT_EQ(window->windowTitle(), QStringLiteral("设计规范 - 甲 -- 查看模式"));
                       EXPECT_FALSE(Control(window, 108)->isEnabled());
                       EXPECT_EQ(Shown(window), "2");
                       EXPECT_EQ(SelectedItem(window), "二");

@@ -26,7 +26,7 @@ const std::map<std::string, Folders> kMayInclude = {
     {"platform/windows", {"base"}},
     {"platform/windows/gui", {"base", "platform/mfc", "platform/vmrd/VmHFCBaseU"}},
     {"platform/xtp", {"base", "platform/mfc"}},
-    {"platform/xtp/report", {"base", "platform/mfc"}},
+    {"platform/xtp/report", {"base", "platform/mfc", "platform/vmrd/VmHFCBaseU"}},
     {"platform/vmrd/VMRDPub", {"base", "platform/mfc", "platform/windows"}},
     {"platform/vmrd/VMRDEnv",
      {"base", "platform/mfc", "platform/windows", "platform/xtp", "platform/vmrd/VMRDPub"}},

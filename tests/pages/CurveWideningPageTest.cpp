@@ -214,6 +214,8 @@ TEST_F(CurveWideningPage, ACategoryHasNoGapBetweenItsValues)
     EXPECT_EQ(Fault(), "加宽类别 a 的加宽值设置不连续，不同圆曲线半径范围之间不能空缺!");
     m_page.FocusRefused();
     EXPECT_TRUE(TheGrid()->hasFocus());
+    EXPECT_EQ(TheGrid()->currentIndex(), TheGrid()->IndexOf(1, 2));
+    EXPECT_TRUE(HasLabel("a 空缺: 20<R≤30"));
     EditCell(TheGrid(), 1, 1, L"");
     EXPECT_EQ(Fault(), "");
 }
@@ -284,7 +286,7 @@ TEST_F(CurveWideningPage, KeysAndClipboardKnowTwoDecimals)
     keys.ExpectCopiedFromEditorToEditor();
     keys.ExpectCutAndDeleted();
     keys.ExpectEmptiedBy(L"-0.5");
-    keys.ExpectEmptiedBy(L"0.5m");
+    keys.ExpectEmptiedBy(L"0.5%");
 }
 
 TEST_F(CurveWideningPage, ABlockFromASpreadsheetFillsTwoDecimals)
@@ -294,7 +296,7 @@ TEST_F(CurveWideningPage, ABlockFromASpreadsheetFillsTwoDecimals)
     PasteAt(TheGrid(), 0, 1, L"0.5\t０．７\r\n0.3\tabc\r\n");
     EXPECT_EQ(Row(TheGrid(), 0), "0.50 0.70");
     EXPECT_EQ(Row(TheGrid(), 1), "0.30 -");
-    PressKey(&m_page, Qt::Key_C, Qt::ControlModifier);
+    PressKey(&m_page, Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_EQ(ClipboardText(), "0.50\t0.70\n0.30\t");
     ASSERT_TRUE(Save());
     EXPECT_EQ(Stored(),
@@ -316,4 +318,37 @@ TEST_F(CurveWideningPage, LookingIntoACellKeepsTheDecimalsThatItDoesNotShow)
     }
     ASSERT_TRUE(Save());
     EXPECT_EQ(Stored(), criterion);
+}
+
+TEST_F(CurveWideningPage, TheModeIsPartOfUndo)
+{
+    Show();
+    Load(TwoRanges());
+    SelectMode(Qt::Key_Down);
+    EditCell(TheGrid(), 0, 1, L"0.5");
+    PressKey(&m_page, Qt::Key_Escape);
+    PressKey(&m_page, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(TextOf(kMode), "最小半径 ≤ R < 最大半径");
+    PressKey(&m_page, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(TextOf(kMode), "最小半径 < R ≤ 最大半径");
+    EXPECT_EQ(Captions(), "250<R≤1000 150<R≤250");
+    EXPECT_FALSE(TheGrid()->GetUndo().CanUndo());
+    PressKey(&m_page, Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_EQ(Captions(), "250≤R<1000 150≤R<250");
+    Control(&m_page, kMode)->setFocus();
+    PressKey(&m_page, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(TextOf(kMode), "最小半径 < R ≤ 最大半径");
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(Stored(), TwoRanges());
+}
+
+TEST_F(CurveWideningPage, AListOfRangesFindsItsColumns)
+{
+    Show();
+    Load(TwoRanges());
+    const std::string row = Row(TheGrid(), 0);
+    ASSERT_EQ(row, "0.40 0.60");
+    const CString name = TheGrid()->GetRecords().GetAt(0)->GetItem(0)->GetCaption();
+    PasteAt(TheGrid(), 0, 1, L"加宽类别\t150～250\t250＜R≤1000\n" + name + L"\t0.7m\t0.45");
+    EXPECT_EQ(Row(TheGrid(), 0), "0.45 0.70");
 }

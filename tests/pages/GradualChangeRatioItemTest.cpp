@@ -45,3 +45,10 @@ TEST(GradualChangeRatioItem, BadInputEmptiesIt)
         EXPECT_EQ(cell.GetCaption(), L"");
     }
 }
+
+TEST(GradualChangeRatioItem, ReadsPastedRatios)
+{
+    const CGradualChangeRatioItem cell;
+    for (const wchar_t* text : {L"1/125", L"1：125", L"125", L"１／１２５"})
+        EXPECT_EQ(cell.ReadPasted(text), L"1/125");
+}

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "base/Text.h"
+#include "tests/pages/CellKeys.h"
 #include "tests/pages/PageTest.h"
 
 using namespace designspec;
@@ -246,4 +247,50 @@ TEST_F(LonGradDialog, ViewModeLocksAllButTheSource)
     EXPECT_EQ(Row(TheGrid(), 0), "4 5 5.5 6 7 8");
     ExpectNoMenu(TheGrid());
     EXPECT_EQ(ReadSource(118), "来源");
+}
+
+TEST_F(LonGradDialog, TypingTheShownGradientStoresIt)
+{
+    CDSLonGrad criterion;
+    criterion.MaxGradLimitedValues.RemoveAll();
+    criterion.MaxGradRecommendedValues.RemoveAll();
+    AddSpeed(criterion.MaxGradLimitedValues, 60, 5.26);
+    AddSpeed(criterion.MaxGradLimitedValues, 40, 6.26);
+    Load(criterion);
+    Show();
+    auto* const grid = TheGrid();
+    EXPECT_EQ(grid->IndexOf(1, 1).data(Qt::ToolTipRole).toString(), QStringLiteral("5.26"));
+    EditCell(grid, 1, 1, L"5.3");
+    PressKey(grid, Qt::Key_Tab); // through the next one
+    PressKey(grid, Qt::Key_Escape);
+    ASSERT_TRUE(Save());
+    const auto& stored = Stored().MaxGradLimitedValues;
+    EXPECT_EQ(stored[0].value, 5.3);
+    EXPECT_EQ(stored[1].value, 6.26);
+}
+
+TEST_F(LonGradDialog, CopyingAndPastingKeepsAllDecimals)
+{
+    CDSLonGrad criterion;
+    criterion.MaxGradLimitedValues.RemoveAll();
+    AddSpeed(criterion.MaxGradLimitedValues, 60, 5.26);
+    Load(criterion);
+    Show();
+    auto* const grid = TheGrid();
+    grid->setFocus();
+    PressKey(grid, Qt::Key_A, Qt::ControlModifier);
+    PressKey(grid, Qt::Key_C, Qt::ControlModifier);
+    GoToCell(grid, 0, 1);
+    PressKey(grid, Qt::Key_V, Qt::ControlModifier);
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(Stored(), criterion);
+}
+
+TEST_F(LonGradDialog, APastedGradientMayHaveItsSign)
+{
+    Load(CDSLonGrad());
+    Show();
+    auto* const grid = TheGrid();
+    PasteAt(grid, 0, 1, L"4.5％\t≤5%\t7m");
+    EXPECT_EQ(Row(grid, 0).substr(0, 7), "4.5 5 -");
 }

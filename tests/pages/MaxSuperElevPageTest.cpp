@@ -103,6 +103,7 @@ TEST_F(MaxSuperElevPage, EveryCellMustBeFilled)
     }
     m_page.FocusRefused();
     EXPECT_TRUE(TheGrid()->hasFocus());
+    EXPECT_EQ(TheGrid()->currentIndex(), TheGrid()->IndexOf(2, 2));
 }
 
 TEST_F(MaxSuperElevPage, TheFirstFaultFromTheLeftAndTheTopIsNamed)
@@ -316,7 +317,7 @@ TEST_F(MaxSuperElevPage, KeysAndClipboardKnowRatios)
     keys.ExpectCopiedFromEditorToEditor();
     keys.ExpectCutAndDeleted();
     keys.ExpectEmptiedBy(L"1/1000");
-    keys.ExpectEmptiedBy(L"1:200");
+    keys.ExpectEmptiedBy(L"2:200");
 }
 
 TEST_F(MaxSuperElevPage, ABlockFromASpreadsheetIsReadByEachCellInItsWay)
@@ -327,7 +328,7 @@ TEST_F(MaxSuperElevPage, ABlockFromASpreadsheetIsReadByEachCellInItsWay)
     EXPECT_EQ(Row(TheGrid(), 0), "1/210 1/220");
     EXPECT_EQ(Row(TheGrid(), 1), "1/230 -");
     EXPECT_EQ(Row(TheGrid(), 2), "7 -");
-    PressKey(&m_page, Qt::Key_C, Qt::ControlModifier);
+    PressKey(&m_page, Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_EQ(ClipboardText(), "1/210\t1/220\n1/230\t\n7\t");
     PressKey(&m_page, Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(Row(TheGrid(), 1), "1/200 1/175");

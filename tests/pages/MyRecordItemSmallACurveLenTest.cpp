@@ -56,3 +56,11 @@ TEST(MyRecordItemSmallACurveLen, IsMadeByItsClass)
     EXPECT_NE(dynamic_cast<CMyRecordItemSmallACurveLen*>(made.get()), nullptr);
     EXPECT_TRUE(made->IsKindOf(RUNTIME_CLASS(CXTPReportRecordItem)));
 }
+
+TEST(MyRecordItemSmallACurveLen, ReadsPastedLengths)
+{
+    const CMyRecordItemSmallACurveLen cell;
+    EXPECT_EQ(cell.ReadPasted(L"1,200／α"), L"1200/α");
+    EXPECT_EQ(cell.ReadPasted(L"1,200 m"), L"1200");
+    EXPECT_EQ(cell.ReadPasted(L"abc"), L"abc");
+}

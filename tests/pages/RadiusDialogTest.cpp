@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "base/Text.h"
+#include "tests/pages/CellKeys.h"
 #include "tests/pages/PageTest.h"
 
 using namespace designspec;
@@ -293,4 +294,44 @@ TEST_F(RadiusDialog, LoadOfAnUnknownNameLeavesThePage)
     Show();
     m_page.Callback().Load(L"没有");
     EXPECT_EQ(Row(TheGrid(), 0), "1000 600 400 300 150 70");
+}
+
+TEST_F(RadiusDialog, ATableFromADocumentGoesWhereItBelongs)
+{
+    Show();
+    Load(CDSCircularCurveRad());
+    PasteAt(
+        TheGrid(), 0, 1,
+        L"设计车速(km/h)\t60\t80\n设超高最小半径\t≥１２５\t250m\n不设超高最小半径\t1,500\t2500");
+    EXPECT_EQ(Row(TheGrid(), 0), "2500 1500 400 300 150 70");
+    EXPECT_EQ(Row(TheGrid(), 1), "400 300 200 150 85 40");
+    EXPECT_EQ(Row(TheGrid(), 2), "250 125 100 70 40 20");
+    EXPECT_TRUE(HasLabel("4 个值, 按标题填入"));
+    PressKey(&m_page, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Row(TheGrid(), 0), "1000 600 400 300 150 70");
+    EXPECT_FALSE(TheGrid()->GetUndo().CanUndo());
+    EXPECT_FALSE(HasLabel("4 个值, 按标题填入"));
+}
+
+TEST_F(RadiusDialog, SpeedsThatAreMissingAreOffered)
+{
+    Show();
+    Load(CDSCircularCurveRad());
+    const CString block = L"\t100\t80\t5\n不设超高最小半径\t4000\t2500\t1";
+    for (const bool wanted : {false, true}) {
+        const ExpectMessage box(L"表格中没有车速 100 km/h。添加后粘贴?", L"提示", MB_ICONQUESTION,
+                                wanted ? IDYES : IDNO);
+        PasteAt(TheGrid(), 0, 1, block);
+        m_frame.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&m_frame));
+        EXPECT_EQ(Columns(TheGrid()), wanted ? "设计车速(km/h) 100 80 60 50 40 30 20"
+                                             : "设计车速(km/h) 80 60 50 40 30 20");
+        EXPECT_EQ(Row(TheGrid(), 0),
+                  wanted ? "4000 2500 600 400 300 150 70" : "2500 600 400 300 150 70");
+        EXPECT_TRUE(HasLabel(wanted ? "2 个值, 按标题填入, 1 列没有对应: 5"
+                                    : "1 个值, 按标题填入, 2 列没有对应: 100、5"));
+        PressKey(&m_page, Qt::Key_Z, Qt::ControlModifier);
+        EXPECT_EQ(Columns(TheGrid()), "设计车速(km/h) 80 60 50 40 30 20");
+        EXPECT_EQ(Row(TheGrid(), 0), "1000 600 400 300 150 70");
+    }
 }

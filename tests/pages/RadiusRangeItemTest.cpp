@@ -104,3 +104,11 @@ TEST_F(RadiusRangeItem, ItsStateHoldsBothEnds)
     m_cell.RestoreState(state);
     ExpectRange(250, 300, L"250~300");
 }
+
+TEST_F(RadiusRangeItem, ReadsPastedRanges)
+{
+    const CRadiusRangeItem cell;
+    for (const wchar_t* text : {L"200-300", L"200～300", L"200至300", L"200m—300m"})
+        EXPECT_EQ(cell.ReadPasted(text), L"200~300");
+    EXPECT_EQ(cell.ReadPasted(L"250,300"), L"250,300");
+}

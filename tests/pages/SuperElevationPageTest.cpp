@@ -178,7 +178,9 @@ TEST_F(SuperElevationPage, AMaximumWithoutATableIsRefused)
     EXPECT_EQ(Fault(), "最大超高 9% 的超高表未设置!");
     m_page.FocusRefused();
     EXPECT_TRUE(List()->hasFocus());
-    Select(0);
+    EXPECT_EQ(Selected(), "最大9%");
+    EXPECT_TRUE(HasLabel(
+        "最大超高 9% 还没有超高表: 右键单击表头, 在“超高”中添加 9% 到 2% 各行, 再添加车速"));
     EXPECT_EQ(Columns(TheGrid()), "设计车速(km/h)");
     EXPECT_EQ(Fault(), "最大超高 9% 的超高表未设置!");
 }
@@ -539,7 +541,10 @@ TEST_F(SuperElevationPage, ABlockWithBadTextsIsToldInOneBox)
     Load(Eight());
     {
         const ExpectMessage box(L"圆曲线半径范围的输入格式为 最小半径~最大半径 !\n"
-                                L"圆曲线半径必须大于0!");
+                                L"    超高 8% 时圆曲线半径范围 60、超高 7% 时圆曲线半径范围 60、"
+                                L"超高 6% 时圆曲线半径范围 40\n"
+                                L"圆曲线半径必须大于0!\n"
+                                L"    超高 8% 时圆曲线半径范围 40、超高 6% 时圆曲线半径范围 60");
         PasteAt(TheGrid(), 0, 1, L"300\t0~90\nabc\t100~120\n-5~7\t7");
     }
     WaitForNothing();
@@ -560,10 +565,54 @@ TEST_F(SuperElevationPage, OneBadTextPastedIntoManyCellsIsToldOnce)
     DragCells(TheGrid(), 0, 1, 2, 2);
     PutOnClipboard(L"300");
     {
-        const ExpectMessage box(L"圆曲线半径范围的输入格式为 最小半径~最大半径 !");
+        const ExpectMessage box(L"圆曲线半径范围的输入格式为 最小半径~最大半径 !\n"
+                                L"    超高 8% 时圆曲线半径范围 60、超高 8% 时圆曲线半径范围 40、"
+                                L"超高 7% 时圆曲线半径范围 60 等");
         PressKey(&m_page, Qt::Key_V, Qt::ControlModifier);
     }
     WaitForNothing();
     EXPECT_EQ(Row(TheGrid(), 0), "- -");
     EXPECT_EQ(Row(TheGrid(), 2), "- -");
+}
+
+TEST_F(SuperElevationPage, ARefusedGapIsShownInItsTable)
+{
+    CDSSuperElevation criterion = Eight();
+    criterion.definitions.Add({6, {{60, {{250, 270, 6}, {270, 330, 5}}}}});
+    criterion.definitions[0].rows[0].ranges[1].minRadius = 280;
+    UseMaxima({8, 6});
+    Show();
+    Load(criterion);
+    m_page.Callback().OnShow();
+    Select(1);
+    EXPECT_EQ(Selected(), "最大6%");
+    EXPECT_NE(Fault(), "");
+    m_page.FocusRefused();
+    EXPECT_EQ(Selected(), "最大8%");
+    EXPECT_TRUE(TheGrid()->hasFocus());
+    EXPECT_EQ(TheGrid()->currentIndex(), TheGrid()->IndexOf(0, 1));
+}
+
+TEST_F(SuperElevationPage, ABadRangeInTheOpenEditorIsTheFault)
+{
+    UseMaxima({8});
+    Show();
+    Load(Eight());
+    ClickCell(TheGrid(), 0, 2);
+    Type(&m_page, L"300");
+    EXPECT_EQ(Fault(), "圆曲线半径范围的输入格式为 最小半径~最大半径 !");
+    WaitForNothing(); // told once
+    m_page.FocusRefused();
+    EXPECT_EQ(TheGrid()->currentIndex(), TheGrid()->IndexOf(0, 2));
+    EXPECT_EQ(Fault(), "");
+}
+
+TEST_F(SuperElevationPage, ATableCopiedFromASheetMayHaveItsHeadings)
+{
+    UseMaxima({8});
+    Show();
+    Load(Eight());
+    PasteAt(TheGrid(), 0, 1, L"超高\t40\t60\n7%\t120至130\t270-330\n8%\t90～120\t250—270");
+    EXPECT_EQ(Row(TheGrid(), 0), "250~270 90~120");
+    EXPECT_EQ(Row(TheGrid(), 1), "270~330 120~130");
 }

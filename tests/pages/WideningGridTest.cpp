@@ -182,7 +182,7 @@ TEST_F(WideningGrid, UndoBringsBackWhatTheMenuRemoved)
     EXPECT_EQ(Row(TheGrid(), 1), "0.25 -");
 }
 
-TEST_F(WideningGrid, ARangeThatUndoBringsBackIsCaptionedAsTheOthersAreNow)
+TEST_F(WideningGrid, UndoGoesThroughTheModeToARangeTakenOutBefore)
 {
     Show();
     Load(TwoRanges());
@@ -190,6 +190,11 @@ TEST_F(WideningGrid, ARangeThatUndoBringsBackIsCaptionedAsTheOthersAreNow)
     SelectMode(Qt::Key_Down);
     ClickCell(TheGrid(), 0, 1);
     PressKey(&m_page, Qt::Key_Escape);
+    PressKey(&m_page, Qt::Key_Z, Qt::ControlModifier); // the mode
+    EXPECT_EQ(Captions(), "150<R≤250");
     PressKey(&m_page, Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(Captions(), "250≤R<1000 150≤R<250");
+    EXPECT_EQ(Captions(), "250<R≤1000 150<R≤250");
+    PressKey(&m_page, Qt::Key_Y, Qt::ControlModifier);
+    PressKey(&m_page, Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_EQ(Captions(), "150≤R<250");
 }

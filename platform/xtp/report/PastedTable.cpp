@@ -170,7 +170,8 @@ void PastedTable::Recognise(const TableCaptions& captions)
                    ? is.AreColumns(line)
                    : is.IsOtherCorner(corner) && is.AreUsualColumns(line, kFewestColumns);
     };
-    const bool columnsOnTop = areColumns(top) && (is.AreRows(left) || is.AreEmpty(left));
+    const bool columnsOnTop =
+        !left.empty() && areColumns(top) && (is.AreRows(left) || is.AreEmpty(left));
     const bool columnsAtLeft = !columnsOnTop && areColumns(left) && is.AreRows(top);
     if (columnsOnTop || columnsAtLeft) {
         m_top = m_left = 1;

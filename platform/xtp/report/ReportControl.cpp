@@ -20,6 +20,8 @@ using namespace designspec;
 
 namespace {
 
+constexpr int kRemarkLine = 20000; // the line's control id is the grid's and this
+
 // The layout that holds a widget, in `layout` or below it; null when none does.
 QLayout* LayoutOf(QWidget* widget, QLayout* layout)
 {
@@ -87,6 +89,8 @@ void CXTPReportControl::PlaceIn(QLayout* layout, int item)
     both->setSpacing(2);
     both->addWidget(this);
     m_remarkLine = new QLabel(parentWidget());
+    m_remarkLine->setProperty(kControlIdProperty,
+                              property(kControlIdProperty).toInt() + kRemarkLine);
     m_remarkLine->setTextFormat(Qt::PlainText);
     m_remarkLine->setWordWrap(true);
     m_remarkLine->hide();
@@ -205,6 +209,12 @@ void CXTPReportControl::CommitEdit()
     m_notices.Show();
 }
 
+CString CXTPReportControl::CommitEditQuietly()
+{
+    m_delegate->EndEdit(true);
+    return m_notices.Take();
+}
+
 void CXTPReportControl::EnterText(const QModelIndex& index, const CString& text)
 {
     EnterPasted(index, text, false);
@@ -248,6 +258,8 @@ void CXTPReportControl::keyPressEvent(QKeyEvent* event)
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (enter && IsEditable(currentIndex()))
         edit(currentIndex());
+    else if (enter && m_allowEdit && currentIndex().isValid())
+        m_keys.Walk(true); // from a caption to its first value
     else if (enter || event->key() == Qt::Key_Escape)
         event->ignore(); // for the dialog
     else
@@ -265,6 +277,17 @@ void CXTPReportControl::inputMethodEvent(QInputMethodEvent* event)
     }
     edit(currentIndex());
     if (QLineEdit* const editor = m_delegate->Editor()) QApplication::sendEvent(editor, event);
+}
+
+void CXTPReportControl::focusInEvent(QFocusEvent* event)
+{
+    QTableView::focusInEvent(event);
+    const CXTPReportRecordItem* const item = ItemAt(currentIndex());
+    const Qt::FocusReason reason = event->reason();
+    const bool byKey = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
+                       reason == Qt::ShortcutFocusReason;
+    if (byKey && item && !item->IsEditable())
+        m_keys.GoToFirstValue(reason != Qt::BacktabFocusReason);
 }
 
 bool CXTPReportControl::focusNextPrevChild(bool next)

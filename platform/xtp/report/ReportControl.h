@@ -70,6 +70,8 @@ public:
     bool IsAllowEdit() const { return m_allowEdit; }
     // Ends an open edit as Tab does: the cell gets the text. What there is to tell is told.
     void CommitEdit();
+    // The same, but gives back what there is to tell; empty when there is nothing.
+    CString CommitEditQuietly();
     // The user has entered `text` into a cell.
     void EnterText(const QModelIndex& index, const CString& text);
     // The same for one of several cells, which is to be named when there is something to tell, and
@@ -115,6 +117,7 @@ protected:
     bool event(QEvent* event) override;
     void changeEvent(QEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;

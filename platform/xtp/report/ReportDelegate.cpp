@@ -1,5 +1,6 @@
 #include "platform/xtp/report/ReportDelegate.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QPainter>
 
@@ -80,6 +81,13 @@ QWidget* ReportDelegate::createEditor(QWidget* parent, const QStyleOptionViewIte
     editor->setTextMargins(kEditorMargin, 0, kEditorMargin, 0);
     editor->setContextMenuPolicy(Qt::NoContextMenu); // a right click is for the grid
     connect(editor, &QLineEdit::textChanged, editor, [editor] { GrowWithText(editor); });
+    // Back from another window by a click on something else, the editor has no focus to lose.
+    m_leftOpen = false;
+    connect(qApp, &QApplication::focusChanged, editor, [this, editor](QWidget*, QWidget* now) {
+        if (!m_leftOpen || !now || now->window() != editor->window()) return;
+        m_leftOpen = false;
+        if (now != editor) const_cast<ReportDelegate*>(this)->EndEdit(true);
+    });
     m_editor = editor;
     return editor;
 }
@@ -100,8 +108,10 @@ void ReportDelegate::setEditorData(QWidget* editor, const QModelIndex& index) co
 void ReportDelegate::setModelData(QWidget* editor, QAbstractItemModel* model,
                                   const QModelIndex& index) const
 {
-    const QString text = static_cast<QLineEdit*>(editor)->text();
-    if (text != index.data(Qt::EditRole).toString()) model->setData(index, text, Qt::EditRole);
+    // What the user has typed counts, even where it reads as the cell does: the cell may show a
+    // rounded number.
+    const auto* const edit = static_cast<QLineEdit*>(editor);
+    if (edit->isModified()) model->setData(index, edit->text(), Qt::EditRole);
 }
 
 void ReportDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
@@ -116,6 +126,12 @@ bool ReportDelegate::eventFilter(QObject* watched, QEvent* event)
     if (event->type() == QEvent::KeyPress && watched == m_editor &&
         HandleKey(static_cast<QKeyEvent*>(event)))
         return true;
+    // Another window is in front: the edit goes on when the user is back.
+    if (event->type() == QEvent::FocusOut && watched == m_editor &&
+        static_cast<QFocusEvent*>(event)->reason() == Qt::ActiveWindowFocusReason) {
+        m_leftOpen = true;
+        return false;
+    }
     return QStyledItemDelegate::eventFilter(watched, event);
 }
 

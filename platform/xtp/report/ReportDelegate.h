@@ -39,6 +39,7 @@ private:
     CXTPReportControl* m_control;
     ReportKeys& m_keys;
     mutable QPointer<QLineEdit> m_editor;
+    mutable bool m_leftOpen = false; // while another window is in front
 };
 
 } // namespace designspec

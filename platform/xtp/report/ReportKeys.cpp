@@ -91,6 +91,19 @@ bool ReportKeys::Walk(bool forward)
     return next.isValid();
 }
 
+void ReportKeys::GoToFirstValue(bool forward)
+{
+    const int columns = m_grid.model()->columnCount();
+    const int cells = m_grid.model()->rowCount() * columns;
+    for (int i = 0; i < cells; ++i) {
+        const int number = forward ? i : cells - 1 - i;
+        const QModelIndex cell = m_grid.IndexOf(number / columns, number % columns);
+        if (const auto* const item = m_grid.ItemAt(cell); !item || !item->IsEditable()) continue;
+        m_grid.setCurrentIndex(cell);
+        return;
+    }
+}
+
 QModelIndex ReportKeys::NextEditable(bool down, bool forward) const
 {
     // The cells have numbers in the order that the key walks them.

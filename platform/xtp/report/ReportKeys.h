@@ -37,6 +37,8 @@ public:
     // Goes to the next cell that can be edited, to the right and then in the next row, or the
     // other way round; false where there is none.
     bool Walk(bool forward);
+    // Goes to the first value, or to the last one; also where they can only be read.
+    void GoToFirstValue(bool forward);
 
 private:
     std::function<void()> CommandOf(const QKeyEvent* event) const;

@@ -1,8 +1,11 @@
 #include "platform/xtp/report/ReportNotices.h"
 
 #include <algorithm>
+#include <chrono>
 #include <utility>
 
+#include <QGuiApplication>
+#include <QTimer>
 #include <QWidget>
 
 #include "platform/mfc/MessageBox.h"
@@ -17,7 +20,7 @@ void ReportNotices::Add(const CString& notice)
     if (same == m_notices.end()) same = m_notices.insert(same, {notice, {}});
     if (!m_cell.empty()) same->cells.push_back(m_cell);
     QMetaObject::invokeMethod(
-        m_owner, [this] { Show(); }, Qt::QueuedConnection);
+        m_owner, [this] { ShowLater(); }, Qt::QueuedConnection);
 }
 
 CString ReportNotices::Take()
@@ -28,6 +31,15 @@ CString ReportNotices::Take()
         if (!notice.cells.empty()) text += L"\n    " + FirstNames(notice.cells);
     }
     return text;
+}
+
+void ReportNotices::ShowLater()
+{
+    constexpr std::chrono::milliseconds kWait(20);
+    if (QGuiApplication::mouseButtons() == Qt::NoButton)
+        Show();
+    else
+        QTimer::singleShot(kWait, m_owner, [this] { ShowLater(); });
 }
 
 void ReportNotices::Show()

@@ -14,8 +14,9 @@ public:
     // Notices are shown over `owner`, and only while its window is.
     explicit ReportNotices(QWidget* owner) : m_owner(owner) {}
 
-    // Shows it once the event at hand has been dealt with, so that no box opens in the midst of a
-    // change or of a window's end. One box then tells all that was added, each thing once.
+    // Shows it once the event at hand has been dealt with and no mouse button is down, so that no
+    // box opens in the midst of a change, of a window's end or of a press on a button. One box then
+    // tells all that was added, each thing once.
     void Add(const CString& notice);
     // Until it is called again, what is added is about that cell, which the box names. Empty: about
     // the one that the user has just left.
@@ -32,6 +33,8 @@ private:
     };
 
     QWidget* m_owner;
+    void ShowLater();
+
     CString m_cell;
     std::vector<Notice> m_notices;
 };

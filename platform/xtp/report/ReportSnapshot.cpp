@@ -5,7 +5,7 @@ using namespace designspec;
 ReportSnapshot ReportSnapshot::Take(const CXTPReportColumns& columns,
                                     const CXTPReportRecords& records)
 {
-    ReportSnapshot snapshot{columns.All(), {}};
+    ReportSnapshot snapshot{columns.All(), {}, 0};
     for (const auto& record : records.All()) {
         Row row{record, record->GetItems().All(), {}};
         for (const auto& item : row.items)

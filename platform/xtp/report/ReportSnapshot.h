@@ -21,6 +21,7 @@ struct ReportSnapshot {
 
     CXTPReportColumns::Elements columns;
     std::vector<Row> rows;
+    int number = 0; // of ReportUndo::Keep
 
     bool operator==(const ReportSnapshot&) const = default;
 

@@ -6,7 +6,15 @@ using namespace designspec;
 
 ReportSnapshot ReportUndo::Take() const
 {
-    return ReportSnapshot::Take(m_grid.GetColumns(), m_grid.GetRecords());
+    ReportSnapshot snapshot = ReportSnapshot::Take(m_grid.GetColumns(), m_grid.GetRecords());
+    if (m_takeNumber) snapshot.number = m_takeNumber();
+    return snapshot;
+}
+
+void ReportUndo::Keep(std::function<int()> take, std::function<void(int)> putBack)
+{
+    m_takeNumber = std::move(take);
+    m_putBackNumber = std::move(putBack);
 }
 
 void ReportUndo::Step(const std::function<void()>& change)
@@ -58,6 +66,7 @@ void ReportUndo::Restore(const ReportSnapshot& content)
 {
     const ReportSnapshot now = Take();
     content.PutBack(m_grid.GetColumns(), m_grid.GetRecords());
+    if (m_putBackNumber) m_putBackNumber(content.number);
     m_grid.Populate();
     m_grid.SetRemark({});
     // The user sees what has changed, wherever the grid was scrolled to.

@@ -20,6 +20,10 @@ public:
     void Step(const std::function<void()>& change);
     bool IsInStep() const { return m_inStep; }
 
+    // A number of the grid's owner that is part of the content. `putBack` comes before the grid is
+    // populated.
+    void Keep(std::function<int()> take, std::function<void(int)> putBack);
+
     // Forgets all steps, as after loading.
     void Clear();
     // Never in a grid that may not be edited.
@@ -42,6 +46,8 @@ private:
     std::vector<Change> m_changes;
     size_t m_done = 0; // of the changes; those behind have been undone
     bool m_inStep = false;
+    std::function<int()> m_takeNumber;
+    std::function<void(int)> m_putBackNumber;
 };
 
 } // namespace designspec

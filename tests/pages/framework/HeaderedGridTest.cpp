@@ -163,3 +163,17 @@ TEST_F(HeaderedGrid, HasNoMenuInViewModeOrWithoutAnItem)
     WaitForNothing();
     EXPECT_TRUE(Tested().m_clicked.empty());
 }
+
+TEST_F(HeaderedGrid, WhatTheMenuAddsHasTheFocus)
+{
+    Show();
+    auto* const grid = &m_page.m_grid.Control();
+    ChooseFromHeaderMenu(grid, 0, L"甲");
+    ChooseFromHeaderMenu(grid, 0, L"加一列");
+    EXPECT_TRUE(grid->hasFocus());
+    EXPECT_EQ(grid->currentIndex(), grid->IndexOf(0, 1));
+    ChooseFromHeaderMenu(grid, 0, L"加一列");
+    EXPECT_EQ(grid->currentIndex(), grid->IndexOf(0, 2));
+    ChooseFromHeaderMenu(grid, 0, L"乙");
+    EXPECT_EQ(grid->currentIndex(), grid->IndexOf(1, 1));
+}

@@ -51,3 +51,16 @@ TEST(MyRecordItemPositiveDouble, BadInputEmptiesIt)
         EXPECT_EQ(cell.GetCaption(), L"");
     }
 }
+
+TEST(MyRecordItemPositiveDouble, KnowsItsExactText)
+{
+    CMyRecordItemPositiveDouble cell(1, true, 5.26);
+    EXPECT_EQ(cell.GetCaption(), L"5.3");
+    EXPECT_EQ(cell.GetExactText(), L"5.26");
+    cell.OnEditChanged(nullptr, cell.GetCaption());
+    EXPECT_EQ(cell.GetExactText(), L"5.3");
+    cell.SetEmpty();
+    EXPECT_EQ(cell.GetExactText(), L"");
+    cell.SetValue(1e22);
+    EXPECT_EQ(cell.GetExactText(), cell.GetCaption());
+}

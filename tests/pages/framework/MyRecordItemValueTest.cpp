@@ -1,8 +1,12 @@
 #include "pages/framework/MyRecordItemValue.h"
 
+#include <memory>
+
 #include "base/Format.h"
 
 #include <gtest/gtest.h>
+
+#include "pages/framework/MyRecordItemPositiveInt.h"
 
 using namespace designspec;
 
@@ -45,4 +49,15 @@ TEST(MyRecordItemValue, WhatCannotBeReadEmptiesTheCell)
     cell.OnEditChanged(nullptr, L"12");
     EXPECT_TRUE(cell.IsEmpty());
     EXPECT_EQ(cell.GetCaption(), L"");
+}
+
+TEST(MyRecordItemValue, ReadsPastedNumbersInItsUnit)
+{
+    CMyRecordItemPositiveInt length;
+    EXPECT_EQ(length.ReadPasted(L"≥1,500 m"), L"1500");
+    EXPECT_EQ(length.ReadPasted(L"5%"), L"5%");
+    const std::unique_ptr<CMyRecordItemValue> gradient(
+        InPercent<MakeCell<CMyRecordItemPositiveInt>>());
+    EXPECT_EQ(gradient->ReadPasted(L"5%"), L"5");
+    EXPECT_EQ(gradient->ReadPasted(L"5m"), L"5m");
 }

@@ -90,7 +90,7 @@ TEST(PastedTable, TakesValuesForValues)
 {
     for (const auto* text : {L"700\t400\n400\t250", L"200\t170\t140\n100\t85\t70", L"100\t80",
                              L"100\t85\t70\n50\t40\t35", L"50\t80\t60\n700\t400\t200",
-                             L"100\t80\t60\n80\t60\t50", L"100\t100\n700\t400"})
+                             L"100\t80\t60\n80\t60\t50", L"100\t100\n700\t400", L"\t100\t80"})
         EXPECT_EQ(Read(text), Read(PastedTable::OfValues(ParseTabText(text)))) << ToUtf8(text);
     EXPECT_EQ(Read(L" 70\tabc\t12.7"), "- - -|-:  70 abc 12.7");
     EXPECT_EQ(Read(L"5\n\n7"), "-|-: 5|-: |-: 7");

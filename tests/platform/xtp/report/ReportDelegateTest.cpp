@@ -136,3 +136,53 @@ TEST_F(ReportDelegateTest, PopulateDropsAnOpenEdit)
     EXPECT_EQ(Content(), m_initial);
     EXPECT_EQ(Current(), std::pair(1, 1));
 }
+
+TEST_F(ReportDelegateTest, TypingWhatIsShownIsEntered)
+{
+    EditCell(&m_grid, 1, 1, L"11");
+    EXPECT_EQ(Item(1, 1)->entered, CStringArray{L"11"});
+}
+
+TEST_F(ReportDelegateTest, AnotherWindowInFrontLeavesTheEditOpen)
+{
+    ClickCell(&m_grid, 1, 1);
+    Type(&m_grid, L"5");
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    EXPECT_TRUE(IsEditing());
+    EXPECT_EQ(Text(1, 1), L"11");
+    m_grid.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&m_grid));
+    Type(&m_grid, L"6");
+    Key(Qt::Key_Tab);
+    EXPECT_EQ(Item(1, 1)->entered, CStringArray{L"56"});
+}
+
+TEST_F(ReportDelegateTest, AnEditLeftOpenEndsWhenTheUserComesBackToSomethingElse)
+{
+    QWidget window;
+    auto* const grid = new CXTPReportControl(&window);
+    auto* const item = new CTestNumberItem;
+    grid->GetColumns().Add(new CXTPReportColumn(0, L"值", 100));
+    grid->GetRecords().Add(new CXTPReportRecord)->AddItem(item);
+    grid->AllowEdit(true);
+    grid->Populate();
+    auto* const field = new QLineEdit(&window);
+    field->move(0, 150);
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    ClickCell(grid, 0, 0);
+    Type(grid, L"5");
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    field->setFocus(); // what a press does before its window is in front
+    EXPECT_TRUE(item->entered.empty());
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    EXPECT_TRUE(field->hasFocus());
+    EXPECT_EQ(item->entered, CStringArray{L"5"});
+}

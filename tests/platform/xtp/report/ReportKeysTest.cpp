@@ -121,3 +121,29 @@ TEST_F(ReportKeysTest, TabInAGridThatIsNotEditingWalksTheCellsAndThenLeaves)
     EXPECT_TRUE(next->hasFocus());
     m_grid.setParent(nullptr);
 }
+
+TEST_F(ReportKeysTest, EnterOnACaptionGoesToItsFirstValue)
+{
+    m_grid.setCurrentIndex(m_grid.IndexOf(1, 0));
+    Key(Qt::Key_Return);
+    EXPECT_EQ(Current(), std::pair(1, 1));
+    EXPECT_FALSE(IsEditing());
+}
+
+TEST_F(ReportKeysTest, TabIntoTheGridLandsOnAValue)
+{
+    for (const bool locked : {false, true}) {
+        m_grid.AllowEdit(!locked);
+        for (const auto& [reason, place] : {std::pair(Qt::TabFocusReason, std::pair(0, 1)),
+                                            std::pair(Qt::BacktabFocusReason, std::pair(2, 3))}) {
+            m_grid.setCurrentIndex(m_grid.IndexOf(1, 0));
+            m_grid.clearFocus();
+            m_grid.setFocus(reason);
+            EXPECT_EQ(Current(), place);
+            m_grid.setCurrentIndex(m_grid.IndexOf(1, 2)); // a value stays the current one
+            m_grid.clearFocus();
+            m_grid.setFocus(reason);
+            EXPECT_EQ(Current(), std::pair(1, 2));
+        }
+    }
+}

@@ -3,6 +3,7 @@
 #include <memory>
 
 #include <QTest>
+#include <QWindow>
 
 #include "tests/platform/xtp/report/TestGrid.h"
 
@@ -121,4 +122,31 @@ TEST_F(ReportNoticesTest, ADestroyedGridAsksNoCell)
     const auto record = grid->GetRecords().All().front(); // outlives the grid
     delete grid;
     EXPECT_TRUE(dynamic_cast<CStrictItem*>(record->GetItem(0))->entered.empty());
+}
+
+TEST_F(ReportNoticesTest, WaitsForAMouseButtonThatIsDown)
+{
+    const QPoint place(5, 5);
+    QTest::mousePress(m_grid.windowHandle(), Qt::LeftButton, {}, place);
+    ASSERT_NE(QGuiApplication::mouseButtons(), Qt::NoButton);
+    m_grid.Tell(L"甲");
+    ExpectNothing();
+    const ExpectMessage box(L"甲");
+    QTest::mouseRelease(m_grid.windowHandle(), Qt::LeftButton, {}, place);
+}
+
+TEST_F(ReportNoticesTest, NamesTheCellsOfSeveralThatWerePasted)
+{
+    const ExpectMessage box(L"不行!\n    值、值");
+    for (int row : {0, 1})
+        m_grid.EnterPasted(m_grid.IndexOf(row, 0), L"abc", true);
+}
+
+TEST_F(ReportNoticesTest, WhatIsTakenIsNotShown)
+{
+    ClickCell(&m_grid, 0, 0);
+    Type(&m_grid, L"abc");
+    EXPECT_EQ(m_grid.CommitEditQuietly(), L"不行!");
+    EXPECT_EQ(m_grid.CommitEditQuietly(), L"");
+    ExpectNothing();
 }

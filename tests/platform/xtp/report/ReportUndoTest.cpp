@@ -229,3 +229,18 @@ TEST_F(ReportUndoTest, ScrollsToWhatChanged)
     Redo();
     EXPECT_TRUE(isShown());
 }
+
+TEST_F(ReportUndoTest, ANumberOfTheOwnersIsPartOfTheContent)
+{
+    int number = 1;
+    m_grid.GetUndo().Keep([&number] { return number; }, [&number](int kept) { number = kept; });
+    m_grid.GetUndo().Step([&number] { number = 2; });
+    m_grid.EnterText(m_grid.IndexOf(0, 1), L"9");
+    Key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(number, 2);
+    Key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(number, 1);
+    Key(Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_EQ(number, 2);
+    m_grid.GetUndo().Keep({}, {});
+}
