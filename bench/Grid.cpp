@@ -1,0 +1,154 @@
+// grid_bench: what the tables of the editor spend on their size, at sizes that double. Runs without
+// a display.
+#include <QApplication>
+#include <QClipboard>
+#include <QKeyEvent>
+
+#include "base/Format.h"
+#include "bench/Bench.h"
+#include "bench/Doubling.h"
+#include "pages/framework/PageCallback.h"
+#include "pages/framework/SpeedTableGrid.h"
+
+using namespace designspec;
+
+namespace {
+
+constexpr int kColumns = 60;
+
+void Press(QWidget& widget, int key)
+{
+    QKeyEvent event(QEvent::KeyPress, key, Qt::ControlModifier);
+    QApplication::sendEvent(&widget, &event);
+}
+
+// A grid of as many rows, each with a caption and values.
+void Fill(CXTPReportControl& grid, std::int64_t rows)
+{
+    for (int column = 0; column <= kColumns; ++column)
+        grid.GetColumns().Add(new CXTPReportColumn(column, Format(L"%d", column), 40));
+    for (std::int64_t row = 0; row < rows; ++row) {
+        CXTPReportRecord* const record = grid.GetRecords().Add(new CXTPReportRecord);
+        record->AddItem(new CXTPReportRecordItem(Format(L"行%d", static_cast<int>(row))))
+            ->SetEditable(false);
+        for (int column = 0; column < kColumns; ++column)
+            record->AddItem(new CXTPReportRecordItem(L"100"));
+    }
+    grid.AllowEdit(true);
+    grid.Populate();
+    grid.resize(800, 600);
+    grid.show();
+}
+
+QString Block(std::int64_t rows, bool captions)
+{
+    QString text;
+    for (std::int64_t row = 0; row < rows; ++row) {
+        if (captions) text += QStringLiteral("行%1\t").arg(rows - 1 - row);
+        for (int column = 0; column < kColumns; ++column)
+            text += QString::number(200 + column) + (column + 1 < kColumns ? u'\t' : u'\n');
+    }
+    return text;
+}
+
+void PasteBlock(benchmark::State& state, const char* name, bool captions)
+{
+    CXTPReportControl grid;
+    Fill(grid, state.range(0));
+    QApplication::clipboard()->setText(Block(state.range(0), captions));
+    MeasureGrowth(state, name, [&] {
+        grid.GetUndo().Clear();
+        grid.setCurrentIndex(grid.IndexOf(0, 1));
+        Press(grid, Qt::Key_V);
+    });
+    Require(grid.ItemAt(grid.IndexOf(0, kColumns))->GetCaption() == L"259", "nothing was pasted");
+}
+
+void CopyAll(benchmark::State& state)
+{
+    CXTPReportControl grid;
+    Fill(grid, state.range(0));
+    grid.selectAll();
+    MeasureGrowth(state, "copy", [&] { Press(grid, Qt::Key_C); });
+}
+
+using C = CDSCurveMinLen;
+constexpr SpeedTableRow<C> kRows[] = {
+    {&C::HorizontalCurveMinLen, L"平曲线最小长度(m)"},
+    {&C::CircularCurveMinLen, L"圆曲线最小长度(m)"},
+};
+constexpr UINT kFormWithGrid = 105;
+
+class LengthCallback : public CDSPageCallback<&CDesignSpecification::CurveMinLen> {
+    using CDSPageCallback::CDSPageCallback;
+};
+
+// A page with the grid of curve lengths alone.
+class GridPage : public CCriterionPage<C> {
+public:
+    GridPage() : CCriterionPage(kFormWithGrid) {}
+    CDSCallback& Callback() override { return m_callback; }
+    void LoadStep(const C& criterion) override { m_grid.Load(criterion); }
+    bool StoreStep(C& criterion, CString&) override
+    {
+        m_grid.Store(criterion);
+        return true;
+    }
+
+protected:
+    void InitPage() override { m_grid.Create(*this, kRows); }
+
+private:
+    LengthCallback m_callback{this};
+    CSpeedTableGrid<C> m_grid;
+};
+
+// More speeds than there are: what counts is how the time grows.
+void LoadAndStore(benchmark::State& state)
+{
+    QWidget frame;
+    GridPage page;
+    Require(page.Create(&frame), "the page could not be created");
+    C lengths;
+    for (SpeedToIntValues* table : {&lengths.HorizontalCurveMinLen, &lengths.CircularCurveMinLen}) {
+        table->RemoveAll();
+        for (int speed = static_cast<int>(state.range(0)); speed > 0; --speed)
+            AddSpeed(*table, speed, 100 + speed);
+    }
+    C stored;
+    CString message;
+    MeasureGrowth(state, "speeds", [&] {
+        page.LoadStep(lengths);
+        page.StoreStep(stored, message);
+    });
+    Require(stored.CircularCurveMinLen.count == state.range(0), "a speed is missing");
+}
+
+template <class Function> void Register(const char* name, int from, int to, Function function)
+{
+    benchmark::RegisterBenchmark(name, function)
+        ->RangeMultiplier(2)
+        ->Range(from, to)
+        ->Iterations(3)
+        ->Unit(benchmark::kMillisecond);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+    const QApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 2;
+    Register("Grid/block of 60 columns pasted", 500, 8000,
+             [](benchmark::State& state) { PasteBlock(state, "plain", false); });
+    Register("Grid/the same found by captions", 500, 8000,
+             [](benchmark::State& state) { PasteBlock(state, "captions", true); });
+    Register("Grid/60 columns copied", 500, 8000, CopyAll);
+    Register("Grid/page of speeds loaded and stored", 120, 1920, LoadAndStore);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    CDesignSpecifications::Destroy();
+}
