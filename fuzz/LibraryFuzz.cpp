@@ -280,7 +280,7 @@ private:
             Require(taken.Find(m_folder.Item(i)->ID()) != nullptr);
     }
 
-    void Template() const
+    void Template()
     {
         const CString target = m_project + L"\\tmpl";
         if (!m_folder.SaveAsTemplate(target).done) return;
