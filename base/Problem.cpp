@@ -11,7 +11,8 @@ namespace designspec {
 std::wstring Problem::Text() const
 {
     if (file.empty()) return text;
-    return line > 0 ? file + L':' + std::to_wstring(line) + L": " + text : file + L": " + text;
+    const std::wstring where = Printable(file);
+    return line > 0 ? where + L':' + std::to_wstring(line) + L": " + text : where + L": " + text;
 }
 
 bool HasError(const Problems& problems)
@@ -28,7 +29,7 @@ void Append(Problems& problems, Problems more)
 void AddProblem(Problems& problems, Severity severity, const std::wstring& path, int line,
                 const std::wstring& text)
 {
-    problems.push_back({severity, ToWide(NativePath(path)), line, text});
+    problems.push_back({severity, ToWide(NativePath(path)), line, Printable(text)});
 }
 
 } // namespace designspec

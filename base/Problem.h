@@ -30,7 +30,8 @@ bool HasError(const Problems& problems);
 // Adds those of another list behind them.
 void Append(Problems& problems, Problems more);
 
-// Adds a problem with the file at that path of the module's own.
+// Adds a problem with the file at that path of the module's own. What the text quotes of a file may
+// hold anything: it is made printable.
 void AddProblem(Problems& problems, Severity severity, const std::wstring& path, int line,
                 const std::wstring& text);
 

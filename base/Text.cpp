@@ -127,6 +127,32 @@ std::wstring TrimRight(std::wstring_view text, std::wstring_view set)
     return std::wstring(text);
 }
 
+bool IsActing(wchar_t c)
+{
+    return (c >= 0 && c < 0x20) || (c >= 0x7F && c < 0xA0) || c == 0x061C || c == 0x200E ||
+           c == 0x200F || (c >= 0x2028 && c <= 0x202E) || (c >= 0x2066 && c <= 0x2069);
+}
+
+std::wstring Printable(std::wstring_view text)
+{
+    static constexpr wchar_t kHex[] = L"0123456789ABCDEF";
+    std::wstring shown;
+    shown.reserve(text.size());
+    for (const wchar_t c : text) {
+        if (!IsActing(c)) {
+            shown.push_back(c);
+        } else if (c == L'\n' || c == L'\r' || c == L'\t') {
+            shown.push_back(L'\\');
+            shown.push_back(c == L'\n' ? L'n' : c == L'\r' ? L'r' : L't');
+        } else {
+            shown += c < 0x100 ? L"\\x" : L"\\u";
+            for (int shift = c < 0x100 ? 4 : 12; shift >= 0; shift -= 4)
+                shown.push_back(kHex[(c >> shift) & 0xF]);
+        }
+    }
+    return shown;
+}
+
 std::vector<std::wstring> SplitText(std::wstring_view text, std::wstring_view separators)
 {
     std::vector<std::wstring> parts;

@@ -23,6 +23,13 @@ std::wstring Trim(std::wstring_view text);
 // The characters of `set` cut off on the right.
 std::wstring TrimRight(std::wstring_view text, std::wstring_view set);
 
+// True for a character that is not shown but acts on what is: a control character, a line break of
+// any kind, a mark that turns the direction of writing.
+bool IsActing(wchar_t c);
+// The text on one line as it can be shown anywhere: "\\n", "\\t", "\\x1B" or "\\u202E" for each
+// such character.
+std::wstring Printable(std::wstring_view text);
+
 // The parts of `text` between any of the characters of `separators`; empty parts are left out.
 std::vector<std::wstring> SplitText(std::wstring_view text, std::wstring_view separators);
 

@@ -1,5 +1,7 @@
 #include "library/StyleName.h"
 
+#include <algorithm>
+
 #include "base/NoCase.h"
 #include "base/Text.h"
 #include "base/XmlCheck.h"
@@ -19,6 +21,7 @@ CString StyleNameProblem(const CString& name)
     if (name.empty()) return L"样式名不能为空!";
     if (name.find_first_of(kForbidden) != CString::npos)
         return CString(L"样式名中不允许出现如下字符: ") + kForbidden;
+    if (std::any_of(name.begin(), name.end(), IsActing)) return L"样式名中不允许出现控制字符和换行";
     if (!IsXmlText(name)) return L"样式名中有文件无法记录的字符";
     return FileNameProblem(name);
 }

@@ -4,6 +4,15 @@
 
 using namespace designspec;
 
+TEST(Text, WhatActsOnALineIsShownInstead)
+{
+    EXPECT_EQ(Printable(L"规范 1<b>\\"), L"规范 1<b>\\");
+    EXPECT_EQ(Printable(L"a\r\n\tb"), L"a\\r\\n\\tb");
+    EXPECT_EQ(Printable(std::wstring_view(L"\0\x1B[31m\x7F\x9B", 8)), L"\\x00\\x1B[31m\\x7F\\x9B");
+    EXPECT_EQ(Printable(L"\x2028\x202E\x2066\x200F\x61C"), L"\\u2028\\u202E\\u2066\\u200F\\u061C");
+    EXPECT_EQ(Printable(L"\xA0\x200B\xDC80"), L"\xA0\x200B\xDC80");
+}
+
 TEST(Text, TurnsUtf8IntoWideTextAndBack)
 {
     const std::string utf8 = "规范A \xF0\x9D\x84\x9E α";

@@ -29,6 +29,13 @@ TEST_F(StyleName, MayHoldNoneOfThirteenCharacters)
     EXPECT_EQ(Problem(L"a.b[c]{d}(e) 规范+-_&%"), L"");
 }
 
+TEST_F(StyleName, MayHoldNothingThatActsOnALine)
+{
+    for (const wchar_t c : {L'\n', L'\r', L'\t', L'\x1B', L'\x7F', L'\x85', L'\x2028', L'\x202E'})
+        EXPECT_EQ(Problem(CString(L"a") + c + L"b"), L"样式名中不允许出现控制字符和换行");
+    EXPECT_EQ(Problem(L"a\xA0\x3000 b"), L"");
+}
+
 TEST_F(StyleName, MayNotBeThatOfAnother)
 {
     Add(Make(L"Abc"));

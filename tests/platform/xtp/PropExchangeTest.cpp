@@ -484,7 +484,7 @@ TEST_F(PropExchange, AProblemNamesItsLine)
     EXPECT_EQ(problems[1].line, 5);
     EXPECT_EQ(ToUtf8(problems[1].text), "Style 的 speed 为“12abc”,不是整数");
     EXPECT_EQ(problems[2].line, 7);
-    EXPECT_EQ(ToUtf8(problems[2].text), "Style 的 Count 为“\n2.5\n”,不是整数");
+    EXPECT_EQ(ToUtf8(problems[2].text), "Style 的 Count 为“\\n2.5\\n”,不是整数");
     EXPECT_EQ(problems[3].line, 9);
     EXPECT_EQ(ToUtf8(problems[3].text), "Style 的 Used 为“maybe”,不是是非值(0 或 1)");
     EXPECT_TRUE(root.TakeProblems().empty());
