@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cmath>
 #include <limits>
+#include <type_traits>
 
 namespace designspec {
 
@@ -41,13 +42,20 @@ std::string NumberStart(std::wstring_view text)
     return std::string(WithoutPlus(WithoutBlanks(start)));
 }
 
+// A whole number may be written as a decimal: 120.0.
+bool IsZeroFraction(std::string_view text)
+{
+    return text.size() > 1 && text[0] == '.' && text.find_first_not_of('0', 1) == text.npos;
+}
+
 template <class T> bool ParseWhole(std::string_view text, T& value)
 {
     text = WithoutPlus(WithoutBlanks(text));
     T parsed{};
-    const char* end = text.data() + text.size();
-    const auto result = std::from_chars(text.data(), end, parsed);
-    if (result.ec != std::errc() || result.ptr != end) return false;
+    const auto result = std::from_chars(text.data(), text.data() + text.size(), parsed);
+    if (result.ec != std::errc()) return false;
+    text.remove_prefix(static_cast<size_t>(result.ptr - text.data()));
+    if (!text.empty() && !(std::is_integral_v<T> && IsZeroFraction(text))) return false;
     value = parsed;
     return true;
 }
@@ -109,10 +117,13 @@ bool ParseDouble(std::string_view text, double& value)
 
 bool ParseBool(std::string_view text, int& value)
 {
-    text = WithoutBlanks(text);
-    const bool yes = text == "1" || EqualAscii(text, "true");
-    if (!yes && text != "0" && !EqualAscii(text, "false")) return false;
-    value = yes ? 1 : 0;
+    int number = 0;
+    const std::string_view word = WithoutBlanks(text);
+    if (EqualAscii(word, "true"))
+        number = 1;
+    else if (!EqualAscii(word, "false") && !ParseInt(text, number))
+        return false;
+    value = number != 0 ? 1 : 0;
     return true;
 }
 

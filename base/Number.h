@@ -14,10 +14,11 @@ int Wtoi(std::wstring_view text);
 double Wtof(std::wstring_view text);
 
 // Strict readings: the whole text, blanks around it aside, is one number in range. False leaves
-// `value` as it was. Doubles must be finite; a leading plus sign is allowed.
+// `value` as it was. Doubles must be finite; a leading plus sign is allowed. A whole number may
+// have a fraction of zeros behind it: "120.0".
 bool ParseInt(std::string_view text, int& value);
 bool ParseDouble(std::string_view text, double& value);
-// "1" or "true", "0" or "false", ignoring case.
+// "true", "false", ignoring case, or a whole number, of which 0 is false; gives 1 or 0.
 bool ParseBool(std::string_view text, int& value);
 
 // The shortest text that reads back to the same double.

@@ -118,13 +118,37 @@ bool ParsePlain(const std::string& source, pugi::xml_document& tree)
            MakeTree(source, tree, pugi::parse_fragment) && IsPlainTree(tree);
 }
 
+bool IsBlankText(pugi::xml_node node)
+{
+    return node.type() == pugi::node_pcdata &&
+           std::string_view(node.value()).find_first_not_of(" \t\r\n") == std::string_view::npos;
+}
+
+// Takes out the blanks between tags, but not those that stand between the parts of a text.
+void DropBlanks(pugi::xml_node node)
+{
+    bool hasText = false;
+    for (pugi::xml_node child : node.children()) {
+        hasText = hasText || child.type() == pugi::node_cdata ||
+                  (child.type() == pugi::node_pcdata && !IsBlankText(child));
+        DropBlanks(child);
+    }
+    for (pugi::xml_node child = node.first_child(); child && !hasText;) {
+        const pugi::xml_node next = child.next_sibling();
+        if (IsBlankText(child)) node.remove_child(child);
+        child = next;
+    }
+}
+
 // Makes the tree of a text, or tells what is wrong with it.
 std::optional<XmlFault> ParseXml(const std::string& source, pugi::xml_document& tree)
 {
     if (ParsePlain(source, tree)) return std::nullopt;
     tree.reset();
     if (auto fault = CheckXml(source)) return fault;
-    const auto result = MakeTree(source, tree);
+    // Only comments and CDATA sections part a text.
+    const bool mayBeParted = source.find("<!") != std::string::npos;
+    const auto result = MakeTree(source, tree, mayBeParted ? pugi::parse_ws_pcdata : 0);
     if (!result)
         return XmlFault{static_cast<size_t>(result.offset),
                         L"XML 格式错误: " + CauseOf(result.status)};
@@ -133,6 +157,7 @@ std::optional<XmlFault> ParseXml(const std::string& source, pugi::xml_document& 
         if (node.type() == pugi::node_element)
             return XmlFault{static_cast<size_t>(node.offset_debug()),
                             L"XML 格式错误: 有多个根元素"};
+    if (mayBeParted) DropBlanks(tree);
     return std::nullopt;
 }
 

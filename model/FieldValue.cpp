@@ -70,7 +70,9 @@ CString ParseValue(const Field& field, const CString& text, const CString& what,
         value = decimal + 0.0; // no negative zero
         return {};
     case FieldKind::Bool:
-        if (!ParseBool(utf8, whole)) return what + L"应为 0 或 1";
+        // Files may hold any number there; what a person enters is one of the two.
+        if (int number = 0; !ParseBool(utf8, whole) || (ParseInt(utf8, number) && number != whole))
+            return what + L"应为 0 或 1";
         value = whole;
         return {};
     default:

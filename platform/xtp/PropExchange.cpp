@@ -1,5 +1,6 @@
 #include "platform/xtp/PropExchange.h"
 
+#include <cstring>
 #include <utility>
 
 #include <pugixml.hpp>
@@ -68,11 +69,60 @@ Stored FindAttribute(pugi::xml_node node, std::wstring_view key)
     }
 }
 
-Stored FindValue(pugi::xml_node node, bool compact, std::wstring_view key)
+// No value at all, which is as good as a missing one.
+bool IsBlankText(const char* text)
+{
+    return text[std::strspn(text, " \t\r\n")] == 0;
+}
+
+bool IsText(pugi::xml_node node)
+{
+    return node.type() == pugi::node_pcdata || node.type() == pugi::node_cdata;
+}
+
+// All the text of an element, which comments and CDATA sections part. Nearly always there is one
+// part; more are put together in `joined`.
+const char* TextOf(pugi::xml_node element, std::string& joined)
+{
+    const char* text = nullptr;
+    for (pugi::xml_node part = element.first_child(); part; part = part.next_sibling()) {
+        if (!IsText(part)) continue;
+        if (text) {
+            if (text != joined.c_str()) joined = text;
+            joined += part.value();
+        }
+        text = text ? joined.c_str() : part.value();
+    }
+    return text ? text : "";
+}
+
+Stored FindValue(pugi::xml_node node, bool compact, std::wstring_view key, std::string& joined)
 {
     if (compact) return FindAttribute(node, key);
     const pugi::xml_node child = FindChild(node, key);
-    return child ? Stored{child.child_value(), child.name()} : Stored{};
+    return child ? Stored{TextOf(child, joined), child.name()} : Stored{};
+}
+
+bool Matches(pugi::xml_node node, const PathStep& step)
+{
+    if (!SameName(node.name(), step.name)) return false;
+    return step.attribute.empty() ||
+           (node.attribute(ToUtf8(step.attribute).c_str()) &&
+            WithoutForbidden(step.value) == node.attribute(ToUtf8(step.attribute).c_str()).value());
+}
+
+// Adds what stands at the end of the path, by whichever way it leads there.
+void FindAll(pugi::xml_node node, std::wstring_view path,
+             std::vector<pugi::xml_node_struct*>& found)
+{
+    if (path.empty()) {
+        if (node) found.push_back(node.internal_object());
+        return;
+    }
+    const PathStep step = TakeStep(path);
+    if (step.name.empty()) return FindAll(node, path, found);
+    for (pugi::xml_node child : node.children())
+        if (Matches(child, step)) FindAll(child, path, found);
 }
 
 // An empty step, as before a "/" that a path begins with, stays where it is.
@@ -144,7 +194,8 @@ void CXTPPropExchange::RemoveSection()
 CXTPPropExchangeEnumerator CXTPPropExchange::GetEnumerator(const wchar_t* path) const
 {
     CXTPPropExchangeEnumerator enumerator;
-    enumerator.m_next = FindSection(path);
+    enumerator.m_start = *this;
+    FindAll(pugi::xml_node(m_node), path, enumerator.m_found);
     return enumerator;
 }
 
@@ -157,9 +208,9 @@ void CXTPPropExchange::MoveToNext()
 
 CXTPPropExchange CXTPPropExchangeEnumerator::GetNext()
 {
-    CXTPPropExchange current = m_next;
-    m_next.MoveToNext();
-    return current;
+    if (!HasNext()) return m_start.Section(nullptr);
+    ++m_start.m_document->found;
+    return m_start.Section(m_found[m_at++]);
 }
 
 void CXTPPropExchange::WriteValue(std::wstring_view key, const std::string& text) const
@@ -174,6 +225,8 @@ void CXTPPropExchange::WriteValue(std::wstring_view key, const std::string& text
     }
     pugi::xml_node child = node.child(name.c_str());
     if (!child) child = node.append_child(name.c_str());
+    while (const pugi::xml_node part = child.find_child(IsText))
+        child.remove_child(part);
     child.text().set(text.c_str());
 }
 
@@ -181,9 +234,11 @@ template <class T>
 bool CXTPPropExchange::ReadNumber(std::wstring_view key, T& value,
                                   bool (*parse)(std::string_view, T&), const wchar_t* kind) const
 {
-    const Stored stored = FindValue(pugi::xml_node(m_node), m_compact, key);
+    if (!m_node) return false;
+    const Stored stored = FindValue(pugi::xml_node(m_node), m_compact, key, m_document->joined);
     if (!stored.text) return false;
     ++m_document->found;
+    if (IsBlankText(stored.text)) return false;
     return parse(stored.text, value) || Refuse(key, stored.text, stored.name, kind);
 }
 
@@ -204,7 +259,8 @@ bool CXTPPropExchange::ExchangeText(std::wstring_view key, CString& value) const
         WriteValue(key, WithoutForbidden(value));
         return true;
     }
-    const Stored stored = FindValue(pugi::xml_node(m_node), m_compact, key);
+    if (!m_node) return false;
+    const Stored stored = FindValue(pugi::xml_node(m_node), m_compact, key, m_document->joined);
     if (!stored.text) return false;
     ++m_document->found;
     value = ToWide(stored.text);

@@ -7,6 +7,7 @@
 #pragma once
 
 #include <memory>
+#include <vector>
 
 #include "base/Export.h"
 #include "base/Problem.h"
@@ -44,15 +45,18 @@ public:
     CXTPPropExchange AppendSection(const wchar_t* name) const;
     // A new, empty child element in place of all of that name. Storing only.
     CXTPPropExchange ReplaceSection(const wchar_t* name) const;
-    // Takes the section out of its document. Storing only.
+    // Takes the section out of its document.
     void RemoveSection();
 
     // Goes on to the next section of the same name beside this one; at the end it does not exist.
     void MoveToNext();
-    // The child sections at a path, in document order; the last step is their name.
+    // All sections that stand at a path, in document order: where several are called as a step
+    // says, the way leads through each of them.
     CXTPPropExchangeEnumerator GetEnumerator(const wchar_t* path) const;
 
-    // Each returns false when loading and there is no such value; `value` then stays as it is.
+    // Each returns false when loading and there is no such value, or no more than blanks where a
+    // number should be; `value` then stays as it is. The text of a value is all of its text,
+    // whatever comments stand in it.
     // A value that is there but cannot be read leaves `value` too, returns false, and is kept
     // among the document's problems.
     bool ExchangeText(std::wstring_view key, CString& value) const;
@@ -105,13 +109,15 @@ private:
 
 class AFX_EXT_CLASS CXTPPropExchangeEnumerator {
 public:
-    bool HasNext() const { return m_next.IsSectionExists(); }
+    bool HasNext() const { return m_at < m_found.size(); }
     // The next section; one that does not exist at the end.
     CXTPPropExchange GetNext();
 
 private:
     friend class CXTPPropExchange;
-    CXTPPropExchange m_next;
+    CXTPPropExchange m_start; // the sections belong to its document and are in its mode
+    std::vector<pugi::xml_node_struct*> m_found;
+    size_t m_at = 0;
 };
 
 // The exchange of one value, as DoPropExchange writes it. The forms with a default give that to

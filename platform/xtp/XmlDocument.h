@@ -14,7 +14,8 @@ namespace designspec {
 class XmlDocument {
 public:
     pugi::xml_document tree;
-    size_t found = 0; // sections and values, see CXTPPropExchange::FoundCount
+    size_t found = 0;   // sections and values, see CXTPPropExchange::FoundCount
+    std::string joined; // the text of the value read last, when it stood in parts
 
     // The file that problems name, and its text in UTF-8, which is only kept to count lines in.
     void SetSource(std::wstring file, std::string text);

@@ -135,11 +135,35 @@ TEST(Number, ParseIntTakesAWholeNumberAndNothingElse)
     EXPECT_EQ(IntOr99("-5"), -5);
     EXPECT_EQ(IntOr99("2147483647"), INT_MAX);
     EXPECT_EQ(IntOr99("-2147483648"), INT_MIN);
-    for (const char* text :
-         {"", "  ", "12abc", "12 3", "２０", "1e3", "1.0", "+", "-", "+-5", "-+5", "++5", "+ 5",
-          "0x10", "nan", "2147483648", "-2147483649", "1e999",
-          "\xC2\xA0"
-          "5"})
+    EXPECT_EQ(IntOr99("120.0"), 120);
+    EXPECT_EQ(IntOr99(" -7.000 "), -7);
+    EXPECT_EQ(IntOr99("2147483647.0"), INT_MAX);
+    for (const char* text : {"",
+                             "  ",
+                             "12abc",
+                             "12 3",
+                             "２０",
+                             "1e3",
+                             "1.",
+                             ".0",
+                             "1.5",
+                             "1.00001",
+                             "1.0.0",
+                             "1.0x",
+                             "2147483648.0",
+                             "+",
+                             "-",
+                             "+-5",
+                             "-+5",
+                             "++5",
+                             "+ 5",
+                             "0x10",
+                             "nan",
+                             "2147483648",
+                             "-2147483649",
+                             "1e999",
+                             "\xC2\xA0"
+                             "5"})
         EXPECT_EQ(IntOr99(text), 99) << text;
     EXPECT_EQ(IntOr99(std::string_view("5\0", 2)), 99);
 }
@@ -159,19 +183,20 @@ TEST(Number, ParseDoubleTakesAFiniteNumberAndNothingElse)
         EXPECT_EQ(DoubleOr99(text), 99) << text;
 }
 
-TEST(Number, ParseBoolTakesOneZeroTrueAndFalse)
+TEST(Number, ParseBoolTakesTrueFalseAndAnyWholeNumber)
 {
     int value = 7;
-    for (const char* yes : {"1", "true", "TRUE", " True\n"}) {
+    for (const char* yes : {"1", "true", "TRUE", " True\n", "2", "-1", "01", " 1.0"}) {
         EXPECT_TRUE(ParseBool(yes, value)) << yes;
         EXPECT_EQ(value, 1) << yes;
     }
-    for (const char* no : {"0", "false", "FALSE", "\tFalse"}) {
+    for (const char* no : {"0", "false", "FALSE", "\tFalse", "00", "-0", "0.0"}) {
         EXPECT_TRUE(ParseBool(no, value)) << no;
         EXPECT_EQ(value, 0) << no;
     }
     value = 7;
-    for (const char* neither : {"", "2", "-1", "01", "yes", "tru", "truee", "是", "t\xC2\xA0rue"}) {
+    for (const char* neither :
+         {"", " ", "0.5", "1e0", "yes", "tru", "truee", "是", "t\xC2\xA0rue"}) {
         EXPECT_FALSE(ParseBool(neither, value)) << neither;
         EXPECT_EQ(value, 7) << neither;
     }
