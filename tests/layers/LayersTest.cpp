@@ -1,6 +1,7 @@
 // What the core library is linked with, and what it offers.
 #include <array>
 #include <cstdio>
+#include <filesystem>
 #include <fstream>
 #include <memory>
 #include <set>
@@ -40,7 +41,68 @@ std::vector<std::string> GuiLibraries(const std::string& dependencies)
     return found;
 }
 
+// The entries of a program's or library's search paths that depend on the current folder, as
+// `readelf -d` tells the paths.
+std::vector<std::string> EntriesOfTheCurrentFolder(const std::string& dynamic)
+{
+    std::vector<std::string> found;
+    std::istringstream lines(dynamic);
+    for (std::string line; std::getline(lines, line);) {
+        if (line.find("(RUNPATH)") == std::string::npos &&
+            line.find("(RPATH)") == std::string::npos)
+            continue;
+        const size_t begin = line.find('[') + 1;
+        // Behind the last separator there is an entry as well.
+        std::istringstream path(line.substr(begin, line.rfind(']') - begin) + ':');
+        for (std::string entry; std::getline(path, entry, ':');)
+            if (!entry.starts_with('/') && entry != "$ORIGIN" && !entry.starts_with("$ORIGIN/"))
+                found.push_back('"' + entry + '"');
+    }
+    return found;
+}
+
+bool IsProgramOrLibrary(const std::filesystem::path& file)
+{
+    char magic[4] = {};
+    return std::filesystem::is_regular_file(file) && std::ifstream(file).read(magic, 4) &&
+           std::string_view(magic, 4) == "\x7F"
+                                         "ELF";
+}
+
 } // namespace
+
+TEST(Layers, TheCheckFindsEntriesOfTheCurrentFolder)
+{
+    const auto entries = [](const std::string& path) {
+        return EntriesOfTheCurrentFolder(" 0x1d (RUNPATH)  Library runpath: [" + path + "]\n")
+            .size();
+    };
+    EXPECT_EQ(entries("/usr/lib:$ORIGIN/../lib:$ORIGIN"), 0U);
+    EXPECT_EQ(entries("/usr/lib:"), 1U);
+    EXPECT_EQ(entries("::"), 3U);
+    EXPECT_EQ(entries(""), 1U);
+    EXPECT_EQ(entries("lib:./lib:$ORIGINAL"), 3U);
+    EXPECT_EQ(EntriesOfTheCurrentFolder(" 0x0f (RPATH)  Library rpath: [:/a]\n").size(), 1U);
+    EXPECT_TRUE(EntriesOfTheCurrentFolder(" 0x01 (NEEDED)  Shared library: [libc.so.6]\n").empty());
+}
+
+// What lies in a project's folder must not become a part of the program that is started there.
+TEST(Layers, NothingIsLoadedFromTheCurrentFolder)
+{
+    std::set<std::string> seen;
+    for (const auto& file : std::filesystem::directory_iterator(BIN_FOLDER)) {
+        if (!IsProgramOrLibrary(file.path())) continue;
+        const std::string dynamic = Output("readelf -d '" + file.path().string() + "'");
+        EXPECT_EQ(EntriesOfTheCurrentFolder(dynamic), std::vector<std::string>()) << file.path();
+        seen.insert(file.path().filename());
+    }
+    EXPECT_TRUE(seen.contains("designspec"));
+    EXPECT_TRUE(seen.contains(std::filesystem::path(CORE_LIBRARY).filename()));
+#ifdef HAS_GUI
+    for (const char* name : {"roadhost", "DesignSpecification.arx", "VMRDPrj.arx"})
+        EXPECT_TRUE(seen.contains(name)) << name;
+#endif
+}
 
 TEST(Layers, TheCheckFindsAGuiLibraryInAList)
 {

@@ -55,3 +55,16 @@ for file in share/man/man1/designspec.1 share/man/zh_CN/man1/designspec.1 \
     share/bash-completion/completions/designspec; do
     [ -s "$work/moved/$file" ] || { echo "not installed: $file"; exit 1; }
 done
+
+# Nothing is loaded from the current folder.
+programs=0
+while IFS= read -r file; do
+    paths=$(readelf -d "$file" 2>/dev/null | sed -n 's/.*(R\(UN\)\?PATH).*\[\(.*\)\]/\2/p') || continue
+    [ -n "$paths" ] || continue
+    programs=$((programs + 1))
+    if tr ':' '\n' <<<"$paths" | grep -qvE '^(/|\$ORIGIN(/|$))'; then
+        echo "$file: search path $paths"
+        exit 1
+    fi
+done < <(find "$work/moved" -type f \( -perm -100 -o -name '*.so*' -o -name '*.arx' \))
+[ "$programs" -ge 2 ] || { echo "only $programs programs and libraries have a search path"; exit 1; }
