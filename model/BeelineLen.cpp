@@ -2,6 +2,11 @@
 
 using namespace designspec;
 
+CDSBeelineLen::CDSBeelineLen() = default;
+CDSBeelineLen::CDSBeelineLen(const CDSBeelineLen& other) = default;
+CDSBeelineLen& CDSBeelineLen::operator=(const CDSBeelineLen& other) = default;
+CDSBeelineLen::~CDSBeelineLen() = default;
+
 std::span<const Field> CDSBeelineLen::Fields()
 {
     using C = CDSBeelineLen;

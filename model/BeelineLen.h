@@ -16,6 +16,10 @@ public:
     double MinLenReverseCurve = 2.0; // shortest between two curves that turn opposite ways
     CString MinLenReverseCurveCriterion;
 
+    CDSBeelineLen();
+    CDSBeelineLen(const CDSBeelineLen& other);
+    CDSBeelineLen& operator=(const CDSBeelineLen& other);
+    ~CDSBeelineLen();
     void DoPropExchange(CXTPPropExchange* pPX);
     static std::span<const designspec::Field> Fields();
     bool operator==(const CDSBeelineLen&) const = default;

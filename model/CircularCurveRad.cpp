@@ -9,6 +9,10 @@ CDSCircularCurveRad::CDSCircularCurveRad()
 {
 }
 
+CDSCircularCurveRad::CDSCircularCurveRad(const CDSCircularCurveRad& other) = default;
+CDSCircularCurveRad& CDSCircularCurveRad::operator=(const CDSCircularCurveRad& other) = default;
+CDSCircularCurveRad::~CDSCircularCurveRad() = default;
+
 std::span<const Field> CDSCircularCurveRad::Fields()
 {
     using C = CDSCircularCurveRad;

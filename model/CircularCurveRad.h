@@ -16,6 +16,9 @@ public:
     CString MinRadCriterion;                     // data source of the three tables
 
     CDSCircularCurveRad();
+    CDSCircularCurveRad(const CDSCircularCurveRad& other);
+    CDSCircularCurveRad& operator=(const CDSCircularCurveRad& other);
+    ~CDSCircularCurveRad();
     void DoPropExchange(CXTPPropExchange* pPX);
     static std::span<const designspec::Field> Fields();
     bool operator==(const CDSCircularCurveRad&) const = default;

@@ -8,6 +8,10 @@ CDSCurveMinLen::CDSCurveMinLen()
 {
 }
 
+CDSCurveMinLen::CDSCurveMinLen(const CDSCurveMinLen& other) = default;
+CDSCurveMinLen& CDSCurveMinLen::operator=(const CDSCurveMinLen& other) = default;
+CDSCurveMinLen::~CDSCurveMinLen() = default;
+
 std::span<const Field> CDSCurveMinLen::Fields()
 {
     using C = CDSCurveMinLen;
@@ -28,6 +32,11 @@ CSmallAngleCurveMinLen::CSmallAngleCurveMinLen()
     : HorizontalCurveMinLen{{80, 1000}, {60, 700}, {50, 600}, {40, 500}, {30, 350}, {20, 280}}
 {
 }
+
+CSmallAngleCurveMinLen::CSmallAngleCurveMinLen(const CSmallAngleCurveMinLen& other) = default;
+CSmallAngleCurveMinLen&
+CSmallAngleCurveMinLen::operator=(const CSmallAngleCurveMinLen& other) = default;
+CSmallAngleCurveMinLen::~CSmallAngleCurveMinLen() = default;
 
 std::span<const Field> CSmallAngleCurveMinLen::Fields()
 {

@@ -13,6 +13,9 @@ public:
     CString Criterion;                      // data source
 
     CDSCurveMinLen();
+    CDSCurveMinLen(const CDSCurveMinLen& other);
+    CDSCurveMinLen& operator=(const CDSCurveMinLen& other);
+    ~CDSCurveMinLen();
     void DoPropExchange(CXTPPropExchange* pPX);
     static std::span<const designspec::Field> Fields();
     bool operator==(const CDSCurveMinLen&) const = default;
@@ -26,6 +29,9 @@ public:
     CString Criterion;                      // data source
 
     CSmallAngleCurveMinLen();
+    CSmallAngleCurveMinLen(const CSmallAngleCurveMinLen& other);
+    CSmallAngleCurveMinLen& operator=(const CSmallAngleCurveMinLen& other);
+    ~CSmallAngleCurveMinLen();
     void DoPropExchange(CXTPPropExchange* pPX);
     static std::span<const designspec::Field> Fields();
     bool operator==(const CSmallAngleCurveMinLen&) const = default;

@@ -34,6 +34,10 @@ CDSCurveWidening::CDSCurveWidening()
                      {L"铰接车", row.articulated}}});
 }
 
+CDSCurveWidening::CDSCurveWidening(const CDSCurveWidening& other) = default;
+CDSCurveWidening& CDSCurveWidening::operator=(const CDSCurveWidening& other) = default;
+CDSCurveWidening::~CDSCurveWidening() = default;
+
 bool CDSCurveWidening::Holds(const WideningRange& range, int radius) const
 {
     return IsGMinAndLEMaxMode ? range.min < radius && radius <= range.max

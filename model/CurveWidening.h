@@ -30,6 +30,9 @@ public:
     CString Criterion; // data source
 
     CDSCurveWidening();
+    CDSCurveWidening(const CDSCurveWidening& other);
+    CDSCurveWidening& operator=(const CDSCurveWidening& other);
+    ~CDSCurveWidening();
 
     // The widening (m) of a lane for a design vehicle, whose name is compared ignoring case, on a
     // curve of `radius` (m). Returns 0 when `widening` was written, otherwise:

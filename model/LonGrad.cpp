@@ -8,6 +8,10 @@ CDSLonGrad::CDSLonGrad()
 {
 }
 
+CDSLonGrad::CDSLonGrad(const CDSLonGrad& other) = default;
+CDSLonGrad& CDSLonGrad::operator=(const CDSLonGrad& other) = default;
+CDSLonGrad::~CDSLonGrad() = default;
+
 std::span<const Field> CDSLonGrad::Fields()
 {
     using C = CDSLonGrad;

@@ -16,6 +16,9 @@ public:
     CString Criterion;                       // data source
 
     CDSLonGrad();
+    CDSLonGrad(const CDSLonGrad& other);
+    CDSLonGrad& operator=(const CDSLonGrad& other);
+    ~CDSLonGrad();
     void DoPropExchange(CXTPPropExchange* pPX);
     static std::span<const designspec::Field> Fields();
     bool operator==(const CDSLonGrad&) const = default;

@@ -41,6 +41,10 @@ CDSLonGradMinLen::CDSLonGradMinLen()
 {
 }
 
+CDSLonGradMinLen::CDSLonGradMinLen(const CDSLonGradMinLen& other) = default;
+CDSLonGradMinLen& CDSLonGradMinLen::operator=(const CDSLonGradMinLen& other) = default;
+CDSLonGradMinLen::~CDSLonGradMinLen() = default;
+
 std::span<const Field> CDSLonGradMinLen::Fields()
 {
     using C = CDSLonGradMinLen;
@@ -65,6 +69,10 @@ CDSLonGradMaxLen::CDSLonGradMaxLen()
            {8, {{40, 200}}}}
 {
 }
+
+CDSLonGradMaxLen::CDSLonGradMaxLen(const CDSLonGradMaxLen& other) = default;
+CDSLonGradMaxLen& CDSLonGradMaxLen::operator=(const CDSLonGradMaxLen& other) = default;
+CDSLonGradMaxLen::~CDSLonGradMaxLen() = default;
 
 bool CDSLonGradMaxLen::QueryVal(double grad, int speed, QueryValue::QueryMode mode,
                                 int& value) const

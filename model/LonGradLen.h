@@ -11,6 +11,9 @@ public:
     CString Criterion;        // data source
 
     CDSLonGradMinLen();
+    CDSLonGradMinLen(const CDSLonGradMinLen& other);
+    CDSLonGradMinLen& operator=(const CDSLonGradMinLen& other);
+    ~CDSLonGradMinLen();
     void DoPropExchange(CXTPPropExchange* pPX);
     static std::span<const designspec::Field> Fields();
     bool operator==(const CDSLonGradMinLen&) const = default;
@@ -31,6 +34,9 @@ public:
     CString Criterion;           // data source
 
     CDSLonGradMaxLen();
+    CDSLonGradMaxLen(const CDSLonGradMaxLen& other);
+    CDSLonGradMaxLen& operator=(const CDSLonGradMaxLen& other);
+    ~CDSLonGradMaxLen();
 
     // The maximum grade length (m) at a gradient (%) and a design speed (km/h). A row within 0.01
     // of the gradient answers by speed alone. Between two rows, Nearest takes the nearer one (the

@@ -24,6 +24,10 @@ CDSMaxSuperElevation::CDSMaxSuperElevation()
 {
 }
 
+CDSMaxSuperElevation::CDSMaxSuperElevation(const CDSMaxSuperElevation& other) = default;
+CDSMaxSuperElevation& CDSMaxSuperElevation::operator=(const CDSMaxSuperElevation& other) = default;
+CDSMaxSuperElevation::~CDSMaxSuperElevation() = default;
+
 std::span<const Field> CDSMaxSuperElevation::Fields()
 {
     static constexpr Field kFields[] = {

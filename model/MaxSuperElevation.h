@@ -15,6 +15,9 @@ public:
     CString Criterion;                    // data source
 
     CDSMaxSuperElevation();
+    CDSMaxSuperElevation(const CDSMaxSuperElevation& other);
+    CDSMaxSuperElevation& operator=(const CDSMaxSuperElevation& other);
+    ~CDSMaxSuperElevation();
     void DoPropExchange(CXTPPropExchange* pPX);
     static std::span<const designspec::Field> Fields();
     bool operator==(const CDSMaxSuperElevation&) const = default;

@@ -27,6 +27,10 @@ CDSMaxResultantGrad::CDSMaxResultantGrad()
     tables[CityRoad] = {{80, 7}, {60, 6.5}, {50, 6.5}, {40, 7}, {30, 7}, {20, 8}};
 }
 
+CDSMaxResultantGrad::CDSMaxResultantGrad(const CDSMaxResultantGrad& other) = default;
+CDSMaxResultantGrad& CDSMaxResultantGrad::operator=(const CDSMaxResultantGrad& other) = default;
+CDSMaxResultantGrad::~CDSMaxResultantGrad() = default;
+
 SpeedToDoubleValues& CDSMaxResultantGrad::Item(RoadType type)
 {
     return tables[type];

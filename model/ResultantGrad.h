@@ -25,6 +25,9 @@ public:
     CString Criterion; // data source
 
     CDSMaxResultantGrad();
+    CDSMaxResultantGrad(const CDSMaxResultantGrad& other);
+    CDSMaxResultantGrad& operator=(const CDSMaxResultantGrad& other);
+    ~CDSMaxResultantGrad();
     // The table of a road type, which must be one of the seven: the index is not checked.
     SpeedToDoubleValues& Item(RoadType type);
     const SpeedToDoubleValues& Item(RoadType type) const;

@@ -66,6 +66,10 @@ CDSSuperElevation::CDSSuperElevation()
 {
 }
 
+CDSSuperElevation::CDSSuperElevation(const CDSSuperElevation& other) = default;
+CDSSuperElevation& CDSSuperElevation::operator=(const CDSSuperElevation& other) = default;
+CDSSuperElevation::~CDSSuperElevation() = default;
+
 int CDSSuperElevation::QuerySuperElevation(int maxSuperElev, int speed, QueryValue::QueryMode mode,
                                            int speedTolerance, int radius, int& superElev) const
 {

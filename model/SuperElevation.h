@@ -36,6 +36,9 @@ public:
     CString Criterion; // data source
 
     CDSSuperElevation();
+    CDSSuperElevation(const CDSSuperElevation& other);
+    CDSSuperElevation& operator=(const CDSSuperElevation& other);
+    ~CDSSuperElevation();
 
     // The superelevation (%) of a curve of `radius` (m) at `speed` (km/h), in the table of
     // `maxSuperElev` (%). `speedTolerance` (km/h) is how far the speed may lie outside the rows.

@@ -27,6 +27,11 @@ CTransitionCurveMinLen::CTransitionCurveMinLen()
 {
 }
 
+CTransitionCurveMinLen::CTransitionCurveMinLen(const CTransitionCurveMinLen& other) = default;
+CTransitionCurveMinLen&
+CTransitionCurveMinLen::operator=(const CTransitionCurveMinLen& other) = default;
+CTransitionCurveMinLen::~CTransitionCurveMinLen() = default;
+
 std::span<const Field> CTransitionCurveMinLen::Fields()
 {
     static constexpr Field kFields[] = {

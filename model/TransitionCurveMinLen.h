@@ -17,6 +17,9 @@ public:
     SpeedToIntValues NoTCByMinRad;
 
     CTransitionCurveMinLen();
+    CTransitionCurveMinLen(const CTransitionCurveMinLen& other);
+    CTransitionCurveMinLen& operator=(const CTransitionCurveMinLen& other);
+    ~CTransitionCurveMinLen();
     void DoPropExchange(CXTPPropExchange* pPX);
     static std::span<const designspec::Field> Fields();
     bool operator==(const CTransitionCurveMinLen&) const = default;

@@ -27,6 +27,12 @@ CDSVerticalCurveMinRadAndLen::CDSVerticalCurveMinRadAndLen()
     }
 }
 
+CDSVerticalCurveMinRadAndLen::CDSVerticalCurveMinRadAndLen(
+    const CDSVerticalCurveMinRadAndLen& other) = default;
+CDSVerticalCurveMinRadAndLen&
+CDSVerticalCurveMinRadAndLen::operator=(const CDSVerticalCurveMinRadAndLen& other) = default;
+CDSVerticalCurveMinRadAndLen::~CDSVerticalCurveMinRadAndLen() = default;
+
 std::span<const Field> CDSVerticalCurveMinRadAndLen::Fields()
 {
     using C = CDSVerticalCurveMinRadAndLen;

@@ -16,6 +16,9 @@ public:
     CString Criterion;                     // data source
 
     CDSVerticalCurveMinRadAndLen();
+    CDSVerticalCurveMinRadAndLen(const CDSVerticalCurveMinRadAndLen& other);
+    CDSVerticalCurveMinRadAndLen& operator=(const CDSVerticalCurveMinRadAndLen& other);
+    ~CDSVerticalCurveMinRadAndLen();
     void DoPropExchange(CXTPPropExchange* pPX);
     static std::span<const designspec::Field> Fields();
     bool operator==(const CDSVerticalCurveMinRadAndLen&) const = default;

@@ -176,6 +176,12 @@ TEST(Layers, TheCoreLibraryOffersTheQueriesAndClasses)
          {"CDSBeelineLen", "CDSCircularCurveRad", "CDSCurveMinLen", "CSmallAngleCurveMinLen",
           "CTransitionCurveMinLen", "CDSLonGrad", "CDSMaxResultantGrad", "CDSLonGradMaxLen",
           "CDSLonGradMinLen", "CDSVerticalCurveMinRadAndLen", "CDSMaxSuperElevation",
-          "CDSSuperElevation", "CDSCurveWidening"})
-        EXPECT_NE(symbols.find(std::string(name) + "::DoPropExchange("), std::string::npos) << name;
+          "CDSSuperElevation", "CDSCurveWidening"}) {
+        const std::string type = name;
+        for (const std::string& function :
+             std::vector<std::string>{"::DoPropExchange(CXTPPropExchange*)", "::" + type + "()",
+                                      "::" + type + "(" + type + " const&)",
+                                      "::operator=(" + type + " const&)", "::~" + type + "()"})
+            EXPECT_NE(symbols.find("T " + type + function), std::string::npos) << type << function;
+    }
 }
