@@ -1,8 +1,9 @@
 // Files and folders. Paths are the module's own: "/" and "\" both separate. Every function that
-// fails adds a problem with the file and the cause, unless it says otherwise. A path with a NUL in
-// it names nothing: it is refused, never cut short.
+// fails adds a problem with the file and the cause, unless it says otherwise. An empty path and one
+// with a NUL in it name nothing: they are refused, never taken for another.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include <vector>
@@ -21,13 +22,16 @@ bool IsFileName(std::wstring_view name);
 // What an error number of the operating system means, for a reader.
 std::wstring ErrorText(int error);
 
-// True when something is there, whatever it is.
+// Whether something is there, whatever it is. Nothing when that cannot be told.
+std::optional<bool> PathFileExists(const std::wstring& path, Problems& problems);
+// The same for who only wants to know of what can be seen; no problem is added.
 bool PathFileExists(const std::wstring& path);
-// True when both paths lead to one and the same file.
-bool IsSameFile(const std::wstring& a, const std::wstring& b);
+// Whether both paths lead to one and the same file. Nothing when that cannot be told.
+std::optional<bool> IsSameFile(const std::wstring& a, const std::wstring& b, Problems& problems);
 
 // Names (without folder) of what stands in `folder` and ends in `ending`, ignoring case; sorted,
-// ignoring case. Folders of such a name are among them. Empty when there is no folder.
+// ignoring case. Folders of such a name are among them. Empty when there is no folder. A name with
+// a backslash, of which no path can be made, is left out with a problem.
 std::vector<std::wstring> FindFiles(const std::wstring& folder, std::wstring_view ending,
                                     Problems& problems);
 
@@ -35,19 +39,27 @@ std::vector<std::wstring> FindFiles(const std::wstring& folder, std::wstring_vie
 bool ReadWholeFile(const std::wstring& path, std::string& bytes, size_t limit, Problems& problems);
 
 // Puts `bytes` in place of the file, or makes it: a temporary file in the same folder is written,
-// flushed to disk and renamed over the target. Permissions of the file stay; a link is replaced,
-// not what it leads to. After a failure or a crash at any point the target holds its old content,
-// whole, or the new one, whole, when only the folder could not be flushed. A crash may leave a
-// temporary file behind (IsTemporaryFile).
-bool WriteWholeFile(const std::wstring& path, std::string_view bytes, Problems& problems);
+// flushed to disk and renamed over the target. Who may do what with the file stays as it is (see
+// FileAccess.h); a new one gets that from the file at `like`, if there is one, and can be written.
+// A file that nobody may write is refused. A link is replaced, not what it leads to. After a
+// failure or a crash at any point the target holds its old content, whole, or the new one, whole,
+// when only the folder could not be flushed. A crash may leave a temporary file behind
+// (IsTemporaryFile).
+bool WriteWholeFile(const std::wstring& path, std::string_view bytes, Problems& problems,
+                    const std::wstring& like = {});
 // Flushes the names in a folder to disk.
 bool FlushFolder(const std::wstring& folder, Problems& problems);
 bool IsTemporaryFile(std::wstring_view name);
+// Deletes the temporary files of a folder that are older than a day and that no process of this
+// machine writes any more. Adds no problem.
+void DeleteLeftTemporaries(const std::wstring& folder);
 
-// Copies a file of at most 256 MiB over the target, in the same safe way.
+// Copies a file of at most 256 MiB over the target, in the same safe way; a new one is for those
+// alone whom the source is for.
 bool CopyFile(const std::wstring& source, const std::wstring& target, Problems& problems);
-// Gives a file another path on the same disk; a file that is there is replaced. Flushed to disk,
-// as deleting is: what was moved or deleted does not come back after a power failure.
+// Gives a file another path on the same disk; a file that is there is replaced. A link leads where
+// it led. Flushed to disk, as deleting is: what was moved or deleted does not come back after a
+// power failure.
 bool MoveFile(const std::wstring& source, const std::wstring& target, Problems& problems);
 // False when it is there and cannot be deleted, or when it is not there (no problem is added then).
 bool DeleteFile(const std::wstring& path, Problems& problems);

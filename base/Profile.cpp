@@ -26,6 +26,7 @@ public:
     {
         std::string bytes;
         if (!ReadWholeFile(file, bytes, kSizeLimit, problems)) return false;
+        if (bytes.empty()) return true; // as good as new
         m_encoding = EncodingByMark(bytes, m_markSize);
         const std::string_view content = std::string_view(bytes).substr(m_markSize);
         m_mark = bytes.substr(0, m_markSize);
@@ -170,7 +171,8 @@ std::wstring GetPrivateProfileString(const wchar_t* section, const wchar_t* key,
                                      Problems& problems)
 {
     ProfileText profile;
-    if (!PathFileExists(file) || !profile.Load(file, problems)) return missing;
+    if (!PathFileExists(file, problems).value_or(false) || !profile.Load(file, problems))
+        return missing;
     return profile.Get(section, key).value_or(missing);
 }
 
@@ -182,7 +184,8 @@ bool WritePrivateProfileString(const wchar_t* section, const wchar_t* key, const
         return false;
     }
     ProfileText profile;
-    if (PathFileExists(file) && !profile.Load(file, problems)) return false;
+    const auto there = PathFileExists(file, problems);
+    if (!there || (*there && !profile.Load(file, problems))) return false;
     if (profile.Get(section, key) == value) return true;
     profile.Set(section, key, value);
     return profile.Save(file, problems);

@@ -19,9 +19,9 @@ std::wstring GetPrivateProfileString(const wchar_t* section, const wchar_t* key,
                                      const wchar_t* missing, const std::wstring& file,
                                      Problems& problems);
 
-// Sets the value. A file that holds it already is not written. A new file is UTF-16LE with a
-// byte-order mark. False, with a problem, when the file cannot be read or written, or when the
-// value holds a line break.
+// Sets the value. A file that holds it already is not written. A new file, or one that was empty,
+// is UTF-16LE with a byte-order mark. False, with a problem, when the file cannot be read or
+// written, or when the value holds a line break.
 bool WritePrivateProfileString(const wchar_t* section, const wchar_t* key, const wchar_t* value,
                                const std::wstring& file, Problems& problems);
 

@@ -147,7 +147,10 @@ void ModulePanel::AddFile()
     const QString path = AskFileToOpen(this, tr("添加模块"), tr("模块 (*.arx);;所有文件 (*)"));
     if (path.isEmpty()) return;
     const CString file = FromQString(path.section(u'/', -1));
-    const bool installed = IsSameFile(FromQString(path), VMRDPub::GetInstallPath() + L"\\" + file);
+    Problems unseen;
+    const bool installed =
+        IsSameFile(FromQString(path), VMRDPub::GetInstallPath() + L"\\" + file, unseen)
+            .value_or(false);
     const QString name = installed ? ToQString(file) : path;
     if (m_modules.Load(name)) m_modules.SetAtStart(name, true);
     Fill();

@@ -42,7 +42,9 @@ ChangeByOthers FindChangeByOthers(const SpecificationFolder& folder,
     if (file.empty() && folder.Find(opened.ID())) return {}; // it was never saved
     const auto now = ReadIfChanged(folder);
     ChangeByOthers change = Compare(now ? *now : folder, opened, file);
-    if (now && change.kind == Kind::Removed && !file.empty() && files.Has(file))
+    Problems unseen;
+    if (now && change.kind == Kind::Removed && !file.empty() &&
+        files.Has(file, unseen).value_or(true))
         change.kind = Kind::Unreadable;
     return change;
 }

@@ -98,11 +98,9 @@ void CDesignSpecifications::Remove(int index, bool deleteObject)
     const CDesignSpecification* const item = Item(index);
     if (!item) return;
     const CString name = item->Name();
-    Problems problems;
     if (FileNameProblem(name).empty())
-        Files().Delete(name + L'{' + VMRDPub::GUIDToStr(item->ID()) + L'}' + kStyleFileEnding,
-                       problems);
-    TraceProblems(problems);
+        Traced(Folder().SetFileAside(
+            name + L'{' + VMRDPub::GUIDToStr(item->ID()) + L'}' + kStyleFileEnding, item->ID()));
     auto taken = m_folder.TakeOut(index);
     if (!deleteObject) static_cast<void>(taken.release());
 }

@@ -33,8 +33,8 @@ public:
     // Takes ownership, makes the name unique (A, A(1), A(2) …, ignoring case) and returns the
     // index.
     int Add(CDesignSpecification* specification);
-    // Deletes the file NAME{GUID}.hds, the object if asked, and the item. Does nothing when there
-    // is no such index. The default index is not adjusted.
+    // Sets the file NAME{GUID}.hds aside, among the deleted ones, deletes the object if asked, and
+    // the item. Does nothing when there is no such index. The default index is not adjusted.
     void Remove(int index, bool deleteObject);
 
     // Makes the item the default one and writes its identity to setting.ini.

@@ -1,6 +1,7 @@
 #include "library/SpecificationFolder.h"
 
 #include <algorithm>
+#include <unordered_map>
 #include <utility>
 
 #include "base/File.h"
@@ -17,7 +18,8 @@ namespace {
 
 constexpr wchar_t kSettingSection[] = L"设置";
 constexpr wchar_t kSettingKey[] = L"默认样式";
-constexpr size_t kSettingLength = 255; // characters of a setting that are read
+constexpr size_t kSettingLength = 255;  // characters of a setting that are read
+constexpr size_t kSizeLimit = 32 << 20; // of a file that is read, in bytes
 
 CString FileNameFor(const CString& name, const GUID& id)
 {
@@ -35,27 +37,44 @@ bool Contains(const CStringArray& names, const CString& name)
                        [&](const CString& one) { return EqualNoCase(one, name); });
 }
 
-// The section of that specification among the styles, made when there is none yet.
-void Store(const CXTPPropExchange& styles, const CDesignSpecification& specification)
-{
-    CXTPPropExchange section;
-    CXTPPropExchangeEnumerator all = styles.GetEnumerator(L"Style");
-    while (all.HasNext() && !section.IsSectionExists()) {
-        CXTPPropExchange style = all.GetNext();
-        if (HasID(style, specification.ID())) section = style;
+// A document of styles that specifications are stored into.
+class StyleStore {
+public:
+    // Begins with the file at `path`, or anew when there is none or `path` is empty. IsOpen tells
+    // whether it could be read.
+    explicit StyleStore(const CString& path)
+        : m_open(CreateStylesNode(path, kLibraryName, kLibraryName, m_root, m_styles))
+    {
+        CXTPPropExchangeEnumerator all =
+            m_root.GetEnumerator((StylesPath(kLibraryName) + L"/Style").c_str());
+        while (all.HasNext()) {
+            CXTPPropExchange style = all.GetNext();
+            GUID id;
+            if (!VMRDPub::ParseGUID(style.Attribute(L"ID"), id)) continue;
+            // A second one of an identity would be read over the first.
+            if (!m_sections.try_emplace(VMRDPub::GUIDToStr(id), style).second)
+                style.RemoveSection();
+        }
     }
-    if (!section.IsSectionExists()) section = styles.AppendSection(L"Style");
-    // The exchange goes both ways and so takes no const object; storing changes none.
-    const_cast<CDesignSpecification&>(specification).DoPropExchange(&section);
-}
 
-// A file that holds that specification and nothing else.
-void StoreAlone(const CDesignSpecification& specification, CXTPPropExchangeXMLNode& root)
-{
-    CXTPPropExchange styles;
-    CreateStylesNode({}, kLibraryName, kLibraryName, root, styles);
-    Store(styles, specification);
-}
+    bool IsOpen() const { return m_open; }
+    CXTPPropExchangeXMLNode& Root() { return m_root; }
+
+    // In place of the one of its identity, or behind the others.
+    void Store(const CDesignSpecification& specification)
+    {
+        CXTPPropExchange& section = m_sections[VMRDPub::GUIDToStr(specification.ID())];
+        if (!section.IsSectionExists()) section = m_styles.AppendSection(L"Style");
+        // The exchange goes both ways and so takes no const object; storing changes none.
+        const_cast<CDesignSpecification&>(specification).DoPropExchange(&section);
+    }
+
+private:
+    CXTPPropExchangeXMLNode m_root;
+    CXTPPropExchange m_styles;
+    bool m_open;
+    std::unordered_map<CString, CXTPPropExchange> m_sections; // by identity
+};
 
 // Its own name, or with a number behind it the first one that no other has.
 CString FreeName(const CDesignSpecification& specification,
@@ -94,6 +113,13 @@ CDesignSpecification* SpecificationFolder::Find(const GUID& id) const
     return nullptr;
 }
 
+CDesignSpecification* SpecificationFolder::FindLast(const GUID& id) const
+{
+    for (auto item = m_items.rbegin(); item != m_items.rend(); ++item)
+        if ((*item)->HasID(id)) return item->get();
+    return nullptr;
+}
+
 CDesignSpecification* SpecificationFolder::Find(const wchar_t* name) const
 {
     const NoCaseKey key(name);
@@ -127,6 +153,7 @@ void SpecificationFolder::Clear()
 {
     m_items.clear();
     m_origins.clear();
+    m_unread.clear();
     m_files.Forget();
 }
 
@@ -169,17 +196,18 @@ Outcome SpecificationFolder::SetDefault(const CDesignSpecification& specificatio
 
 bool SpecificationFolder::Write(const CDesignSpecification& specification, Problems& problems)
 {
-    CXTPPropExchangeXMLNode root;
-    StoreAlone(specification, root);
-    return m_files.Save(FileNameFor(specification), root, problems);
+    StyleStore store({});
+    store.Store(specification);
+    return m_files.Save(FileNameFor(specification), store.Root(), problems);
 }
 
 Outcome SpecificationFolder::SetAside(const CDesignSpecification& version)
 {
-    CXTPPropExchangeXMLNode root;
-    StoreAlone(version, root);
+    StyleStore store({});
+    store.Store(version);
     Outcome outcome;
-    outcome.done = !m_files.SaveDeleted(FileNameFor(version), root, outcome.problems).empty();
+    outcome.done =
+        !m_files.SaveDeleted(FileNameFor(version), store.Root(), outcome.problems).empty();
     return outcome;
 }
 
@@ -215,9 +243,68 @@ bool SpecificationFolder::MoveOthersOut(const CString& file, const GUID& id, Pro
         };
         if (std::any_of(m_origins.begin(), m_origins.end(), elsewhere)) continue;
         if (!FileNameProblem(other->Name()).empty() || !Write(*other, problems)) return false;
-        origin.file = FileNameFor(*other);
+        origin = {origin.id, FileNameFor(*other)};
     }
+    return KeepUnread(file, id, problems);
+}
+
+// Takes out of a file's document that specification and those that stand in other files too.
+void SpecificationFolder::DropKept(const CXTPPropExchange& root, const CString& file,
+                                   const GUID& id) const
+{
+    Problems told; // when the folder was loaded
+    const auto all = [](const CString&) { return true; };
+    ReadDocument document = ReadSpecifications(root, file, all, told);
+    for (ReadSpecification& read : document.specifications) {
+        const GUID its = read.specification->ID();
+        // Those without an identity got files of their own if the file was loaded.
+        const auto keeps = [&](const Origin& origin) {
+            return read.hasID ? origin.id == its && origin.file != file : origin.file == file;
+        };
+        if (its == id || std::any_of(m_origins.begin(), m_origins.end(), keeps))
+            read.section.RemoveSection();
+    }
+}
+
+// What a file holds that would be nowhere without it: styles that were not loaded get a file of
+// their own, of anything else a copy is kept.
+bool SpecificationFolder::KeepUnread(const CString& file, const GUID& id, Problems& problems)
+{
+    const auto isHere = [&](const Origin& origin) { return origin.file == file; };
+    const bool loaded = std::any_of(m_origins.begin(), m_origins.end(), isHere);
+    if (loaded && !m_unread.contains(file) && m_files.IsKnown(file)) return true;
+    const auto there = m_files.Has(file, problems);
+    if (!there || !*there) return there.has_value();
+    const CString path = m_files.PathOf(file);
+    std::string bytes;
+    if (!ReadWholeFile(path, bytes, kSizeLimit, problems)) return false;
+    CXTPPropExchangeXMLNode root(true, kStyleLibraryRoot);
+    const bool read = root.LoadFromBytes(bytes, path);
+    if (read) DropKept(root, file, id);
+    const bool hasStyles = read && !StyleEntries(root, kLibraryName).empty();
+    if (read && !hasStyles && !HoldsMore(root, kLibraryName)) return true;
+
+    CString kept = hasStyles ? m_files.FreeName(file, problems) : m_files.KeepCopy(file, problems);
+    if (kept.empty() || (hasStyles && !m_files.Save(kept, root, problems))) return false;
+    m_unread.erase(file);
+    if (hasStyles) m_unread.insert(kept);
+    kept = (hasStyles ? m_files.Path() : m_files.DeletedPath()) + L'\\' + kept;
+    AddProblem(problems, Severity::Note, path, 0,
+               L"未能读取的内容保存在 " + ToWide(NativePath(kept)));
     return true;
+}
+
+// The file no longer holds the specification that was loaded from it.
+bool SpecificationFolder::TakeFrom(const Origin& origin, Problems& problems)
+{
+    const auto there = m_files.Has(origin.file, problems);
+    if (!there || !*there) return there.has_value();
+    // Nothing tells one without an identity from the others there: all get files of their own.
+    if (!origin.hasID)
+        return MoveOthersOut(origin.file, origin.id, problems) &&
+               m_files.SetAside(origin.file, problems);
+    const auto held = m_files.Holds(origin.file, origin.id, problems);
+    return held && (!*held || m_files.SetAside(origin.file, origin.id, problems));
 }
 
 // Whatever else held the specification would be read as well the next time, and could win over
@@ -227,14 +314,8 @@ bool SpecificationFolder::SetOthersAside(const GUID& id, const CString& file, Pr
     bool done = true;
     for (const Origin& origin : m_origins) {
         if (!(origin.id == id) || origin.file == file) continue;
-        if (!m_files.Has(origin.file) ||
-            IsSameFile(m_files.PathOf(origin.file), m_files.PathOf(file)))
-            continue;
-        const auto held = m_files.Holds(origin.file, id, problems);
-        if (!held)
-            done = false;
-        else if (*held)
-            done = m_files.SetAside(origin.file, id, problems) && done;
+        const auto isIt = IsSameFile(m_files.PathOf(origin.file), m_files.PathOf(file), problems);
+        done = isIt && (*isIt || TakeFrom(origin, problems)) && done;
     }
     // The file holds this specification alone now.
     std::erase_if(m_origins, [&](const Origin& origin) {
@@ -242,6 +323,15 @@ bool SpecificationFolder::SetOthersAside(const GUID& id, const CString& file, Pr
     });
     m_origins.push_back({id, file});
     return done;
+}
+
+// Both names may lead to one file, which stays.
+bool SpecificationFolder::DeleteOld(const CString& file, const CString& newFile, Problems& problems)
+{
+    const auto there = m_files.Has(file, problems);
+    if (!there || !*there) return there.has_value();
+    const auto isSame = IsSameFile(m_files.PathOf(file), m_files.PathOf(newFile), problems);
+    return isSame && (*isSame || m_files.Delete(file, problems));
 }
 
 // The new file is there before the old one goes: at no moment is there none.
@@ -253,12 +343,11 @@ Outcome SpecificationFolder::SaveRenamed(const CDesignSpecification& specificati
     const Origin old{specification.ID(), FileNameFor(oldName, specification.ID())};
     if (!MoveOthersOut(old.file, old.id, outcome.problems)) return outcome;
     // It is deleted below, not set aside.
-    std::erase_if(m_origins, [&](const Origin& origin) { return origin == old; });
-    const CString newFile = FileNameFor(specification);
-    outcome.done =
-        Save(specification, outcome.problems) &&
-        (!m_files.Has(old.file) || IsSameFile(m_files.PathOf(old.file), m_files.PathOf(newFile)) ||
-         m_files.Delete(old.file, outcome.problems));
+    std::erase_if(m_origins, [&](const Origin& origin) {
+        return origin.id == old.id && origin.file == old.file;
+    });
+    outcome.done = Save(specification, outcome.problems) &&
+                   DeleteOld(old.file, FileNameFor(specification), outcome.problems);
     if (!outcome.done) m_origins.push_back(old);
     return outcome;
 }
@@ -274,10 +363,9 @@ Outcome SpecificationFolder::Remove(const CDesignSpecification& specification)
 {
     Outcome outcome;
     const GUID id = specification.ID();
-    const CString file = FileOf(specification);
     // The file that it was read from may give no identity to find it by.
-    const bool moved =
-        file.empty() || !m_files.Has(file) || m_files.SetAside(file, id, outcome.problems);
+    const Origin* const from = OriginOf(specification);
+    const bool moved = !from || TakeFrom(*from, outcome.problems);
     outcome.done = m_files.SetAside(id, outcome.problems) && moved;
     if (!outcome.done) return outcome;
     TakeOut(IndexOf(specification));
@@ -285,12 +373,44 @@ Outcome SpecificationFolder::Remove(const CDesignSpecification& specification)
     return outcome;
 }
 
-CString SpecificationFolder::FileOf(const CDesignSpecification& specification) const
+const SpecificationFolder::Origin*
+SpecificationFolder::OriginOf(const CDesignSpecification& specification) const
 {
     const auto found =
         std::find_if(m_origins.rbegin(), m_origins.rend(),
                      [&](const Origin& origin) { return origin.id == specification.ID(); });
-    return found == m_origins.rend() ? CString() : found->file;
+    return found == m_origins.rend() ? nullptr : &*found;
+}
+
+CString SpecificationFolder::FileOf(const CDesignSpecification& specification) const
+{
+    const Origin* const origin = OriginOf(specification);
+    return origin ? origin->file : CString();
+}
+
+bool SpecificationFolder::SetFileAside(const CString& file, const GUID& id, Problems& problems)
+{
+    const CString path = m_files.PathOf(file);
+    std::string bytes;
+    if (!ReadWholeFile(path, bytes, kSizeLimit, problems)) return false;
+    CXTPPropExchangeXMLNode root(true, kStyleLibraryRoot);
+    if (!root.LoadFromBytes(bytes, path)) return m_files.SetAside(file, problems);
+    if (!MoveOthersOut(file, id, problems)) return false;
+    if (!HoldsStyle(root, kLibraryName, id)) return m_files.SetAside(file, problems);
+    // What is left of a file of several stands in other files now.
+    const auto left =
+        m_files.SetAside(file, id, problems) ? m_files.Has(file, problems) : std::nullopt;
+    return left && (!*left || m_files.Delete(file, problems));
+}
+
+Outcome SpecificationFolder::SetFileAside(const CString& file, const GUID& id)
+{
+    Outcome outcome;
+    const auto there = m_files.Has(file, outcome.problems);
+    outcome.done = there && (!*there || SetFileAside(file, id, outcome.problems));
+    if (outcome.done)
+        std::erase_if(m_origins, [&](const Origin& origin) { return origin.file == file; });
+    return outcome;
 }
 
 // Files of others
@@ -298,22 +418,21 @@ CString SpecificationFolder::FileOf(const CDesignSpecification& specification) c
 Outcome SpecificationFolder::Export(const CString& path, const CStringArray& names) const
 {
     Outcome outcome;
-    CXTPPropExchangeXMLNode root;
-    CXTPPropExchange styles;
-    if (CreateStylesNode(path, kLibraryName, kLibraryName, root, styles)) {
+    StyleStore store(path);
+    if (store.IsOpen()) {
         if (names.empty())
             for (const auto& item : m_items)
-                Store(styles, *item);
+                store.Store(*item);
         for (const CString& name : names) {
             if (const CDesignSpecification* found = Find(name.c_str()))
-                Store(styles, *found);
+                store.Store(*found);
             else
                 AddProblem(outcome.problems, Severity::Note, {}, 0,
                            Format(L"没有名为“%s”的样式,未导出", name));
         }
-        outcome.done = root.SaveToFile(path.c_str());
+        outcome.done = store.Root().SaveToFile(path.c_str());
     }
-    Append(outcome.problems, root.TakeProblems());
+    Append(outcome.problems, store.Root().TakeProblems());
     return outcome;
 }
 
@@ -333,9 +452,11 @@ ImportOutcome SpecificationFolder::TakeIn(const CString& path, const CStringArra
         const auto wanted = [&](const CString& name) {
             return names.empty() || Contains(names, name);
         };
-        for (auto& one : ReadSpecifications(root, path, wanted, outcome.problems)) {
+        for (auto& one : ReadSpecifications(root, path, wanted, outcome.problems).specifications) {
             const CString name = one.specification->Name();
-            if (const CString problem = nameProblem(name); !problem.empty()) {
+            // One without a name gets one.
+            const CString problem = name.empty() ? CString() : nameProblem(name);
+            if (!problem.empty()) {
                 AddProblem(outcome.problems, Severity::Error, path, one.line,
                            Format(L"样式“%s”未导入: %s", name, problem));
                 outcome.done = false;
@@ -350,16 +471,20 @@ ImportOutcome SpecificationFolder::TakeIn(const CString& path, const CStringArra
 }
 
 TakenSpecification SpecificationFolder::TakeIn(ReadSpecification read, const CString& path,
-                                               bool overwrite, Severity clash, Problems& problems)
+                                               bool overwrite, Severity odd, Problems& problems)
 {
     const GUID id = read.specification->ID();
     const CString name = read.specification->Name();
+    if (name.empty()) AddProblem(problems, odd, path, read.line, L"样式没有名称");
     TakenSpecification result{id, Taken::Added};
-    CDesignSpecification* taken = Find(id);
+    CDesignSpecification* taken = FindLast(id);
+    // In a file of the folder, its owner sees that it has none and gives it one.
+    if (name.empty() && odd == Severity::Note)
+        read.specification->SetName((taken ? taken->Name() : ProposedName()).c_str());
     if (!taken) {
         taken = &Add(std::move(read.specification));
     } else {
-        AddProblem(problems, clash, path, read.line,
+        AddProblem(problems, odd, path, read.line,
                    Format(L"样式“%s”与已有的“%s”标识相同(%s),%s", name, taken->Name(),
                           VMRDPub::GUIDToStr(id), CString(overwrite ? L"已用它覆盖" : L"未导入")));
         if (!overwrite) return {id, Taken::Left, false};
@@ -369,7 +494,8 @@ TakenSpecification SpecificationFolder::TakeIn(ReadSpecification read, const CSt
     }
     if (taken->Name() != name)
         AddProblem(problems, Severity::Note, path, read.line,
-                   Format(L"样式“%s”重名,改称“%s”", name, taken->Name()));
+                   name.empty() ? Format(L"给予名称“%s”", taken->Name())
+                                : Format(L"样式“%s”重名,改称“%s”", name, taken->Name()));
     return result;
 }
 
@@ -379,7 +505,7 @@ ImportOutcome SpecificationFolder::Import(const CString& path, const CStringArra
     ImportOutcome outcome = TakeIn(path, names, overwrite, &StyleNameProblem);
     for (TakenSpecification& taken : outcome.specifications) {
         if (!taken.changed) continue;
-        const CDesignSpecification& specification = *Find(taken.id);
+        const CDesignSpecification& specification = *FindLast(taken.id);
         taken.saved = taken.how == Taken::Added ? Save(specification, outcome.problems)
                                                 : SaveOver(specification, outcome.problems);
         outcome.done = outcome.done && taken.saved;
@@ -392,8 +518,10 @@ ImportOutcome SpecificationFolder::Import(const CString& path, const CStringArra
 bool SpecificationFolder::SaveOver(const CDesignSpecification& specification, Problems& problems)
 {
     const CString file = FileNameFor(specification);
-    if (!FileNameProblem(specification.Name()).empty() || !m_files.Has(file))
-        return Save(specification, problems);
+    if (!FileNameProblem(specification.Name()).empty()) return Save(specification, problems);
+    const auto there = m_files.Has(file, problems);
+    if (!there) return false;
+    if (!*there) return Save(specification, problems);
     return !m_files.KeepCopy(file, problems).empty() && Save(specification, problems);
 }
 
@@ -402,11 +530,12 @@ Outcome SpecificationFolder::SaveAsTemplate(const CString& project) const
     Outcome outcome;
     const StyleFolder target(StylesFolderOf(project), kLibraryName);
     if (!CreateFolder(target.Path(), outcome.problems)) return outcome;
-    outcome.done = true;
-    for (const CString& file : m_files.Files(outcome.problems))
+    const CStringArray files = m_files.Files(outcome.problems);
+    outcome.done = !HasError(outcome.problems);
+    for (const CString& file : files)
         outcome.done =
             CopyFile(m_files.PathOf(file), target.PathOf(file), outcome.problems) && outcome.done;
-    if (m_files.Has(L"setting.ini"))
+    if (m_files.Has(L"setting.ini", outcome.problems).value_or(false))
         CopyFile(m_files.PathOf(L"setting.ini"), target.PathOf(L"setting.ini"), outcome.problems);
     return outcome;
 }
@@ -420,13 +549,19 @@ Outcome SpecificationFolder::Load()
     for (const CString& file : m_files.Files(outcome.problems)) {
         const CString path = m_files.PathOf(file);
         CXTPPropExchangeXMLNode root(true, kStyleLibraryRoot);
-        if (!m_files.Load(file, root, outcome.problems)) continue;
+        if (!m_files.Load(file, root, outcome.problems)) {
+            m_unread.insert(file);
+            continue;
+        }
         const auto all = [](const CString&) { return true; };
-        for (auto& one : ReadSpecifications(root, path, all, outcome.problems)) {
-            // Two files of one folder should not hold the same specification.
+        ReadDocument document = ReadSpecifications(root, path, all, outcome.problems);
+        if (!document.isAll) m_unread.insert(file);
+        for (auto& one : document.specifications) {
+            const bool hasID = one.hasID;
+            // Two files of one folder should not hold the same specification, nor one no name.
             const TakenSpecification taken =
                 TakeIn(std::move(one), path, true, Severity::Error, outcome.problems);
-            m_origins.push_back({taken.id, file});
+            m_origins.push_back({taken.id, file, hasID});
         }
     }
     outcome.done = !HasError(outcome.problems);

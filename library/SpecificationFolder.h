@@ -8,6 +8,7 @@
 
 #include <memory>
 #include <optional>
+#include <set>
 
 #include "model/DesignSpecification.h"
 #include "platform/vmrd/VMRDEnv/StyleFolder.h"
@@ -92,6 +93,9 @@ public:
     // Sets its files aside, then takes it out of the list. Not done: it is still in the list, and
     // at least one of its files is where it was.
     Outcome Remove(const CDesignSpecification& specification);
+    // Sets a file aside that the specification may stand in; others in it get files of their own
+    // first. Done when there is no such file afterwards.
+    Outcome SetFileAside(const CString& file, const GUID& id);
 
     // Writes the named specifications, or all when no name is given, into a file; what else that
     // holds stays in it. A name that there is none of is told by a note.
@@ -119,21 +123,30 @@ private:
     struct Origin {
         GUID id;
         CString file;
-        bool operator==(const Origin&) const = default;
+        bool hasID = true; // false: the file does not tell the identity
     };
     AFX_EXT_PRIVATE bool Write(const CDesignSpecification& specification, Problems& problems);
     AFX_EXT_PRIVATE bool Save(const CDesignSpecification& specification, Problems& problems);
+    AFX_EXT_PRIVATE CDesignSpecification* FindLast(const GUID& id) const;
+    AFX_EXT_PRIVATE const Origin* OriginOf(const CDesignSpecification& specification) const;
+    AFX_EXT_PRIVATE void DropKept(const CXTPPropExchange& root, const CString& file,
+                                  const GUID& id) const;
+    AFX_EXT_PRIVATE bool KeepUnread(const CString& file, const GUID& id, Problems& problems);
+    AFX_EXT_PRIVATE bool DeleteOld(const CString& file, const CString& newFile, Problems& problems);
+    AFX_EXT_PRIVATE bool TakeFrom(const Origin& origin, Problems& problems);
+    AFX_EXT_PRIVATE bool SetFileAside(const CString& file, const GUID& id, Problems& problems);
     AFX_EXT_PRIVATE bool MoveOthersOut(const CString& file, const GUID& id, Problems& problems);
     AFX_EXT_PRIVATE bool SetOthersAside(const GUID& id, const CString& file, Problems& problems);
     AFX_EXT_PRIVATE ImportOutcome TakeIn(const CString& path, const CStringArray& names,
                                          bool overwrite, CString (*nameProblem)(const CString&));
     AFX_EXT_PRIVATE TakenSpecification TakeIn(ReadSpecification read, const CString& path,
-                                              bool overwrite, Severity clash, Problems& problems);
+                                              bool overwrite, Severity odd, Problems& problems);
     AFX_EXT_PRIVATE bool SaveOver(const CDesignSpecification& specification, Problems& problems);
 
     StyleFolder m_files;
     std::vector<std::unique_ptr<CDesignSpecification>> m_items;
     std::vector<Origin> m_origins;
+    std::set<CString> m_unread; // files that hold something that was not loaded
 };
 
 } // namespace designspec

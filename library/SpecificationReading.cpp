@@ -1,16 +1,19 @@
 #include "library/SpecificationReading.h"
 
 #include "base/Format.h"
+#include "base/Text.h"
 #include "library/StyleName.h"
-#include "platform/vmrd/VMRDEnv/StyleFile.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
 
 namespace designspec {
 
 namespace {
 
+constexpr size_t kLongestName = 255; // bytes
+
 // Says what is wrong with the name or the identity that a file gives; it is loaded all the same.
-void AddOddities(const CXTPPropExchange& style, const CString& path, const CString& name,
+// True when there is an identity.
+bool AddOddities(const CXTPPropExchange& style, const CString& path, const CString& name,
                  Problems& problems)
 {
     const auto add = [&](const CString& text) {
@@ -18,48 +21,66 @@ void AddOddities(const CXTPPropExchange& style, const CString& path, const CStri
     };
     GUID id;
     const CString idText = style.Attribute(L"ID");
+    const bool hasID = VMRDPub::ParseGUID(idText, id);
     if (idText.empty())
         add(Format(L"样式“%s”没有 ID,已给予新的标识", name));
-    else if (!VMRDPub::ParseGUID(idText, id))
+    else if (!hasID)
         add(Format(L"样式“%s”的 ID“%s”无效,已给予新的标识", name, idText));
-    if (name.empty()) add(L"样式没有名称");
     if (const CString problem = FileNameProblem(name); !problem.empty())
         add(Format(L"样式“%s”的%s", name, problem));
+    return hasID;
+}
+
+// Without a specification when that one is passed over or refused.
+ReadSpecification Read(CXTPPropExchange style, const CString& path,
+                       const std::function<bool(const CString&)>& wanted, Problems& problems)
+{
+    const CString name = style.Attribute(L"Name");
+    if (const size_t size = ToUtf8(name).size(); size > kLongestName) {
+        AddProblem(problems, Severity::Error, path, style.Line(),
+                   Format(L"样式“%s…”未载入: 名称过长(%d 字节,最多 %d 字节)", name.substr(0, 20),
+                          size, kLongestName));
+        return {};
+    }
+    if (!wanted(name)) {
+        AddProblem(problems, Severity::Note, path, style.Line(),
+                   Format(L"样式“%s”不在所选之列", name));
+        return {};
+    }
+    // A copy: a new identity for each, which the file's own then replaces, takes its time.
+    static const CDesignSpecification blank;
+    auto specification = std::make_unique<CDesignSpecification>(blank);
+    specification->DoPropExchange(&style);
+    const Problems unreadable = style.TakeProblems();
+    for (const Problem& problem : unreadable)
+        AddProblem(problems, Severity::Error, path, problem.line,
+                   Format(L"样式“%s”未载入: %s", name, problem.text));
+    if (!unreadable.empty()) return {};
+    const bool hasID = AddOddities(style, path, name, problems);
+    return {std::move(specification), style.Line(), hasID, style};
 }
 
 } // namespace
 
-std::vector<ReadSpecification> ReadSpecifications(const CXTPPropExchange& root, const CString& path,
-                                                  const std::function<bool(const CString&)>& wanted,
-                                                  Problems& problems)
+ReadDocument ReadSpecifications(const CXTPPropExchange& root, const CString& path,
+                                const std::function<bool(const CString&)>& wanted,
+                                Problems& problems)
 {
-    std::vector<ReadSpecification> read;
-    const CXTPPropExchange styles = root.FindSection(StylesPath(kLibraryName).c_str());
-    if (!styles.IsSectionExists())
+    ReadDocument document;
+    const CString stylesPath = StylesPath(kLibraryName);
+    if (!root.GetEnumerator(stylesPath.c_str()).HasNext())
         AddProblem(problems, Severity::Error, path, root.Line(),
                    Format(L"文件中没有“%s”的样式", CString(kLibraryName)));
-    CXTPPropExchangeEnumerator all = styles.GetEnumerator(L"Style");
+    document.isAll = !HoldsMore(root, kLibraryName);
+    CXTPPropExchangeEnumerator all = root.GetEnumerator((stylesPath + L"/Style").c_str());
     while (all.HasNext()) {
-        CXTPPropExchange style = all.GetNext();
-        // A copy: a new identity for each, which the file's own then replaces, takes its time.
-        static const CDesignSpecification blank;
-        auto specification = std::make_unique<CDesignSpecification>(blank);
-        specification->DoPropExchange(&style);
-        const Problems unreadable = style.TakeProblems();
-        const CString name = specification->Name();
-        if (!wanted(name)) {
-            AddProblem(problems, Severity::Note, path, style.Line(),
-                       Format(L"样式“%s”不在所选之列", name));
-            continue;
-        }
-        for (const Problem& problem : unreadable)
-            AddProblem(problems, Severity::Error, path, problem.line,
-                       Format(L"样式“%s”未载入: %s", name, problem.text));
-        if (!unreadable.empty()) continue;
-        AddOddities(style, path, name, problems);
-        read.push_back({std::move(specification), style.Line()});
+        ReadSpecification read = Read(all.GetNext(), path, wanted, problems);
+        if (read.specification)
+            document.specifications.push_back(std::move(read));
+        else
+            document.isAll = false;
     }
-    return read;
+    return document;
 }
 
 } // namespace designspec

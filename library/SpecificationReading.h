@@ -6,6 +6,7 @@
 
 #include "base/Problem.h"
 #include "model/DesignSpecification.h"
+#include "platform/vmrd/VMRDEnv/StyleFile.h"
 
 namespace designspec {
 
@@ -14,14 +15,21 @@ inline constexpr wchar_t kLibraryName[] = L"设计规范";
 
 struct ReadSpecification {
     std::unique_ptr<CDesignSpecification> specification;
-    int line = 0; // where it stands in its file
+    int line = 0;               // where it stands in its file
+    bool hasID = true;          // false: the file gives no identity, it has a new one each time
+    CXTPPropExchange section{}; // its own
 };
 
-// Reads them in the document's order. One whose name is not `wanted` is passed over with a note.
-// One of which a value cannot be read is left out: a limit that is silently another one is worse
-// than none. What is wrong or odd is added to the problems of the file at `path`.
-std::vector<ReadSpecification> ReadSpecifications(const CXTPPropExchange& root, const CString& path,
-                                                  const std::function<bool(const CString&)>& wanted,
-                                                  Problems& problems);
+struct ReadDocument {
+    std::vector<ReadSpecification> specifications; // in the document's order
+    bool isAll = true; // false: the document holds something else besides, or one was left out
+};
+
+// Reads them. One whose name is not `wanted` is passed over with a note. One is left out of which a
+// value cannot be read, as a limit that is silently another one is worse than none, or whose name
+// is longer than any file's. What is wrong or odd is added to the problems of the file at `path`.
+ReadDocument ReadSpecifications(const CXTPPropExchange& root, const CString& path,
+                                const std::function<bool(const CString&)>& wanted,
+                                Problems& problems);
 
 } // namespace designspec

@@ -50,6 +50,13 @@ bool CXTPPropExchangeXMLNode::LoadFromFile(const wchar_t* path)
            LoadFromBytes(bytes, path);
 }
 
+bool CXTPPropExchangeXMLNode::OpenFile(const wchar_t* path)
+{
+    const auto there = PathFileExists(path, m_document->AllProblems());
+    if (!there) Drop();
+    return there && (!*there || LoadFromFile(path));
+}
+
 void CXTPPropExchangeXMLNode::Drop()
 {
     m_document->tree.reset();

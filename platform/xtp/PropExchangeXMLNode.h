@@ -14,7 +14,9 @@ public:
     // it declares, holds a document type declaration, nests elements deeper than 64, is larger than
     // 32 MiB or has another root. Then there is no document: no section exists.
     bool LoadFromFile(const wchar_t* path);
-    // The same for a file's bytes; `name` is how problems name them.
+    // The same, but an empty document stays when there is no file.
+    bool OpenFile(const wchar_t* path);
+    // The same as LoadFromFile for a file's bytes; `name` is how problems name them.
     bool LoadFromBytes(std::string_view bytes, const CString& name);
 
     // Writes the document: UTF-8, indented, whole or not at all (see WriteWholeFile). False, with

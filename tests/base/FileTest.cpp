@@ -111,7 +111,7 @@ TEST_F(File, ReplacesAFileWhole)
 TEST_F(File, KeepsThePermissionsOfTheFileItReplaces)
 {
     m_folder.Write("a", "old");
-    for (const auto mode : {fs::perms(0600), fs::perms(0664), fs::perms(0444)}) {
+    for (const auto mode : {fs::perms(0600), fs::perms(0664), fs::perms(0640)}) {
         fs::permissions(m_folder.Native("a"), mode);
         EXPECT_TRUE(WriteWholeFile(m_folder.Path(L"a"), "new", m_problems));
         EXPECT_EQ(fs::status(m_folder.Native("a")).permissions(), mode);
@@ -184,7 +184,7 @@ TEST_F(File, ANameWithANulIsNeverCutShort)
     EXPECT_FALSE(DeleteFile(path, m_problems));
     ExpectProblem(path, L"无法删除: 文件名无效");
     EXPECT_FALSE(PathFileExists(path));
-    EXPECT_FALSE(IsSameFile(path, m_folder.Path(L"a")));
+    EXPECT_FALSE(IsSameFile(path, m_folder.Path(L"a"), m_problems).value());
     EXPECT_TRUE(FindFiles(path, L"", m_problems).empty());
     EXPECT_EQ(m_folder.Read("a"), "old");
     EXPECT_EQ(m_folder.Count(), 1);
@@ -261,6 +261,87 @@ TEST_F(File, AnUnreadableFileIsTold)
                    ? ""
                    : ToUtf8(m_problems.Text());
     }));
+}
+
+// A file without any right to write is one that nobody wants changed.
+TEST_F(File, DoesNotReplaceAFileThatIsReadOnly)
+{
+    m_folder.Write("a", "old");
+    fs::permissions(m_folder.Native("a"), fs::perms(0444));
+    EXPECT_FALSE(WriteWholeFile(m_folder.Path(L"a"), "new", m_problems));
+    ExpectProblem(m_folder.Path(L"a"), L"无法写入: 文件是只读的");
+    EXPECT_EQ(m_folder.Read("a"), "old");
+    EXPECT_EQ(m_folder.Count(), 1);
+    // A copy of it is there to be changed.
+    EXPECT_TRUE(CopyFile(m_folder.Path(L"a"), m_folder.Path(L"b"), m_problems));
+    EXPECT_EQ(fs::status(m_folder.Native("b")).permissions(), fs::perms(0644));
+}
+
+TEST_F(File, ACopyOfAPrivateFileIsPrivate)
+{
+    m_folder.Write("a", "mine");
+    fs::permissions(m_folder.Native("a"), fs::perms(0600));
+    fs::create_symlink("a", m_folder.Native("link"));
+    EXPECT_TRUE(CopyFile(m_folder.Path(L"link"), m_folder.Path(L"b"), m_problems));
+    EXPECT_EQ(fs::symlink_status(m_folder.Native("b")).permissions(), fs::perms(0600));
+}
+
+TEST_F(File, AnEmptyPathIsNoFile)
+{
+    std::string bytes;
+    EXPECT_FALSE(WriteWholeFile(L"", "new", m_problems));
+    ExpectProblem(L"", L"无法写入: 文件名无效");
+    EXPECT_FALSE(ReadWholeFile(L"", bytes, 100, m_problems));
+    ExpectProblem(L"", L"无法读取: 文件名无效");
+    EXPECT_FALSE(CreateFolder(L"", m_problems));
+    ExpectProblem(L"", L"文件夹无法创建: 文件名无效");
+    EXPECT_FALSE(PathFileExists(L""));
+    EXPECT_TRUE(FindFiles(L"", L"", m_problems).empty());
+    ExpectSilence();
+}
+
+TEST_F(File, WhatCannotBeSeenIsNotTakenForMissing)
+{
+    fs::permissions(m_folder.Native(), fs::perms(0755));
+    m_folder.Write("closed/a", "old");
+    fs::permissions(m_folder.Native("closed"), fs::perms(0));
+    EXPECT_TRUE(PassesInChild([this]() -> std::string {
+        BecomeOrdinaryUser();
+        const CString path = m_folder.Path(L"closed/a");
+        const CString told = path + L": 无法查看: 没有权限";
+        if (PathFileExists(path, m_problems) || m_problems.Text() != told)
+            return ToUtf8(m_problems.Text());
+        m_problems.Clear();
+        if (IsSameFile(path, path, m_problems) || m_problems.Text() != told)
+            return ToUtf8(m_problems.Text());
+        m_problems.Clear();
+        return FindFiles(m_folder.Path(L"closed/b"), L"", m_problems).empty() &&
+                       !m_problems.Lines().empty()
+                   ? ""
+                   : "seen";
+    }));
+    fs::permissions(m_folder.Native("closed"), fs::perms(0755));
+    EXPECT_EQ(PathFileExists(m_folder.Path(L"closed/a"), m_problems), true);
+    EXPECT_EQ(PathFileExists(m_folder.Path(L"closed/b"), m_problems), false);
+    EXPECT_EQ(PathFileExists(m_folder.Path(L"closed/a/b"), m_problems), false);
+    ExpectSilence();
+}
+
+// The signal that comes with the limit would end the process.
+TEST_F(File, AFileBeyondTheLimitOfSizesIsToldWithoutASignal)
+{
+    EXPECT_TRUE(PassesInChild([this]() -> std::string {
+        const rlimit limit = {1 << 16, 1 << 16};
+        if (setrlimit(RLIMIT_FSIZE, &limit) != 0) return "no limit";
+        if (WriteWholeFile(m_folder.Path(L"a"), std::string(1 << 17, 'x'), m_problems))
+            return "written";
+        sigset_t pending;
+        sigset_t blocked;
+        if (sigpending(&pending) != 0 || sigismember(&pending, SIGXFSZ) != 0) return "pending";
+        sigprocmask(SIG_SETMASK, nullptr, &blocked);
+        return sigismember(&blocked, SIGXFSZ) == 0 ? "" : "blocked";
+    }));
+    EXPECT_EQ(m_folder.Count(), 0);
 }
 
 TEST_F(File, TemporaryFilesAreKnownByTheirName)
@@ -376,12 +457,12 @@ TEST_F(File, IsTheSameByWhateverPath)
     m_folder.Write("b", "x");
     fs::create_symlink("a", m_folder.Native("link"));
     fs::create_hard_link(m_folder.Native("a"), m_folder.Native("hard"));
-    EXPECT_TRUE(IsSameFile(path, path));
-    EXPECT_TRUE(IsSameFile(path, m_folder.Path(L"link")));
-    EXPECT_TRUE(IsSameFile(path, m_folder.Path(L"hard")));
-    EXPECT_TRUE(IsSameFile(path, m_folder.Path(L".\\a")));
-    EXPECT_FALSE(IsSameFile(path, m_folder.Path(L"b")));
-    EXPECT_FALSE(IsSameFile(m_folder.Path(L"none"), m_folder.Path(L"none")));
+    EXPECT_TRUE(IsSameFile(path, path, m_problems).value());
+    EXPECT_TRUE(IsSameFile(path, m_folder.Path(L"link"), m_problems).value());
+    EXPECT_TRUE(IsSameFile(path, m_folder.Path(L"hard"), m_problems).value());
+    EXPECT_TRUE(IsSameFile(path, m_folder.Path(L".\\a"), m_problems).value());
+    EXPECT_FALSE(IsSameFile(path, m_folder.Path(L"b"), m_problems).value());
+    EXPECT_FALSE(IsSameFile(m_folder.Path(L"none"), m_folder.Path(L"none"), m_problems).value());
     ExpectSilence();
 }
 

@@ -62,9 +62,13 @@ TEST_F(Profile, ANewFileIsUtf16WithAByteOrderMark)
     EXPECT_EQ(m_problems.Text(), L"");
 }
 
-TEST_F(Profile, AnEmptyFileIsUtf8)
+TEST_F(Profile, AnEmptyFileIsAsGoodAsNew)
 {
-    ExpectEdit("", L"A", "[设置]\r\n默认样式=A\r\n");
+    m_folder.Write("setting.ini", "");
+    EXPECT_EQ(Get(), L"(missing)");
+    EXPECT_TRUE(Set(L"A", L"设", L"k"));
+    EXPECT_EQ(Bytes(), "\xFF\xFE[\0\xBE\x8B]\0\r\0\n\0k\0=\0A\0\r\0\n\0"sv);
+    EXPECT_EQ(m_problems.Text(), L"");
 }
 
 TEST_F(Profile, KeepsEncodingKeysCommentsBlankLinesAndStrayLines)

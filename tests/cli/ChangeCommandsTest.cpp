@@ -73,7 +73,9 @@ TEST_F(NewCommand, RefusesNamesThatNoFileCanBear)
 {
     Wrong("名称", {"new", ".."});
     Wrong("名称过长", {"new", std::string(300, 'a')});
-    Wrong("文件无法记录的字符", {"new", "a\x01"});
+    Wrong("控制字符", {"new", "a\x01"});
+    Wrong("控制字符", {"new", "a\nb"});
+    Wrong("文件无法记录的字符", {"new", "a\xEF\xBF\xBF"});
     EXPECT_FALSE(m_folder.Has("规范"));
 }
 
@@ -221,7 +223,8 @@ TEST_F(RemoveCommand, FindsAFileThatGivesNoIdentity)
 }
 
 // Which of the two it is, the file does not tell.
-TEST_F(RemoveCommand, LeavesAFileOfSeveralThatGivesNoIdentity)
+// The others there get files of their own.
+TEST_F(RemoveCommand, RemovesOutOfAFileOfSeveralThatGivesNoIdentity)
 {
     New("城市");
     New("乡村");
@@ -232,10 +235,11 @@ TEST_F(RemoveCommand, LeavesAFileOfSeveralThatGivesNoIdentity)
         std::regex_replace(m_folder.Read("both.hds"), std::regex(R"( ID="[^"]*")"), "");
     m_folder.Write("规范/both.hds", both);
     const ProcessResult result = Call({"remove", "城市"});
-    EXPECT_EQ(result.status, 3);
-    EXPECT_THAT(result.err, HasSubstr("文件中没有要删除的样式"));
-    EXPECT_EQ(m_folder.Read("规范/both.hds"), both);
-    EXPECT_EQ(Names().size(), 2U);
+    EXPECT_EQ(result.status, 3); // for want of identities
+    EXPECT_FALSE(m_folder.Has("规范/both.hds"));
+    EXPECT_EQ(m_folder.Read("规范/已删除/both.hds"), both);
+    EXPECT_EQ(Call({"list"}).status, 0);
+    EXPECT_EQ(Names(), (std::vector<std::string>{"乡村"}));
 }
 
 TEST_F(RemoveCommand, FailsWhereTheFileCannotBeSetAside)

@@ -137,7 +137,7 @@ TEST_F(DesignSpecifications, RemoveLeavesTheObjectWhenAskedTo)
     EXPECT_EQ(kept->Name(), L"a");
 }
 
-TEST_F(DesignSpecifications, RemoveDeletesTheBracedFileAlone)
+TEST_F(DesignSpecifications, RemoveSetsTheBracedFileAsideAlone)
 {
     const CDesignSpecification& one = AddSaved(Make(L"a", 1, kIdA));
     const std::string plain = FileOf(one);
@@ -146,7 +146,41 @@ TEST_F(DesignSpecifications, RemoveDeletesTheBracedFileAlone)
     Library().Remove(0, true);
     EXPECT_TRUE(m_project.Has(plain));
     EXPECT_FALSE(m_project.Has(braced));
-    EXPECT_TRUE(m_trace.Lines().empty());
+    EXPECT_EQ(m_project.Read("规范/已删除" + braced.substr(6)), "x");
+}
+
+TEST_F(DesignSpecifications, RemoveGivesTheOthersInTheBracedFileTheirOwn)
+{
+    const std::string braced = std::string("规范/a{") + kIdA + "}.hds";
+    m_project.Write(braced, Envelope(Style("b", kIdB, 5) + Style("a", kIdA, 1)));
+    Reload();
+    Library().Remove(1, true);
+    EXPECT_FALSE(m_project.Has(braced));
+    Reload();
+    EXPECT_EQ(Names(), L"b");
+    EXPECT_EQ(MarkOf(L"b"), 5);
+    Problems problems;
+    const auto deleted = Library().Files().Deleted(problems);
+    ASSERT_EQ(deleted.size(), 1U);
+    EXPECT_EQ(deleted[0].name, L"a");
+    EXPECT_TRUE(Library().Files().BringBack(deleted[0].file, problems));
+    m_trace.Clear();
+    Reload();
+    EXPECT_EQ(Names(), L"a b");
+    EXPECT_TRUE(m_trace.Lines().empty()) << ToUtf8(m_trace.Text());
+}
+
+// The library need not have read the file for that.
+TEST_F(DesignSpecifications, RemoveKeepsWhatTheLibraryDoesNotKnow)
+{
+    const std::string braced = std::string("规范/a{") + kIdA + "}.hds";
+    Add(Make(L"a", 1, kIdA));
+    m_project.Write(braced, Envelope(Style("b", kIdB, 5) + Style("a", kIdA, 1)));
+    Library().Remove(0, true);
+    EXPECT_FALSE(m_project.Has(braced));
+    Reload();
+    EXPECT_EQ(Names(), L"b");
+    EXPECT_EQ(MarkOf(L"b"), 5);
 }
 
 TEST_F(DesignSpecifications, SetDefaultItemWritesTheIdentity)
@@ -207,8 +241,12 @@ TEST_F(DesignSpecifications, SaveReplacesWhateverStoodInTheFile)
         m_project.Write(FileOf(one), before);
         EXPECT_TRUE(Library().Save(&one));
         EXPECT_EQ(m_project.Read(FileOf(one)).find(kIdB), std::string::npos);
+        EXPECT_NE(m_project.Read(FileOf(one)).find(kIdA), std::string::npos);
     }
-    EXPECT_EQ(Reload().Count(), 1);
+    EXPECT_TRUE(m_project.Has("规范/已删除" + FileOf(one).substr(6))); // what was no XML
+    Reload();
+    EXPECT_EQ(Library().Count(), 3);
+    EXPECT_EQ(MarkOf(L"a"), 7);
 }
 
 TEST_F(DesignSpecifications, SaveWritesTheSpecificationThatIsGiven)
@@ -241,7 +279,9 @@ TEST_F(DesignSpecifications, SaveOutOfAFileOfSeveralKeepsTheOthersThere)
     Reload();
     At(0).BeelineLen.MaxLen = 2;
     EXPECT_TRUE(Library().Save(&At(0)));
-    EXPECT_TRUE(m_project.Has("规范/已删除/foo.hds"));
+    const std::string aside = m_project.Read("规范/已删除/foo(1).hds");
+    EXPECT_NE(aside.find(kIdA), std::string::npos);
+    EXPECT_EQ(aside.find(kIdB), std::string::npos);
     Reload();
     EXPECT_EQ(Library().Count(), 2);
     EXPECT_EQ(MarkOf(L"a"), 2);

@@ -53,7 +53,8 @@ TEST_F(StyleName, IsWrongInItselfWhateverOthersThereAre)
     EXPECT_EQ(StyleNameProblem(L""), L"样式名不能为空!");
     EXPECT_EQ(StyleNameProblem(L"a?"), L"样式名中不允许出现如下字符: <>/\\\":;=|,*?'");
     EXPECT_EQ(StyleNameProblem(L"a..b"), L"名称含有路径分隔符、“..”或空字符,不能用作文件名");
-    EXPECT_EQ(StyleNameProblem(L"a\x1"), L"样式名中有文件无法记录的字符");
+    EXPECT_EQ(StyleNameProblem(L"a\x1"), L"样式名中不允许出现控制字符和换行");
+    EXPECT_EQ(StyleNameProblem(L"a\xFFFF"), L"样式名中有文件无法记录的字符");
 }
 
 TEST(StorableName, IsTheNameWithItsEndingWhereThatWillDo)

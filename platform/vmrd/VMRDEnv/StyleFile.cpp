@@ -1,8 +1,13 @@
 #include "platform/vmrd/VMRDEnv/StyleFile.h"
 
+#include <algorithm>
+
+#include <pugixml.hpp>
+
 #include "base/File.h"
 #include "base/Format.h"
 #include "base/Text.h"
+#include "base/XmlPath.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
 
 namespace designspec {
@@ -26,10 +31,34 @@ bool CreateStylesNode(const CString& path, const CString& groupName, const CStri
                       CXTPPropExchangeXMLNode& root, CXTPPropExchange& styles)
 {
     root = CXTPPropExchangeXMLNode(false, kStyleLibraryRoot);
-    if (!path.empty() && PathFileExists(path) && !root.LoadFromFile(path.c_str())) return false;
+    if (!path.empty() && !root.OpenFile(path.c_str())) return false;
     styles =
         root.GetSection(Format(L"%s/Styles[@Name=\"%s\"]", GroupPath(groupName), library).c_str());
     return true;
+}
+
+namespace {
+
+bool HoldsMore(pugi::xml_node node, std::wstring_view path)
+{
+    const bool areStyles = path.empty();
+    const PathStep step = TakeStep(path);
+    return std::any_of(node.begin(), node.end(), [&](pugi::xml_node child) {
+        if (child.type() != pugi::node_element) return false;
+        const CString name = ToWide(child.name());
+        if (areStyles) return name != L"Style";
+        const bool leadsOn =
+            name == step.name &&
+            ToWide(child.attribute(ToUtf8(step.attribute).c_str()).value()) == step.value;
+        return !leadsOn || HoldsMore(child, path);
+    });
+}
+
+} // namespace
+
+bool HoldsMore(const CXTPPropExchange& root, const CString& library)
+{
+    return HoldsMore(pugi::xml_node(root.Node()), StylesPath(library));
 }
 
 bool HasID(const CXTPPropExchange& style, const GUID& id)
@@ -47,6 +76,14 @@ std::vector<StyleEntry> StyleEntries(const CXTPPropExchange& root, const CString
         entries.push_back({style.Attribute(L"Name"), VMRDPub::StrToGUID(style.Attribute(L"ID"))});
     }
     return entries;
+}
+
+bool HoldsStyle(const CXTPPropExchange& root, const CString& library, const GUID& id)
+{
+    const std::vector<StyleEntry> entries = StyleEntries(root, library);
+    return entries.size() == 1 ||
+           std::any_of(entries.begin(), entries.end(),
+                       [&](const StyleEntry& entry) { return entry.id == id; });
 }
 
 } // namespace designspec

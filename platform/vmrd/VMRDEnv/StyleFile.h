@@ -26,8 +26,16 @@ AFX_EXT_API bool CreateStylesNode(const CString& path, const CString& groupName,
                                   const CString& library, CXTPPropExchangeXMLNode& root,
                                   CXTPPropExchange& styles);
 
+// True when the document holds something beside the way down to the library's styles and these:
+// what other programs keep there.
+AFX_EXT_API bool HoldsMore(const CXTPPropExchange& root, const CString& library);
+
 // True when the style's section bears that identity, in whatever form it is written.
 AFX_EXT_API bool HasID(const CXTPPropExchange& style, const GUID& id);
+
+// True when one of the library's styles bears that identity. A document that holds but one style is
+// taken to hold that one.
+AFX_EXT_API bool HoldsStyle(const CXTPPropExchange& root, const CString& library, const GUID& id);
 
 // A style of a file; one without a readable identity has another one each time it is asked for.
 struct StyleEntry {

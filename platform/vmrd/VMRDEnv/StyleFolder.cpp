@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <functional>
 #include <iterator>
+#include <utility>
 
 #include "base/File.h"
 #include "base/Format.h"
@@ -23,15 +24,46 @@ bool Refuse(const CString& path, const wchar_t* why, Problems& problems)
     return false;
 }
 
+void TellAside(const CString& path, const CString& asidePath, Problems& problems)
+{
+    AddProblem(problems, Severity::Note, path, 0, L"已移至 " + ToWide(NativePath(asidePath)));
+}
+
 auto CountOf(const GUID& id, const std::vector<StyleEntry>& entries)
 {
     return std::count_if(entries.begin(), entries.end(),
                          [&](const StyleEntry& entry) { return entry.id == id; });
 }
 
+// Nothing is in a folder that is none; least of all what stands at the root.
 CString InFolder(const CString& folder, const CString& file)
 {
-    return folder + L'\\' + file;
+    return folder.empty() ? CString() : folder + L'\\' + file;
+}
+
+// The file's name, or the first one with a number behind its stem that is not taken; empty when
+// that cannot be told.
+CString FreeNameFor(const CString& file,
+                    const std::function<std::optional<bool>(const CString&)>& isTaken)
+{
+    const CString stem = file.substr(0, file.size() - std::size(kStyleFileEnding) + 1);
+    CString name = file;
+    for (int k = 1;; ++k) {
+        const auto taken = isTaken(name);
+        if (!taken) return {};
+        if (!*taken) return name;
+        name = Format(L"%s(%d)%s", stem, k, CString(kStyleFileEnding));
+    }
+}
+
+// Leaves of the library's styles in the document those that are, or are not, of that identity.
+void Reduce(CXTPPropExchange& root, const CString& library, const GUID& id, bool keepIt)
+{
+    CXTPPropExchangeEnumerator all = root.GetEnumerator((StylesPath(library) + L"/Style").c_str());
+    while (all.HasNext()) {
+        CXTPPropExchange style = all.GetNext();
+        if (HasID(style, id) != keepIt) style.RemoveSection();
+    }
 }
 
 } // namespace
@@ -53,7 +85,8 @@ CString StyleFolder::DeletedPath() const
 
 bool StyleFolder::HasPlace() const
 {
-    return PathFileExists(m_path.substr(0, m_path.find_last_of(L"\\/")));
+    Problems unseen;
+    return PathFileExists(m_path.substr(0, m_path.find_last_of(L"\\/")), unseen).value_or(true);
 }
 
 CString StyleFolder::PathOf(const CString& file) const
@@ -70,6 +103,7 @@ void StyleFolder::MoveTo(const CString& path)
 {
     if (path == m_path) return;
     m_path = path;
+    m_tidied = false;
     Forget();
 }
 
@@ -78,17 +112,18 @@ CStringArray StyleFolder::Files(Problems& problems) const
     return FindFiles(m_path, kStyleFileEnding, problems);
 }
 
-bool StyleFolder::Has(const CString& file) const
+std::optional<bool> StyleFolder::Has(const CString& file, Problems& problems) const
 {
-    return PathFileExists(PathOf(file));
+    return PathFileExists(PathOf(file), problems);
 }
 
 std::optional<bool> StyleFolder::Holds(const CString& file, const GUID& id,
                                        Problems& problems) const
 {
-    const auto entries = Entries(PathOf(file), problems);
-    if (!entries) return std::nullopt;
-    return entries->size() == 1 || CountOf(id, *entries) > 0;
+    CXTPPropExchangeXMLNode root(true, kStyleLibraryRoot);
+    if (root.LoadFromFile(PathOf(file).c_str())) return HoldsStyle(root, m_library, id);
+    Append(problems, root.TakeProblems());
+    return std::nullopt;
 }
 
 StyleFolder::Content StyleFolder::ContentOf(std::string_view bytes)
@@ -111,9 +146,11 @@ bool StyleFolder::IsKnown(const CString& file) const
 {
     const auto known = m_known.find(file);
     if (known == m_known.end()) return false;
-    if (!Has(file)) return !known->second;
-    std::string bytes;
     Problems unread;
+    const auto there = Has(file, unread);
+    if (!there) return false;
+    if (!*there) return !known->second;
+    std::string bytes;
     return known->second && ReadWholeFile(PathOf(file), bytes, kSizeLimit, unread) &&
            ContentOf(bytes) == known->second;
 }
@@ -125,8 +162,9 @@ bool StyleFolder::IsAsKnown() const
     return problems.empty() &&
            std::all_of(files.begin(), files.end(),
                        [&](const CString& file) { return IsKnown(file); }) &&
-           std::all_of(m_known.begin(), m_known.end(),
-                       [&](const auto& known) { return !known.second || Has(known.first); });
+           std::all_of(m_known.begin(), m_known.end(), [&](const auto& known) {
+               return !known.second || Has(known.first, problems).value_or(false);
+           });
 }
 
 bool StyleFolder::Load(const CString& file, CXTPPropExchangeXMLNode& root, Problems& problems)
@@ -143,6 +181,9 @@ bool StyleFolder::Save(const CString& file, const CXTPPropExchangeXMLNode& root,
 {
     if (!HasPlace()) return Refuse(m_path, L"项目文件夹已不存在, 没有保存", problems);
     if (!CreateFolder(m_path, problems)) return false;
+    if (!std::exchange(m_tidied, true))
+        for (const CString& folder : {m_path, DeletedPath()})
+            DeleteLeftTemporaries(folder);
     const std::string bytes = root.SaveToBytes();
     const bool saved = WriteWholeFile(PathOf(file), bytes, problems);
     if (saved) m_known[file] = ContentOf(bytes);
@@ -170,29 +211,37 @@ bool StyleFolder::SetSetting(const wchar_t* section, const wchar_t* key, const C
     return set;
 }
 
-// A name in the folder of the deleted ones that no file has yet.
-CString StyleFolder::FreeDeletedName(const CString& file) const
+CString StyleFolder::FreeName(const CString& file, Problems& problems) const
 {
-    const CString stem = file.substr(0, file.size() - std::size(kStyleFileEnding) + 1);
-    CString name = file;
-    for (int k = 1; PathFileExists(DeletedPathOf(name)); ++k)
-        name = Format(L"%s(%d)%s", stem, k, CString(kStyleFileEnding));
-    return name;
+    return FreeNameFor(file, [&](const CString& name) {
+        const auto here = Has(name, problems);
+        return here && !*here ? PathFileExists(DeletedPathOf(name), problems) : here;
+    });
+}
+
+// A name in the folder of the deleted ones that no file has yet.
+CString StyleFolder::FreeDeletedName(const CString& file, Problems& problems) const
+{
+    return FreeNameFor(
+        file, [&](const CString& name) { return PathFileExists(DeletedPathOf(name), problems); });
 }
 
 CString StyleFolder::KeepCopy(const CString& file, Problems& problems)
 {
     if (!CreateFolder(DeletedPath(), problems)) return {};
-    const CString copy = FreeDeletedName(file);
-    return CopyFile(PathOf(file), DeletedPathOf(copy), problems) ? copy : CString();
+    const CString copy = FreeDeletedName(file, problems);
+    return !copy.empty() && CopyFile(PathOf(file), DeletedPathOf(copy), problems) ? copy
+                                                                                  : CString();
 }
 
 CString StyleFolder::SaveDeleted(const CString& file, const CXTPPropExchangeXMLNode& root,
                                  Problems& problems)
 {
     if (!CreateFolder(DeletedPath(), problems)) return {};
-    const CString name = FreeDeletedName(file);
-    return WriteWholeFile(DeletedPathOf(name), root.SaveToBytes(), problems) ? name : CString();
+    const CString name = FreeDeletedName(file, problems);
+    const bool saved =
+        !name.empty() && WriteWholeFile(DeletedPathOf(name), root.SaveToBytes(), problems);
+    return saved ? name : CString();
 }
 
 void StyleFolder::DropCopy(const CString& copy, Problems& problems)
@@ -209,56 +258,83 @@ std::optional<std::vector<StyleEntry>> StyleFolder::Entries(const CString& path,
     return std::nullopt;
 }
 
+// Puts a file with that style of the file alone among the deleted ones, under a name by which it
+// can come back beside the file; the name, empty after a failure.
+CString StyleFolder::KeepStyle(const CString& file, const GUID& id, Problems& problems)
+{
+    CXTPPropExchangeXMLNode root(false, kStyleLibraryRoot);
+    bool kept = root.LoadFromFile(PathOf(file).c_str());
+    const CString name = FreeName(file, problems);
+    kept = kept && !name.empty();
+    if (kept) {
+        Reduce(root, m_library, id, true);
+        kept =
+            CreateFolder(DeletedPath(), problems) && root.SaveToFile(DeletedPathOf(name).c_str());
+    }
+    Append(problems, root.TakeProblems());
+    return kept ? name : CString();
+}
+
 // Leaves in the file what else it holds.
 bool StyleFolder::TakeOut(const CString& file, const GUID& id, Problems& problems)
 {
     CXTPPropExchangeXMLNode root(false, kStyleLibraryRoot);
     if (!Load(file, root, problems)) return false;
-    CXTPPropExchangeEnumerator all =
-        root.GetEnumerator((StylesPath(m_library) + L"/Style").c_str());
-    while (all.HasNext()) {
-        CXTPPropExchange style = all.GetNext();
-        if (HasID(style, id)) style.RemoveSection();
-    }
+    Reduce(root, m_library, id, false);
     return Save(file, root, problems);
+}
+
+bool StyleFolder::TakeApart(const CString& file, const GUID& id, Problems& problems)
+{
+    const CString aside = KeepStyle(file, id, problems);
+    if (aside.empty()) return false;
+    if (!TakeOut(file, id, problems)) {
+        // Where the style has left the file all the same, the copy is the only one.
+        const auto left = Entries(PathOf(file), problems);
+        if (left && CountOf(id, *left) > 0) DropCopy(aside, problems);
+        return false;
+    }
+    TellAside(PathOf(file), DeletedPathOf(aside), problems);
+    return true;
+}
+
+bool StyleFolder::SetAside(const CString& file, Problems& problems)
+{
+    if (!IsFileName(file)) return Refuse(m_path, L"文件名无效", problems);
+    if (!CreateFolder(DeletedPath(), problems)) return false;
+    const CString aside = FreeDeletedName(file, problems);
+    if (aside.empty() || !MoveFile(PathOf(file), DeletedPathOf(aside), problems)) return false;
+    m_known[file] = std::nullopt;
+    TellAside(PathOf(file), DeletedPathOf(aside), problems);
+    return true;
 }
 
 bool StyleFolder::SetAside(const CString& file, const GUID& id, Problems& problems)
 {
     if (!IsFileName(file)) return Refuse(m_path, L"文件名无效", problems);
     const CString path = PathOf(file);
-    const auto entries = Entries(path, problems);
-    if (!entries) return false;
-    const auto its = CountOf(id, *entries);
-    const bool alone = entries->size() == 1 || its == std::ssize(*entries);
-    if (entries->empty() || (!alone && its == 0))
-        return Refuse(path, L"文件中没有要删除的样式", problems);
-
-    CString aside;
-    if (alone) {
-        if (!CreateFolder(DeletedPath(), problems)) return false;
-        aside = FreeDeletedName(file);
-        if (!MoveFile(path, DeletedPathOf(aside), problems)) return false;
-        m_known[file] = std::nullopt;
-    } else {
-        aside = KeepCopy(file, problems);
-        if (aside.empty()) return false;
-        if (!TakeOut(file, id, problems)) {
-            // Where the style has left the file all the same, the copy is the only one.
-            const auto left = Entries(path, problems);
-            if (left && CountOf(id, *left) > 0) DropCopy(aside, problems);
-            return false;
-        }
+    CXTPPropExchangeXMLNode root(true, kStyleLibraryRoot);
+    if (!root.LoadFromFile(path.c_str())) {
+        Append(problems, root.TakeProblems());
+        return false;
     }
-    AddProblem(problems, Severity::Note, path, 0,
-               L"已移至 " + ToWide(NativePath(DeletedPathOf(aside))));
-    return true;
+    const auto entries = StyleEntries(root, m_library);
+    const auto its = CountOf(id, entries);
+    const bool alone = entries.size() == 1 || its == std::ssize(entries);
+    if (entries.empty() || (!alone && its == 0))
+        return Refuse(path, L"文件中没有要删除的样式", problems);
+    // The only style need not bear the identity, and then cannot be taken out by it.
+    const bool isTheWhole = alone && (its == 0 || !HoldsMore(root, m_library));
+    return isTheWhole ? SetAside(file, problems) : TakeApart(file, id, problems);
 }
 
 bool StyleFolder::SetAside(const GUID& id, Problems& problems)
 {
-    bool done = true;
-    for (const CString& file : Files(problems)) {
+    Problems unlisted;
+    const CStringArray files = Files(unlisted);
+    bool done = !files.empty() || !HasError(unlisted);
+    Append(problems, std::move(unlisted));
+    for (const CString& file : files) {
         const auto entries = Entries(PathOf(file), problems);
         if (!entries) {
             // By its name, the style was saved there.
@@ -285,7 +361,9 @@ bool StyleFolder::BringBack(const CString& file, Problems& problems)
 {
     if (!IsFileName(file)) return Refuse(DeletedPath(), L"文件名无效", problems);
     const CString target = PathOf(file);
-    if (PathFileExists(target)) return Refuse(target, L"无法恢复: 同名文件已存在", problems);
+    const auto there = PathFileExists(target, problems);
+    if (!there) return false;
+    if (*there) return Refuse(target, L"无法恢复: 同名文件已存在", problems);
     const bool moved = MoveFile(DeletedPathOf(file), target, problems);
     if (moved) Remember(file);
     return moved;

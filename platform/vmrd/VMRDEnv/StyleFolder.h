@@ -46,14 +46,16 @@ public:
     std::optional<bool> Holds(const CString& file, const GUID& id, Problems& problems) const;
     // Names of the files of styles, sorted, ignoring case.
     CStringArray Files(Problems& problems) const;
-    bool Has(const CString& file) const;
+    // Whether there is a file of that name; nothing when that cannot be told.
+    std::optional<bool> Has(const CString& file, Problems& problems) const;
     // True when the file is as it was last loaded or saved here, or gone as it was left.
     bool IsKnown(const CString& file) const;
     // True when all files are, and none has come or gone.
     bool IsAsKnown() const;
 
     bool Load(const CString& file, CXTPPropExchangeXMLNode& root, Problems& problems);
-    // Makes the folder when there is none, but not the project's. Whole or not at all.
+    // Makes the folder when there is none, but not the project's. Whole or not at all. The first time,
+    // what is left there of writes that were killed goes.
     bool Save(const CString& file, const CXTPPropExchangeXMLNode& root, Problems& problems);
     // True when the file is gone; without a problem false when there was none.
     bool Delete(const CString& file, Problems& problems);
@@ -63,6 +65,9 @@ public:
     bool SetSetting(const wchar_t* section, const wchar_t* key, const CString& value,
                     Problems& problems);
 
+    // A name that no file here or among the deleted ones has: `file`, or with "(1)", "(2)" … behind
+    // its stem. Empty when that cannot be told.
+    CString FreeName(const CString& file, Problems& problems) const;
     // Puts a copy of the file among the deleted ones; its name there, empty after a failure.
     CString KeepCopy(const CString& file, Problems& problems);
     // Puts a style that has no file here among the deleted ones, as `file` would have held it; its
@@ -72,12 +77,14 @@ public:
     // Takes such a copy away again: what it was kept for did not come about.
     void DropCopy(const CString& copy, Problems& problems);
 
-    // Sets the style of a file aside. A file that holds other styles too keeps them: a copy of it
-    // goes to the deleted ones, and the style is taken out of it. A file that holds but one style
-    // is taken to hold that one. A file of that name set aside earlier stays: the new one gets
-    // "(1)", "(2)" … behind its name. False when that failed or the file does not hold the style;
-    // then the file is where it was. A note says where it went.
+    // Sets the style of a file aside. A file that holds something else too keeps that: a file of
+    // the style alone goes to the deleted ones, and it is taken out of the other. A file that holds
+    // but one style is taken to hold that one. A file of that name set aside earlier stays: the new
+    // one gets "(1)", "(2)" … behind its name. False when that failed or the file does not hold the
+    // style; then the file is where it was. A note says where it went.
     bool SetAside(const CString& file, const GUID& id, Problems& problems);
+    // Sets the whole file aside, whatever it holds.
+    bool SetAside(const CString& file, Problems& problems);
     // Does so for each file that holds the style. True when none is left.
     bool SetAside(const GUID& id, Problems& problems);
     // What has been set aside, by file name.
@@ -96,12 +103,15 @@ private:
     AFX_EXT_PRIVATE void Remember(const CString& file);
     AFX_EXT_PRIVATE std::optional<std::vector<StyleEntry>> Entries(const CString& path,
                                                                    Problems& problems) const;
-    AFX_EXT_PRIVATE CString FreeDeletedName(const CString& file) const;
+    AFX_EXT_PRIVATE CString FreeDeletedName(const CString& file, Problems& problems) const;
     AFX_EXT_PRIVATE CString DeletedPathOf(const CString& file) const;
     AFX_EXT_PRIVATE bool TakeOut(const CString& file, const GUID& id, Problems& problems);
+    AFX_EXT_PRIVATE CString KeepStyle(const CString& file, const GUID& id, Problems& problems);
+    AFX_EXT_PRIVATE bool TakeApart(const CString& file, const GUID& id, Problems& problems);
 
     CString m_path;
     CString m_library;
+    bool m_tidied = false;                             // of what writes that were killed left
     std::map<CString, std::optional<Content>> m_known; // nothing: there is no such file
 };
 

@@ -93,7 +93,10 @@ CString GetCurPrjPath()
 {
     if (!g_projectPath.empty()) return g_projectPath;
     std::error_code error;
-    return ToWide(std::filesystem::current_path(error).string());
+    CString path = ToWide(std::filesystem::current_path(error).string());
+    // One that is gone has no path; in a path of the module's a backslash separates.
+    const bool isUsable = !path.empty() && path.find(L'\\') == CString::npos;
+    return isUsable ? path : L".";
 }
 
 void SetCurPrjPath(const CString& path)

@@ -18,7 +18,7 @@ AFX_EXT_API bool ParseGUID(std::wstring_view text, GUID& guid);
 AFX_EXT_API GUID StrToGUID(std::wstring_view text);
 
 // The folder of the current project, without a separator at its end. The current folder until
-// SetCurPrjPath was called.
+// SetCurPrjPath was called: "." when that is gone or its path holds a backslash. Never empty.
 AFX_EXT_API CString GetCurPrjPath();
 AFX_EXT_API void SetCurPrjPath(const CString& path);
 

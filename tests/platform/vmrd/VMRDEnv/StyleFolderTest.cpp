@@ -87,10 +87,89 @@ TEST_F(StyleFolderTest, AStyleWithAFileOfItsOwnGoesWithItsFile)
 TEST_F(StyleFolderTest, AFileOfSeveralStylesKeepsTheOthers)
 {
     const GUID id = FileOf(L"甲.hds", {L"甲", L"乙"})[0];
-    const std::string bytes = m_folder.Read("规范/甲.hds");
     EXPECT_TRUE(m_styles.SetAside(L"甲.hds", id, m_problems));
     EXPECT_EQ(NamesIn(L"规范/甲.hds"), (CStringArray{L"乙"}));
-    EXPECT_EQ(m_folder.Read("规范/已删除/甲.hds"), bytes);
+    // It can come back beside the others.
+    EXPECT_EQ(NamesIn(L"规范/已删除/甲(1).hds"), (CStringArray{L"甲"}));
+    EXPECT_TRUE(m_styles.BringBack(L"甲(1).hds", m_problems));
+    EXPECT_EQ(NamesIn(L"规范/甲(1).hds"), (CStringArray{L"甲"}));
+}
+
+TEST_F(StyleFolderTest, AFileKeepsWhatOtherProgramsHaveInIt)
+{
+    const GUID id = FileOf(L"甲.hds", {L"甲"})[0];
+    std::string bytes = m_folder.Read("规范/甲.hds");
+    m_folder.Write("规范/甲.hds", bytes.insert(bytes.find("</StyleLibrary>"), "<Group Name='x'/>"));
+    EXPECT_TRUE(m_styles.SetAside(L"甲.hds", id, m_problems));
+    EXPECT_NE(m_folder.Read("规范/甲.hds").find("<Group Name=\"x\""), std::string::npos);
+    EXPECT_TRUE(NamesIn(L"规范/甲.hds").empty());
+    EXPECT_EQ(NamesIn(L"规范/已删除/甲(1).hds"), (CStringArray{L"甲"}));
+}
+
+TEST_F(StyleFolderTest, AFileIsSetAsideWhateverItHolds)
+{
+    m_folder.Write("规范/甲.hds", "half a file");
+    EXPECT_TRUE(m_styles.SetAside(L"甲.hds", m_problems));
+    EXPECT_FALSE(m_folder.Has("规范/甲.hds"));
+    EXPECT_EQ(m_folder.Read("规范/已删除/甲.hds"), "half a file");
+    EXPECT_FALSE(m_styles.SetAside(L"..\\外.hds", m_problems));
+}
+
+TEST_F(StyleFolderTest, ALinkThatIsSetAsideLeadsWhereItLed)
+{
+    const GUID id = FileOf(L"甲.hds", {L"甲"})[0];
+    fs::create_directory(m_folder.Native("共享"));
+    fs::rename(m_folder.Native("规范/甲.hds"), m_folder.Native("共享/甲.hds"));
+    fs::create_symlink("../共享/甲.hds", m_folder.Native("规范/甲.hds"));
+    ASSERT_TRUE(m_styles.SetAside(id, m_problems));
+    EXPECT_FALSE(m_folder.Has("规范/甲.hds"));
+    EXPECT_EQ(NamesIn(L"规范/已删除/甲.hds"), (CStringArray{L"甲"}));
+    EXPECT_TRUE(fs::is_symlink(m_folder.Native("规范/已删除/甲.hds")));
+    EXPECT_TRUE(m_styles.BringBack(L"甲.hds", m_problems));
+    EXPECT_EQ(fs::read_symlink(m_folder.Native("规范/甲.hds")), "../共享/甲.hds");
+}
+
+TEST_F(StyleFolderTest, SavingTakesAwayWhatKilledWritesLeft)
+{
+    const auto left = [&](const std::string& name, int hours) {
+        m_folder.Write(name, "half");
+        fs::last_write_time(m_folder.Native(name),
+                            fs::file_time_type::clock::now() - std::chrono::hours(hours));
+    };
+    const std::string ours = ".designspec-" + std::to_string(getpid()) + "-abcdefghijkl.tmp";
+    left("规范/.designspec-abcdefghijkl.tmp", 25);
+    left("规范/.designspec-bbcdefghijkl.tmp", 23);
+    left("规范/.designspec-999999999-abcdefghijkl.tmp", 25);
+    left("规范/已删除/.designspec-cbcdefghijkl.tmp", 25);
+    left("规范/" + ours, 25);
+    left("规范/notes.tmp", 25);
+    std::vector<GUID> ids;
+    EXPECT_TRUE(m_styles.Save(L"甲.hds", Document({L"甲"}, ids), m_problems));
+    EXPECT_EQ(FindFiles(m_styles.Path(), L".tmp", m_problems),
+              (CStringArray{L".designspec-" + std::to_wstring(getpid()) + L"-abcdefghijkl.tmp",
+                            L".designspec-bbcdefghijkl.tmp", L"notes.tmp"}));
+    EXPECT_TRUE(FindFiles(m_styles.DeletedPath(), L".tmp", m_problems).empty());
+}
+
+TEST_F(StyleFolderTest, NoProjectHasNoFolder)
+{
+    EXPECT_EQ(StylesFolderOf(L""), L"");
+    StyleFolder none(StylesFolderOf(L""), L"标志");
+    EXPECT_EQ(none.PathOf(L"甲.hds"), L"");
+    std::vector<GUID> ids;
+    EXPECT_FALSE(none.Save(L"甲.hds", Document({L"甲"}, ids), m_problems));
+    EXPECT_TRUE(none.Files(m_problems).empty());
+}
+
+TEST_F(StyleFolderTest, AFileWithABackslashInItsNameIsNoneOfItsFiles)
+{
+    FileOf(L"甲.hds", {L"甲"});
+    m_folder.Write("规范/..\\甲.hds", "<StyleLibrary/>");
+    EXPECT_EQ(m_styles.Files(m_problems), (CStringArray{L"甲.hds"}));
+    ASSERT_EQ(m_problems.Lines().size(), 1U);
+    EXPECT_EQ(ToUtf8(m_problems.Text()),
+              ToUtf8(m_styles.Path() == L"" ? L"" : ToWide(NativePath(m_styles.Path()))) +
+                  ": 文件名“..\\甲.hds”含有反斜线,无法使用");
 }
 
 TEST_F(StyleFolderTest, WhatWasSetAsideEarlierStays)
