@@ -1,17 +1,18 @@
 // roadhost: the desktop host of the road-design modules.
+#include <csignal>
 #include <cstdio>
 #include <initializer_list>
 
 #include <optional>
 #include <string_view>
 
-#include <QApplication>
 #include <QCommandLineParser>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTemporaryFile>
 
 #include "host/Appearance.h"
+#include "host/HostApplication.h"
 #include "host/HostWindow.h"
 #include "host/ProjectFolders.h"
 #include "host/Snapshot.h"
@@ -93,7 +94,9 @@ int main(int argc, char** argv)
         std::fputs("没有显示器。可以用 --snapshot DIR 输出各窗口的图片。\n", stderr);
         return 2;
     }
-    QApplication application(argc, argv);
+    // A write beyond the size limit of files is to fail with a message, not to end the process.
+    std::signal(SIGXFSZ, SIG_IGN);
+    HostApplication application(argc, argv);
     QCoreApplication::setOrganizationName(QStringLiteral("roadhost"));
     QCoreApplication::setApplicationName(QStringLiteral("roadhost"));
     QCoreApplication::setApplicationVersion(QStringLiteral(DESIGNSPEC_VERSION));

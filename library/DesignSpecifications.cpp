@@ -1,5 +1,6 @@
 #include "library/DesignSpecifications.h"
 
+#include <new>
 #include <utility>
 
 #include "library/SpecificationReading.h"
@@ -17,10 +18,17 @@ namespace {
 
 int g_shares = 0; // of the modules that use the library
 
-bool Traced(const Outcome& outcome)
+// Does the work and traces its problems; whether it was done. Nothing is thrown to other modules.
+template <class Work> bool Traced(const Work& work)
 {
-    TraceProblems(outcome.problems);
-    return outcome.done;
+    try {
+        const Outcome outcome = work();
+        TraceProblems(outcome.problems);
+        return outcome.done;
+    } catch (const std::bad_alloc&) {
+        TraceFile(TraceLevel::Error, {}, 0, L"内存不足");
+        return false;
+    }
 }
 
 } // namespace
@@ -99,8 +107,10 @@ void CDesignSpecifications::Remove(int index, bool deleteObject)
     if (!item) return;
     const CString name = item->Name();
     if (FileNameProblem(name).empty())
-        Traced(Folder().SetFileAside(
-            name + L'{' + VMRDPub::GUIDToStr(item->ID()) + L'}' + kStyleFileEnding, item->ID()));
+        Traced([&] {
+            return Folder().SetFileAside(
+                name + L'{' + VMRDPub::GUIDToStr(item->ID()) + L'}' + kStyleFileEnding, item->ID());
+        });
     auto taken = m_folder.TakeOut(index);
     if (!deleteObject) static_cast<void>(taken.release());
 }
@@ -108,7 +118,8 @@ void CDesignSpecifications::Remove(int index, bool deleteObject)
 void CDesignSpecifications::SetDefaultItem(int index)
 {
     CStyles::SetDefaultItem(index);
-    if (const CDesignSpecification* const item = Item(index)) Traced(Folder().SetDefault(*item));
+    if (const CDesignSpecification* const item = Item(index))
+        Traced([&] { return Folder().SetDefault(*item); });
 }
 
 void CDesignSpecifications::SetDefaultItem(const CDesignSpecification* specification)
@@ -119,7 +130,7 @@ void CDesignSpecifications::SetDefaultItem(const CDesignSpecification* specifica
 
 bool CDesignSpecifications::Save(const CDesignSpecification* specification)
 {
-    return Traced(Folder().Save(*specification));
+    return Traced([&] { return Folder().Save(*specification); });
 }
 
 bool CDesignSpecifications::Rename(const wchar_t* name, const wchar_t*)
@@ -131,25 +142,25 @@ bool CDesignSpecifications::Rename(const wchar_t* name, const wchar_t*)
 bool CDesignSpecifications::SaveRenamed(const CDesignSpecification* specification,
                                         const CString& oldName)
 {
-    return Traced(Folder().SaveRenamed(*specification, oldName));
+    return Traced([&] { return Folder().SaveRenamed(*specification, oldName); });
 }
 
 bool CDesignSpecifications::Export(const wchar_t* path, const CStringArray& names, const wchar_t*)
 {
-    return Traced(m_folder.Export(path, names));
+    return Traced([&] { return m_folder.Export(path, names); });
 }
 
 bool CDesignSpecifications::Import(const wchar_t* path, const CStringArray& names, const wchar_t*,
                                    bool overwrite)
 {
-    return Traced(m_folder.TakeIn(path, names, overwrite));
+    return Traced([&] { return m_folder.TakeIn(path, names, overwrite); });
 }
 
 StyleImport CDesignSpecifications::ImportAndSave(const CString& path, const CStringArray& names,
                                                  bool overwrite)
 {
-    const ImportOutcome outcome = Folder().Import(path, names, overwrite);
-    TraceProblems(outcome.problems);
+    ImportOutcome outcome;
+    Traced([&] { return outcome = Folder().Import(path, names, overwrite); });
     StyleImport result;
     result.read = outcome.read;
     for (const TakenSpecification& taken : outcome.specifications) {
@@ -164,26 +175,31 @@ StyleImport CDesignSpecifications::ImportAndSave(const CString& path, const CStr
 bool CDesignSpecifications::StyleNames(const wchar_t* path, CStringArray& names,
                                        CArray<GUID>& ids) const
 {
-    CXTPPropExchangeXMLNode root(true, kStyleLibraryRoot);
-    const bool read = root.LoadFromFile(path);
-    TraceProblems(root.TakeProblems());
-    for (const StyleEntry& entry : StyleEntries(root, kLibraryName)) {
-        names.push_back(entry.name);
-        ids.push_back(entry.id);
-    }
-    return read;
+    return Traced([&] {
+        CXTPPropExchangeXMLNode root(true, kStyleLibraryRoot);
+        Outcome outcome;
+        outcome.done = root.LoadFromFile(path);
+        outcome.problems = root.TakeProblems();
+        for (const StyleEntry& entry : StyleEntries(root, kLibraryName)) {
+            names.push_back(entry.name);
+            ids.push_back(entry.id);
+        }
+        return outcome;
+    });
 }
 
 bool CDesignSpecifications::SaveAsTemplate(const wchar_t* folder)
 {
-    return Traced(Folder().SaveAsTemplate(folder));
+    return Traced([&] { return Folder().SaveAsTemplate(folder); });
 }
 
 void CDesignSpecifications::Update()
 {
-    Traced(Folder().Load());
-    Problems problems;
-    const auto standard = m_folder.Default(problems);
-    TraceProblems(problems);
-    if (standard) CStyles::SetDefaultItem(*standard);
+    Traced([&] { return Folder().Load(); });
+    Traced([&] {
+        Outcome outcome;
+        const auto standard = m_folder.Default(outcome.problems);
+        if (standard) CStyles::SetDefaultItem(*standard);
+        return outcome;
+    });
 }
