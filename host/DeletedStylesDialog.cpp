@@ -64,8 +64,8 @@ void DeletedStylesDialog::Fill()
     m_deleted = styles->Files().Deleted(problems);
     for (const DeletedStyle& deleted : m_deleted) {
         const QString file = ToQString(deleted.file);
-        auto* item = new QTreeWidgetItem(m_list, {ToQString(deleted.name), file});
-        item->setToolTip(1, file);
+        auto* item = new QTreeWidgetItem(m_list, {ToShown(deleted.name), file});
+        item->setToolTip(1, ToToolTip(file));
         if (!styles->Item(deleted.id)) continue;
         item->setDisabled(true);
         item->setText(0, tr("%1  (库中已有)").arg(item->text(0)));

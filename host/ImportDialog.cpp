@@ -57,7 +57,8 @@ void ImportDialog::Fill(const CStyles& styles, const CStringArray& names, const 
     for (size_t i = 0; i < names.size() && i < ids.size(); ++i) {
         const QString name = ToQString(names[i]);
         const bool has = styles.Item(ids[i]) != nullptr;
-        auto* item = new QListWidgetItem(has ? tr("%1  (库中已有)").arg(name) : name, m_list);
+        const QString shown = ToShown(names[i]);
+        auto* item = new QListWidgetItem(has ? tr("%1  (库中已有)").arg(shown) : shown, m_list);
         item->setData(kNameRole, name);
         item->setCheckState(Qt::Checked);
         known = known || has;

@@ -110,7 +110,7 @@ void ModulePanel::AddRow(const QString& name, const ModuleInfo* module)
 {
     const QString reason = module ? ToQString(module->reason) : QString();
     auto* item = new QTreeWidgetItem(m_list, {name, StateOf(module), reason});
-    item->setToolTip(ReasonColumn, reason);
+    item->setToolTip(ReasonColumn, ToToolTip(reason));
     item->setCheckState(NameColumn, m_modules.IsAtStart(name) ? Qt::Checked : Qt::Unchecked);
 }
 

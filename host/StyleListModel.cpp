@@ -33,7 +33,7 @@ QString StyleListModel::Text(const Row& row, int column) const
 {
     switch (column) {
     case NameColumn:
-        return row.name;
+        return ToShown(FromQString(row.name));
     case DefaultColumn:
         return row.isDefault ? QStringLiteral("✓ 默认") : QString();
     default:
@@ -45,7 +45,8 @@ QVariant StyleListModel::data(const QModelIndex& index, int role) const
 {
     if (!index.isValid()) return {};
     const Row& row = m_rows[static_cast<size_t>(index.row())];
-    if (role == Qt::DisplayRole || role == Qt::ToolTipRole) return Text(row, index.column());
+    if (role == Qt::DisplayRole) return Text(row, index.column());
+    if (role == Qt::ToolTipRole) return ToToolTip(Text(row, index.column()));
     if (role == Qt::FontRole && row.isDefault && index.column() != IdColumn) {
         QFont font;
         font.setBold(true);

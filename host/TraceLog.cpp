@@ -49,7 +49,7 @@ QString TraceLog::Text(const Entry& entry, int column) const
     case LevelColumn:
         return entry.line.severity == TraceLevel::Error ? tr("错误") : tr("提示");
     case FileColumn:
-        return ToQString(entry.line.file);
+        return ToShown(entry.line.file);
     case LineColumn:
         return entry.line.line > 0 ? QString::number(entry.line.line) : QString();
     default:
@@ -61,7 +61,8 @@ QVariant TraceLog::data(const QModelIndex& index, int role) const
 {
     if (!index.isValid()) return {};
     const Entry& entry = m_entries[static_cast<size_t>(index.row())];
-    if (role == Qt::DisplayRole || role == Qt::ToolTipRole) return Text(entry, index.column());
+    if (role == Qt::DisplayRole) return Text(entry, index.column());
+    if (role == Qt::ToolTipRole) return ToToolTip(Text(entry, index.column()));
     if (role == IsErrorRole) return entry.line.severity == TraceLevel::Error;
     if (role == Qt::TextAlignmentRole && index.column() == LineColumn)
         return QVariant(Qt::AlignRight | Qt::AlignVCenter);

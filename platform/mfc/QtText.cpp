@@ -1,5 +1,9 @@
 #include "platform/mfc/QtText.h"
 
+#include <QTextDocument>
+
+#include "base/Text.h"
+
 // Qt's own conversions put U+FFFD in the place of a lone surrogate, hence the loops.
 
 QString designspec::ToQString(std::wstring_view text)
@@ -31,4 +35,14 @@ CString designspec::FromQString(QStringView text)
         result.push_back(static_cast<wchar_t>(code));
     }
     return result;
+}
+
+QString designspec::ToShown(std::wstring_view text)
+{
+    return ToQString(Printable(text));
+}
+
+QString designspec::ToToolTip(const QString& text)
+{
+    return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text) : text;
 }

@@ -12,4 +12,9 @@ namespace designspec {
 AFX_EXT_API QString ToQString(std::wstring_view text);
 AFX_EXT_API CString FromQString(QStringView text);
 
+// What a file holds, on one line, as lists and labels show it.
+AFX_EXT_API QString ToShown(std::wstring_view text);
+// A tooltip that shows the text as it is: it is never taken for markup.
+AFX_EXT_API QString ToToolTip(const QString& text);
+
 } // namespace designspec

@@ -28,4 +28,17 @@ TEST_F(StyleListModelTest, IsAPictureOfTheLibrary)
     EXPECT_EQ(model.rowCount(), 3);
 }
 
+// Whatever a file calls a style, it is one line of plain text.
+TEST_F(StyleListModelTest, ShowsNamesAsTheyAre)
+{
+    StyleListModel model;
+    Have({L"<b>甲</b>", L"乙\n丙", L"a<b"});
+    model.Show(&files);
+    EXPECT_EQ(model.index(0, 0).data().toString(), QStringLiteral("<b>甲</b>"));
+    EXPECT_EQ(model.index(1, 0).data().toString(), QStringLiteral("乙\\n丙"));
+    const QString tip = model.index(0, 0).data(Qt::ToolTipRole).toString();
+    EXPECT_TRUE(tip.contains(QStringLiteral("&lt;b&gt;甲&lt;/b&gt;"))) << tip.toStdString();
+    EXPECT_EQ(model.index(2, 0).data(Qt::ToolTipRole).toString(), QStringLiteral("a<b"));
+}
+
 } // namespace
