@@ -82,7 +82,7 @@ Status RunDefault(const Arguments& arguments, Teller& teller)
     if (arguments.json)
         PrintJson(ToJson(*standard));
     else
-        PrintLine(standard->Name());
+        PrintLine(Printable(standard->Name()));
     return kDone;
 }
 

@@ -1,5 +1,7 @@
 #include "cli/CommandLine.h"
 
+#include <new>
+
 #include <CLI/CLI.hpp>
 
 #include "base/Format.h"
@@ -76,6 +78,31 @@ std::string CriteriaHelp(const char* heading, bool withFields)
     return ToUtf8(text);
 }
 
+// CLI11 takes a word in brackets for a list; with this before it, it does not.
+constexpr char kAsItStands = '\x01';
+
+// The words of the command line, the last one first.
+std::vector<std::string> Words(int argc, const char* const* argv)
+{
+    std::vector<std::string> words;
+    for (int i = argc - 1; i > 0; --i) {
+        std::string& word = words.emplace_back(argv[i]);
+        if (word.starts_with('[') && word.ends_with(']')) word.insert(0, 1, kAsItStands);
+    }
+    return words;
+}
+
+template <class Function> void ForEachWord(Arguments& arguments, const Function& function)
+{
+    for (std::string* word : {&arguments.project, &arguments.path, &arguments.name,
+                              &arguments.newName, &arguments.file})
+        function(*word);
+    for (auto* word : {&arguments.spec, &arguments.value, &arguments.from, &arguments.car})
+        if (*word) function(**word);
+    for (std::string& name : arguments.names)
+        function(name);
+}
+
 class CommandLine {
 public:
     CommandLine()
@@ -113,7 +140,10 @@ public:
     int Parse(int argc, const char* const* argv, Teller& teller)
     {
         try {
-            m_app.parse(argc, argv);
+            m_app.parse(Words(argc, argv));
+            ForEachWord(m_arguments, [](std::string& word) {
+                if (word.starts_with(kAsItStands)) word.erase(0, 1);
+            });
         } catch (const CLI::Success& help) {
             if (m_app.remaining(true).empty()) return m_app.exit(help);
             return Wrong(UnknownWord());
@@ -374,6 +404,9 @@ int RunCommandLine(int argc, const char* const* argv)
     } catch (const CommandFailure& failure) {
         Complain(failure.text);
         status = failure.status;
+    } catch (const std::bad_alloc&) {
+        Complain(L"内存不足");
+        status = kFileFailed;
     }
     if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
         Complain(L"标准输出无法写入");

@@ -18,10 +18,16 @@ CString FolderOf(const Arguments& arguments, ProjectUse use)
 {
     const CString project =
         arguments.project.empty() ? VMRDPub::GetCurPrjPath() : PathArgument(arguments.project);
-    if (!PathFileExists(project))
+    Problems problems;
+    const auto isThere = [&](const CString& path) {
+        const auto there = PathFileExists(path, problems);
+        if (!there) throw CommandFailure{kFileFailed, problems.back().Text()};
+        return *there;
+    };
+    if (!isThere(project))
         throw CommandFailure{kFileFailed, Format(L"%s: 项目文件夹不存在", project)};
     CString folder = StylesFolderOf(project);
-    if (use == ProjectUse::Read && !PathFileExists(folder))
+    if (use == ProjectUse::Read && !isThere(folder))
         throw CommandFailure{kFileFailed,
                              Format(L"%s: 不是项目文件夹,其中没有“规范”文件夹", project)};
     return folder;
@@ -48,7 +54,7 @@ CString Project::NamesToChooseFrom() const
     if (m_folder.Count() == 0) return L"项目中没有设计规范";
     CString text = L"可选:";
     for (int i = 0; i < m_folder.Count(); ++i)
-        text += L"\n  " + m_folder.Item(i)->Name();
+        text += L"\n  " + Printable(m_folder.Item(i)->Name());
     return text;
 }
 

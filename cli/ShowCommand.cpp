@@ -220,7 +220,8 @@ Status RunShow(const Arguments& arguments, Teller& teller)
         PrintJson(json);
         return kDone;
     }
-    PrintLine(Format(L"%s  %s", specification.Name(), VMRDPub::GUIDToStr(specification.ID())));
+    PrintLine(
+        Format(L"%s  %s", Printable(specification.Name()), VMRDPub::GUIDToStr(specification.ID())));
     for (const CriterionInfo* criterion : chosen) {
         PrintLine(L"");
         PrintCriterion(*criterion, specification);

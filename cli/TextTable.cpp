@@ -27,6 +27,13 @@ int DisplayWidth(const CString& text)
     return width;
 }
 
+void TextTable::AddRow(CStringArray cells)
+{
+    for (CString& cell : cells)
+        cell = Printable(cell);
+    m_rows.push_back(std::move(cells));
+}
+
 std::vector<int> TextTable::Widths() const
 {
     std::vector<int> widths;

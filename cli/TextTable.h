@@ -11,7 +11,8 @@ public:
     // `alignRight` is how the columns behind the first one stand; the first stands left.
     explicit TextTable(bool alignRight = true) : m_alignRight(alignRight) {}
 
-    void AddRow(CStringArray cells) { m_rows.push_back(std::move(cells)); }
+    // What acts on a line in a cell is shown instead.
+    void AddRow(CStringArray cells);
     bool IsEmpty() const { return m_rows.empty(); }
     // The lines, each with `indent` blanks before it and none at its end.
     CStringArray Lines(int indent) const;

@@ -236,8 +236,9 @@ Outcome SpecificationFolder::Save(const CDesignSpecification& specification)
 bool SpecificationFolder::MoveOthersOut(const CString& file, const GUID& id, Problems& problems)
 {
     for (Origin& origin : m_origins) {
+        if (origin.file != file || origin.id == id) continue; // quick, for nearly all
         const CDesignSpecification* other = Find(origin.id);
-        if (origin.file != file || origin.id == id || !other) continue;
+        if (!other) continue;
         const auto elsewhere = [&](const Origin& one) {
             return one.id == origin.id && one.file != file;
         };

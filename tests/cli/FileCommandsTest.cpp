@@ -1,5 +1,7 @@
 #include "tests/cli/CommandTest.h"
 
+#include <sys/resource.h>
+
 namespace {
 
 class FileCommands : public CommandTest {
@@ -41,6 +43,50 @@ TEST_F(FileCommands, ExportTheNamedOnesInAnyCase)
     New("City");
     EXPECT_EQ(Done({"export", "some.hds", "城市", "CITY"}), "");
     EXPECT_EQ(NamesIn("some.hds"), (Strings{"城市", "City"}));
+}
+
+TEST_F(FileCommands, ANameInBracketsIsAName)
+{
+    New("[公路二级]");
+    New("[]");
+    EXPECT_EQ(Done({"export", "some.hds", "[公路二级]", "[]"}), "");
+    EXPECT_EQ(NamesIn("some.hds"), (Strings{"[公路二级]", "[]"}));
+    const auto other = OtherProject();
+    EXPECT_EQ(CallIn(other, {"import", "../some.hds", "[公路二级]"}).status, 0);
+    EXPECT_EQ(Json::parse(CallIn(other, {"list", "--json"}).out).at(0).at("name"), "[公路二级]");
+    EXPECT_EQ(CallIn(other, {"import", "../some.hds", "[]", "[公路二级]"}).status, 0);
+    EXPECT_EQ(Json::parse(CallIn(other, {"list", "--json"}).out).size(), 2U);
+}
+
+// A file's names must not move the cursor of a terminal, nor make two lines of one.
+TEST_F(FileCommands, WhatActsOnALineIsShownInstead)
+{
+    m_folder.Write("odd.hds", "<StyleLibrary><Group Name='设计规范'><Styles Name='设计规范'>"
+                              "<Style Name='a&#10;b&#9;c&#x85;&#x202E;d' ID='"
+                              "AAAAAAAA-0000-4000-8000-00000000000A'/>"
+                              "</Styles></Group></StyleLibrary>");
+    const std::string shown = "a\\nb\\tc\\x85\\u202Ed";
+    EXPECT_THAT(Done({"names", "odd.hds"}), HasSubstr(shown));
+    std::filesystem::copy_file(m_folder.Native("odd.hds"), m_folder.Native("规范/odd.hds"));
+    EXPECT_THAT(Call({"list"}).out, HasSubstr(shown));
+    EXPECT_THAT(Call({"query", "--spec", "x", "CircularCurveRad.MaxRad"}).err, HasSubstr(shown));
+}
+
+TEST_F(FileCommands, WithoutMemoryACommandEndsWithAStatus)
+{
+    std::string styles;
+    for (int i = 0; i < 40000; ++i)
+        styles += "<Style Name='" + std::to_string(i) + "'><LonGradMinLen><MinLens>" +
+                  std::string("<Item speed='1'/>") + "</MinLens></LonGradMinLen></Style>";
+    m_folder.Write("big.hds", "<StyleLibrary><Group Name='设计规范'><Styles Name='设计规范'>" +
+                                  styles + "</Styles></Group></StyleLibrary>");
+    const ProcessResult result = Call({"import", "big.hds"}, [] {
+        const rlimit limit = {200 << 20, 200 << 20};
+        setrlimit(RLIMIT_AS, &limit);
+    });
+    EXPECT_EQ(result.status, 3) << result.err;
+    EXPECT_THAT(result.err, HasSubstr("内存不足"));
+    EXPECT_EQ(Names().size(), 2U);
 }
 
 TEST_F(FileCommands, ExportSaysWhichNameThereIsNot)
