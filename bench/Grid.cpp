@@ -9,6 +9,7 @@
 #include "bench/Doubling.h"
 #include "pages/framework/PageCallback.h"
 #include "pages/framework/SpeedTableGrid.h"
+#include "platform/mfc/QtText.h"
 
 using namespace designspec;
 
@@ -22,6 +23,15 @@ void Press(QWidget& widget, int key)
     QApplication::sendEvent(&widget, &event);
 }
 
+// A caption that no number could mean: 12 is cd.
+CString RowName(std::int64_t row)
+{
+    CString name = L"行";
+    for (char digit : std::to_string(row))
+        name += static_cast<wchar_t>(L'b' + digit - '0');
+    return name;
+}
+
 // A grid of as many rows, each with a caption and values.
 void Fill(CXTPReportControl& grid, std::int64_t rows)
 {
@@ -29,8 +39,7 @@ void Fill(CXTPReportControl& grid, std::int64_t rows)
         grid.GetColumns().Add(new CXTPReportColumn(column, Format(L"%d", column), 40));
     for (std::int64_t row = 0; row < rows; ++row) {
         CXTPReportRecord* const record = grid.GetRecords().Add(new CXTPReportRecord);
-        record->AddItem(new CXTPReportRecordItem(Format(L"行%d", static_cast<int>(row))))
-            ->SetEditable(false);
+        record->AddItem(new CXTPReportRecordItem(RowName(row)))->SetEditable(false);
         for (int column = 0; column < kColumns; ++column)
             record->AddItem(new CXTPReportRecordItem(L"100"));
     }
@@ -44,7 +53,7 @@ QString Block(std::int64_t rows, bool captions)
 {
     QString text;
     for (std::int64_t row = 0; row < rows; ++row) {
-        if (captions) text += QStringLiteral("行%1\t").arg(rows - 1 - row);
+        if (captions) text += ToQString(RowName(rows - 1 - row)) + u'\t';
         for (int column = 0; column < kColumns; ++column)
             text += QString::number(200 + column) + (column + 1 < kColumns ? u'\t' : u'\n');
     }

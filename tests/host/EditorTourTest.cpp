@@ -73,7 +73,7 @@ TEST_F(EditorTourTest, ShowsWhatThePagesOpen)
 TEST_F(EditorTourTest, ShowsViewModeAndANewSpecification)
 {
     Tour();
-    EXPECT_EQ(titles["查看模式"], "设计规范 - 城市道路 -- 查看模式");
+    EXPECT_EQ(titles["查看模式"], "设计规范 - 甲 -- 查看模式");
     EXPECT_EQ(titles["新建"], "设计规范");
 }
 

@@ -32,13 +32,17 @@ public:
         return std::any_of(line.begin(), line.end(),
                            [this](const CString& text) { return IsRow(text); });
     }
-    // Captions of rows, the grid's or others; some may be missing.
+    // Captions of rows, the grid's or others; some may be missing. Bare numbers are some only when
+    // the grid has each of them and none stands twice.
     bool AreRows(const CStringArray& line) const
     {
         bool any = false;
+        std::set<CString> numbers;
         for (const CString& text : line) {
             if (PlainText(text).empty()) continue;
-            if (CaptionParts(text).word.empty() && !IsRow(text)) return false;
+            if (CaptionParts(text).word.empty() &&
+                (!IsRow(text) || !numbers.insert(PlainText(text)).second))
+                return false;
             any = true;
         }
         return any;
@@ -177,7 +181,7 @@ void PastedTable::Recognise(const TableCaptions& captions)
         m_top = m_left = 1;
         m_transposed = columnsAtLeft;
         m_leftCounts = !is.AreEmpty(left);
-    } else if (is.AreRows(left) ? is.IsWordOrEmpty(corner) : is.AreRows(Line(false, 0))) {
+    } else if (is.AreRows(Line(false, 0)) || (is.AreRows(left) && is.IsWordOrEmpty(corner))) {
         RecogniseRows(is, top, left);
     } else {
         RecogniseWithoutCorner(is);
@@ -207,7 +211,7 @@ void PastedTable::RecogniseWithoutCorner(const Recogniser& is)
     } else if (Width() > 1 && is.AreUsualColumns(Line(false, 0), kFewestTransposed)) {
         m_left = 1;
         m_transposed = true;
-    } else if (Height() > 1 && is.AreRows(top)) {
+    } else if (Height() > 1 && is.AreRows(top) && is.IsWordOrEmpty(top.front())) {
         m_top = 1;
         m_transposed = m_topCounts = is.AnyRow(top);
     }

@@ -96,6 +96,18 @@ TEST(PastedTable, TakesValuesForValues)
     EXPECT_EQ(Read(L"5\n\n7"), "-|-: 5|-: |-: 7");
 }
 
+TEST(PastedTable, BareNumbersAreRowCaptionsWhenEachIsOne)
+{
+    TableCaptions captions = Radii();
+    captions.rows = {L"坡度3%", L"坡度4%"};
+    const auto read = [&captions](const wchar_t* text) {
+        return Read(PastedTable(ParseTabText(text), captions));
+    };
+    EXPECT_EQ(read(L"4\t700\n3\t900"), "-|4: 700|3: 900");
+    EXPECT_EQ(read(L"3\t700\n3\t900"), "- -|-: 3 700|-: 3 900");
+    EXPECT_EQ(read(L"3\t700\n5\t900"), "- -|-: 3 700|-: 5 900");
+}
+
 TEST(PastedTable, KeepsWhatItHasNotApartFromWhatIsEmpty)
 {
     EXPECT_EQ(Read(L"700\t400\n250"), "- -|-: 700 400|-: 250 -");
