@@ -129,8 +129,11 @@ CEditStore::Result CEditStore::SettleGone(const ChangeByOthers& change)
 CEditStore::Result CEditStore::Keep(const CDesignSpecification& wanted,
                                     const ChangeByOthers& change, bool keepCopy)
 {
-    Reread();
     SpecificationFolder& folder = Folder();
+    Outcome outcome;
+    const auto held = folder.Hold(outcome.problems);
+    if (!held) return Told(outcome);
+    Reread();
     CDesignSpecification* const now = folder.Find(wanted.ID());
     // It may have gone on while the user was thinking.
     const bool isAsShown = now ? change.theirs && *now == *change.theirs : !change.theirs;
@@ -139,7 +142,6 @@ CEditStore::Result CEditStore::Keep(const CDesignSpecification& wanted,
     if (const CString problem = StyleNameProblem(folder, wanted.Name(), oldName); !problem.empty())
         return Tell(problem);
 
-    Outcome outcome;
     const CString file = change.path.substr(change.path.find_last_of(L"\\/") + 1);
     if (keepCopy && folder.Files().KeepCopy(file, outcome.problems).empty()) return Told(outcome);
     if (!now) {

@@ -317,6 +317,15 @@ bool PathFileExists(const std::wstring& path)
     return PathFileExists(path, unseen).value_or(false);
 }
 
+bool IsSameContent(const std::wstring& a, const std::wstring& b)
+{
+    Problems unread;
+    std::string bytes;
+    std::string others;
+    return ReadWholeFile(a, bytes, kCopyLimit, unread) &&
+           ReadWholeFile(b, others, kCopyLimit, unread) && bytes == others;
+}
+
 std::optional<bool> IsSameFile(const std::wstring& a, const std::wstring& b, Problems& problems)
 {
     struct stat first = {};
@@ -455,6 +464,11 @@ bool DeleteFile(const std::wstring& path, Problems& problems)
         return FlushFolderOf(path, kWhat, problems);
     }
     return errno == ENOENT ? false : Fail(path, kWhat, errno, problems);
+}
+
+void RemoveEmptyFolder(const std::wstring& path)
+{
+    if (!IsCutShort(path)) static_cast<void>(!rmdir(NativePath(path).c_str()));
 }
 
 bool CreateFolder(const std::wstring& path, Problems& problems)

@@ -28,6 +28,8 @@ std::optional<bool> PathFileExists(const std::wstring& path, Problems& problems)
 bool PathFileExists(const std::wstring& path);
 // Whether both paths lead to one and the same file. Nothing when that cannot be told.
 std::optional<bool> IsSameFile(const std::wstring& a, const std::wstring& b, Problems& problems);
+// True when both can be read and hold the same.
+bool IsSameContent(const std::wstring& a, const std::wstring& b);
 
 // Names (without folder) of what stands in `folder` and ends in `ending`, ignoring case; sorted,
 // ignoring case. Folders of such a name are among them. Empty when there is no folder. A name with
@@ -64,6 +66,8 @@ bool MoveFile(const std::wstring& source, const std::wstring& target, Problems& 
 // False when it is there and cannot be deleted, or when it is not there (no problem is added then).
 bool DeleteFile(const std::wstring& path, Problems& problems);
 
+// Removes a folder in which nothing stands; any other stays, without a problem.
+void RemoveEmptyFolder(const std::wstring& path);
 // Makes the folder and what is missing above it. True when it is there afterwards.
 bool CreateFolder(const std::wstring& path, Problems& problems);
 

@@ -20,6 +20,8 @@ constexpr wchar_t kSettingSection[] = L"设置";
 constexpr wchar_t kSettingKey[] = L"默认样式";
 constexpr size_t kSettingLength = 255;  // characters of a setting that are read
 constexpr size_t kSizeLimit = 32 << 20; // of a file that is read, in bytes
+constexpr std::chrono::milliseconds kReaderPatience{1000};
+constexpr int kTries = 5; // to read a folder that others are changing
 
 CString FileNameFor(const CString& name, const GUID& id)
 {
@@ -154,6 +156,7 @@ void SpecificationFolder::Clear()
     m_items.clear();
     m_origins.clear();
     m_unread.clear();
+    m_strangers.reset();
     m_files.Forget();
 }
 
@@ -192,6 +195,14 @@ Outcome SpecificationFolder::SetDefault(const CDesignSpecification& specificatio
     return outcome;
 }
 
+// Others
+
+StyleFolder::Held SpecificationFolder::Hold(Problems& problems)
+{
+    if (!m_files.IsHeld()) m_strangers.reset();
+    return m_files.Hold(problems);
+}
+
 // Saving
 
 bool SpecificationFolder::Write(const CDesignSpecification& specification, Problems& problems)
@@ -211,7 +222,8 @@ Outcome SpecificationFolder::SetAside(const CDesignSpecification& version)
     return outcome;
 }
 
-bool SpecificationFolder::Save(const CDesignSpecification& specification, Problems& problems)
+bool SpecificationFolder::Save(const CDesignSpecification& specification, Problems& problems,
+                               bool isKept)
 {
     const CString name = specification.Name();
     if (const CString problem = FileNameProblem(name); !problem.empty()) {
@@ -220,8 +232,38 @@ bool SpecificationFolder::Save(const CDesignSpecification& specification, Proble
         return false;
     }
     const CString file = FileNameFor(specification);
-    return MoveOthersOut(file, specification.ID(), problems) && Write(specification, problems) &&
+    const auto held = Hold(problems);
+    if (!held) return false;
+    FindStrangers(specification.ID());
+    return MoveOthersOut(file, specification.ID(), problems) &&
+           (isKept || KeepOthers(file, problems)) && Write(specification, problems) &&
            SetOthersAside(specification.ID(), file, problems);
+}
+
+// Files that others have put into the folder since it was read are files of the specification, too,
+// when they hold it.
+void SpecificationFolder::FindStrangers(const GUID& id)
+{
+    Problems unheard;
+    if (!m_strangers) m_strangers = m_files.Strangers(unheard);
+    for (const CString& file : *m_strangers) {
+        const auto isIt = [&](const Origin& one) { return one.id == id && one.file == file; };
+        if (std::none_of(m_origins.begin(), m_origins.end(), isIt) &&
+            m_files.Names(file, id, unheard))
+            m_origins.push_back({id, file});
+    }
+}
+
+// What others wrote into a file goes among the deleted ones before it is written over or deleted.
+bool SpecificationFolder::KeepOthers(const CString& file, Problems& problems)
+{
+    const auto there = m_files.Has(file, problems);
+    if (!there || !*there || m_files.IsKnown(file)) return there.has_value();
+    const CString copy = m_files.KeepCopy(file, problems);
+    if (copy.empty()) return false;
+    AddProblem(problems, Severity::Note, m_files.PathOf(file), 0,
+               Format(L"已被他人修改,其内容已移至“已删除”中的 %s", copy));
+    return true;
 }
 
 Outcome SpecificationFolder::Save(const CDesignSpecification& specification)
@@ -332,7 +374,7 @@ bool SpecificationFolder::DeleteOld(const CString& file, const CString& newFile,
     const auto there = m_files.Has(file, problems);
     if (!there || !*there) return there.has_value();
     const auto isSame = IsSameFile(m_files.PathOf(file), m_files.PathOf(newFile), problems);
-    return isSame && (*isSame || m_files.Delete(file, problems));
+    return isSame && (*isSame || (KeepOthers(file, problems) && m_files.Delete(file, problems)));
 }
 
 // The new file is there before the old one goes: at no moment is there none.
@@ -341,6 +383,8 @@ Outcome SpecificationFolder::SaveRenamed(const CDesignSpecification& specificati
 {
     if (!FileNameProblem(oldName).empty()) return Save(specification);
     Outcome outcome;
+    const auto held = Hold(outcome.problems);
+    if (!held) return outcome;
     const Origin old{specification.ID(), FileNameFor(oldName, specification.ID())};
     if (!MoveOthersOut(old.file, old.id, outcome.problems)) return outcome;
     // It is deleted below, not set aside.
@@ -363,6 +407,8 @@ Outcome SpecificationFolder::Rename(CDesignSpecification& specification, const C
 Outcome SpecificationFolder::Remove(const CDesignSpecification& specification)
 {
     Outcome outcome;
+    const auto held = Hold(outcome.problems);
+    if (!held) return outcome;
     const GUID id = specification.ID();
     // The file that it was read from may give no identity to find it by.
     const Origin* const from = OriginOf(specification);
@@ -503,6 +549,9 @@ TakenSpecification SpecificationFolder::TakeIn(ReadSpecification read, const CSt
 ImportOutcome SpecificationFolder::Import(const CString& path, const CStringArray& names,
                                           bool overwrite)
 {
+    ImportOutcome refused;
+    const auto held = Hold(refused.problems);
+    if (!held) return refused;
     ImportOutcome outcome = TakeIn(path, names, overwrite, &StyleNameProblem);
     for (TakenSpecification& taken : outcome.specifications) {
         if (!taken.changed) continue;
@@ -523,31 +572,70 @@ bool SpecificationFolder::SaveOver(const CDesignSpecification& specification, Pr
     const auto there = m_files.Has(file, problems);
     if (!there) return false;
     if (!*there) return Save(specification, problems);
-    return !m_files.KeepCopy(file, problems).empty() && Save(specification, problems);
+    return !m_files.KeepCopy(file, problems).empty() && Save(specification, problems, true);
 }
 
-Outcome SpecificationFolder::SaveAsTemplate(const CString& project) const
+Outcome SpecificationFolder::SaveAsTemplate(const CString& project)
 {
     Outcome outcome;
-    const StyleFolder target(StylesFolderOf(project), kLibraryName);
+    StyleFolder target(StylesFolderOf(project), kLibraryName);
     if (!CreateFolder(target.Path(), outcome.problems)) return outcome;
+    const auto itself = IsSameFile(target.Path(), m_files.Path(), outcome.problems);
+    outcome.done = itself.value_or(false); // they are there
+    if (!itself || *itself) return outcome;
+    // Each of two that copy into each other takes the locks in the same order.
+    const bool isFirst = m_files.Path() < target.Path();
+    const auto first = (isFirst ? m_files : target).Hold(outcome.problems);
+    const auto second = (isFirst ? target : m_files).Hold(outcome.problems);
+    if (!first || !second) return outcome;
     const CStringArray files = m_files.Files(outcome.problems);
     outcome.done = !HasError(outcome.problems);
     for (const CString& file : files)
-        outcome.done =
-            CopyFile(m_files.PathOf(file), target.PathOf(file), outcome.problems) && outcome.done;
+        outcome.done = CopyTo(target, file, outcome.problems) && outcome.done;
     if (m_files.Has(L"setting.ini", outcome.problems).value_or(false))
-        CopyFile(m_files.PathOf(L"setting.ini"), target.PathOf(L"setting.ini"), outcome.problems);
+        CopyTo(target, L"setting.ini", outcome.problems);
     return outcome;
+}
+
+// What the other folder has under that name goes among its deleted ones.
+bool SpecificationFolder::CopyTo(StyleFolder& target, const CString& file, Problems& problems) const
+{
+    const auto there = target.Has(file, problems);
+    if (!there) return false;
+    if (*there && IsSameContent(m_files.PathOf(file), target.PathOf(file))) return true;
+    return (!*there || !target.KeepCopy(file, problems).empty()) &&
+           CopyFile(m_files.PathOf(file), target.PathOf(file), problems);
 }
 
 // Loading
 
+// A specification that another program is just renaming may stand in two files, or in none that was
+// listed: then, all is read once more while others are kept out. In a folder that can only be read
+// there is no lock, only another try.
 Outcome SpecificationFolder::Load()
+{
+    const bool wasBusy = m_files.IsBusy();
+    CStringArray files;
+    Outcome outcome = Read(files);
+    const auto isDisturbed = [&] {
+        Problems unheard;
+        return files != m_files.Files(unheard) || (!outcome.done && (wasBusy || m_files.IsBusy()));
+    };
+    for (int k = 0; k < kTries && !m_files.IsHeld() && isDisturbed(); ++k) {
+        Problems unheard;
+        const auto held = m_files.Hold(unheard, kReaderPatience);
+        outcome = Read(files);
+        if (held) break;
+    }
+    return outcome;
+}
+
+Outcome SpecificationFolder::Read(CStringArray& files)
 {
     Clear();
     Outcome outcome;
-    for (const CString& file : m_files.Files(outcome.problems)) {
+    files = m_files.Files(outcome.problems);
+    for (const CString& file : files) {
         const CString path = m_files.PathOf(file);
         CXTPPropExchangeXMLNode root(true, kStyleLibraryRoot);
         if (!m_files.Load(file, root, outcome.problems)) {

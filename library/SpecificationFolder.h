@@ -73,6 +73,10 @@ public:
     // could not be stored so is changed as far as it must (StorableName).
     CString ProposedCopyName(const CString& source) const;
 
+    // Keeps other programs from changing the folder, as StyleFolder::Hold. Each operation does so
+    // itself; hold it around loading and changing to let nobody in between.
+    [[nodiscard]] StyleFolder::Held Hold(Problems& problems);
+
     // Reads all files anew. Done when each could be read whole; what could not is left out.
     Outcome Load();
     // The identity that setting.ini names as the default one's; nothing when it names none.
@@ -83,6 +87,8 @@ public:
     // that, other files of the folder that it was loaded from are set aside. Other specifications
     // that were loaded from that file get files of their own first. Not done when its name cannot
     // be a file's or a file resists; what is then on disk is the old content or the new one, whole.
+    //
+    // What others have written since it was loaded or saved last is kept among the deleted ones.
     Outcome Save(const CDesignSpecification& specification);
     // Saves one that has just been given another name: when its new file is there, the one under
     // the old name goes.
@@ -108,8 +114,9 @@ public:
     // set aside. One whose name the editor would not take is not taken either. Done when all of
     // that was.
     ImportOutcome Import(const CString& path, const CStringArray& names, bool overwrite);
-    // Copies the files into the folder of styles of another project. Done when all were copied.
-    Outcome SaveAsTemplate(const CString& project) const;
+    // Copies the files into the folder of styles of another project; what it has under the same
+    // names is kept among its deleted ones. Done when all were copied.
+    Outcome SaveAsTemplate(const CString& project);
 
     // Puts a version of a specification among the deleted ones; it needs not be in the list.
     Outcome SetAside(const CDesignSpecification& version);
@@ -125,8 +132,13 @@ private:
         CString file;
         bool hasID = true; // false: the file does not tell the identity
     };
+    AFX_EXT_PRIVATE Outcome Read(CStringArray& files);
+    AFX_EXT_PRIVATE void FindStrangers(const GUID& id);
+    AFX_EXT_PRIVATE bool KeepOthers(const CString& file, Problems& problems);
     AFX_EXT_PRIVATE bool Write(const CDesignSpecification& specification, Problems& problems);
-    AFX_EXT_PRIVATE bool Save(const CDesignSpecification& specification, Problems& problems);
+    // `isKept`: what the file holds is among the deleted ones already.
+    AFX_EXT_PRIVATE bool Save(const CDesignSpecification& specification, Problems& problems,
+                              bool isKept = false);
     AFX_EXT_PRIVATE CDesignSpecification* FindLast(const GUID& id) const;
     AFX_EXT_PRIVATE const Origin* OriginOf(const CDesignSpecification& specification) const;
     AFX_EXT_PRIVATE void DropKept(const CXTPPropExchange& root, const CString& file,
@@ -141,12 +153,14 @@ private:
                                          bool overwrite, CString (*nameProblem)(const CString&));
     AFX_EXT_PRIVATE TakenSpecification TakeIn(ReadSpecification read, const CString& path,
                                               bool overwrite, Severity odd, Problems& problems);
+    AFX_EXT_PRIVATE bool CopyTo(StyleFolder& target, const CString& file, Problems& problems) const;
     AFX_EXT_PRIVATE bool SaveOver(const CDesignSpecification& specification, Problems& problems);
 
     StyleFolder m_files;
     std::vector<std::unique_ptr<CDesignSpecification>> m_items;
     std::vector<Origin> m_origins;
-    std::set<CString> m_unread; // files that hold something that was not loaded
+    std::set<CString> m_unread;              // files that hold something that was not loaded
+    std::optional<CStringArray> m_strangers; // files of others that came, while the folder is held
 };
 
 } // namespace designspec

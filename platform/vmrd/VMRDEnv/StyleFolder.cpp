@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "base/File.h"
+#include "base/FileLock.h"
 #include "base/Format.h"
 #include "base/Profile.h"
 #include "base/Text.h"
@@ -16,6 +17,7 @@ namespace designspec {
 namespace {
 
 constexpr wchar_t kSettings[] = L"setting.ini";
+constexpr wchar_t kLock[] = L".lock";
 constexpr size_t kSizeLimit = 32 << 20; // of a file of styles, in bytes
 
 bool Refuse(const CString& path, const wchar_t* why, Problems& problems)
@@ -74,9 +76,54 @@ CString StylesFolderOf(const CString& project)
 }
 
 StyleFolder::StyleFolder(CString path, CString library)
-    : m_path(std::move(path)), m_library(std::move(library))
+    : m_path(std::move(path)), m_library(std::move(library)), m_lock(std::make_unique<FileLock>())
 {
 }
+
+StyleFolder::~StyleFolder() = default;
+
+// Holding it
+
+StyleFolder::Held StyleFolder::Hold(Problems& problems, std::chrono::milliseconds patience)
+{
+    if (m_holds == 0) {
+        m_wasMissing = !PathFileExists(m_path);
+        if (m_wasMissing && !HasPlace()) {
+            Refuse(m_path, L"项目文件夹已不存在, 没有保存", problems);
+            return Held(nullptr);
+        }
+        if (!CreateFolder(m_path, problems)) return Held(nullptr);
+        if (!m_lock->Take(PathOf(kLock), patience, m_notice, problems)) return Held(nullptr);
+    }
+    ++m_holds;
+    return Held(this);
+}
+
+StyleFolder::Held::~Held()
+{
+    if (m_folder) m_folder->LetGo();
+}
+
+void StyleFolder::LetGo()
+{
+    if (--m_holds > 0) return;
+    m_lock->Release();
+    if (m_wasMissing) RemoveEmptyFolder(m_path);
+}
+
+void StyleFolder::SetPatience(std::chrono::milliseconds patience,
+                              std::function<void(const CString&)> notice)
+{
+    m_patience = patience;
+    m_notice = std::move(notice);
+}
+
+bool StyleFolder::IsBusy() const
+{
+    return PathFileExists(PathOf(kLock));
+}
+
+// What is in it
 
 CString StyleFolder::DeletedPath() const
 {
@@ -126,6 +173,12 @@ std::optional<bool> StyleFolder::Holds(const CString& file, const GUID& id,
     return std::nullopt;
 }
 
+bool StyleFolder::Names(const CString& file, const GUID& id, Problems& problems) const
+{
+    const auto entries = Entries(PathOf(file), problems);
+    return entries && CountOf(id, *entries) > 0;
+}
+
 StyleFolder::Content StyleFolder::ContentOf(std::string_view bytes)
 {
     return {bytes.size(), std::hash<std::string_view>()(bytes)};
@@ -167,6 +220,13 @@ bool StyleFolder::IsAsKnown() const
            });
 }
 
+CStringArray StyleFolder::Strangers(Problems& problems) const
+{
+    CStringArray files = Files(problems);
+    std::erase_if(files, [&](const CString& file) { return m_known.contains(file); });
+    return files;
+}
+
 bool StyleFolder::Load(const CString& file, CXTPPropExchangeXMLNode& root, Problems& problems)
 {
     std::string bytes;
@@ -179,8 +239,8 @@ bool StyleFolder::Load(const CString& file, CXTPPropExchangeXMLNode& root, Probl
 
 bool StyleFolder::Save(const CString& file, const CXTPPropExchangeXMLNode& root, Problems& problems)
 {
-    if (!HasPlace()) return Refuse(m_path, L"项目文件夹已不存在, 没有保存", problems);
-    if (!CreateFolder(m_path, problems)) return false;
+    const Held held = Hold(problems);
+    if (!held) return false;
     if (!std::exchange(m_tidied, true))
         for (const CString& folder : {m_path, DeletedPath()})
             DeleteLeftTemporaries(folder);
@@ -192,7 +252,8 @@ bool StyleFolder::Save(const CString& file, const CXTPPropExchangeXMLNode& root,
 
 bool StyleFolder::Delete(const CString& file, Problems& problems)
 {
-    const bool deleted = DeleteFile(PathOf(file), problems);
+    const Held held = Hold(problems);
+    const bool deleted = held && DeleteFile(PathOf(file), problems);
     if (deleted) m_known[file] = std::nullopt;
     return deleted;
 }
@@ -205,6 +266,8 @@ CString StyleFolder::Setting(const wchar_t* section, const wchar_t* key, Problem
 bool StyleFolder::SetSetting(const wchar_t* section, const wchar_t* key, const CString& value,
                              Problems& problems)
 {
+    const Held held = Hold(problems);
+    if (!held) return false;
     const bool set =
         WritePrivateProfileString(section, key, value.c_str(), PathOf(kSettings), problems);
     Remember(kSettings);
@@ -228,7 +291,8 @@ CString StyleFolder::FreeDeletedName(const CString& file, Problems& problems) co
 
 CString StyleFolder::KeepCopy(const CString& file, Problems& problems)
 {
-    if (!CreateFolder(DeletedPath(), problems)) return {};
+    const Held held = Hold(problems);
+    if (!held || !CreateFolder(DeletedPath(), problems)) return {};
     const CString copy = FreeDeletedName(file, problems);
     return !copy.empty() && CopyFile(PathOf(file), DeletedPathOf(copy), problems) ? copy
                                                                                   : CString();
@@ -237,7 +301,8 @@ CString StyleFolder::KeepCopy(const CString& file, Problems& problems)
 CString StyleFolder::SaveDeleted(const CString& file, const CXTPPropExchangeXMLNode& root,
                                  Problems& problems)
 {
-    if (!CreateFolder(DeletedPath(), problems)) return {};
+    const Held held = Hold(problems);
+    if (!held || !CreateFolder(DeletedPath(), problems)) return {};
     const CString name = FreeDeletedName(file, problems);
     const bool saved =
         !name.empty() && WriteWholeFile(DeletedPathOf(name), root.SaveToBytes(), problems);
@@ -246,7 +311,7 @@ CString StyleFolder::SaveDeleted(const CString& file, const CXTPPropExchangeXMLN
 
 void StyleFolder::DropCopy(const CString& copy, Problems& problems)
 {
-    DeleteFile(DeletedPathOf(copy), problems);
+    if (const Held held = Hold(problems)) DeleteFile(DeletedPathOf(copy), problems);
 }
 
 std::optional<std::vector<StyleEntry>> StyleFolder::Entries(const CString& path,
@@ -301,7 +366,8 @@ bool StyleFolder::TakeApart(const CString& file, const GUID& id, Problems& probl
 bool StyleFolder::SetAside(const CString& file, Problems& problems)
 {
     if (!IsFileName(file)) return Refuse(m_path, L"文件名无效", problems);
-    if (!CreateFolder(DeletedPath(), problems)) return false;
+    const Held held = Hold(problems);
+    if (!held || !CreateFolder(DeletedPath(), problems)) return false;
     const CString aside = FreeDeletedName(file, problems);
     if (aside.empty() || !MoveFile(PathOf(file), DeletedPathOf(aside), problems)) return false;
     m_known[file] = std::nullopt;
@@ -312,6 +378,8 @@ bool StyleFolder::SetAside(const CString& file, Problems& problems)
 bool StyleFolder::SetAside(const CString& file, const GUID& id, Problems& problems)
 {
     if (!IsFileName(file)) return Refuse(m_path, L"文件名无效", problems);
+    const Held held = Hold(problems);
+    if (!held) return false;
     const CString path = PathOf(file);
     CXTPPropExchangeXMLNode root(true, kStyleLibraryRoot);
     if (!root.LoadFromFile(path.c_str())) {
@@ -330,6 +398,8 @@ bool StyleFolder::SetAside(const CString& file, const GUID& id, Problems& proble
 
 bool StyleFolder::SetAside(const GUID& id, Problems& problems)
 {
+    const Held held = Hold(problems);
+    if (!held) return false;
     Problems unlisted;
     const CStringArray files = Files(unlisted);
     bool done = !files.empty() || !HasError(unlisted);
@@ -360,6 +430,8 @@ std::vector<DeletedStyle> StyleFolder::Deleted(Problems& problems) const
 bool StyleFolder::BringBack(const CString& file, Problems& problems)
 {
     if (!IsFileName(file)) return Refuse(DeletedPath(), L"文件名无效", problems);
+    const Held held = Hold(problems);
+    if (!held) return false;
     const CString target = PathOf(file);
     const auto there = PathFileExists(target, problems);
     if (!there) return false;

@@ -5,8 +5,12 @@
 // where they can be brought back.
 #pragma once
 
+#include <chrono>
+#include <functional>
 #include <map>
+#include <memory>
 #include <optional>
+#include <utility>
 
 #include "platform/vmrd/VMRDEnv/StyleFile.h"
 
@@ -24,11 +28,41 @@ struct DeletedStyle {
     GUID id;
 };
 
+class FileLock;
+
 // Whatever fails adds problems that name the file and the cause.
 class AFX_EXT_CLASS StyleFolder {
 public:
     // `library` is the name of the library whose styles are meant, in each file.
     StyleFolder(CString path, CString library);
+    ~StyleFolder();
+    StyleFolder(const StyleFolder&) = delete;
+    StyleFolder& operator=(const StyleFolder&) = delete;
+
+    // As long as one of these lives, other programs do not change the folder.
+    class AFX_EXT_CLASS Held {
+    public:
+        Held(Held&& other) noexcept : m_folder(std::exchange(other.m_folder, nullptr)) {}
+        Held& operator=(Held&&) = delete;
+        ~Held();
+        explicit operator bool() const { return m_folder != nullptr; }
+
+    private:
+        friend StyleFolder;
+        explicit Held(StyleFolder* folder) : m_folder(folder) {}
+        StyleFolder* m_folder;
+    };
+    // Locks the folder, which is made when only it is missing from its project. Whatever changes
+    // the folder holds it itself; hold it around what belongs together. False when another program
+    // holds it for longer than this one waits, which a problem names, or when there is no project.
+    [[nodiscard]] Held Hold(Problems& problems) { return Hold(problems, m_patience); }
+    [[nodiscard]] Held Hold(Problems& problems, std::chrono::milliseconds patience);
+    bool IsHeld() const { return m_holds > 0; }
+    // How long Hold waits, and who is told, once, that it waits for `holder`. Five seconds, nobody.
+    void SetPatience(std::chrono::milliseconds patience,
+                     std::function<void(const CString& holder)> notice);
+    // True while a program holds the folder, and after one was killed that did.
+    bool IsBusy() const;
 
     const CString& Path() const { return m_path; }
     CString DeletedPath() const;
@@ -44,6 +78,8 @@ public:
     // Whether the file holds the style; one that holds but one style is taken to hold that one.
     // Nothing when the file cannot be read.
     std::optional<bool> Holds(const CString& file, const GUID& id, Problems& problems) const;
+    // Whether a style in the file bears that identity; false when the file cannot be read.
+    bool Names(const CString& file, const GUID& id, Problems& problems) const;
     // Names of the files of styles, sorted, ignoring case.
     CStringArray Files(Problems& problems) const;
     // Whether there is a file of that name; nothing when that cannot be told.
@@ -52,10 +88,12 @@ public:
     bool IsKnown(const CString& file) const;
     // True when all files are, and none has come or gone.
     bool IsAsKnown() const;
+    // Names of the files that were neither loaded nor saved here.
+    CStringArray Strangers(Problems& problems) const;
 
     bool Load(const CString& file, CXTPPropExchangeXMLNode& root, Problems& problems);
-    // Makes the folder when there is none, but not the project's. Whole or not at all. The first time,
-    // what is left there of writes that were killed goes.
+    // Makes the folder when there is none, but not the project's. Whole or not at all. The first
+    // time, what is left there of writes that were killed goes.
     bool Save(const CString& file, const CXTPPropExchangeXMLNode& root, Problems& problems);
     // True when the file is gone; without a problem false when there was none.
     bool Delete(const CString& file, Problems& problems);
@@ -99,6 +137,7 @@ private:
         size_t size, hash;
         bool operator==(const Content&) const = default;
     };
+    AFX_EXT_PRIVATE void LetGo();
     AFX_EXT_PRIVATE static Content ContentOf(std::string_view bytes);
     AFX_EXT_PRIVATE void Remember(const CString& file);
     AFX_EXT_PRIVATE std::optional<std::vector<StyleEntry>> Entries(const CString& path,
@@ -111,7 +150,12 @@ private:
 
     CString m_path;
     CString m_library;
-    bool m_tidied = false;                             // of what writes that were killed left
+    bool m_tidied = false; // of what writes that were killed left
+    std::unique_ptr<FileLock> m_lock;
+    int m_holds = 0;
+    bool m_wasMissing = false; // before it was held
+    std::chrono::milliseconds m_patience{5000};
+    std::function<void(const CString&)> m_notice;
     std::map<CString, std::optional<Content>> m_known; // nothing: there is no such file
 };
 
