@@ -56,7 +56,7 @@ Status RunNew(const Arguments& arguments, Teller& teller)
 
 Status RunRename(const Arguments& arguments, Teller& teller)
 {
-    Project project(arguments, teller);
+    Project project(arguments, teller, ProjectUse::Change);
     CDesignSpecification& specification = project.Find(arguments.name);
     const CString name = NameArgument(project.Folder(), arguments.newName, specification.Name());
     if (name == specification.Name()) return kDone;
@@ -65,13 +65,14 @@ Status RunRename(const Arguments& arguments, Teller& teller)
 
 Status RunRemove(const Arguments& arguments, Teller& teller)
 {
-    Project project(arguments, teller);
+    Project project(arguments, teller, ProjectUse::Change);
     return project.StatusOf(project.Folder().Remove(project.Find(arguments.name)));
 }
 
 Status RunDefault(const Arguments& arguments, Teller& teller)
 {
-    Project project(arguments, teller);
+    Project project(arguments, teller,
+                    arguments.name.empty() ? ProjectUse::Read : ProjectUse::Change);
     if (!arguments.name.empty())
         return project.StatusOf(project.Folder().SetDefault(project.Find(arguments.name)));
     const CDesignSpecification* const standard = project.Default();
@@ -90,7 +91,7 @@ Status RunSet(const Arguments& arguments, Teller& teller)
 {
     const ValuePath path = ChangedPath(arguments);
     if (arguments.unset && path.steps.back().keys.empty()) Refuse(L"--unset 只用于表中的值");
-    Project project(arguments, teller);
+    Project project(arguments, teller, ProjectUse::Change);
     CDesignSpecification& specification = project.Chosen(arguments);
     const ValueChange change(specification, path);
     const CString problem = arguments.unset

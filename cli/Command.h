@@ -32,6 +32,7 @@ struct Arguments {
     std::string project; // empty: the current folder
     std::optional<std::string> spec;
     bool json = false;
+    std::optional<std::string> wait; // seconds that another program may keep the project
 
     std::string path; // CRITERION or CRITERION.FIELD
     std::optional<std::string> value;

@@ -129,6 +129,12 @@ public:
                             "if not given"}))
             ->type_name("NAME");
         m_app.add_flag("--json", m_arguments.json, In({"以 JSON 输出", "Print data as JSON"}));
+        m_app
+            .add_option("--wait", m_arguments.wait,
+                        In({"另一程序正在修改项目时最多等待的秒数,默认 30",
+                            "How long to wait, in seconds, while another program changes the "
+                            "project; 30 if not given"}))
+            ->type_name("SECONDS");
         AddReading();
         AddQuery();
         AddChanging();

@@ -27,10 +27,20 @@ CString FolderOf(const Arguments& arguments, ProjectUse use)
     if (!isThere(project))
         throw CommandFailure{kFileFailed, Format(L"%s: 项目文件夹不存在", project)};
     CString folder = StylesFolderOf(project);
-    if (use == ProjectUse::Read && !isThere(folder))
+    if (use != ProjectUse::Create && !isThere(folder))
         throw CommandFailure{kFileFailed,
                              Format(L"%s: 不是项目文件夹,其中没有“规范”文件夹", project)};
     return folder;
+}
+
+std::chrono::seconds WaitOf(const Arguments& arguments)
+{
+    constexpr int kUsual = 30;
+    constexpr int kLongest = 24 * 60 * 60;
+    const int seconds = arguments.wait ? IntArgument(*arguments.wait, L"--wait ") : kUsual;
+    if (seconds < 0 || seconds > kLongest)
+        Refuse(Format(L"--wait “%d”不在 0 到 %d 秒之间", seconds, kLongest));
+    return std::chrono::seconds(seconds);
 }
 
 } // namespace
@@ -38,9 +48,21 @@ CString FolderOf(const Arguments& arguments, ProjectUse use)
 Project::Project(const Arguments& arguments, Teller& teller, ProjectUse use)
     : m_teller(teller), m_folder(FolderOf(arguments, use))
 {
+    if (use != ProjectUse::Read) Hold(WaitOf(arguments));
     m_loadProblems = m_folder.Load().problems;
     if (const auto id = m_folder.Default(m_loadProblems)) m_default = m_folder.Find(*id);
     m_teller.Tell(m_loadProblems);
+}
+
+void Project::Hold(std::chrono::seconds patience)
+{
+    m_folder.Files().SetPatience(patience, [](const CString& holder) {
+        Complain(Format(L"项目正由 %s 修改,请稍候", holder));
+    });
+    Problems problems;
+    m_held.emplace(m_folder.Hold(problems));
+    m_teller.Tell(problems);
+    if (!*m_held) throw CommandFailure{kFileFailed, L"未作任何修改"};
 }
 
 Status Project::StatusOf(const Outcome& outcome)

@@ -6,14 +6,16 @@
 #include "model/ValuePath.h"
 
 enum class ProjectUse {
-    Read,   // the folder 规范 must be there
-    Create, // it may still be missing
+    Read,
+    Change, // others are kept out of the folder from before it is read until the end
+    Create, // the same, and it may still be missing
 };
 
 class Project {
 public:
     // Reads the project's specifications and tells what was wrong with their files. Fails with
-    // kFileFailed when there is no such project.
+    // kFileFailed when there is no such project, or another program keeps its folder for longer
+    // than the command waits.
     Project(const Arguments& arguments, Teller& teller, ProjectUse use = ProjectUse::Read);
 
     designspec::SpecificationFolder& Folder() { return m_folder; }
@@ -34,9 +36,11 @@ public:
 
 private:
     CString NamesToChooseFrom() const;
+    void Hold(std::chrono::seconds patience);
 
     Teller& m_teller;
     designspec::SpecificationFolder m_folder;
+    std::optional<designspec::StyleFolder::Held> m_held;
     designspec::Problems m_loadProblems;
     CDesignSpecification* m_default = nullptr;
 };

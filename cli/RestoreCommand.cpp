@@ -40,7 +40,7 @@ DeletedStyle Chosen(const std::vector<DeletedStyle>& deleted, const CString& wor
 
 Status RunRestore(const Arguments& arguments, Teller& teller)
 {
-    Project project(arguments, teller);
+    Project project(arguments, teller, ProjectUse::Change);
     SpecificationFolder& folder = project.Folder();
     Problems problems;
     const DeletedStyle chosen = Chosen(folder.Files().Deleted(problems), ToWide(arguments.name));
