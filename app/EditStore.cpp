@@ -131,19 +131,26 @@ CEditStore::Result CEditStore::Keep(const CDesignSpecification& wanted,
 {
     SpecificationFolder& folder = Folder();
     Outcome outcome;
-    const auto held = folder.Hold(outcome.problems);
-    if (!held) return Told(outcome);
+    // Not while a window is open.
+    std::optional<StyleFolder::Held> held(folder.Hold(outcome.problems));
+    if (!*held) return Told(outcome);
     Reread();
     CDesignSpecification* const now = folder.Find(wanted.ID());
     // It may have gone on while the user was thinking.
     const bool isAsShown = now ? change.theirs && *now == *change.theirs : !change.theirs;
-    if (!isAsShown) return Settle();
     const CString oldName = now ? now->Name() : CString();
-    if (const CString problem = StyleNameProblem(folder, wanted.Name(), oldName); !problem.empty())
-        return Tell(problem);
+    const CString problem =
+        isAsShown ? StyleNameProblem(folder, wanted.Name(), oldName) : CString();
+    if (!isAsShown || !problem.empty()) {
+        held.reset();
+        return isAsShown ? Tell(problem) : Settle();
+    }
 
     const CString file = change.path.substr(change.path.find_last_of(L"\\/") + 1);
-    if (keepCopy && folder.Files().KeepCopy(file, outcome.problems).empty()) return Told(outcome);
+    if (keepCopy && folder.Files().KeepCopy(file, outcome.problems).empty()) {
+        held.reset();
+        return Told(outcome);
+    }
     if (!now) {
         if (keepCopy) folder.Files().Delete(file, outcome.problems);
         CDesignSpecification& added = folder.Add(std::make_unique<CDesignSpecification>(wanted));
@@ -154,6 +161,7 @@ CEditStore::Result CEditStore::Keep(const CDesignSpecification& wanted,
         outcome = oldName == wanted.Name() ? folder.Save(*now) : folder.SaveRenamed(*now, oldName);
         if (!outcome.done) *now = *change.theirs;
     }
+    held.reset();
     CDesignSpecifications::GetInstance()->Refurbish();
     return Told(outcome);
 }

@@ -575,6 +575,7 @@ TEST_F(DSMainDialog, AChangeOfCaseAloneIsARename)
     EXPECT_EQ(Names(), L"Road");
     EXPECT_EQ(SpecificationFiles(), 1);
     EXPECT_FALSE(m_project.Has(oldFile));
+    EXPECT_FALSE(m_project.Has("规范/已删除"));
     Reload();
     EXPECT_EQ(Names(), L"Road");
     EXPECT_EQ(MarkOf(L"road"), 31);

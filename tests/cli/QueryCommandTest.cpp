@@ -154,16 +154,18 @@ TEST_F(QueryCommand, TellsTheCodeWhyThereIsNoSuperelevation)
         Words words = {"SuperElevation", "--max-super", super, "--speed", speed,
                        "--radius",       radius};
         words.insert(words.end(), more.begin(), more.end());
-        NoAnswer("结果代码 " + code + ": ", words);
+        NoAnswer("结果代码 " + code, words);
     };
-    ask("-1", {"--mode", "interpolate"});
-    ask("-2", {}, "80", "8");
-    ask("-3", {"--mode", "upper"});
-    ask("-3", {"--tolerance", "5"}, "70", "4");
-    ask("-3", {"--mode", "lower"}, "20", "2", "50");
-    ask("-4", {}, "15", "2", "50");
-    ask("-5", {}, "80", "6", "1000");
-    ask("-5", {"--mode", "lower"}, "35", "2", "100");
+    const std::string above = "-3: 车速高出表中车速,或该取值方式在表的一端没有值";
+    const std::string outside = "-5: 半径不在该车速的任何范围内";
+    ask("-1: 超高查询不支持 interpolate", {"--mode", "interpolate"});
+    ask("-2: 没有这个最大超高的表,或表是空的", {}, "80", "8");
+    ask(above, {"--mode", "upper"});
+    ask(above, {"--tolerance", "5"}, "70", "4");
+    ask(above, {"--mode", "lower"}, "20", "2", "50");
+    ask("-4: 车速低于表中最低车速", {}, "15", "2", "50");
+    ask(outside, {}, "80", "6", "1000");
+    ask(outside, {"--mode", "lower"}, "35", "2", "100");
 }
 
 TEST_F(QueryCommand, HasNoSuperelevationForAModeThatChoosesNoRow)

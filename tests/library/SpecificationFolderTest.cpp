@@ -128,6 +128,35 @@ TEST_F(SpecificationFolderTest, AnOverwrittenOneKeepsItsOwnName)
     EXPECT_EQ(Names(), L"A");
 }
 
+TEST_F(SpecificationFolderTest, ImportOfWhatIsThereAlreadyWritesNothing)
+{
+    CDesignSpecification& one = AddSaved(Make(L"a", 3, kIdA));
+    const auto before = fs::last_write_time(m_project.Native(FileOf(one)));
+    const CString path = m_project.Path(ToWide(FileOf(one)));
+    EXPECT_TRUE(Library().Folder().Import(path, {}, true).done);
+    EXPECT_EQ(fs::last_write_time(m_project.Native(FileOf(one))), before);
+    EXPECT_FALSE(m_project.Has("规范/已删除"));
+}
+
+TEST_F(SpecificationFolderTest, OneWhoseFileStaysIsNotRemoved)
+{
+    m_project.Write("规范/x.hds", Envelope("<Style Name=\"a\"/>"));
+    Reload();
+    m_project.Write("规范/已删除", "a file where the folder should be");
+    EXPECT_FALSE(Library().Folder().Remove(At(0)).done);
+    EXPECT_EQ(Names(), L"a");
+    EXPECT_TRUE(m_project.Has("规范/x.hds"));
+}
+
+TEST_F(SpecificationFolderTest, TheDefaultIsKnownWithBlanksAroundIt)
+{
+    AddSaved(Make(L"a", 3, kIdA));
+    m_project.Write("规范/setting.ini", std::string("[设置]\n默认样式=\" ") + kIdA + " \"\n");
+    Problems problems;
+    EXPECT_TRUE(Library().Folder().Default(problems).has_value());
+    EXPECT_TRUE(problems.empty());
+}
+
 TEST_F(SpecificationFolderTest, ImportWithoutOverwritingLeavesWhatIsThere)
 {
     AddSaved(Make(L"old", 2, kIdB));

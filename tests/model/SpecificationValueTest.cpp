@@ -132,6 +132,8 @@ TEST_F(SpecificationValue, IsRefusedWithItsReason)
               L"车速 必须大于等于 10 并且小于等于 150");
     EXPECT_EQ(Refused(L"CurveWidening.ranges[30~20].widenings[a]", L"1"),
               L"半径下限必须小于半径上限");
+    EXPECT_EQ(Refused(L"CurveWidening.ranges[20~20].widenings[a]", L"1"),
+              L"半径下限必须小于半径上限");
     EXPECT_EQ(Refused(L"LonGradMaxLen.rows[6].Grad", L"7"),
               L"LonGradMaxLen.rows[6].Grad 是键,不能修改");
     m_specification.TransitionCurveMinLen.NoTCBySuperelevation = 1;

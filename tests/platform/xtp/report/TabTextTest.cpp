@@ -32,7 +32,7 @@ TEST(TabText, ReadsCellsOfQuotesAlone)
 
 TEST(TabText, WritesWhatItReads)
 {
-    const Rows rows = {{L"超高\n半径", L"1"}, {L"", L"say \"x\"\t"}, {L"\"", L"\"\""}};
+    const Rows rows = {{L"超高\n半径", L"1"}, {L"", L"say \"x\"\t"}, {L"\"", L"\"\""}, {L"a\tb"}};
     EXPECT_EQ(ParseTabText(FormatTabText(rows)), rows);
     EXPECT_EQ(FormatTabText({{L"1", L"2"}, {L"3", L""}}), L"1\t2\n3\t");
     EXPECT_EQ(FormatTabText({}), L"");
