@@ -468,7 +468,7 @@ bool DeleteFile(const std::wstring& path, Problems& problems)
 
 void RemoveEmptyFolder(const std::wstring& path)
 {
-    if (!IsCutShort(path)) static_cast<void>(!rmdir(NativePath(path).c_str()));
+    if (!IsNoPath(path)) static_cast<void>(!rmdir(NativePath(path).c_str()));
 }
 
 bool CreateFolder(const std::wstring& path, Problems& problems)

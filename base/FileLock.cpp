@@ -73,9 +73,11 @@ bool IsAt(const std::string& path, int fd)
 
 } // namespace
 
-FileLock::Attempt FileLock::Try(const std::string& path, int& error)
+// Nothing that could throw stands behind the opening of the file.
+FileLock::Attempt FileLock::Try(const std::string& name, int& error)
 {
-    const int fd = open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0666);
+    const int fd =
+        open(m_path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0666);
     if (fd < 0) {
         error = errno;
         return Attempt::Failed;
@@ -85,16 +87,14 @@ FileLock::Attempt FileLock::Try(const std::string& path, int& error)
         close(fd);
         return error == EAGAIN || error == EACCES ? Attempt::Held : Attempt::Failed;
     }
-    if (error == 0 && !IsAt(path, fd)) {
+    if (error == 0 && !IsAt(m_path, fd)) {
         close(fd);
         return Attempt::Held; // its holder has just let go
     }
     // Whoever may change the folder may also take a lock that a killed program left.
     static_cast<void>(!fchmod(fd, 0666));
-    const std::string name = OwnName();
     // Who reads half of the name is told half of it: nothing depends on it.
     if (ftruncate(fd, 0) == 0) static_cast<void>(!pwrite(fd, name.data(), name.size(), 0));
-    m_path = path;
     m_fd = fd;
     return Attempt::Taken;
 }
@@ -102,7 +102,8 @@ FileLock::Attempt FileLock::Try(const std::string& path, int& error)
 bool FileLock::Take(const std::wstring& path, std::chrono::milliseconds patience,
                     const Notice& notice, Problems& problems)
 {
-    const std::string native = NativePath(path);
+    m_path = NativePath(path);
+    const std::string name = OwnName();
     const Clock::time_point start = Clock::now();
     std::minstd_rand random(static_cast<unsigned>(getpid()) ^
                             static_cast<unsigned>(start.time_since_epoch().count()));
@@ -110,7 +111,7 @@ bool FileLock::Take(const std::wstring& path, std::chrono::milliseconds patience
     std::chrono::milliseconds pause{1};
     for (;;) {
         int error = 0;
-        const Attempt attempt = Try(native, error);
+        const Attempt attempt = Try(name, error);
         if (attempt == Attempt::Taken) {
             if (error != 0)
                 AddProblem(problems, Severity::Note, path, 0,
@@ -122,11 +123,11 @@ bool FileLock::Take(const std::wstring& path, std::chrono::milliseconds patience
             AddProblem(problems, Severity::Error, path, 0,
                        attempt == Attempt::Failed
                            ? Format(L"无法加锁: %s", ErrorText(error))
-                           : Format(L"正由 %s 修改,请稍后再试", HolderOf(native)));
+                           : Format(L"正由 %s 修改,请稍后再试", HolderOf(m_path)));
             return false;
         }
         if (!told && notice && waited >= std::min(kBeforeNotice, patience)) {
-            notice(HolderOf(native));
+            notice(HolderOf(m_path));
             told = true;
         }
         // Each waits a little differently, so that none comes too late every time.

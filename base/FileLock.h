@@ -32,7 +32,7 @@ public:
 
 private:
     enum class Attempt { Taken, Held, Failed };
-    Attempt Try(const std::string& path, int& error);
+    Attempt Try(const std::string& name, int& error);
 
     std::string m_path;
     int m_fd = -1;
