@@ -547,6 +547,7 @@ TEST_F(StyleCommandsTest, AnExportThatFailsIsNamedWithItsCause)
     Key(Qt::Key_E, Qt::ControlModifier);
     const CString text = BarText(ControlId::ErrorBar);
     EXPECT_TRUE(text.starts_with(L"无法导出: " + file + L"\n" + file + L":1: ")) << ToUtf8(text);
+    EXPECT_EQ(BarText(ControlId::NoteBar), L"");
 }
 
 TEST_F(StyleCommandsTest, AnEarlierErrorIsNotTheCauseOfALaterOne)
