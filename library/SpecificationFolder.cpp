@@ -454,7 +454,12 @@ Outcome SpecificationFolder::SetFileAside(const CString& file, const GUID& id)
 {
     Outcome outcome;
     const auto there = m_files.Has(file, outcome.problems);
-    outcome.done = there && (!*there || SetFileAside(file, id, outcome.problems));
+    outcome.done = there && !*there;
+    if (there && *there) {
+        // Nobody may come between reading the file and its going.
+        const auto held = Hold(outcome.problems);
+        outcome.done = held && SetFileAside(file, id, outcome.problems);
+    }
     if (outcome.done)
         std::erase_if(m_origins, [&](const Origin& origin) { return origin.file == file; });
     return outcome;
