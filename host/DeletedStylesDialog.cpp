@@ -89,10 +89,12 @@ void DeletedStylesDialog::BringBack()
     QStringList failed;
     Problems problems;
     StyleFolder& files = m_editor.GetStyles()->Files();
+    const auto held = files.Hold(problems);
+    std::vector<StyleEntry> present = files.Present(problems);
     for (QTreeWidgetItem* item : m_list->selectedItems()) {
         const DeletedStyle& deleted =
             m_deleted[static_cast<size_t>(m_list->indexOfTopLevelItem(item))];
-        const bool back = files.BringBack(deleted.file, problems);
+        const bool back = held && files.BringBack(deleted.file, present, problems);
         (back ? done : failed) << item->text(0);
         if (back) m_broughtBack.push_back(deleted.id);
     }

@@ -1,5 +1,7 @@
 #include "tests/cli/CommandTest.h"
 
+namespace fs = std::filesystem;
+
 namespace {
 
 class RestoreCommand : public CommandTest {
@@ -75,15 +77,24 @@ TEST_F(RestoreCommand, LeavesOneWhoseIdentityIsInTheLibrary)
     EXPECT_TRUE(m_folder.Has("规范/已删除/" + m_file));
 }
 
-TEST_F(RestoreCommand, TellsOfANameThatIsTakenMeanwhile)
+// Whichever of the two files comes first: the one that is there keeps its name.
+TEST_F(RestoreCommand, GivesAnotherNameWhereItIsTakenMeanwhile)
 {
-    Remove("城市");
-    New("城市");
-    const ProcessResult result = Call({"restore", m_file, "--json"});
-    EXPECT_EQ(result.status, 0);
-    EXPECT_THAT(result.err, HasSubstr("改称“城市(1)”"));
-    EXPECT_EQ(Names().size(), 2U);
-    EXPECT_EQ(Json::parse(result.out)["id"], m_id);
+    for (int k = 0; k < 4; ++k) {
+        Remove("城市");
+        New("城市");
+        const std::string present = IdOf("城市");
+        const ProcessResult result = Call({"restore", m_file, "--json"});
+        EXPECT_EQ(result.status, 0);
+        EXPECT_THAT(result.err, HasSubstr("样式“城市”重名,改称“城市(1)”"));
+        EXPECT_EQ(Json::parse(result.out)["id"], m_id);
+        EXPECT_EQ(Json::parse(result.out)["name"], "城市(1)");
+        EXPECT_EQ(IdOf("城市"), present);
+        EXPECT_EQ(Done({"list", "--deleted"}), "");
+        Remove("城市");
+        fs::remove_all(m_folder.Native("规范/已删除"));
+        Done({"rename", "城市(1)", "城市"});
+    }
 }
 
 } // namespace

@@ -8,6 +8,7 @@
 #include "base/File.h"
 #include "base/FileLock.h"
 #include "base/Format.h"
+#include "base/NoCase.h"
 #include "base/Profile.h"
 #include "base/Text.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
@@ -56,6 +57,12 @@ CString FreeNameFor(const CString& file,
         if (!*taken) return name;
         name = Format(L"%s(%d)%s", stem, k, CString(kStyleFileEnding));
     }
+}
+
+bool IsNamed(const CString& name, const std::vector<StyleEntry>& entries)
+{
+    return std::any_of(entries.begin(), entries.end(),
+                       [&](const StyleEntry& entry) { return EqualNoCase(entry.name, name); });
 }
 
 // Leaves of the library's styles in the document those that are, or are not, of that identity.
@@ -427,11 +434,48 @@ std::vector<DeletedStyle> StyleFolder::Deleted(Problems& problems) const
     return deleted;
 }
 
+std::vector<StyleEntry> StyleFolder::Present(Problems& problems) const
+{
+    std::vector<StyleEntry> present;
+    for (const CString& file : Files(problems)) {
+        Problems unread; // is told when the folder is loaded
+        if (const auto entries = Entries(PathOf(file), unread))
+            present.insert(present.end(), entries->begin(), entries->end());
+    }
+    return present;
+}
+
 bool StyleFolder::BringBack(const CString& file, Problems& problems)
+{
+    const Held held = Hold(problems);
+    if (!held) return false;
+    Problems unlisted;
+    std::vector<StyleEntry> present = Present(unlisted);
+    const bool isListed = !HasError(unlisted);
+    Append(problems, std::move(unlisted));
+    return isListed && BringBack(file, present, problems);
+}
+
+bool StyleFolder::BringBack(const CString& file, std::vector<StyleEntry>& present,
+                            Problems& problems)
 {
     if (!IsFileName(file)) return Refuse(DeletedPath(), L"文件名无效", problems);
     const Held held = Hold(problems);
-    if (!held) return false;
+    const auto coming = held ? Entries(DeletedPathOf(file), problems) : std::nullopt;
+    if (!coming) return false;
+    const auto isPresent = [&](const StyleEntry& one) { return CountOf(one.id, present) > 0; };
+    if (!coming->empty() && std::all_of(coming->begin(), coming->end(), isPresent))
+        return Refuse(DeletedPathOf(file), L"无法恢复: 库中已有同一标识的样式", problems);
+    const auto isTaken = [&](const StyleEntry& one) { return IsNamed(one.name, present); };
+    if (std::any_of(coming->begin(), coming->end(), isTaken))
+        return BringBackRenamed(file, present, problems);
+    if (!MoveBack(file, problems)) return false;
+    present.insert(present.end(), coming->begin(), coming->end());
+    return true;
+}
+
+bool StyleFolder::MoveBack(const CString& file, Problems& problems)
+{
     const CString target = PathOf(file);
     const auto there = PathFileExists(target, problems);
     if (!there) return false;
@@ -439,6 +483,34 @@ bool StyleFolder::BringBack(const CString& file, Problems& problems)
     const bool moved = MoveFile(DeletedPathOf(file), target, problems);
     if (moved) Remember(file);
     return moved;
+}
+
+// Written anew under the free name before it leaves the deleted ones.
+bool StyleFolder::BringBackRenamed(const CString& file, std::vector<StyleEntry>& present,
+                                   Problems& problems)
+{
+    const CString path = DeletedPathOf(file);
+    CXTPPropExchangeXMLNode root(false, kStyleLibraryRoot);
+    if (!root.LoadFromFile(path.c_str())) return Append(problems, root.TakeProblems()), false;
+    CString newFile = file;
+    CXTPPropExchangeEnumerator all =
+        root.GetEnumerator((StylesPath(m_library) + L"/Style").c_str());
+    while (all.HasNext()) {
+        CXTPPropExchange style = all.GetNext();
+        const CString name = style.Attribute(L"Name");
+        CString newName = name;
+        for (int k = 1; IsNamed(newName, present); ++k)
+            newName = Format(L"%s(%d)", name, k);
+        present.push_back({newName, VMRDPub::StrToGUID(style.Attribute(L"ID"))});
+        if (newName == name) continue;
+        AddProblem(problems, Severity::Note, path, style.Line(),
+                   Format(L"样式“%s”重名,改称“%s”", name, newName));
+        newFile = newName + style.Attribute(L"ID") + kStyleFileEnding;
+        style.EnableCompactMode(true);
+        PX_String(&style, L"Name", newName);
+    }
+    newFile = IsFileName(newFile) ? FreeName(newFile, problems) : CString();
+    return !newFile.empty() && Save(newFile, root, problems) && DeleteFile(path, problems);
 }
 
 } // namespace designspec

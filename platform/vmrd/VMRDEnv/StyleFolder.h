@@ -127,8 +127,13 @@ public:
     bool SetAside(const GUID& id, Problems& problems);
     // What has been set aside, by file name.
     std::vector<DeletedStyle> Deleted(Problems& problems) const;
-    // Moves a file back from the deleted ones. False when a file of that name is there, or the move
-    // failed. The caller loads it.
+    // The styles of all files of the folder that can be read.
+    std::vector<StyleEntry> Present(Problems& problems) const;
+    // Moves a file back from the deleted ones, beside those that are `present`, to which its styles
+    // are added. One whose name another has got meanwhile comes back as NAME(1), NAME(2) …, with a
+    // note. False when a file of that name or all of its styles are there, or it cannot be read or
+    // moved. The caller loads it.
+    bool BringBack(const CString& file, std::vector<StyleEntry>& present, Problems& problems);
     bool BringBack(const CString& file, Problems& problems);
 
 private:
@@ -147,6 +152,9 @@ private:
     AFX_EXT_PRIVATE bool TakeOut(const CString& file, const GUID& id, Problems& problems);
     AFX_EXT_PRIVATE CString KeepStyle(const CString& file, const GUID& id, Problems& problems);
     AFX_EXT_PRIVATE bool TakeApart(const CString& file, const GUID& id, Problems& problems);
+    AFX_EXT_PRIVATE bool MoveBack(const CString& file, Problems& problems);
+    AFX_EXT_PRIVATE bool BringBackRenamed(const CString& file, std::vector<StyleEntry>& present,
+                                          Problems& problems);
 
     CString m_path;
     CString m_library;
