@@ -4,7 +4,7 @@
 set -u
 
 . "$(dirname "$0")/display.sh"
-command -v openbox >/dev/null || skip 'openbox is not installed'
+. "$(dirname "$0")/manager.sh"
 command -v xwininfo >/dev/null || skip 'xwininfo is not installed'
 
 readonly width=1280 height=720
@@ -41,16 +41,6 @@ is_at() { # WINDOW X Y
     near "$X" "$2" 3 && near "$Y" "$3" 3
 }
 
-# With a window manager it is that who gives the keyboard.
-to_window() { # TITLE
-    wait_until "window '$1'" has_window "$1"
-    local window
-    window=$(window_of "$1")
-    is_active() { [ "$(xdotool getactivewindow 2>/dev/null)" = "$window" ]; }
-    is_active || xdotool windowactivate "$window"
-    wait_until "'$1' active" is_active
-    wait_until "the keyboard in '$1'" has_focus "$window"
-}
 open_editor() {
     keys ctrl+f Down Return
     to_window "$editor"
@@ -63,11 +53,7 @@ close_editor() {
 }
 
 start_display ${width}x$height
-openbox >"$work/openbox.log" 2>&1 &
-manager=$!
-trap 'kill $manager 2>/dev/null; clean_up' EXIT
-has_manager() { xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 'window id'; }
-wait_until 'the window manager' has_manager
+start_manager
 start_host "$project"
 expect_on_the_screen '^project — 道路设计$'
 
