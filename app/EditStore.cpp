@@ -53,6 +53,16 @@ void Reread()
     library.Refurbish();
 }
 
+// Nobody comes between reading the folder and writing to it.
+Outcome PutInto(SpecificationFolder& folder, const CDesignSpecification& specification)
+{
+    Outcome outcome;
+    const auto held = folder.Hold(outcome.problems);
+    if (!held) return outcome;
+    TraceProblems(folder.Load().problems);
+    return folder.Put(specification);
+}
+
 } // namespace
 
 CEditStore::CEditStore(const CDesignSpecification& opened, const CDesignSpecification& filled,
@@ -175,14 +185,26 @@ CEditStore::Result CEditStore::TakeTheirs()
 
 CEditStore::Result CEditStore::SaveElsewhere(const CDesignSpecification& entered, QWidget* owner)
 {
-    COthersChangeDialog dialog(
-        Format(L"项目文件夹已不存在, “%s”没有保存:\n%s\n\n"
-               L"文件夹不会重新建立。可以把规范另存为文件, 或者等文件夹恢复之后再按确定。",
-               entered.Name(), NativeText(Folder().Files().Path())),
-        {}, owner);
+    COthersChangeDialog dialog(Format(L"项目文件夹已不存在, “%s”没有保存:\n%s\n\n"
+                                      L"文件夹不会重新建立。可以把规范另存为文件, 存入另一个项目, "
+                                      L"或者等文件夹恢复之后再按确定。",
+                                      entered.Name(), NativeText(Folder().Files().Path())),
+                               {}, owner);
     dialog.SetWindowText(L"项目文件夹已不存在");
     dialog.Offer(COthersChangeDialog::kKeepMine, L"另存为文件...(&S)");
-    if (dialog.DoModal() != COthersChangeDialog::kKeepMine) return Result::Back;
+    dialog.Offer(COthersChangeDialog::kOtherProject, L"存入另一个项目...(&P)");
+    switch (dialog.DoModal()) {
+    case COthersChangeDialog::kKeepMine:
+        return SaveAsFile(entered, owner);
+    case COthersChangeDialog::kOtherProject:
+        return SaveToProject(entered, owner);
+    default:
+        return Result::Back;
+    }
+}
+
+CEditStore::Result CEditStore::SaveAsFile(const CDesignSpecification& entered, QWidget* owner)
+{
     QFileDialog asking(owner, QStringLiteral("另存为文件"), {},
                        QStringLiteral("设计规范文件 (*.hds)"));
     asking.setAcceptMode(QFileDialog::AcceptSave);
@@ -192,6 +214,23 @@ CEditStore::Result CEditStore::SaveElsewhere(const CDesignSpecification& entered
     SpecificationFolder elsewhere(L"");
     elsewhere.Add(std::make_unique<CDesignSpecification>(entered));
     return Told(elsewhere.Export(FromQString(asking.selectedFiles().value(0)), {}), owner);
+}
+
+CEditStore::Result CEditStore::SaveToProject(const CDesignSpecification& entered, QWidget* owner)
+{
+    QFileDialog asking(owner, QStringLiteral("存入另一个项目: 选择项目文件夹"));
+    asking.setFileMode(QFileDialog::Directory);
+    asking.setOption(QFileDialog::ShowDirsOnly);
+    if (asking.exec() != QDialog::Accepted) return Result::Back;
+    SpecificationFolder folder(StylesFolderOf(FromQString(asking.selectedFiles().value(0))));
+    const Result result = Told(PutInto(folder, entered), owner);
+    const CDesignSpecification* const put = folder.Find(entered.ID());
+    if (result == Result::Done && put)
+        MessageBox(owner,
+                   Format(L"“%s”已存入:\n%s", put->Name(),
+                          NativeText(folder.Files().PathOf(folder.FileOf(*put)))),
+                   L"提示", MB_ICONINFORMATION);
+    return result;
 }
 
 CEditStore::Result CEditStore::Told(const Outcome& outcome) const

@@ -23,8 +23,8 @@ public:
     // Asks the user where both have changed something. Where nothing was entered theirs stays.
     Result Settle();
 
-    // The project's folder is not there: says so and offers to save into a file. Done when that
-    // was saved.
+    // The project's folder is not there: says so and offers to save into a file or into another
+    // project. Done when that was saved.
     static Result SaveElsewhere(const CDesignSpecification& entered, QWidget* owner);
 
 private:
@@ -37,6 +37,8 @@ private:
     Result TakeTheirs();
     Result Told(const designspec::Outcome& outcome) const;
     static Result Told(const designspec::Outcome& outcome, QWidget* owner);
+    static Result SaveAsFile(const CDesignSpecification& entered, QWidget* owner);
+    static Result SaveToProject(const CDesignSpecification& entered, QWidget* owner);
     Result Tell(const CString& text) const;
 
     const CDesignSpecification& m_opened;

@@ -1,7 +1,9 @@
 #include "app/OthersChangeDialog.h"
 
 #include <QHeaderView>
+#include <QLayout>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTreeWidget>
 
 #include "platform/mfc/QtText.h"
@@ -12,7 +14,7 @@ namespace {
 
 constexpr UINT kDialogResource = 132;
 constexpr int kChoices[] = {COthersChangeDialog::kKeepBoth, COthersChangeDialog::kKeepMine,
-                            COthersChangeDialog::kTakeTheirs};
+                            COthersChangeDialog::kTakeTheirs, COthersChangeDialog::kOtherProject};
 enum Column { kValue, kMine, kTheirs, kWas, kBy };
 
 QString WhoText(ChangedBy by)
@@ -96,9 +98,15 @@ void COthersChangeDialog::FillList()
         list->addTopLevelItem(MakeItem(change));
     list->setHidden(m_changes.empty());
     if (m_changes.empty()) return adjustSize();
+    int width = list->verticalScrollBar()->sizeHint().width() + 2 * list->frameWidth();
     for (int column = kValue; column <= kBy; ++column) {
         list->resizeColumnToContents(column);
         const int most = fontMetrics().averageCharWidth() * (column == kValue ? 60 : 24);
         list->setColumnWidth(column, std::min(list->columnWidth(column), most));
+        width += list->columnWidth(column);
     }
+    // Who has changed what is to be seen at once.
+    const QMargins margins = layout()->contentsMargins();
+    const QSize usual = sizeHint();
+    resize(std::max(usual.width(), width + margins.left() + margins.right()), usual.height());
 }

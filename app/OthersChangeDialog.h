@@ -13,6 +13,7 @@ public:
     static constexpr int kKeepBoth = 11;
     static constexpr int kKeepMine = 12;
     static constexpr int kTakeTheirs = 13;
+    static constexpr int kOtherProject = 14;
 
     // Without changes there is no list.
     COthersChangeDialog(const CString& notice, const std::vector<designspec::Change>& changes,

@@ -559,13 +559,29 @@ ImportOutcome SpecificationFolder::Import(const CString& path, const CStringArra
     if (!held) return refused;
     ImportOutcome outcome = TakeIn(path, names, overwrite, &StyleNameProblem);
     for (TakenSpecification& taken : outcome.specifications) {
-        if (!taken.changed) continue;
-        const CDesignSpecification& specification = *FindLast(taken.id);
-        taken.saved = taken.how == Taken::Added ? Save(specification, outcome.problems)
-                                                : SaveOver(specification, outcome.problems);
+        taken.saved = SaveTaken(taken, outcome.problems);
         outcome.done = outcome.done && taken.saved;
     }
     return outcome;
+}
+
+Outcome SpecificationFolder::Put(const CDesignSpecification& specification)
+{
+    Outcome outcome;
+    const auto held = Hold(outcome.problems);
+    if (!held) return outcome;
+    const TakenSpecification taken = TakeIn({std::make_unique<CDesignSpecification>(specification)},
+                                            m_files.Path(), true, Severity::Note, outcome.problems);
+    outcome.done = SaveTaken(taken, outcome.problems);
+    return outcome;
+}
+
+bool SpecificationFolder::SaveTaken(const TakenSpecification& taken, Problems& problems)
+{
+    if (!taken.changed) return true;
+    const CDesignSpecification& specification = *FindLast(taken.id);
+    return taken.how == Taken::Added ? Save(specification, problems)
+                                     : SaveOver(specification, problems);
 }
 
 // The new content comes in place of the old one, a copy of which is kept first. It stays even when

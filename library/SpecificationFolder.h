@@ -114,6 +114,9 @@ public:
     // set aside. One whose name the editor would not take is not taken either. Done when all of
     // that was.
     ImportOutcome Import(const CString& path, const CStringArray& names, bool overwrite);
+    // Puts a specification of another folder into this one, by the same rules: in place of the one
+    // of its identity, or behind the others.
+    Outcome Put(const CDesignSpecification& specification);
     // Copies the files into the folder of styles of another project; what it has under the same
     // names is kept among its deleted ones. Done when all were copied.
     Outcome SaveAsTemplate(const CString& project);
@@ -154,6 +157,7 @@ private:
     AFX_EXT_PRIVATE TakenSpecification TakeIn(ReadSpecification read, const CString& path,
                                               bool overwrite, Severity odd, Problems& problems);
     AFX_EXT_PRIVATE bool CopyTo(StyleFolder& target, const CString& file, Problems& problems) const;
+    AFX_EXT_PRIVATE bool SaveTaken(const TakenSpecification& taken, Problems& problems);
     AFX_EXT_PRIVATE bool SaveOver(const CDesignSpecification& specification, Problems& problems);
 
     StyleFolder m_files;

@@ -4,6 +4,7 @@
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPushButton>
 
 #include <gtest/gtest.h>
@@ -369,6 +370,118 @@ TEST_F(EditStore, AProjectThatHasGoneIsNotMadeAnew)
     SpecificationFolder saved(elsewhere.Path());
     EXPECT_TRUE(saved.Load().done);
     EXPECT_EQ(saved.Find(L"甲")->BeelineLen.MaxLen, 25);
+}
+
+namespace {
+
+// The project of TemporaryFolder is elsewhere as long as this lives.
+class Gone {
+public:
+    explicit Gone(const TemporaryFolder& project)
+        : m_place(project.Native()), m_moved(m_place.string() + ".moved")
+    {
+        std::filesystem::rename(m_place, m_moved);
+    }
+    ~Gone()
+    {
+        EXPECT_FALSE(std::filesystem::exists(m_place));
+        std::filesystem::rename(m_moved, m_place);
+    }
+    Gone(const Gone&) = delete;
+    Gone& operator=(const Gone&) = delete;
+
+private:
+    std::filesystem::path m_place;
+    std::filesystem::path m_moved;
+};
+
+ModalAction PressAlt(Qt::Key key)
+{
+    return [key](QWidget* window) { PressKey(window, key, Qt::AltModifier); };
+}
+
+} // namespace
+
+TEST_F(EditStore, AnotherProjectTakesItWhenTheProjectHasGone)
+{
+    const TemporaryFolder elsewhere;
+    EXPECT_EQ(Run([&](QWidget* window) {
+                  Enter(window, L"25");
+                  const Gone gone(m_project);
+                  const ExpectModal settle(PressAlt(Qt::Key_P));
+                  const ExpectModal asking(ChooseFile(elsewhere.Native()));
+                  const ExpectMessage told(L"“甲”已存入:\n" +
+                                           ToWide(elsewhere.Native("规范").string()) + L"/甲" +
+                                           VMRDPub::GUIDToStr(m_opened.ID()) + L".hds");
+                  Click(window, IDOK);
+              }),
+              IDOK);
+    EXPECT_EQ(Stored().BeelineLen.MaxLen, 20);
+    SpecificationFolder saved(elsewhere.Path(L"规范"));
+    EXPECT_TRUE(saved.Load().done);
+    ASSERT_EQ(saved.Count(), 1);
+    EXPECT_EQ(saved.Item(0)->BeelineLen.MaxLen, 25);
+    EXPECT_TRUE(saved.Item(0)->HasID(m_opened.ID()));
+    EXPECT_FALSE(elsewhere.Has("规范/.lock"));
+}
+
+// It holds an older one of this identity and another one of this name.
+TEST_F(EditStore, WhatTheOtherProjectHasIsNotLost)
+{
+    const TemporaryFolder elsewhere;
+    {
+        SpecificationFolder there(elsewhere.Path(L"规范"));
+        S older = m_opened;
+        older.SetName(L"旧");
+        older.BeelineLen.MaxLen = 15;
+        EXPECT_TRUE(there.Save(there.Add(std::make_unique<S>(older))).done);
+        EXPECT_TRUE(there.Save(there.Add(std::make_unique<S>(Make(L"甲", 16)))).done);
+    }
+    EXPECT_EQ(Run([&](QWidget* window) {
+                  Enter(window, L"25");
+                  const Gone gone(m_project);
+                  const ExpectModal settle(PressAlt(Qt::Key_P));
+                  const ExpectModal asking(ChooseFile(elsewhere.Native()));
+                  const ExpectMessage told(L"“甲(1)”已存入:\n" +
+                                           ToWide(elsewhere.Native("规范").string()) + L"/甲(1)" +
+                                           VMRDPub::GUIDToStr(m_opened.ID()) + L".hds");
+                  Click(window, IDOK);
+              }),
+              IDOK);
+    SpecificationFolder saved(elsewhere.Path(L"规范"));
+    EXPECT_TRUE(saved.Load().done);
+    ASSERT_EQ(saved.Count(), 2);
+    EXPECT_EQ(saved.Find(L"甲")->BeelineLen.MaxLen, 16);
+    EXPECT_EQ(saved.Find(L"甲(1)")->BeelineLen.MaxLen, 25);
+    SpecificationFolder aside(elsewhere.Path(L"规范/已删除"));
+    EXPECT_TRUE(aside.Load().done);
+    ASSERT_EQ(aside.Count(), 1);
+    EXPECT_EQ(aside.Item(0)->BeelineLen.MaxLen, 15);
+}
+
+TEST_F(EditStore, AProjectThatDoesNotTakeItLeavesTheEditorOpen)
+{
+    const TemporaryFolder elsewhere;
+    elsewhere.Write("规范", "no folder");
+    EXPECT_EQ(Run([&](QWidget* window) {
+                  Enter(window, L"25");
+                  const Gone gone(m_project);
+                  {
+                      const ExpectModal settle(PressAlt(Qt::Key_P));
+                      const ExpectModal asking(ChooseFile(elsewhere.Native()));
+                      const ExpectModal told([](QWidget* box) {
+                          EXPECT_TRUE(dynamic_cast<QMessageBox&>(*box).text().startsWith(
+                              QStringLiteral("没有保存, 输入的内容还在。\n")));
+                          PressKey(box, Qt::Key_Return);
+                      });
+                      Click(window, IDOK);
+                  }
+                  EXPECT_TRUE(window->isVisible());
+                  EXPECT_EQ(Control<QLineEdit>(window, 104)->text(), QStringLiteral("25"));
+                  Click(window, IDCANCEL);
+              }),
+              IDCANCEL);
+    EXPECT_EQ(elsewhere.Read("规范"), "no folder");
 }
 
 TEST_F(EditStore, ANewOneIsSavedElsewhereWhenTheProjectHasGone)

@@ -2,6 +2,7 @@
 
 #include <QLabel>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTreeWidget>
 
 #include <gtest/gtest.h>
@@ -109,4 +110,15 @@ TEST_F(OthersChangeDialog, WithoutChangesThereIsNoList)
             Click(window, IDCANCEL);
         },
         {D::kKeepMine}, {});
+}
+
+TEST_F(OthersChangeDialog, IsWideEnoughForAllColumns)
+{
+    Run(
+        [](QWidget* window) {
+            const auto* const list = Control<QTreeWidget>(window, D::kList);
+            EXPECT_EQ(list->horizontalScrollBar()->maximum(), 0);
+            Click(window, IDCANCEL);
+        },
+        {D::kKeepMine});
 }

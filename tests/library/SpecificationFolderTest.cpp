@@ -157,6 +157,25 @@ TEST_F(SpecificationFolderTest, TheDefaultIsKnownWithBlanksAroundIt)
     EXPECT_TRUE(problems.empty());
 }
 
+TEST_F(SpecificationFolderTest, OneOfAnotherFolderIsPutInOrOver)
+{
+    SpecificationFolder& folder = Library().Folder();
+    EXPECT_TRUE(folder.Put(Make(L"a", 1, kIdA)).done);
+    EXPECT_TRUE(folder.Put(Make(L"A", 2, kIdB)).done); // the name is taken
+    EXPECT_EQ(folder.Find(L"A(1)")->BeelineLen.MaxLen, 2);
+    const Outcome over = folder.Put(Make(L"b", 3, kIdA));
+    EXPECT_TRUE(over.done);
+    EXPECT_FALSE(HasError(over.problems));
+    EXPECT_EQ(folder.Count(), 2);
+    Problems problems;
+    const auto aside = folder.Files().Deleted(problems);
+    ASSERT_EQ(aside.size(), 1U);
+    EXPECT_EQ(aside[0].name, L"a");
+    Reload();
+    EXPECT_EQ(Library().Count(), 2);
+    EXPECT_EQ(Library().Folder().Find(L"b")->BeelineLen.MaxLen, 3);
+}
+
 TEST_F(SpecificationFolderTest, ImportWithoutOverwritingLeavesWhatIsThere)
 {
     AddSaved(Make(L"old", 2, kIdB));
