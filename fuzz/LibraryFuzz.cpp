@@ -230,7 +230,11 @@ private:
     void Saved(const CDesignSpecification& one, const Outcome& outcome)
     {
         const Contents after = Read(m_project);
-        if (outcome.done) Require(IsThere(after, one));
+        if (outcome.done) {
+            Require(IsThere(after, one));
+            // One without an identity stands there once, too.
+            Require(after.size() <= static_cast<size_t>(m_folder.Count()));
+        }
         RequireOthers(after, {one.ID()});
     }
 

@@ -8,6 +8,7 @@
 #include <QPushButton>
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include "app/DSMainDialog.h"
 #include "app/OthersChangeDialog.h"
@@ -311,6 +312,34 @@ TEST_F(EditStore, AChangeWhileTheWindowIsOpenIsSeen)
     EXPECT_EQ(RunEdited([this] { Colleague(kLongest); }, answer, again), IDOK);
     EXPECT_EQ(Stored().BeelineLen.MaxLen, 25);
     EXPECT_EQ(SetAsideMark(), 35);
+}
+
+TEST_F(EditStore, WhoHoldsTheProjectIsToldAndWhatWasEnteredStays)
+{
+    Library().Files().SetPatience(std::chrono::milliseconds(20), {});
+    EXPECT_EQ(Run([this](QWidget* window) {
+                  Enter(window, L"25");
+                  {
+                      SpecificationFolder colleague(m_project.Path(L"规范"));
+                      Problems problems;
+                      const auto held = colleague.Hold(problems);
+                      const ExpectModal told([](QWidget* box) {
+                          const QString text = dynamic_cast<QMessageBox&>(*box).text();
+                          const QString holder =
+                              QStringLiteral("(进程 %1) 修改,请稍后再试").arg(getpid());
+                          EXPECT_TRUE(text.startsWith(
+                              QStringLiteral("“甲”没有保存, 输入的内容还在。\n\n")));
+                          EXPECT_TRUE(text.contains(holder)) << text.toStdString();
+                          PressKey(box, Qt::Key_Return);
+                      });
+                      Click(window, IDOK);
+                      EXPECT_TRUE(window->isVisible());
+                      EXPECT_EQ(Stored().BeelineLen.MaxLen, 20);
+                  }
+                  Click(window, IDOK);
+              }),
+              IDOK);
+    EXPECT_EQ(Stored().BeelineLen.MaxLen, 25);
 }
 
 TEST_F(EditStore, BothThatNoPageWouldTakeTogetherAreNotOffered)
