@@ -1,6 +1,9 @@
 #include "model/UnknownContent.h"
 
+#include <map>
 #include <optional>
+#include <string>
+#include <vector>
 
 #include <pugixml.hpp>
 
@@ -65,31 +68,50 @@ std::string KeyText(const Field& key, pugi::xml_node row)
     return ToUtf8(ValueText(value));
 }
 
-// Copies what is unknown of an element, attributes and children; false when nothing is.
+bool Keep(pugi::xml_node node, const Known& known, pugi::xml_node kept);
+
+// Copies what is unknown below a known child; nothing when there is none.
+void KeepBelow(pugi::xml_node child, const Known& known, pugi::xml_node kept,
+               std::multimap<std::string, pugi::xml_node>& places)
+{
+    pugi::xml_node place = kept.append_child(child.name());
+    std::string order = child.name();
+    if (known.rowOf) {
+        for (const Field* key : KeysOf(*known.rowOf)) {
+            const std::string text = KeyText(*key, child);
+            place.append_attribute(ToUtf8(key->key).c_str()).set_value(text.c_str());
+            order += ' ' + text;
+        }
+    }
+    if (Keep(child, known, place))
+        places.emplace(order, place);
+    else
+        kept.remove_child(place);
+}
+
+// Copies what is unknown of an element, attributes and children; false when nothing is. In an order
+// that saving does not change: what is unknown stands behind what is known then, and rows stand in
+// their own order.
 bool Keep(pugi::xml_node node, const Known& known, pugi::xml_node kept)
 {
     bool any = false;
     for (pugi::xml_attribute attribute : node.attributes())
         if (!known.HasAttribute(attribute.name())) any = kept.append_copy(attribute);
+    std::multimap<std::string, pugi::xml_node> places;
+    std::vector<pugi::xml_node> unknown;
     for (pugi::xml_node child : node.children()) {
         if (child.type() != pugi::node_element) continue;
         const std::optional<Known> below = known.Below(child.name());
-        if (!below) {
-            any = kept.append_copy(child);
-            continue;
-        }
-        if (!below->rowOf && child != node.child(child.name())) continue; // the first one is read
-        pugi::xml_node place = kept.append_child(child.name());
-        if (below->rowOf)
-            for (const Field* key : KeysOf(*below->rowOf))
-                place.append_attribute(ToUtf8(key->key).c_str())
-                    .set_value(KeyText(*key, child).c_str());
-        if (Keep(child, *below, place))
-            any = true;
-        else
-            kept.remove_child(place);
+        if (!below)
+            unknown.push_back(child);
+        else if (below->rowOf || child == node.child(child.name())) // the first one is read
+            KeepBelow(child, *below, kept, places);
     }
-    return any;
+    for (const auto& [order, place] : places)
+        kept.append_move(place);
+    for (const pugi::xml_node& child : unknown)
+        kept.append_copy(child);
+    return any || !places.empty() || !unknown.empty();
 }
 
 // The row of the same keys below `parent`.

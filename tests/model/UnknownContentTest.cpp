@@ -198,3 +198,20 @@ TEST(UnknownContent, TakesThePlaceOfWhatStoodThere)
     const std::string xml = root.SaveToBytes();
     EXPECT_EQ(Joined(xml.substr(xml.find('\n') + 1)), Joined(Stored(specification)));
 }
+
+// Of rows, of rows in rows, of criteria and beside them; the file has them in an order of its own.
+TEST(UnknownContent, IsTheSameAfterOneSaveInWhateverOrderItCame)
+{
+    const std::string given = "<Root Name='甲' ID='" + std::string(kId) + R"('><Z/><A a='1'/>
+        <LonGradMaxLen><Y/><maxLens><Item Grad='8' later='8'><Item speed='40' value='200'/></Item>
+        <Item Grad='5'><Item speed='60' value='1' x='1'/><Item speed='80' value='2' x='2'/><X/></Item>
+        </maxLens></LonGradMaxLen><BeelineLen later='1'/><A a='2'/></Root>)";
+    const auto first = Loaded<CDesignSpecification>(given);
+    const std::string stored = Stored(first);
+    for (const char* kept : {"<Z", "<A a=\"1\"", "<Y", "later=\"8\"", "x=\"1\"", "<X"})
+        EXPECT_NE(stored.find(kept), std::string::npos) << kept;
+    const auto second = Loaded<CDesignSpecification>(stored);
+    EXPECT_EQ(second.Unknown(), first.Unknown());
+    EXPECT_TRUE(second == first);
+    EXPECT_EQ(Stored(second), stored);
+}
