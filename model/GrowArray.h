@@ -64,6 +64,14 @@ template <class T> struct GrowArray {
         std::destroy_at(entries + --count);
     }
 
+    // Removes those that `is` is true of; the others keep their order.
+    template <class Is> void RemoveIf(Is is)
+    {
+        T* const left = std::remove_if(begin(), end(), is);
+        std::destroy(left, end());
+        count = static_cast<std::int32_t>(left - entries);
+    }
+
     // Empties the array and keeps the buffer.
     void RemoveAll()
     {

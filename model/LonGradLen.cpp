@@ -145,8 +145,7 @@ void CDSLonGradMaxLen::DoPropExchange(CXTPPropExchange* pPX)
 // A row without lengths says nothing. Rows of equal gradient keep their order.
 void CDSLonGradMaxLen::TidyRows()
 {
-    for (std::int32_t i = rows.count - 1; i >= 0; --i)
-        if (rows[i].lengths.IsEmpty()) rows.RemoveAt(i);
+    rows.RemoveIf([](const GradientRow& row) { return row.lengths.IsEmpty(); });
     std::stable_sort(rows.begin(), rows.end(),
                      [](const GradientRow& a, const GradientRow& b) { return a.Grad < b.Grad; });
 }

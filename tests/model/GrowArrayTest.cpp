@@ -215,3 +215,16 @@ TEST(GrowArray, InsertsAndRemovesInPlace)
     texts.RemoveAt(2);
     EXPECT_EQ(texts, (GrowArray<std::wstring>{L"a", L"c"}));
 }
+
+TEST(GrowArray, RemovesThoseThatACallerNamesInOnePass)
+{
+    GrowArray<std::wstring> texts{L"-", L"a", L"-", L"-", L"b", L"-"};
+    const auto isDash = [](const std::wstring& text) { return text == L"-"; };
+    const int capacity = texts.capacity;
+    texts.RemoveIf(isDash);
+    EXPECT_EQ(texts, (GrowArray<std::wstring>{L"a", L"b"}));
+    EXPECT_EQ(texts.capacity, capacity);
+    texts.RemoveIf(isDash);
+    EXPECT_EQ(texts.count, 2);
+    GrowArray<std::wstring>().RemoveIf(isDash);
+}

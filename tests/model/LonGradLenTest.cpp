@@ -1,6 +1,7 @@
 #include "model/LonGradLen.h"
 
 #include <cmath>
+#include <ctime>
 #include <limits>
 #include <random>
 
@@ -152,6 +153,20 @@ TEST(LonGradMaxLen, LoadsRowsInAscendingOrderAndDropsEmptyOnes)
                                                    {6, {{60, 4}}},
                                                    {7, {{60, 2}, {20, 1}}}}));
     EXPECT_EQ(loaded.Criterion, L"a");
+}
+
+TEST(LonGradMaxLen, EmptyRowsOfManyAreDroppedInOnePass)
+{
+    constexpr int kRows = 200000;
+    std::string xml = "<Root><maxLens>";
+    for (int i = 0; i < kRows; ++i)
+        xml += "<Item Grad='" + std::to_string(i) +
+               (i % 2 ? "'><Item speed='60' value='1'/></Item>" : "'/>");
+    const auto start = std::clock();
+    const auto loaded = Loaded<CDSLonGradMaxLen>(xml + "</maxLens></Root>");
+    EXPECT_LT(static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC, 10);
+    ASSERT_EQ(loaded.rows.count, kRows / 2);
+    EXPECT_EQ(loaded.rows[kRows / 2 - 1].Grad, kRows - 1);
 }
 
 TEST(LonGradMaxLen, HasNoRowsWithoutTheElement)
