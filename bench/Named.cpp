@@ -61,7 +61,7 @@ void AskIndex(benchmark::State& state, int count)
     const auto& library = Fill(count);
     Index index;
     for (int i = 0; i < count; ++i)
-        index[library.Item(i)->Name()] = static_cast<const CDesignSpecification*>(library.Item(i));
+        index[library.Item(i)->Name()] = library.Item(i);
     Measure(state, count, [&](const wchar_t* name) {
         const auto found = index.find(std::wstring_view(name));
         return found == index.end() ? nullptr : found->second;

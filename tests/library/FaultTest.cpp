@@ -388,7 +388,7 @@ TEST_F(FaultyDisk, SaveOutOfAFileOfAnotherName)
                 Reload();
             },
             [&] {
-                auto* const item = static_cast<CDesignSpecification*>(Library().Item(m_new.ID()));
+                CDesignSpecification* const item = Library().Item(m_new.ID());
                 *item = m_new;
                 return Library().Save(item);
             },

@@ -1,38 +1,6 @@
 // What the library says when memory ends, wherever that is: no call of another module throws.
-#include <atomic>
-#include <cstdlib>
-#include <new>
-
+#include "tests/support/Allocations.h"
 #include "tests/support/LibraryTest.h"
-
-namespace {
-
-std::atomic<int> g_left = -1; // allocations until one fails; below 0: none does
-
-} // namespace
-
-// These replace the system's own everywhere in the program.
-void* operator new(size_t size, const std::nothrow_t&) noexcept
-{
-    if (g_left >= 0 && g_left-- == 0) return nullptr;
-    return std::malloc(size ? size : 1);
-}
-
-void* operator new(size_t size)
-{
-    if (void* memory = operator new(size, std::nothrow)) return memory;
-    throw std::bad_alloc();
-}
-
-void operator delete(void* memory) noexcept
-{
-    std::free(memory);
-}
-
-void operator delete(void* memory, size_t) noexcept
-{
-    std::free(memory);
-}
 
 namespace {
 
@@ -48,10 +16,10 @@ protected:
             CDesignSpecifications::Destroy();
             Library().Update();
             m_trace.Clear();
-            g_left = at;
+            FailAllocationAfter(at);
             const bool done = work();
-            const bool allWorked = g_left >= 0;
-            g_left = -1;
+            const bool allWorked = IsFailureDue();
+            FailAllocationAfter(-1);
             if (!done) {
                 ++failed;
                 EXPECT_NE(m_trace.Text().find(L"内存不足"), CString::npos) << at;

@@ -7,6 +7,7 @@
 namespace {
 
 std::atomic<int> g_allocations = 0;
+std::atomic<int> g_left = -1; // until one fails; below 0: none does
 
 } // namespace
 
@@ -15,10 +16,21 @@ int Allocations()
     return g_allocations;
 }
 
+void FailAllocationAfter(int count)
+{
+    g_left = count;
+}
+
+bool IsFailureDue()
+{
+    return g_left >= 0;
+}
+
 // These replace the system's own everywhere in the program.
 void* operator new(size_t size, const std::nothrow_t&) noexcept
 {
     ++g_allocations;
+    if (g_left >= 0 && g_left-- == 0) return nullptr;
     return std::malloc(size ? size : 1);
 }
 

@@ -61,7 +61,7 @@ protected:
 
     static CDesignSpecification& At(int index)
     {
-        return static_cast<CDesignSpecification&>(*Library().Item(index));
+        return *Library().Item(index);
     }
 
     static double MarkOf(const wchar_t* name)
