@@ -26,8 +26,7 @@ namespace {
 
 constexpr std::string_view kTemporaryStart = ".designspec-";
 constexpr std::string_view kTemporaryEnd = ".tmp";
-constexpr size_t kLongestName = 255; // bytes
-constexpr size_t kCopyLimit = 256 << 20;
+constexpr size_t kLongestName = 255;               // bytes
 constexpr int kReadOnly = -1;                      // beside the error numbers of the system
 constexpr auto kLeftTime = std::chrono::hours(24); // no write takes that long
 
@@ -322,8 +321,7 @@ bool IsSameContent(const std::wstring& a, const std::wstring& b)
     Problems unread;
     std::string bytes;
     std::string others;
-    return ReadWholeFile(a, bytes, kCopyLimit, unread) &&
-           ReadWholeFile(b, others, kCopyLimit, unread) && bytes == others;
+    return ReadWholeFile(a, bytes, unread) && ReadWholeFile(b, others, unread) && bytes == others;
 }
 
 std::optional<bool> IsSameFile(const std::wstring& a, const std::wstring& b, Problems& problems)
@@ -341,7 +339,8 @@ std::optional<bool> IsSameFile(const std::wstring& a, const std::wstring& b, Pro
 }
 
 std::vector<std::wstring> FindFiles(const std::wstring& folder, std::wstring_view ending,
-                                    Problems& problems)
+                                    Problems& problems,
+                                    const std::function<bool(const std::wstring&)>& wanted)
 {
     std::vector<std::wstring> names;
     if (!PathFileExists(folder, problems).value_or(false)) return names;
@@ -355,10 +354,10 @@ std::vector<std::wstring> FindFiles(const std::wstring& folder, std::wstring_vie
         if (!entry) break;
         const std::wstring name = ToWide(entry->d_name);
         if (name == L"." || name == L".." || !EndsIn(name, ending)) continue;
-        if (IsFileName(name))
-            names.push_back(name);
-        else
+        if (!IsFileName(name))
             Fail(folder, Format(L"文件名“%s”含有反斜线,无法使用", name), problems);
+        else if (!wanted || wanted(name))
+            names.push_back(name);
     }
     if (error != 0) {
         names.clear(); // a part could be taken for all there is
@@ -369,6 +368,18 @@ std::vector<std::wstring> FindFiles(const std::wstring& folder, std::wstring_vie
         return order != 0 ? order < 0 : a < b;
     });
     return names;
+}
+
+size_t LargestWholeFile()
+{
+    static const size_t largest = static_cast<size_t>(sysconf(_SC_PHYS_PAGES)) / 8 *
+                                  static_cast<size_t>(sysconf(_SC_PAGESIZE));
+    return largest;
+}
+
+bool ReadWholeFile(const std::wstring& path, std::string& bytes, Problems& problems)
+{
+    return ReadWholeFile(path, bytes, LargestWholeFile(), problems);
 }
 
 bool ReadWholeFile(const std::wstring& path, std::string& bytes, size_t limit, Problems& problems)
@@ -443,7 +454,7 @@ void DeleteLeftTemporaries(const std::wstring& folder)
 bool CopyFile(const std::wstring& source, const std::wstring& target, Problems& problems)
 {
     std::string bytes;
-    return ReadWholeFile(source, bytes, kCopyLimit, problems) &&
+    return ReadWholeFile(source, bytes, problems) &&
            WriteWholeFile(target, bytes, problems, source);
 }
 

@@ -3,6 +3,7 @@
 // with a NUL in it name nothing: they are refused, never taken for another.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -33,12 +34,20 @@ bool IsSameContent(const std::wstring& a, const std::wstring& b);
 
 // Names (without folder) of what stands in `folder` and ends in `ending`, ignoring case; sorted,
 // ignoring case. Folders of such a name are among them. Empty when there is no folder. A name with
-// a backslash, of which no path can be made, is left out with a problem.
-std::vector<std::wstring> FindFiles(const std::wstring& folder, std::wstring_view ending,
-                                    Problems& problems);
+// a backslash, of which no path can be made, is left out with a problem. Only those that are
+// `wanted`, if that is asked.
+std::vector<std::wstring>
+FindFiles(const std::wstring& folder, std::wstring_view ending, Problems& problems,
+          const std::function<bool(const std::wstring& name)>& wanted = nullptr);
 
-// Reads a whole file. False when it cannot be read or is larger than `limit` bytes.
+// Bytes of the largest file that is read as a whole: an eighth of the machine's memory. No size is
+// too large for what is read; what is written here can be read again.
+size_t LargestWholeFile();
+
+// Reads a whole file, as large as it is when it is opened. False when it cannot be read or is
+// larger than `limit` bytes.
 bool ReadWholeFile(const std::wstring& path, std::string& bytes, size_t limit, Problems& problems);
+bool ReadWholeFile(const std::wstring& path, std::string& bytes, Problems& problems);
 
 // Puts `bytes` in place of the file, or makes it: a temporary file in the same folder is written,
 // flushed to disk and renamed over the target. Who may do what with the file stays as it is (see
@@ -56,8 +65,8 @@ bool IsTemporaryFile(std::wstring_view name);
 // machine writes any more. Adds no problem.
 void DeleteLeftTemporaries(const std::wstring& folder);
 
-// Copies a file of at most 256 MiB over the target, in the same safe way; a new one is for those
-// alone whom the source is for.
+// Copies a file of at most LargestWholeFile bytes over the target, in the same safe way; a new one
+// is for those alone whom the source is for.
 bool CopyFile(const std::wstring& source, const std::wstring& target, Problems& problems);
 // Gives a file another path on the same disk; a file that is there is replaced. A link leads where
 // it led. Flushed to disk, as deleting is: what was moved or deleted does not come back after a

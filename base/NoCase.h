@@ -18,6 +18,12 @@ public:
     // What EqualNoCase says of the two texts.
     bool operator==(const NoCaseKey&) const = default;
 
+    // The text with its case folded; a text that begins or ends it does so folded.
+    const std::wstring& Folded() const { return m_folded; }
+    struct Hash {
+        size_t operator()(const NoCaseKey& key) const { return key.m_hash; }
+    };
+
 private:
     size_t m_hash; // compared first, and nearly always differs when the texts do
     std::wstring m_folded;

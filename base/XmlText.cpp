@@ -140,12 +140,35 @@ void DropBlanks(pugi::xml_node node)
     }
 }
 
+// What a tree takes for a text at most, in bytes: a node for each tag and for the text behind it,
+// and an attribute for each sign of equality.
+size_t TreeMemory(std::string_view source)
+{
+    constexpr size_t kTag = 128;
+    constexpr size_t kAttribute = 40;
+    size_t memory = source.size();
+    for (char c : source)
+        memory += (c == '<') * kTag + (c == '=') * kAttribute;
+    return memory;
+}
+
+// A file's tree takes five or six times as much as the file. What tags alone can make of a text is
+// let through up to a size that does no harm.
+bool IsOutOfProportion(std::string_view source)
+{
+    constexpr size_t kFree = 64 << 20;
+    constexpr size_t kTimes = 16;
+    return source.size() > kPlainLimit && TreeMemory(source) > kFree + kTimes * source.size();
+}
+
 // Makes the tree of a text, or tells what is wrong with it.
 std::optional<XmlFault> ParseXml(const std::string& source, pugi::xml_document& tree)
 {
     if (ParsePlain(source, tree)) return std::nullopt;
     tree.reset();
     if (auto fault = CheckXml(source)) return fault;
+    if (IsOutOfProportion(source))
+        return XmlFault{XmlFault::kWholeText, L"标记过密,读取它需要的内存与文件大小不成比例"};
     // Only comments and CDATA sections part a text.
     const bool mayBeParted = source.find("<!") != std::string::npos;
     const auto result = MakeTree(source, tree, mayBeParted ? pugi::parse_ws_pcdata : 0);

@@ -19,6 +19,8 @@ set(PUBLIC_HEADERS
     library/StyleName.h
     platform/mfc/Object.h
     platform/mfc/String.h
+    platform/vmrd/VMRDEnv/DeletedStyles.h
+    platform/vmrd/VMRDEnv/KnownFiles.h
     platform/vmrd/VMRDEnv/Style.h
     platform/vmrd/VMRDEnv/StyleFile.h
     platform/vmrd/VMRDEnv/StyleFolder.h

@@ -8,13 +8,14 @@
 
 #include <memory>
 #include <optional>
-#include <set>
 
 #include "model/DesignSpecification.h"
 #include "platform/vmrd/VMRDEnv/StyleFolder.h"
 
 namespace designspec {
 
+class SpecificationFiles;
+class SpecificationList;
 struct ReadSpecification;
 
 // How an operation went.
@@ -53,7 +54,7 @@ public:
     const StyleFolder& Files() const { return m_files; }
     StyleFolder& Files() { return m_files; }
 
-    int Count() const { return static_cast<int>(m_items.size()); }
+    int Count() const;
     // Null when there is none of that index, identity or name (ignoring case).
     CDesignSpecification* Item(int index) const;
     CDesignSpecification* Find(const GUID& id) const;
@@ -129,42 +130,16 @@ public:
     CString FileOf(const CDesignSpecification& specification) const;
 
 private:
-    // A file of the folder and a specification that was loaded from it or saved to it.
-    struct Origin {
-        GUID id;
-        CString file;
-        bool hasID = true; // false: the file does not tell the identity
-    };
     AFX_EXT_PRIVATE Outcome Read(CStringArray& files);
-    AFX_EXT_PRIVATE void FindStrangers(const GUID& id);
-    AFX_EXT_PRIVATE bool KeepOthers(const CString& file, Problems& problems);
-    AFX_EXT_PRIVATE bool Write(const CDesignSpecification& specification, Problems& problems);
-    // `isKept`: what the file holds is among the deleted ones already.
-    AFX_EXT_PRIVATE bool Save(const CDesignSpecification& specification, Problems& problems,
-                              bool isKept = false);
-    AFX_EXT_PRIVATE CDesignSpecification* FindLast(const GUID& id) const;
-    AFX_EXT_PRIVATE const Origin* OriginOf(const CDesignSpecification& specification) const;
-    AFX_EXT_PRIVATE void DropKept(const CXTPPropExchange& root, const CString& file,
-                                  const GUID& id) const;
-    AFX_EXT_PRIVATE bool KeepUnread(const CString& file, const GUID& id, Problems& problems);
-    AFX_EXT_PRIVATE bool DeleteOld(const CString& file, const CString& newFile, Problems& problems);
-    AFX_EXT_PRIVATE bool TakeFrom(const Origin& origin, Problems& problems);
-    AFX_EXT_PRIVATE bool SetFileAside(const CString& file, const GUID& id, Problems& problems);
-    AFX_EXT_PRIVATE bool MoveOthersOut(const CString& file, const GUID& id, Problems& problems);
-    AFX_EXT_PRIVATE bool SetOthersAside(const GUID& id, const CString& file, Problems& problems);
     AFX_EXT_PRIVATE ImportOutcome TakeIn(const CString& path, const CStringArray& names,
                                          bool overwrite, CString (*nameProblem)(const CString&));
     AFX_EXT_PRIVATE TakenSpecification TakeIn(ReadSpecification read, const CString& path,
                                               bool overwrite, Severity odd, Problems& problems);
-    AFX_EXT_PRIVATE bool CopyTo(StyleFolder& target, const CString& file, Problems& problems) const;
     AFX_EXT_PRIVATE bool SaveTaken(const TakenSpecification& taken, Problems& problems);
-    AFX_EXT_PRIVATE bool SaveOver(const CDesignSpecification& specification, Problems& problems);
 
     StyleFolder m_files;
-    std::vector<std::unique_ptr<CDesignSpecification>> m_items;
-    std::vector<Origin> m_origins;
-    std::set<CString> m_unread;              // files that hold something that was not loaded
-    std::optional<CStringArray> m_strangers; // files of others that came, while the folder is held
+    std::unique_ptr<SpecificationList> m_list;
+    std::unique_ptr<SpecificationFiles> m_saving;
 };
 
 } // namespace designspec

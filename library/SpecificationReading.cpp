@@ -60,9 +60,26 @@ ReadSpecification Read(CXTPPropExchange style, const CString& path,
     return {std::move(specification), style.Line(), hasID, style};
 }
 
+size_t CountOf(CXTPPropExchangeEnumerator all)
+{
+    size_t count = 0;
+    for (; all.HasNext(); all.GetNext())
+        ++count;
+    return count;
+}
+
+// A stored specification takes more in its file than in memory; one with nothing in it does not.
+bool IsOutOfProportion(size_t specifications, size_t bytes)
+{
+    constexpr size_t kEach = 11 << 10;
+    constexpr size_t kFree = 256 << 20;
+    constexpr size_t kTimes = 16;
+    return specifications * kEach > kFree + kTimes * bytes;
+}
+
 } // namespace
 
-ReadDocument ReadSpecifications(const CXTPPropExchange& root, const CString& path,
+ReadDocument ReadSpecifications(const CXTPPropExchangeXMLNode& root, const CString& path,
                                 const std::function<bool(const CString&)>& wanted,
                                 Problems& problems)
 {
@@ -73,6 +90,12 @@ ReadDocument ReadSpecifications(const CXTPPropExchange& root, const CString& pat
                    Format(L"文件中没有“%s”的样式", CString(kLibraryName)));
     document.isAll = !HoldsMore(root, kLibraryName);
     CXTPPropExchangeEnumerator all = root.GetEnumerator((stylesPath + L"/Style").c_str());
+    if (const size_t count = CountOf(all); IsOutOfProportion(count, root.SourceSize())) {
+        AddProblem(problems, Severity::Error, path, root.Line(),
+                   Format(L"%d 个样式都未载入: 需要的内存与文件大小不成比例", count));
+        document.isAll = false;
+        return document;
+    }
     while (all.HasNext()) {
         ReadSpecification read = Read(all.GetNext(), path, wanted, problems);
         if (read.specification)

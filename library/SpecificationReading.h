@@ -27,8 +27,9 @@ struct ReadDocument {
 
 // Reads them. One whose name is not `wanted` is passed over with a note. One is left out of which a
 // value cannot be read, as a limit that is silently another one is worse than none, or whose name
-// is longer than any file's. What is wrong or odd is added to the problems of the file at `path`.
-ReadDocument ReadSpecifications(const CXTPPropExchange& root, const CString& path,
+// is longer than any file's. All are when they would take memory out of proportion to the document.
+// What is wrong or odd is added to the problems of the file at `path`.
+ReadDocument ReadSpecifications(const CXTPPropExchangeXMLNode& root, const CString& path,
                                 const std::function<bool(const CString&)>& wanted,
                                 Problems& problems);
 

@@ -1,5 +1,7 @@
 #include "model/DesignSpecification.h"
 
+#include <utility>
+
 #include "base/NoCase.h"
 #include "model/Criteria.h"
 #include "model/UnknownContent.h"
@@ -23,6 +25,7 @@ const CDesignSpecification& CDesignSpecification::operator=(const CDesignSpecifi
     m_nameKey = other.m_nameKey;
     m_id = other.m_id;
     CopyCriteria(other);
+    m_identityChanged.Tell();
     return *this;
 }
 
@@ -40,6 +43,12 @@ void CDesignSpecification::SetName(const wchar_t* name)
 {
     m_strName = name;
     m_nameKey = NoCaseKey(m_strName);
+    m_identityChanged.Tell();
+}
+
+Connection CDesignSpecification::ConnectIdentity(Signal<>::Function listener)
+{
+    return m_identityChanged.Connect(std::move(listener));
 }
 
 void CDesignSpecification::CopyCriteria(const CDesignSpecification& other)
@@ -76,7 +85,10 @@ void CDesignSpecification::ExchangeAll(CXTPPropExchange* pPX)
     CString id = VMRDPub::GUIDToStr(m_id);
     if (pPX->IsLoading()) id.clear();
     PX_String(pPX, L"ID", id);
-    if (pPX->IsLoading()) m_id = VMRDPub::StrToGUID(id);
+    if (pPX->IsLoading()) {
+        m_id = VMRDPub::StrToGUID(id);
+        m_identityChanged.Tell();
+    }
 
     ForEachCriterion([&](const auto& one) {
         auto& criterion = this->*one.member;

@@ -3,6 +3,7 @@
 
 #include "base/Export.h"
 #include "base/NoCase.h"
+#include "base/Signal.h"
 #include "model/BeelineLen.h"
 #include "model/CircularCurveRad.h"
 #include "model/CurveMinLen.h"
@@ -50,10 +51,11 @@ public:
     CString Name() const override;
     GUID ID() const override;
     void SetName(const wchar_t* name); // the library sees to it that names are unique
-    // Quick enough to ask of each in a library: whether it is that one, and whether it is called
-    // so, ignoring case.
+    // Quicker than to ask for the identity, or for the name, which this is without its case.
     bool HasID(const GUID& id) const { return m_id == id; }
-    bool IsNamed(const designspec::NoCaseKey& name) const { return m_nameKey == name; }
+    const designspec::NoCaseKey& NameKey() const { return m_nameKey; }
+    // Told whenever name or identity may have changed. Nobody listens to a copy.
+    [[nodiscard]] designspec::Connection ConnectIdentity(designspec::Signal<>::Function listener);
 
     // Takes the other's criteria and what else it holds; name and identity stay.
     void CopyCriteria(const CDesignSpecification& other);
@@ -69,8 +71,14 @@ public:
     void DoPropExchange(CXTPPropExchange* pPX);
 
 private:
+    struct OwnSignal : designspec::Signal<> {
+        OwnSignal() = default;
+        OwnSignal(const OwnSignal&) : Signal() {}
+        OwnSignal& operator=(const OwnSignal&) = delete;
+    };
     void ExchangeAll(CXTPPropExchange* pPX); // all that is known
 
     // Behind the criteria: other modules know where those lie.
     std::string m_unknown;
+    OwnSignal m_identityChanged;
 };

@@ -12,15 +12,19 @@ using namespace designspec;
 
 namespace {
 
-constexpr size_t kSizeLimit = 32 << 20;
-
 // A reader of XML takes a carriage return in an element's text for a line end of the file and
 // drops it; as a character reference it stays.
 std::string WithReturnsKept(std::string xml)
 {
-    for (size_t at = 0; (at = xml.find('\r', at)) != std::string::npos;)
-        xml.replace(at, 1, "&#13;");
-    return xml;
+    size_t at = xml.find('\r');
+    if (at == std::string::npos) return xml;
+    std::string kept;
+    size_t from = 0;
+    for (; at != std::string::npos; at = xml.find('\r', from)) {
+        kept.append(xml, from, at - from).append("&#13;");
+        from = at + 1;
+    }
+    return kept.append(xml, from);
 }
 
 struct StringWriter : pugi::xml_writer {
@@ -46,8 +50,7 @@ bool CXTPPropExchangeXMLNode::LoadFromFile(const wchar_t* path)
     m_document->SetSource(path, {});
     Drop();
     std::string bytes;
-    return ReadWholeFile(path, bytes, kSizeLimit, m_document->AllProblems()) &&
-           LoadFromBytes(bytes, path);
+    return ReadWholeFile(path, bytes, m_document->AllProblems()) && LoadFromBytes(bytes, path);
 }
 
 bool CXTPPropExchangeXMLNode::OpenFile(const wchar_t* path)
@@ -84,6 +87,11 @@ bool CXTPPropExchangeXMLNode::LoadFromBytes(std::string_view bytes, const CStrin
     }
     m_node = root.internal_object();
     return true;
+}
+
+size_t CXTPPropExchangeXMLNode::SourceSize() const
+{
+    return m_document->SourceSize();
 }
 
 std::string CXTPPropExchangeXMLNode::SaveToBytes() const

@@ -19,6 +19,7 @@ public:
 
     // The file that problems name, and its text in UTF-8, which is only kept to count lines in.
     void SetSource(std::wstring file, std::string text);
+    size_t SourceSize() const { return m_source.size(); }
 
     // 1-based; 0 for what is not from the source. Counts from the place asked for last: questions
     // come roughly in the document's order, and there may be many.

@@ -42,3 +42,9 @@ TEST(NoCaseKey, OfNothingIsThatOfAnEmptyText)
 {
     EXPECT_EQ(NoCaseKey(), NoCaseKey(L""));
 }
+
+TEST(NoCaseKey, BeginsAndEndsAsItsTextDoes)
+{
+    EXPECT_EQ(NoCaseKey(L"STRASSE(1)").Folded(), NoCaseKey(L"straße").Folded() + L"(1)");
+    EXPECT_EQ(NoCaseKey::Hash()(NoCaseKey(L"Road")), NoCaseKey::Hash()(NoCaseKey(L"ROAD")));
+}

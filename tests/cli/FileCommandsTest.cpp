@@ -75,13 +75,13 @@ TEST_F(FileCommands, WhatActsOnALineIsShownInstead)
 TEST_F(FileCommands, WithoutMemoryACommandEndsWithAStatus)
 {
     std::string styles;
-    for (int i = 0; i < 40000; ++i)
+    for (int i = 0; i < 20000; ++i)
         styles += "<Style Name='" + std::to_string(i) + "'><LonGradMinLen><MinLens>" +
                   std::string("<Item speed='1'/>") + "</MinLens></LonGradMinLen></Style>";
     m_folder.Write("big.hds", "<StyleLibrary><Group Name='设计规范'><Styles Name='设计规范'>" +
                                   styles + "</Styles></Group></StyleLibrary>");
     const ProcessResult result = Call({"import", "big.hds"}, [] {
-        const rlimit limit = {200 << 20, 200 << 20};
+        const rlimit limit = {150 << 20, 150 << 20};
         setrlimit(RLIMIT_AS, &limit);
     });
     EXPECT_EQ(result.status, 3) << result.err;

@@ -150,17 +150,30 @@ TEST_F(BadInput, AMillionLevels)
     ExpectRefused(Envelope(Repeat("\n<a>", 1000000)), 67, L"元素嵌套超过 64 层");
 }
 
-TEST_F(BadInput, TwoHundredMegabytesOfNesting)
+TEST_F(BadInput, SixtyMegabytesOfNesting)
 {
     {
         const std::string megabyte = Repeat("<Group>\n", 1 << 17);
         fs::create_directories(m_project.Native("规范"));
         std::ofstream file(m_project.Native("规范/m.hds"), std::ios::binary);
-        for (int i = 0; i < 200; ++i)
+        for (int i = 0; i < 60; ++i)
             file << megabyte;
         ASSERT_TRUE(file.flush());
     }
-    ExpectRefusedAsItIs(0, L"无法读取: 文件大于 32 MiB");
+    ExpectRefusedAsItIs(65, L"元素嵌套超过 64 层");
+}
+
+TEST_F(BadInput, AFileThatIsLargerThanTheMachine)
+{
+    m_project.Write("规范/m.hds", "");
+    fs::resize_file(m_project.Native("规范/m.hds"), std::uintmax_t{1} << 40); // a hole
+    ExpectRefusedAsItIs(0, L"无法读取: 文件大于");
+}
+
+TEST_F(BadInput, ThirtyThousandStylesWithNothingInThem)
+{
+    ExpectRefused(Envelope(Repeat("<Style/>", 30000)), 2,
+                  L"30000 个样式都未载入: 需要的内存与文件大小不成比例");
 }
 
 TEST_F(BadInput, ABillionEntities)

@@ -78,12 +78,33 @@ std::vector<StyleEntry> StyleEntries(const CXTPPropExchange& root, const CString
     return entries;
 }
 
+std::optional<std::vector<StyleEntry>> EntriesOf(const CString& path, const CString& library,
+                                                 Problems& problems)
+{
+    CXTPPropExchangeXMLNode root(true, kStyleLibraryRoot);
+    if (root.LoadFromFile(path.c_str())) return StyleEntries(root, library);
+    Append(problems, root.TakeProblems());
+    return std::nullopt;
+}
+
 bool HoldsStyle(const CXTPPropExchange& root, const CString& library, const GUID& id)
 {
     const std::vector<StyleEntry> entries = StyleEntries(root, library);
     return entries.size() == 1 ||
            std::any_of(entries.begin(), entries.end(),
                        [&](const StyleEntry& entry) { return entry.id == id; });
+}
+
+std::ptrdiff_t CountOf(const GUID& id, const std::vector<StyleEntry>& entries)
+{
+    return std::count_if(entries.begin(), entries.end(),
+                         [&](const StyleEntry& entry) { return entry.id == id; });
+}
+
+bool Refuse(const CString& path, const CString& why, Problems& problems)
+{
+    AddProblem(problems, Severity::Error, path, 0, why);
+    return false;
 }
 
 } // namespace designspec

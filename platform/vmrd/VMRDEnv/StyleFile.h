@@ -1,6 +1,10 @@
 // Files of styles: StyleLibrary / Group (one for each level of the group's name) / Styles / Style.
 #pragma once
 
+#include <cstddef>
+#include <optional>
+#include <vector>
+
 #include "platform/mfc/String.h"
 #include "platform/windows/Guid.h"
 #include "platform/xtp/PropExchangeXMLNode.h"
@@ -46,5 +50,14 @@ struct StyleEntry {
 // The styles of a library that a document holds, in its order.
 AFX_EXT_API std::vector<StyleEntry> StyleEntries(const CXTPPropExchange& root,
                                                  const CString& library);
+// The same of the file at `path`. Nothing, with its problems, when it cannot be read.
+std::optional<std::vector<StyleEntry>> EntriesOf(const CString& path, const CString& library,
+                                                 Problems& problems);
+
+// How many of them bear that identity.
+std::ptrdiff_t CountOf(const GUID& id, const std::vector<StyleEntry>& entries);
+
+// Adds an error of the file at `path`; false.
+bool Refuse(const CString& path, const CString& why, Problems& problems);
 
 } // namespace designspec

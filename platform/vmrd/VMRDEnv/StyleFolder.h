@@ -7,11 +7,12 @@
 
 #include <chrono>
 #include <functional>
-#include <map>
 #include <memory>
 #include <optional>
 #include <utility>
 
+#include "platform/vmrd/VMRDEnv/DeletedStyles.h"
+#include "platform/vmrd/VMRDEnv/KnownFiles.h"
 #include "platform/vmrd/VMRDEnv/StyleFile.h"
 
 namespace designspec {
@@ -21,12 +22,6 @@ inline constexpr wchar_t kStylesFolder[] = L"规范";
 
 // Folder of the project's styles: `project`\规范.
 AFX_EXT_API CString StylesFolderOf(const CString& project);
-
-struct DeletedStyle {
-    CString file; // name, in the folder of the deleted ones
-    CString name; // of the first style in it
-    GUID id;
-};
 
 class FileLock;
 
@@ -66,6 +61,8 @@ public:
 
     const CString& Path() const { return m_path; }
     CString DeletedPath() const;
+    AFX_EXT_PRIVATE DeletedStyles Aside() const;
+    const CString& Library() const { return m_library; }
     // False when the folder that this one stands in, the project's, is not there.
     bool HasPlace() const;
     // Path of the file of that name.
@@ -73,22 +70,24 @@ public:
     // Another folder from now on, of whose files nothing is known. Nothing happens when it is the
     // same.
     void MoveTo(const CString& path);
-    void Forget() { m_known.clear(); }
+    void Forget();
 
     // Whether the file holds the style; one that holds but one style is taken to hold that one.
     // Nothing when the file cannot be read.
     std::optional<bool> Holds(const CString& file, const GUID& id, Problems& problems) const;
-    // Whether a style in the file bears that identity; false when the file cannot be read.
-    bool Names(const CString& file, const GUID& id, Problems& problems) const;
+    // The styles in the file. Nothing when it cannot be read.
+    std::optional<std::vector<StyleEntry>> Entries(const CString& file, Problems& problems) const;
     // Names of the files of styles, sorted, ignoring case.
     CStringArray Files(Problems& problems) const;
     // Whether there is a file of that name; nothing when that cannot be told.
     std::optional<bool> Has(const CString& file, Problems& problems) const;
     // True when the file is as it was last loaded or saved here, or gone as it was left.
     bool IsKnown(const CString& file) const;
+    // Whether the style stood in the file when that was last loaded or saved here.
+    bool HeldBefore(const CString& file, const GUID& id) const { return m_known.Held(file, id); }
     // True when all files are, and none has come or gone.
     bool IsAsKnown() const;
-    // Names of the files that were neither loaded nor saved here.
+    // Names of the files that were neither loaded nor saved here, in no order that is told.
     CStringArray Strangers(Problems& problems) const;
 
     bool Load(const CString& file, CXTPPropExchangeXMLNode& root, Problems& problems);
@@ -115,6 +114,9 @@ public:
     // Takes such a copy away again: what it was kept for did not come about.
     void DropCopy(const CString& copy, Problems& problems);
 
+    // Moves what stands at `path` into the folder, over what is there.
+    AFX_EXT_PRIVATE bool MoveIn(const CString& path, const CString& file, Problems& problems);
+
     // Sets the style of a file aside. A file that holds something else too keeps that: a file of
     // the style alone goes to the deleted ones, and it is taken out of the other. A file that holds
     // but one style is taken to hold that one. A file of that name set aside earlier stays: the new
@@ -123,7 +125,9 @@ public:
     bool SetAside(const CString& file, const GUID& id, Problems& problems);
     // Sets the whole file aside, whatever it holds.
     bool SetAside(const CString& file, Problems& problems);
-    // Does so for each file that holds the style. True when none is left.
+    // Does so for each file that holds the style. False when one is left, or one cannot be read
+    // that held it when it was last loaded or saved here, or is called as one that does. Of other
+    // files that cannot be read the problems tell.
     bool SetAside(const GUID& id, Problems& problems);
     // What has been set aside, by file name.
     std::vector<DeletedStyle> Deleted(Problems& problems) const;
@@ -137,24 +141,8 @@ public:
     bool BringBack(const CString& file, Problems& problems);
 
 private:
-    // What tells two contents apart.
-    struct Content {
-        size_t size, hash;
-        bool operator==(const Content&) const = default;
-    };
     AFX_EXT_PRIVATE void LetGo();
-    AFX_EXT_PRIVATE static Content ContentOf(std::string_view bytes);
     AFX_EXT_PRIVATE void Remember(const CString& file);
-    AFX_EXT_PRIVATE std::optional<std::vector<StyleEntry>> Entries(const CString& path,
-                                                                   Problems& problems) const;
-    AFX_EXT_PRIVATE CString FreeDeletedName(const CString& file, Problems& problems) const;
-    AFX_EXT_PRIVATE CString DeletedPathOf(const CString& file) const;
-    AFX_EXT_PRIVATE bool TakeOut(const CString& file, const GUID& id, Problems& problems);
-    AFX_EXT_PRIVATE CString KeepStyle(const CString& file, const GUID& id, Problems& problems);
-    AFX_EXT_PRIVATE bool TakeApart(const CString& file, const GUID& id, Problems& problems);
-    AFX_EXT_PRIVATE bool MoveBack(const CString& file, Problems& problems);
-    AFX_EXT_PRIVATE bool BringBackRenamed(const CString& file, std::vector<StyleEntry>& present,
-                                          Problems& problems);
 
     CString m_path;
     CString m_library;
@@ -164,7 +152,7 @@ private:
     bool m_wasMissing = false; // before it was held
     std::chrono::milliseconds m_patience{5000};
     std::function<void(const CString&)> m_notice;
-    std::map<CString, std::optional<Content>> m_known; // nothing: there is no such file
+    KnownFiles m_known;
 };
 
 } // namespace designspec

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
+#include "base/File.h"
 #include "base/Text.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -723,12 +724,57 @@ TEST_F(PropExchange, WhatLooksLikeNestingButIsNoneDoesNotCount)
 TEST_F(PropExchange, AHugeFileIsRefusedUnread)
 {
     const CString path = m_folder.Write("a.hds", "");
-    std::filesystem::resize_file(m_folder.Native("a.hds"), 200U << 20);
+    std::filesystem::resize_file(m_folder.Native("a.hds"), std::uintmax_t{1} << 40); // a hole
     const auto start = std::clock();
     CXTPPropExchangeXMLNode root(true, kRoot);
     EXPECT_FALSE(root.LoadFromFile(path.c_str()));
     EXPECT_LT(Seconds(start), 0.5);
-    EXPECT_EQ(Told(root), ToUtf8(path + L": 无法读取: 文件大于 32 MiB"));
+    EXPECT_EQ(Told(root), ToUtf8(path) + ": 无法读取: 文件大于 " +
+                              std::to_string(LargestWholeFile() >> 20) + " MiB");
+}
+
+TEST_F(PropExchange, AFileThatWasWrittenIsReadWhateverItsSize)
+{
+    const CString path = m_folder.Path(L"large.xml");
+    CXTPPropExchangeXMLNode written(false, kRoot);
+    CString text(40 << 20, L'x');
+    PX_String(&written, L"Note", text);
+    ASSERT_TRUE(written.SaveToFile(path.c_str()));
+    CXTPPropExchangeXMLNode root(true, kRoot);
+    ASSERT_TRUE(root.LoadFromFile(path.c_str())) << Told(root);
+    EXPECT_EQ(root.SourceSize(), std::filesystem::file_size(m_folder.Native("large.xml")));
+    CString read;
+    PX_String(&root, L"Note", read);
+    EXPECT_TRUE(read == text);
+}
+
+TEST_F(PropExchange, WhatWouldTakeMemoryOutOfProportionIsRefusedBeforeATreeIsMadeOfIt)
+{
+    const auto tags = [](size_t size) {
+        std::string bytes = "<StyleLibrary n='a'>";
+        while (bytes.size() < size)
+            bytes += "<a/>";
+        return bytes + "</StyleLibrary>";
+    };
+    ExpectName(tags(3 << 20), L"a");
+    const long before = PeakMemory();
+    ExpectRefused(tags(48 << 20), 0, L"标记过密,读取它需要的内存与文件大小不成比例");
+    EXPECT_LT(PeakMemory() - before, 48 * 6);
+}
+
+TEST_F(PropExchange, ReturnsAreKeptInTimeThatGrowsWithTheText)
+{
+    CXTPPropExchangeXMLNode root(false, kRoot);
+    CString text(400000, L'\r');
+    PX_String(&root, L"Note", text);
+    const auto start = std::clock();
+    const std::string bytes = root.SaveToBytes();
+    EXPECT_LT(Seconds(start), 2);
+    CXTPPropExchangeXMLNode read(true, kRoot);
+    ASSERT_TRUE(read.LoadFromBytes(bytes, L"a"));
+    CString back;
+    PX_String(&read, L"Note", back);
+    EXPECT_TRUE(back == text);
 }
 
 TEST_F(PropExchange, AFileFullOfNestingIsRefusedBeforeATreeIsMadeOfIt)

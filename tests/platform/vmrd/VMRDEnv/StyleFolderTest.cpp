@@ -257,6 +257,28 @@ TEST_F(StyleFolderTest, AStyleIsSetAsideWithEveryFileThatHoldsIt)
     EXPECT_TRUE(m_styles.SetAside(CoCreateGuid(), m_problems));
 }
 
+// What was there when the file could be read may be there still.
+TEST_F(StyleFolderTest, AStyleIsNotSetAsideWhileAFileThatHeldItCannotBeRead)
+{
+    const GUID id = FileOf(L"a.hds", {L"甲"})[0];
+    const GUID other = FileOf(L"b.hds", {L"乙"})[0];
+    CXTPPropExchangeXMLNode root(true, kStyleLibraryRoot);
+    EXPECT_TRUE(m_styles.Load(L"a.hds", root, m_problems));
+    EXPECT_TRUE(m_styles.Load(L"b.hds", root, m_problems));
+    const std::string bytes = m_folder.Read("规范/a.hds");
+    m_folder.Write("规范/a.hds", bytes.substr(0, bytes.size() / 2));
+    EXPECT_FALSE(m_styles.SetAside(id, m_problems));
+    EXPECT_TRUE(m_folder.Has("规范/a.hds"));
+    EXPECT_TRUE(AsideFiles().empty());
+    m_problems.Clear();
+    EXPECT_TRUE(m_styles.SetAside(other, m_problems));
+    EXPECT_NE(m_problems.Text().find(L"a.hds"), CString::npos) << "what could not be read is told";
+    EXPECT_EQ(AsideFiles(), CStringArray{L"b.hds"});
+    m_folder.Write("规范/a.hds", bytes);
+    EXPECT_TRUE(m_styles.SetAside(id, m_problems));
+    EXPECT_EQ(AsideFiles(), (CStringArray{L"a.hds", L"b.hds"}));
+}
+
 TEST_F(StyleFolderTest, AreListedByTheirFiles)
 {
     const GUID second = FileOf(L"b.hds", {L"乙"})[0];
