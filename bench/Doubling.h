@@ -31,3 +31,12 @@ inline void MeasureGrowth(benchmark::State& state, const std::string& name,
             std::log(run.time / last->second.time) / std::log(run.size / last->second.size);
     before[name] = run;
 }
+
+// Registers a benchmark of sizes that double from the first on.
+inline void RegisterGrowth(const char* name, int from, int to, void (*function)(benchmark::State&))
+{
+    auto* const added = benchmark::RegisterBenchmark(name, function);
+    for (int size = from; size <= to; size *= 2)
+        added->Arg(size);
+    added->Iterations(3)->Unit(benchmark::kMillisecond);
+}

@@ -1,14 +1,13 @@
 // grid_bench: what the tables of the editor spend on their size, at sizes that double. Runs without
 // a display.
-#include <QApplication>
 #include <QClipboard>
 #include <QKeyEvent>
 
 #include "base/Format.h"
 #include "bench/Bench.h"
+#include "bench/Desktop.h"
 #include "bench/Doubling.h"
-#include "pages/framework/PageCallback.h"
-#include "pages/framework/SpeedTableGrid.h"
+#include "pages/CurveLenDialog.h"
 #include "platform/mfc/QtText.h"
 
 using namespace designspec;
@@ -82,41 +81,12 @@ void CopyAll(benchmark::State& state)
 }
 
 using C = CDSCurveMinLen;
-constexpr SpeedTableRow<C> kRows[] = {
-    {&C::HorizontalCurveMinLen, L"平曲线最小长度(m)"},
-    {&C::CircularCurveMinLen, L"圆曲线最小长度(m)"},
-};
-constexpr UINT kFormWithGrid = 105;
-
-class LengthCallback : public CDSPageCallback<&CDesignSpecification::CurveMinLen> {
-    using CDSPageCallback::CDSPageCallback;
-};
-
-// A page with the grid of curve lengths alone.
-class GridPage : public CCriterionPage<C> {
-public:
-    GridPage() : CCriterionPage(kFormWithGrid) {}
-    CDSCallback& Callback() override { return m_callback; }
-    void LoadStep(const C& criterion) override { m_grid.Load(criterion); }
-    bool StoreStep(C& criterion, CString&) override
-    {
-        m_grid.Store(criterion);
-        return true;
-    }
-
-protected:
-    void InitPage() override { m_grid.Create(*this, kRows); }
-
-private:
-    LengthCallback m_callback{this};
-    CSpeedTableGrid<C> m_grid;
-};
 
 // More speeds than there are: what counts is how the time grows.
 void LoadAndStore(benchmark::State& state)
 {
     QWidget frame;
-    GridPage page;
+    CCurveLenDialog page;
     Require(page.Create(&frame), "the page could not be created");
     C lengths;
     for (SpeedToIntValues* table : {&lengths.HorizontalCurveMinLen, &lengths.CircularCurveMinLen}) {
@@ -133,31 +103,18 @@ void LoadAndStore(benchmark::State& state)
     Require(stored.CircularCurveMinLen.count == state.range(0), "a speed is missing");
 }
 
-template <class Function> void Register(const char* name, int from, int to, Function function)
-{
-    benchmark::RegisterBenchmark(name, function)
-        ->RangeMultiplier(2)
-        ->Range(from, to)
-        ->Iterations(3)
-        ->Unit(benchmark::kMillisecond);
-}
-
 } // namespace
 
 int main(int argc, char** argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
-    const QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 2;
-    Register("Grid/block of 60 columns pasted", 500, 8000,
-             [](benchmark::State& state) { PasteBlock(state, "plain", false); });
-    Register("Grid/the same found by captions", 500, 8000,
-             [](benchmark::State& state) { PasteBlock(state, "captions", true); });
-    Register("Grid/60 columns copied", 500, 8000, CopyAll);
-    Register("Grid/page of speeds loaded and stored", 120, 1920, LoadAndStore);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
+    const int status = RunDesktop(argc, argv, "grid_bench", [] {
+        RegisterGrowth("Grid/block of 60 columns pasted", 500, 8000,
+                       [](benchmark::State& state) { PasteBlock(state, "plain", false); });
+        RegisterGrowth("Grid/the same found by captions", 500, 8000,
+                       [](benchmark::State& state) { PasteBlock(state, "captions", true); });
+        RegisterGrowth("Grid/60 columns copied", 500, 8000, CopyAll);
+        RegisterGrowth("Grid/page of speeds loaded and stored", 120, 1920, LoadAndStore);
+    });
     CDesignSpecifications::Destroy();
+    return status;
 }

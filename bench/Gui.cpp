@@ -1,12 +1,10 @@
 // What an engineer at the desktop waits for: the main dialog, a page, a new speed, the host. Each
 // turn ends with the window painted. Runs without a display.
 #include <QAbstractItemModel>
-#include <QApplication>
 #include <QProcess>
 
-#include <benchmark/benchmark.h>
-
 #include "app/DSMainDialog.h"
+#include "bench/Desktop.h"
 #include "bench/TemporaryProject.h"
 #include "pages/framework/PageCallback.h"
 #include "pages/framework/SpeedTableGrid.h"
@@ -175,17 +173,13 @@ void RegisterHost()
 
 int main(int argc, char** argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
-    const QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 2;
-    Register("Desktop/main dialog opened/designspec", OpenDialog);
-    Register("Desktop/main dialog opened/bare Qt window", BareWindow);
-    Register("Desktop/page switched/designspec", SwitchPage);
-    Register("Desktop/speed added/designspec", AddOneSpeed);
-    RegisterHost();
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
+    const int status = RunDesktop(argc, argv, "gui_bench", [] {
+        Register("Desktop/main dialog opened/designspec", OpenDialog);
+        Register("Desktop/main dialog opened/bare Qt window", BareWindow);
+        Register("Desktop/page switched/designspec", SwitchPage);
+        Register("Desktop/speed added/designspec", AddOneSpeed);
+        RegisterHost();
+    });
     CDesignSpecifications::Destroy();
+    return status;
 }

@@ -9,6 +9,7 @@
 #include <QTemporaryDir>
 
 #include "bench/Bench.h"
+#include "bench/Desktop.h"
 #include "bench/Doubling.h"
 #include "host/ControlIds.h"
 #include "host/HostWindow.h"
@@ -99,21 +100,9 @@ void RefreshWithEverythingSelected(benchmark::State& state)
 
 int main(int argc, char** argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
-    const QApplication application(argc, argv);
-    QCoreApplication::setOrganizationName(QStringLiteral("roadhost"));
-    QCoreApplication::setApplicationName(QStringLiteral("host_bench"));
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 2;
-    const auto add = [](const char* name, auto* function) {
-        auto* const added = benchmark::RegisterBenchmark(name, function);
-        for (const int size : {1000, 2000, 4000, 8000, 16000})
-            added->Arg(size);
-        added->Iterations(2)->Unit(benchmark::kMillisecond);
-    };
-    add("Host/broken files opened", OpenBrokenFiles);
-    add("Host/everything selected and refreshed", RefreshWithEverythingSelected);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
+    return RunDesktop(argc, argv, "host_bench", [] {
+        RegisterGrowth("Host/broken files opened", 1000, 16000, OpenBrokenFiles);
+        RegisterGrowth("Host/everything selected and refreshed", 1000, 16000,
+                       RefreshWithEverythingSelected);
+    });
 }
