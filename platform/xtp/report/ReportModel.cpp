@@ -1,7 +1,5 @@
 #include "platform/xtp/report/ReportModel.h"
 
-#include <QTextDocument>
-
 #include "platform/mfc/QtText.h"
 #include "platform/xtp/report/ReportControl.h"
 
@@ -9,9 +7,13 @@ using namespace designspec;
 
 namespace {
 
-QString PlainToolTip(const QString& text)
+// Captions have line breaks of their own.
+QString ShownLines(const CString& text)
 {
-    return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text) : text;
+    QStringList lines;
+    for (const QString& line : ToQString(text).split(u'\n'))
+        lines << ToShown(FromQString(line));
+    return lines.join(u'\n');
 }
 
 } // namespace
@@ -67,8 +69,8 @@ QVariant ReportModel::data(const QModelIndex& index, int role) const
 {
     const CXTPReportRecordItem* const item = Item(index);
     if (!item) return {};
-    // The tool tip shows in full what the column may be too narrow for, and never as markup.
-    if (role == Qt::ToolTipRole) return PlainToolTip(ToQString(item->GetExactText()));
+    // The tool tip shows in full what the column may be too narrow for.
+    if (role == Qt::ToolTipRole) return ToToolTip(ShownLines(item->GetExactText()));
     if (role == Qt::DisplayRole || role == Qt::EditRole) return ToQString(item->GetCaption());
     return {};
 }

@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QScrollBar>
 #include <QTest>
+#include <QTextDocument>
 
 #include "tests/platform/xtp/report/TestGrid.h"
 
@@ -152,4 +153,17 @@ TEST_F(ReportControlTest, AToolTipShowsWhatAColumnIsTooNarrowFor)
     const QRgb base = m_grid.palette().color(QPalette::Base).rgb();
     for (int y = cell.top(); y < cell.bottom(); ++y)
         EXPECT_EQ(PixelAt(*m_grid.viewport(), {cell.left() + 1, y}), base);
+}
+
+TEST_F(ReportControlTest, AToolTipIsPlainTextWithWhatActsOnItEscaped)
+{
+    const auto toolTip = [this](const CString& caption) {
+        m_grid.GetRecords().GetAt(0)->GetItem(0)->SetCaption(caption);
+        return m_grid.IndexOf(0, 0).data(Qt::ToolTipRole).toString();
+    };
+    EXPECT_EQ(toolTip(L"a\x1b[1m\u202E b\tc"), QStringLiteral("a\\x1B[1m\\u202E b\\tc"));
+    EXPECT_EQ(toolTip(L"两\n行\r"), QStringLiteral("两\n行\\r"));
+    QTextDocument shown;
+    shown.setHtml(toolTip(L"<b>粗</b>&amp;"));
+    EXPECT_EQ(shown.toPlainText(), QStringLiteral("<b>粗</b>&amp;"));
 }
