@@ -4,6 +4,7 @@
 #include <QShortcut>
 #include <QSignalBlocker>
 
+#include "base/Text.h"
 #include "model/Rules.h"
 #include "platform/xtp/report/ReportPaste.h"
 
@@ -104,10 +105,20 @@ bool CCurveWideningPage::CheckContinuity(CString& message)
     for (const CMyRadiusRangeColumn* column : m_grid.Ranges()) {
         if (left && column->GetMax() != left->GetMin())
             return Refuse(message, WideningRangeGapText(column->GetMin(), column->GetMax()), kGrid,
-                          [this, column] { m_grid.GoTo(0, column); });
+                          [this, column] { GoToRange(column); });
         left = column;
     }
     return true;
+}
+
+// Without a row there is no cell that could be shown, nor a range that could be added.
+void CCurveWideningPage::GoToRange(const CMyRadiusRangeColumn* range)
+{
+    m_grid.GoTo(0, range);
+    if (m_grid.GetRowCount() == 0)
+        m_grid.Control().SetRemark(
+            L"还没有加宽类别: 右键单击表头, 添加类别后输入圆曲线半径, 或移除“" +
+            OneLine(range->GetCaption()) + L"”");
 }
 
 // A category may leave out ranges at either end, not between two.
@@ -136,6 +147,6 @@ void CCurveWideningPage::GoToGap(int row, const std::vector<size_t>& gaps)
     for (const size_t gap : gaps)
         names.push_back(ranges[gap]->GetCaption());
     m_grid.GoTo(row, ranges[gaps.front()]);
-    m_grid.Control().SetRemark(m_grid.RowHeader(row)->GetCaption() + L" 空缺: " +
+    m_grid.Control().SetRemark(Printable(m_grid.RowHeader(row)->GetCaption()) + L" 空缺: " +
                                FirstNames(names));
 }

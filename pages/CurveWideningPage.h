@@ -26,6 +26,7 @@ private:
     void LoadWidenings(const CDSCurveWidening& criterion);
 
     bool CheckContinuity(CString& message);
+    void GoToRange(const CMyRadiusRangeColumn* range);
     void GoToGap(int row, const std::vector<size_t>& gaps);
     bool StoreRow(int row, CDSCurveWidening& criterion, CString& message);
 

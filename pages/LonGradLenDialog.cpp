@@ -5,6 +5,7 @@
 #include "app/input/InputGradientDialog.h"
 #include "app/input/NumberText.h"
 #include "base/Number.h"
+#include "base/Text.h"
 #include "model/Rules.h"
 #include "pages/framework/MyRecordItemPositiveInt.h"
 
@@ -20,6 +21,17 @@ constexpr size_t kRowCaptionLength = 2;
 CString GradientText(double gradient)
 {
     return DecimalText(gradient, 1, true) + L"%";
+}
+
+// The gradient that a pasted caption means: "3", "3%", "坡度 3%", "i=3%"; empty when it is none.
+CString GradientName(const CString& caption)
+{
+    constexpr wchar_t kWords[] = L"纵坡坡度";
+    const auto number = CaptionParts(caption).OnlyNumber(kWords);
+    if (!number || *number > kSteepestGradient) return {};
+    double gradient = 0;
+    const bool isGradient = ReadOneDecimal(ToWide(DoubleToText(*number)), gradient);
+    return isGradient ? GradientText(gradient) : CString();
 }
 
 } // namespace
@@ -58,6 +70,10 @@ void CLonGradLenDialog::InitPage()
     m_grid.Create(*this, [](int) { return MakeCell<CMyRecordItemPositiveInt>(); });
     m_grid.ExtendMenu({[this](CMenu& menu, UINT firstId) { AppendGradients(menu, firstId); },
                        [this](int index) { Choose(index); }});
+    m_grid.Control().SetRowOffer({L"坡度", L"", GradientName, [this](const CStringArray& names) {
+                                      for (const CString& name : names)
+                                          AddGradient(Wtof(name));
+                                  }});
 }
 
 void CLonGradLenDialog::LoadStep(const CDSLonGradMaxLen& criterion)

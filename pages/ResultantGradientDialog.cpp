@@ -14,6 +14,20 @@ constexpr wchar_t kSnow[] = L"积雪冰冻地区最大合成坡度"; // in messa
 
 using C = CDSMaxResultantGrad;
 
+// The road class that a pasted caption means, -1 when it is none.
+int RoadTypeOf(const CString& caption)
+{
+    CStringArray labels;
+    for (int type = 0; type < C::kRoadTypes; ++type)
+        labels.push_back(RoadTypeLabel(type));
+    return CaptionIndex(labels).Find(caption);
+}
+
+CString RoadTypeName(const CString& caption)
+{
+    return RoadTypeLabel(RoadTypeOf(caption));
+}
+
 } // namespace
 
 CResultantGradientDialog::CResultantGradientDialog() : CCriterionPage(kDialogResource)
@@ -28,6 +42,10 @@ void CResultantGradientDialog::InitPage()
                   {.headerWidth = 140, .addedWidth = 35});
     m_grid.ExtendMenu({[this](CMenu& menu, UINT firstId) { AppendRoadTypes(menu, firstId); },
                        [this](int index) { ToggleRoadType(index); }});
+    m_grid.Control().SetRowOffer({L"道路等级", L"", RoadTypeName, [this](const auto& names) {
+                                      for (const CString& name : names)
+                                          AddRoadType(::RoadTypeOf(name));
+                                  }});
 }
 
 void CResultantGradientDialog::LoadStep(const C& criterion)

@@ -6,6 +6,7 @@
 #include <QSignalBlocker>
 
 #include "base/Format.h"
+#include "base/Number.h"
 #include "model/Rules.h"
 #include "pages/RadiusRangeItem.h"
 #include "platform/mfc/QtText.h"
@@ -20,6 +21,11 @@ constexpr int kList = 122;
 void AddOnce(CArray<int>& values, int value)
 {
     if (std::find(values.begin(), values.end(), value) == values.end()) values.push_back(value);
+}
+
+CString RowCaption(int superElev)
+{
+    return Format(L"超高 %d%% 时圆\n曲线半径范围", superElev);
 }
 
 } // namespace
@@ -51,6 +57,12 @@ void CSuperElevationPage::InitPage()
     m_grid.Create(*this, [](int) { return new CRadiusRangeItem; },
                   {.headerWidth = 100, .speedWidth = 70, .addedWidth = 70});
     ExtendMenu();
+    m_grid.Control().SetRowOffer(
+        {L"超高", L"", [this](const CString& caption) { return SuperElevationName(caption); },
+         [this](const CStringArray& names) {
+             for (const CString& name : names)
+                 AddSuperElevation(Wtoi(name));
+         }});
     m_list = GetDlgItem<QListWidget>(kList);
     connect(m_list, &QListWidget::currentRowChanged, this, [this] { OnSelected(); });
 }
@@ -257,6 +269,16 @@ void CSuperElevationPage::ToggleSuperElevation(int superElev)
         AddSuperElevation(superElev);
 }
 
+// The superelevation of the table that a pasted caption means: "6", "6%", "超高 6%"; empty when it
+// is none.
+CString CSuperElevationPage::SuperElevationName(const CString& caption) const
+{
+    const auto number = CaptionParts(caption).OnlyNumber(CaptionParts(RowCaption(m_current)).word);
+    if (!number || *number < kLowestSuperElev || *number > m_current) return {};
+    const int superElev = static_cast<int>(*number);
+    return superElev == *number ? Format(L"%d%%", superElev) : CString();
+}
+
 // Before the first lower one: the check of the ranges goes by this order.
 void CSuperElevationPage::AddSuperElevation(int superElev)
 {
@@ -264,6 +286,5 @@ void CSuperElevationPage::AddSuperElevation(int superElev)
     while (at < m_grid.GetRowCount() &&
            static_cast<int>(m_grid.RowHeader(at)->GetItemData()) > superElev)
         ++at;
-    m_grid.InsertRow(at, Format(L"超高 %d%% 时圆\n曲线半径范围", superElev),
-                     static_cast<unsigned>(superElev));
+    m_grid.InsertRow(at, RowCaption(superElev), static_cast<unsigned>(superElev));
 }

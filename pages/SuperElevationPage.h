@@ -64,6 +64,7 @@ private:
     void ToggleSuperElevation(int superElev);
     int RowOf(int superElev) const { return m_grid.FindRow(static_cast<unsigned>(superElev)); }
     void AddSuperElevation(int superElev);
+    CString SuperElevationName(const CString& caption) const;
 
     CSuperElevationPageCallback m_callback{this};
     const CMaxSuperElevPage* m_maxPage;

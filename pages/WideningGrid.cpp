@@ -2,7 +2,9 @@
 
 #include <algorithm>
 
+#include "base/Format.h"
 #include "base/NoCase.h"
+#include "base/Text.h"
 #include "pages/InputRadiusRangeDialog.h"
 #include "pages/InputWideningTypeDialog.h"
 #include "pages/framework/MyRecordItemPositiveDouble.h"
@@ -30,6 +32,25 @@ CString OneLine(CString caption)
     return caption;
 }
 
+// A pasted caption that can be a category: a word, in no way a value.
+CString CategoryName(const CString& caption)
+{
+    const bool isCategory = !CaptionParts(caption).word.empty() && Printable(caption) == caption;
+    return isCategory ? Trim(caption) : CString();
+}
+
+// The range that a pasted caption means: "250~400", "250<R≤400", "250-400 m".
+std::optional<RadiusRange> RangeIn(const CString& caption)
+{
+    const CaptionParts parts(caption);
+    const size_t end = parts.numbers.find(L';') + 1;
+    RadiusRange range;
+    const CString text =
+        parts.numbers.substr(0, end - 1) + L'~' + TrimRight(parts.numbers.substr(end), L";");
+    const bool isRange = parts.IsNumber() && ReadRadiusRange(text, range).empty();
+    return isRange ? std::optional(range) : std::nullopt;
+}
+
 bool Contains(const std::vector<CString>& names, const CString& name)
 {
     return std::any_of(names.begin(), names.end(),
@@ -44,6 +65,13 @@ void CWideningGrid::Create(CDSPage& page)
         page, [](int) { return MakeDecimalCell<2, false>(); }, CDSPage::kGridPlaceholder,
         CDSPage::kGrid, kCorner, kHeaderWidth);
     Control().GetPaintManager()->SetHeaderHeight(kCaptionHeight);
+    Control().SetRowOffer({L"加宽类别", L"", CategoryName, [this](const CStringArray& names) {
+                               for (const CString& name : names)
+                                   AddRow(name);
+                           }});
+    Control().SetColumnOffer({L"圆曲线半径范围", L" m",
+                              [this](const CString& caption) { return RangeName(caption); },
+                              [this](const CStringArray& names) { AddRanges(names); }});
     // What undo brings back may have been captioned before the ends changed their rule.
     QObject::connect(&Control(), &CXTPReportControl::UndoDone, &page, [this] { Recaption(); });
 }
@@ -105,7 +133,7 @@ CMenu CWideningGrid::MakeMenu(const CXTPReportColumn* column) const
     UINT id = kFirstCommand;
     for (const CString& category : Categories())
         menu.AppendMenu(MF_STRING | (FindRow(category) >= 0 ? MF_CHECKED : 0), id++,
-                        CMenu::Escape(category));
+                        CMenu::Escape(Printable(category)));
     menu.AppendMenu(MF_STRING, id++, L"输入加宽类别...");
     menu.AppendMenu(MF_SEPARATOR);
     if (const CMyRadiusRangeColumn* range = RangeOf(column))
@@ -147,21 +175,42 @@ void CWideningGrid::AskForCategory()
         AddRow(category);
 }
 
-// One end that is there already is enough to refuse the range.
 void CWideningGrid::AskForRange()
 {
     CInputRadiusRangeDialog dialog(&Page());
     CString text;
     if (!dialog.Input(text)) return;
-    const auto [min, max] = dialog.GetRange();
-    const std::vector<CMyRadiusRangeColumn*> ranges = Ranges();
-    for (const CMyRadiusRangeColumn* range : ranges) {
-        if (range->GetMin() != min && range->GetMax() != max) continue;
+    if (CanAdd(dialog.GetRange()))
+        InsertInOrder(dialog.GetRange());
+    else
         MessageBox(&Page(), L"输入的圆曲线半径范围已经存在!", L"提示", MB_ICONINFORMATION);
-        return;
-    }
-    const auto lower = std::find_if(ranges.begin(), ranges.end(), [min = min](const auto* range) {
-        return range->GetMin() < min;
+}
+
+bool CWideningGrid::CanAdd(const RadiusRange& added) const
+{
+    const std::vector<CMyRadiusRangeColumn*> ranges = Ranges();
+    return std::none_of(ranges.begin(), ranges.end(), [&added](const auto* range) {
+        return range->GetMin() == added.min || range->GetMax() == added.max;
     });
-    InsertRange(1 + static_cast<int>(lower - ranges.begin()), min, max);
+}
+
+void CWideningGrid::InsertInOrder(const RadiusRange& added)
+{
+    const std::vector<CMyRadiusRangeColumn*> ranges = Ranges();
+    const auto lower = std::find_if(ranges.begin(), ranges.end(), [&added](const auto* range) {
+        return range->GetMin() < added.min;
+    });
+    InsertRange(1 + static_cast<int>(lower - ranges.begin()), added.min, added.max);
+}
+
+CString CWideningGrid::RangeName(const CString& caption) const
+{
+    const auto range = RangeIn(caption);
+    return range && CanAdd(*range) ? Format(L"%d~%d", range->min, range->max) : CString();
+}
+
+void CWideningGrid::AddRanges(const CStringArray& names)
+{
+    for (const CString& name : names)
+        if (const auto range = RangeIn(name); range && CanAdd(*range)) InsertInOrder(*range);
 }

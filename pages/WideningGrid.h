@@ -3,6 +3,7 @@
 #pragma once
 
 #include "pages/MyRadiusRangeColumn.h"
+#include "pages/RadiusRangeText.h"
 #include "pages/framework/HeaderedGrid.h"
 
 class CWideningGrid : public CHeaderedGrid {
@@ -34,6 +35,11 @@ private:
     void ToggleCategory(const CString& category);
     void AskForCategory();
     void AskForRange();
+    // One end that is there already is enough to refuse a range.
+    bool CanAdd(const RadiusRange& added) const;
+    void InsertInOrder(const RadiusRange& added);
+    CString RangeName(const CString& caption) const;
+    void AddRanges(const CStringArray& names);
 
     bool m_excludesMin = true;
 };

@@ -2,6 +2,9 @@
 
 #include <algorithm>
 
+#include <QHeaderView>
+#include <QScrollBar>
+
 #include "base/NoCase.h"
 #include "pages/framework/MyReportPaintManager.h"
 #include "pages/framework/XTPReportRecordItemHeard.h"
@@ -127,10 +130,15 @@ void CHeaderedGrid::ShowLoaded()
 
 void CHeaderedGrid::GoTo(int row, const CXTPReportColumn* column)
 {
-    const QModelIndex cell = m_control->IndexOf(row, m_control->GetColumns().IndexOf(column));
+    const int place = m_control->GetColumns().IndexOf(column);
+    const QModelIndex cell = m_control->IndexOf(row, place);
     m_control->setFocus();
     m_control->setCurrentIndex(cell);
-    m_control->scrollTo(cell);
+    if (cell.isValid())
+        m_control->scrollTo(cell);
+    else // there is no row yet; the column's head is what can be seen of it
+        m_control->horizontalScrollBar()->setValue(
+            m_control->horizontalHeader()->sectionPosition(place));
 }
 
 // To the first value of a column or row that was not there before.

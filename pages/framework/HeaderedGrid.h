@@ -38,7 +38,8 @@ public:
     // The value cell of a row and a column; null when there is none.
     CMyRecordItemValue* Cell(int row, const CXTPReportColumn* column) const;
 
-    // Makes the cell of a row and a column the current one, in view and with the focus.
+    // Makes the cell of a row and a column the current one, in view and with the focus. Without
+    // such a row the grid has the focus, and the column's head is in view.
     void GoTo(int row, const CXTPReportColumn* column);
 
     // Empties the grid save for its first column.

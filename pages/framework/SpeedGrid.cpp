@@ -6,24 +6,36 @@
 #include "base/Format.h"
 #include "base/Number.h"
 #include "model/Rules.h"
-#include "platform/mfc/MessageBox.h"
 
 using namespace designspec;
 
 namespace {
 
+class SpeedColumn : public CXTPReportColumn {
+public:
+    SpeedColumn(int itemIndex, int speed, int width)
+        : CXTPReportColumn(itemIndex, Format(L"%d", speed), width), m_speed(speed)
+    {
+    }
+    int GetSpeed() const { return m_speed; } // km/h
+
+private:
+    int m_speed;
+};
+
+// Of any column but the first, which is the row headers'.
 int SpeedOf(const CXTPReportColumn* column)
 {
-    return Wtoi(column->GetCaption());
+    return static_cast<const SpeedColumn*>(column)->GetSpeed();
 }
 
-// The speed that a pasted heading means: "80", "80 km/h", "V=80"; 0 when it is none.
-int SpeedOf(const CString& heading)
+// The speed that a pasted heading means: "80", "80 km/h", "V=80"; empty when it is none.
+CString SpeedName(const CString& heading)
 {
-    const CaptionParts parts(heading);
-    const int speed = Wtoi(parts.numbers);
-    const bool isSpeed = parts.IsNumber() && parts.numbers == Format(L"%d;", speed);
-    return isSpeed && IsSpeed(speed) ? speed : 0;
+    const double number = CaptionParts(heading).OnlyNumber({}).value_or(0);
+    if (!(number >= kLowestSpeed && number <= kHighestSpeed)) return {};
+    const int speed = static_cast<int>(number);
+    return speed == number ? Format(L"%d", speed) : CString();
 }
 
 } // namespace
@@ -52,11 +64,12 @@ void CSpeedGrid::Create(CDSPage& page, const AddedCell& addedCell, const SpeedGr
     m_layout = layout;
     CreateGrid(page, addedCell, layout.placeholder, layout.gridId, L"设计车速(km/h)",
                layout.headerWidth);
-    ReportColumnOffer offer;
+    ReportOffer offer{L"车速", L" km/h", SpeedName, [this](const CStringArray& speeds) {
+                          for (const CString& speed : speeds)
+                              AddSpeed(Wtoi(speed));
+                      }};
     for (int speed : kStandardSpeeds)
         offer.usual.push_back(Format(L"%d", speed));
-    offer.canAdd = [](const CString& heading) { return SpeedOf(heading) != 0; };
-    offer.add = [this](const CStringArray& headings) { return OfferSpeeds(headings); };
     Control().SetColumnOffer(offer);
 }
 
@@ -64,7 +77,7 @@ void CSpeedGrid::Create(CDSPage& page, const AddedCell& addedCell, const SpeedGr
 
 CXTPReportColumn* CSpeedGrid::NewColumn(int itemIndex, int speed, int width) const
 {
-    return new CXTPReportColumn(itemIndex, Format(L"%d", speed), width);
+    return new SpeedColumn(itemIndex, speed, width);
 }
 
 CArray<int> CSpeedGrid::Speeds() const
@@ -153,18 +166,6 @@ void CSpeedGrid::Choose(int index, const CXTPReportColumn*)
         RemoveSpeed(choice.speed);
     else
         AddSpeed(choice.speed);
-}
-
-bool CSpeedGrid::OfferSpeeds(const CStringArray& headings)
-{
-    CString list;
-    for (const CString& heading : headings)
-        list += (list.empty() ? L"" : L"、") + Format(L"%d", SpeedOf(heading));
-    const CString question = L"表格中没有车速 " + list + L" km/h。添加后粘贴?";
-    if (MessageBox(&Page(), question, L"提示", MB_YESNO | MB_ICONQUESTION) != IDYES) return false;
-    for (const CString& heading : headings)
-        if (!FindColumn(SpeedOf(heading))) AddSpeed(SpeedOf(heading));
-    return true;
 }
 
 void CSpeedGrid::AskForSpeed()

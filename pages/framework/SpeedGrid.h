@@ -89,7 +89,6 @@ private:
     CXTPReportColumn* FindColumn(int speed) const;
     CXTPReportColumn* NewColumn(int itemIndex, int speed, int width) const;
     void AskForSpeed();
-    bool OfferSpeeds(const CStringArray& headings);
 
     SpeedGridLayout m_layout;
     SpeedMenuExtension m_extension;

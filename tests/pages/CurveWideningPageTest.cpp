@@ -352,3 +352,46 @@ TEST_F(CurveWideningPage, AListOfRangesFindsItsColumns)
     PasteAt(TheGrid(), 0, 1, L"加宽类别\t150～250\t250＜R≤1000\n" + name + L"\t0.7m\t0.45");
     EXPECT_EQ(Row(TheGrid(), 0), "0.45 0.70");
 }
+
+TEST_F(CurveWideningPage, PastedCategoriesAndRangesThatAreMissingAreOffered)
+{
+    Show();
+    Load(TwoRanges());
+    const CString block = L"加宽类别\t250~1000\t100至150 m\t200~250\n大\t0.45\t0.8\t9\n"
+                          L"挂车\t1\t1.5\t9";
+    const CString question = L"表格中没有加宽类别 挂车, 没有圆曲线半径范围 100~150 m。添加后粘贴?";
+    {
+        const ExpectMessage box(question, L"提示", MB_ICONQUESTION, IDYES);
+        PasteAt(TheGrid(), 0, 1, block);
+    }
+    EXPECT_EQ(Captions(), "250<R≤1000 150<R≤250 100<R≤150");
+    EXPECT_EQ(Categories(), "大|小|挂车");
+    EXPECT_EQ(Row(TheGrid(), 0), "0.45 0.60 0.80");
+    EXPECT_EQ(Row(TheGrid(), 2), "1.00 - 1.50");
+    EXPECT_TRUE(HasLabel("4 个值, 按标题填入, 1 列没有对应: 200~250")); // one end is there
+    PressKey(&m_page, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Categories(), "大|小");
+    EXPECT_EQ(Captions(), "250<R≤1000 150<R≤250");
+}
+
+TEST_F(CurveWideningPage, AGapWithoutARowLeadsToItsRangeAndSaysWhatToDo)
+{
+    Show();
+    CDSCurveWidening criterion;
+    criterion.ranges.RemoveAll();
+    for (int max = 6000; max > 0; max -= 200) // more than there is room for
+        criterion.ranges.Add({max == 200 ? 10 : max - 200, max == 200 ? 190 : max, {}});
+    Load(criterion);
+    ASSERT_EQ(TheGrid()->GetRecords().GetCount(), 0);
+    EXPECT_NE(Fault(), "");
+    m_page.FocusRefused();
+    EXPECT_TRUE(TheGrid()->hasFocus());
+    const auto* const head = TheGrid()->horizontalHeader();
+    const int last = head->count() - 1;
+    EXPECT_GE(head->sectionViewportPosition(last), 0);
+    EXPECT_LE(head->sectionViewportPosition(last) + head->sectionSize(last), head->width());
+    EXPECT_TRUE(HasLabel("还没有加宽类别: 右键单击表头, 添加类别后输入圆曲线半径, "
+                         "或移除“10<R≤190”"));
+    ChooseFromHeaderMenu(TheGrid(), last, L"移除“10<R≤190”");
+    EXPECT_EQ(Fault(), "");
+}

@@ -4,6 +4,7 @@
 
 #include "base/Format.h"
 #include "base/Text.h"
+#include "tests/pages/CellKeys.h"
 #include "tests/pages/PageTest.h"
 
 using namespace designspec;
@@ -377,6 +378,44 @@ TEST_F(LonGradLenDialog, ARowWithoutLengthsIsDropped)
     EXPECT_EQ(Stored().rows[0].Grad, 6);
     m_page.Callback().Load(L"甲");
     EXPECT_EQ(Headers(), "坡度6%");
+}
+
+TEST_F(LonGradLenDialog, PastedGradientsAndSpeedsThatAreMissingAreOffered)
+{
+    Show();
+    LoadGradients({4, 6});
+    {
+        const ExpectMessage box(L"表格中没有坡度 4.5%、3%, 没有车速 80 km/h。添加后粘贴?", L"提示",
+                                MB_ICONQUESTION, IDYES);
+        PasteAt(TheGrid(), 0, 1, L"坡度\t60\t80\n4.5\t700\t600\n3%\t900\t850\n95%\t1\t2");
+    }
+    EXPECT_EQ(Columns(TheGrid()), "设计车速(km/h) 80 60");
+    EXPECT_EQ(Headers(), "坡度3% 坡度4% 坡度4.5% 坡度6%");
+    EXPECT_EQ(Row(TheGrid(), 0), "850 900");
+    EXPECT_EQ(Row(TheGrid(), 1), "- 100");
+    EXPECT_EQ(Row(TheGrid(), 2), "600 700");
+    EXPECT_TRUE(HasLabel("4 个值, 按标题填入, 1 行没有对应: 95%"));
+    ASSERT_TRUE(Save());
+    ASSERT_EQ(Stored().rows.count, 4);
+    EXPECT_EQ(Stored().rows[2], (GradientRow{4.5, {{80, 600}, {60, 700}}}));
+    PressKey(&m_page, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Headers(), "坡度4% 坡度6%");
+    EXPECT_FALSE(TheGrid()->GetUndo().CanUndo());
+}
+
+TEST_F(LonGradLenDialog, APastedTableMakesAnEmptyGrid)
+{
+    Show();
+    LoadGradients({});
+    TheGrid()->setFocus();
+    PutOnClipboard(L"坡度\t60\n3%\t900");
+    {
+        const ExpectMessage box(L"表格中没有坡度 3%, 没有车速 60 km/h。添加后粘贴?", L"提示",
+                                MB_ICONQUESTION, IDYES);
+        PressKey(&m_page, Qt::Key_V, Qt::ControlModifier);
+    }
+    EXPECT_EQ(Headers(), "坡度3%");
+    EXPECT_EQ(Row(TheGrid(), 0), "900");
 }
 
 TEST_F(LonGradLenDialog, KeepsItsSource)

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "base/Text.h"
+#include "tests/pages/CellKeys.h"
 #include "tests/pages/PageTest.h"
 
 using namespace designspec;
@@ -213,6 +214,21 @@ TEST_F(ResultantGradientDialog, ASpeedCanBeEnteredAndRemoved)
     EXPECT_EQ(Columns(TheGrid()), "设计车速(km/h) 120 100 90 80");
     ChooseFromMenu(TheGrid(), 0, 1, L"120 km/h");
     EXPECT_EQ(Columns(TheGrid()), "设计车速(km/h) 100 90 80");
+}
+
+TEST_F(ResultantGradientDialog, PastedRoadClassesThatAreMissingAreOffered)
+{
+    Show();
+    Load(TwoClasses());
+    {
+        const ExpectMessage box(L"表格中没有道路等级 二级公路。添加后粘贴?", L"提示",
+                                MB_ICONQUESTION, IDYES);
+        PasteAt(TheGrid(), 0, 1, L"\t100\t80\n二级公路\t10\t9.5%\n高速公路\t-\t8\n村道\t7\t7");
+    }
+    EXPECT_EQ(Headers(), "高速公路 一级公路 二级公路");
+    EXPECT_EQ(Row(TheGrid(), 0), "9.5 - 8");
+    EXPECT_EQ(Row(TheGrid(), 2), "- 10 9.5");
+    EXPECT_TRUE(HasLabel("3 个值, 按标题填入, 1 个不合格: 高速公路 100 “-”, 1 行没有对应: 村道"));
 }
 
 TEST_F(ResultantGradientDialog, TheSnowValueHasAtMostOneDecimal)

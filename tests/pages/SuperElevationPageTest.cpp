@@ -616,3 +616,23 @@ TEST_F(SuperElevationPage, ATableCopiedFromASheetMayHaveItsHeadings)
     EXPECT_EQ(Row(TheGrid(), 0), "250~270 90~120");
     EXPECT_EQ(Row(TheGrid(), 1), "270~330 120~130");
 }
+
+TEST_F(SuperElevationPage, PastedSuperelevationsThatAreMissingAreOffered)
+{
+    UseMaxima({8, 4});
+    Load(Eight());
+    Show();
+    Select(1);
+    ASSERT_EQ(Selected(), "最大4%");
+    PutOnClipboard(L"超高\t60\n4%\t150~180\n超高 3%\t180~220\n5%\t90~150");
+    TheGrid()->setFocus();
+    {
+        const ExpectMessage box(L"表格中没有超高 4%、3%, 没有车速 60 km/h。添加后粘贴?", L"提示",
+                                MB_ICONQUESTION, IDYES);
+        PressKey(&m_page, Qt::Key_V, Qt::ControlModifier);
+    }
+    EXPECT_EQ(Row(TheGrid(), 0), "150~180");
+    EXPECT_EQ(Row(TheGrid(), 1), "180~220");
+    EXPECT_TRUE(HasLabel("2 个值, 按标题填入, 1 行没有对应: 5%"));
+    EXPECT_EQ(Fault(), "");
+}

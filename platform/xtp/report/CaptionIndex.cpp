@@ -108,6 +108,13 @@ CaptionParts::CaptionParts(std::wstring_view text)
         if (!numbers.empty() && word == quantity) word.clear();
 }
 
+std::optional<double> CaptionParts::OnlyNumber(std::wstring_view words) const
+{
+    const bool isOne = !numbers.empty() && numbers.find(L';') + 1 == numbers.size();
+    if (!isOne || words.find(word) == std::wstring_view::npos) return {};
+    return Wtof(numbers);
+}
+
 CaptionIndex::CaptionIndex(const CStringArray& captions)
 {
     int place = 0;

@@ -1,6 +1,7 @@
 // Captions of a table's rows or columns, to be found by what somebody else wrote for them.
 #pragma once
 
+#include <optional>
 #include <unordered_map>
 #include <vector>
 
@@ -21,6 +22,8 @@ struct AFX_EXT_CLASS CaptionParts {
     CString word;    // in lower case, without blanks
 
     bool IsNumber() const { return !numbers.empty() && word.empty(); }
+    // The number of a caption that has just one, and no word but such a part of `words`.
+    std::optional<double> OnlyNumber(std::wstring_view words) const;
 };
 
 // Each search takes the same time, however many captions there are.

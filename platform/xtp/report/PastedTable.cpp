@@ -22,7 +22,8 @@ class PastedTable::Recogniser {
 public:
     explicit Recogniser(const TableCaptions& captions)
         : m_captions(captions), m_rows(captions.rows), m_columns(captions.columns),
-          m_usual(captions.usual), m_corner(CaptionParts(captions.corner).word)
+          m_usual(captions.usual),
+          m_corner(CaptionParts(captions.corner).word + L' ' + CaptionParts(captions.rowKind).word)
     {
     }
 
@@ -33,19 +34,22 @@ public:
                            [this](const CString& text) { return IsRow(text); });
     }
     // Captions of rows, the grid's or others; some may be missing. Bare numbers are some only when
-    // the grid has each of them and none stands twice.
-    bool AreRows(const CStringArray& line) const
+    // the grid has each of them and none stands twice; one that it has or could have is enough
+    // where the columns are certain (`besideColumns`).
+    bool AreRows(const CStringArray& line, bool besideColumns = false) const
     {
         bool any = false;
+        bool meant = false;
         std::set<CString> numbers;
         for (const CString& text : line) {
             if (PlainText(text).empty()) continue;
-            if (CaptionParts(text).word.empty() &&
-                (!IsRow(text) || !numbers.insert(PlainText(text)).second))
-                return false;
             any = true;
+            const bool isRow = IsRow(text) || (besideColumns && Can(m_captions.canAddRow, text));
+            meant = meant || isRow;
+            if (!CaptionParts(text).word.empty()) continue;
+            if (!numbers.insert(PlainText(text)).second || !(isRow || besideColumns)) return false;
         }
-        return any;
+        return any && (meant || numbers.empty());
     }
     // Captions of columns: most of them the grid has or could have, and none stands twice.
     bool AreColumns(const CStringArray& line) const
@@ -58,8 +62,7 @@ public:
             if (caption.empty()) continue;
             if (!met.insert(caption).second) return false;
             ++captions;
-            if (m_columns.Find(caption) >= 0 || (m_captions.canAdd && m_captions.canAdd(caption)))
-                ++known;
+            if (m_columns.Find(caption) >= 0 || Can(m_captions.canAddColumn, caption)) ++known;
         }
         return known > 0 && 2 * known >= captions;
     }
@@ -81,7 +84,7 @@ public:
         return PlainText(text).empty() || !CaptionParts(text).word.empty();
     }
     // What may stand where captions of rows and columns meet: nothing, what the grid has there,
-    // or another word.
+    // what its rows are, or another word.
     bool IsCorner(const CString& text) const
     {
         const CaptionParts parts(text);
@@ -91,6 +94,10 @@ public:
     bool IsOtherCorner(const CString& text) const { return IsWordOrEmpty(text) && !IsRow(text); }
 
 private:
+    static bool Can(const std::function<bool(const CString&)>& add, const CString& caption)
+    {
+        return add && add(caption);
+    }
     static bool InOrder(const CStringArray& line)
     {
         std::vector<double> numbers;
@@ -129,7 +136,13 @@ size_t FindRangeSign(const CString& text)
 
 } // namespace
 
-PastedTable::PastedTable(Texts texts, const TableCaptions& captions) : m_texts(std::move(texts))
+PastedTable::PastedTable(Texts texts) : m_texts(std::move(texts))
+{
+    for (const CStringArray& row : m_texts)
+        m_width = std::max(m_width, static_cast<int>(row.size()));
+}
+
+PastedTable::PastedTable(Texts texts, const TableCaptions& captions) : PastedTable(std::move(texts))
 {
     Recognise(captions);
 }
@@ -175,8 +188,8 @@ void PastedTable::Recognise(const TableCaptions& captions)
                    : is.IsOtherCorner(corner) && is.AreUsualColumns(line, kFewestColumns);
     };
     const bool columnsOnTop =
-        !left.empty() && areColumns(top) && (is.AreRows(left) || is.AreEmpty(left));
-    const bool columnsAtLeft = !columnsOnTop && areColumns(left) && is.AreRows(top);
+        !left.empty() && areColumns(top) && (is.AreRows(left, true) || is.AreEmpty(left));
+    const bool columnsAtLeft = !columnsOnTop && areColumns(left) && is.AreRows(top, true);
     if (columnsOnTop || columnsAtLeft) {
         m_top = m_left = 1;
         m_transposed = columnsAtLeft;
@@ -222,14 +235,6 @@ const CString& PastedTable::At(int row, int column) const
     static const CString kNone;
     const CStringArray& texts = m_texts[static_cast<size_t>(row)];
     return column < std::ssize(texts) ? texts[static_cast<size_t>(column)] : kNone;
-}
-
-int PastedTable::Width() const
-{
-    size_t width = 0;
-    for (const CStringArray& row : m_texts)
-        width = std::max(width, row.size());
-    return static_cast<int>(width);
 }
 
 int PastedTable::GetRowCount() const

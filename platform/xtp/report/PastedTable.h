@@ -16,9 +16,11 @@ struct TableCaptions {
     CString corner;
     CStringArray rows;
     CStringArray columns;
-    // Columns that the grid has not but often has, and whether it could have one.
+    // Columns that the grid has not but often has, and whether it could have one, or such a row.
     CStringArray usual = {};
-    std::function<bool(const CString& caption)> canAdd = nullptr;
+    std::function<bool(const CString& caption)> canAddColumn = nullptr;
+    std::function<bool(const CString& caption)> canAddRow = nullptr;
+    CString rowKind = {}; // what such rows are called
 };
 
 // The values of a block lie as the grid does, a row for a row, whichever way the block lay.
@@ -57,7 +59,7 @@ public:
     static CString Range(const CString& text, std::wstring_view unit);
 
 private:
-    explicit PastedTable(Texts texts) : m_texts(std::move(texts)) {}
+    explicit PastedTable(Texts texts);
 
     class Recogniser;
     void Recognise(const TableCaptions& captions);
@@ -68,10 +70,11 @@ private:
     CStringArray Line(bool across, int from) const;
     const CString* TopCaption(int column) const;
     const CString* LeftCaption(int row) const;
-    int Width() const;
+    int Width() const { return m_width; }
     int Height() const { return static_cast<int>(m_texts.size()); }
 
     Texts m_texts;
+    int m_width = 0; // of the longest row
     // Captions of the block as it lay: how many lines they take, and whether they are to be used.
     int m_top = 0;
     int m_left = 0;

@@ -121,10 +121,12 @@ PastedTable ReportClipboard::Pasted(Kind kind) const
 void ReportClipboard::Paste(Kind kind)
 {
     const QModelIndexList cells = SelectedCells();
-    if (cells.isEmpty() || !QApplication::clipboard()->mimeData()) return;
+    // A table that has its captions with it can make the rows of an empty grid.
+    const bool hasPlace = !cells.isEmpty() || m_grid.model()->rowCount() == 0;
+    if (!hasPlace || !QApplication::clipboard()->mimeData()) return;
     const PastedTable table = Pasted(kind);
     if (table.IsSingle())
         ReportPaste(m_grid).Fill(*table.Value(0, 0), cells);
     else if (!table.IsEmpty() || table.IsWords())
-        ReportPaste(m_grid).Block(table, cells.front());
+        ReportPaste(m_grid).Block(table, cells.isEmpty() ? QModelIndex() : cells.front());
 }

@@ -175,6 +175,7 @@ bool CXTPReportControl::IsEditable(const QModelIndex& index) const
 
 bool CXTPReportControl::HasCaptions() const
 {
+    if (m_model->rowCount() == 0) return m_rowOffer.name != nullptr; // those that it could get
     const CXTPReportRecordItem* const first = ItemAt(IndexOf(0, 0));
     return first && !first->IsEditable();
 }

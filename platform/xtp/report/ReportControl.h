@@ -17,6 +17,7 @@
 #include "platform/xtp/report/ReportColumn.h"
 #include "platform/xtp/report/ReportKeys.h"
 #include "platform/xtp/report/ReportNotices.h"
+#include "platform/xtp/report/ReportOffer.h"
 #include "platform/xtp/report/ReportPaintManager.h"
 #include "platform/xtp/report/ReportRecord.h"
 #include "platform/xtp/report/ReportUndo.h"
@@ -29,14 +30,6 @@ namespace designspec {
 class ReportDelegate;
 class ReportHeader;
 class ReportModel;
-
-// What a pasted block may add to a grid.
-struct ReportColumnOffer {
-    CStringArray usual; // captions that such grids often have
-    std::function<bool(const CString& caption)> canAdd;
-    // Asks the user and adds them; false when the user did not want it. Populate comes after it.
-    std::function<bool(const CStringArray& captions)> add;
-};
 
 } // namespace designspec
 
@@ -88,9 +81,11 @@ public:
     void SetRemark(const CString& remark);
     const CString& GetRemark() const { return m_remark; }
 
-    // Columns that the grid could have more of.
-    void SetColumnOffer(const designspec::ReportColumnOffer& offer) { m_columnOffer = offer; }
-    const designspec::ReportColumnOffer& GetColumnOffer() const { return m_columnOffer; }
+    // Columns and rows that the grid could have more of.
+    void SetColumnOffer(const designspec::ReportOffer& offer) { m_columnOffer = offer; }
+    const designspec::ReportOffer& GetColumnOffer() const { return m_columnOffer; }
+    void SetRowOffer(const designspec::ReportOffer& offer) { m_rowOffer = offer; }
+    const designspec::ReportOffer& GetRowOffer() const { return m_rowOffer; }
 
     designspec::ReportUndo& GetUndo() { return m_undo; }
 
@@ -139,7 +134,8 @@ private:
     designspec::ReportModel* m_model;
     designspec::ReportHeader* m_header;
     designspec::ReportDelegate* m_delegate;
-    designspec::ReportColumnOffer m_columnOffer;
+    designspec::ReportOffer m_columnOffer;
+    designspec::ReportOffer m_rowOffer;
     CString m_remark;
     QLabel* m_remarkLine = nullptr; // of CreateOver
     bool m_allowEdit = false;

@@ -7,6 +7,7 @@
 #include "base/Format.h"
 #include "base/Number.h"
 #include "base/Text.h"
+#include "platform/mfc/MessageBox.h"
 #include "platform/vmrd/VmHFCBaseU/Text.h"
 #include "platform/xtp/report/ReportControl.h"
 
@@ -16,13 +17,33 @@ namespace {
 
 constexpr size_t kMostNamed = 3; // in one line
 
+// What the offer calls those of the captions that it can add, each once.
+CStringArray NamesOf(const ReportOffer& offer, const CStringArray& captions)
+{
+    CStringArray names;
+    for (const CString& caption : captions) {
+        const CString name = offer.name ? offer.name(caption) : CString();
+        if (!name.empty() && std::find(names.begin(), names.end(), name) == names.end())
+            names.push_back(name);
+    }
+    return names;
+}
+
+CString Asked(const ReportOffer& offer, const CStringArray& names)
+{
+    CString text;
+    for (const CString& name : names)
+        text += (text.empty() ? offer.what + L" " : L"、") + name;
+    return text + (names.empty() ? L"" : offer.unit);
+}
+
 } // namespace
 
 CString designspec::FirstNames(const CStringArray& names)
 {
     CString text;
     for (size_t i = 0; i < std::min(names.size(), kMostNamed); ++i)
-        text += (i == 0 ? L"" : L"、") + OneLine(names[i]);
+        text += (i == 0 ? L"" : L"、") + Printable(OneLine(names[i]));
     return text + (names.size() > kMostNamed ? L" 等" : L"");
 }
 
@@ -36,9 +57,12 @@ CString designspec::OneLine(const CString& caption)
 TableCaptions designspec::CaptionsOf(const CXTPReportControl& grid)
 {
     TableCaptions captions;
-    const ReportColumnOffer& offer = grid.GetColumnOffer();
-    captions.usual = offer.usual;
-    captions.canAdd = offer.canAdd;
+    captions.usual = grid.GetColumnOffer().usual;
+    captions.canAddColumn = [&grid](const CString& one) {
+        return grid.GetColumnOffer().CanAdd(one);
+    };
+    captions.rowKind = grid.GetRowOffer().what;
+    captions.canAddRow = [&grid](const CString& one) { return grid.GetRowOffer().CanAdd(one); };
     if (!grid.HasCaptions()) return captions;
     for (int column = 0; const auto* shown = grid.ShownColumn(column); ++column)
         if (column == 0)
@@ -52,23 +76,32 @@ TableCaptions designspec::CaptionsOf(const CXTPReportControl& grid)
 
 // Where the block goes
 
+void ReportPaste::Find(const PastedTable& table, const QModelIndex& corner)
+{
+    m_byCaptions = false;
+    FindRows(table, std::max(corner.row(), 0));
+    FindColumns(table, corner.column());
+}
+
 void ReportPaste::FindRows(const PastedTable& table, int corner)
 {
     const CaptionIndex index(CaptionsOf(m_grid).rows);
-    bool known = false;
+    bool meant = false; // they are captions of such a grid
+    CStringArray unknown;
+    m_rows.clear();
     for (int row = 0; row < table.GetRowCount(); ++row) {
         const CString* const caption = table.RowCaption(row);
         m_rows.push_back(caption ? index.Find(*caption) : kNowhere);
-        known = known || m_rows.back() != kNowhere;
+        if (!caption) continue;
+        if (m_rows.back() == kNowhere) unknown.push_back(*caption);
+        meant = meant || m_rows.back() != kNowhere || m_grid.GetRowOffer().CanAdd(*caption);
     }
+    m_byCaptions = m_byCaptions || meant;
+    m_unknownRows = meant ? unknown : CStringArray();
+    m_strangeRows = meant ? CStringArray() : unknown;
     const int rows = m_grid.model()->rowCount();
-    for (int row = 0; row < table.GetRowCount(); ++row) {
-        int& place = m_rows[static_cast<size_t>(row)];
-        if (!known)
-            place = corner + row < rows ? corner + row : kNowhere;
-        else if (place == kNowhere)
-            m_unknownRows.push_back(*table.RowCaption(row));
-    }
+    for (int row = 0; !meant && row < table.GetRowCount(); ++row)
+        m_rows[static_cast<size_t>(row)] = corner + row < rows ? corner + row : kNowhere;
 }
 
 void ReportPaste::FindColumns(const PastedTable& table, int corner)
@@ -82,6 +115,7 @@ void ReportPaste::FindColumns(const PastedTable& table, int corner)
         int place = std::max(corner, first) + column;
         if (const CString* const caption = table.ColumnCaption(column)) {
             const int found = index.Find(*caption);
+            m_byCaptions = true;
             place = found < 0 ? kNowhere : found + first;
             if (found < 0) m_unknownColumns.push_back(*caption);
         }
@@ -89,15 +123,20 @@ void ReportPaste::FindColumns(const PastedTable& table, int corner)
     }
 }
 
-void ReportPaste::OfferColumns(const PastedTable& table)
+// True when the user wanted them, and the grid has them now.
+bool ReportPaste::OfferMissing()
 {
-    const ReportColumnOffer& offer = m_grid.GetColumnOffer();
-    CStringArray missing;
-    for (const CString& caption : m_unknownColumns)
-        if (offer.canAdd && offer.canAdd(caption)) missing.push_back(caption);
-    if (missing.empty() || !offer.add(missing)) return;
+    const CStringArray rows = NamesOf(m_grid.GetRowOffer(), m_unknownRows);
+    const CStringArray columns = NamesOf(m_grid.GetColumnOffer(), m_unknownColumns);
+    if (rows.empty() && columns.empty()) return false;
+    const CString question = L"表格中没有" + Asked(m_grid.GetRowOffer(), rows) +
+                             (rows.empty() || columns.empty() ? L"" : L", 没有") +
+                             Asked(m_grid.GetColumnOffer(), columns) + L"。添加后粘贴?";
+    if (MessageBox(&m_grid, question, L"提示", MB_YESNO | MB_ICONQUESTION) != IDYES) return false;
+    if (!rows.empty()) m_grid.GetRowOffer().add(rows);
+    if (!columns.empty()) m_grid.GetColumnOffer().add(columns);
     m_grid.Populate();
-    FindColumns(table, 0);
+    return true;
 }
 
 std::vector<ReportPaste::Entry> ReportPaste::EntriesOf(const PastedTable& table) const
@@ -124,18 +163,14 @@ void ReportPaste::Block(const PastedTable& table, const QModelIndex& corner)
         m_grid.SetRemark(L"没有粘贴: 剪贴板上没有数值");
         return;
     }
-    const bool byCaptions = table.RowCaption(0) || table.ColumnCaption(0);
-    const int row = corner.row();
-    const int column = corner.column();
     m_grid.GetUndo().Step([&] {
-        FindRows(table, row);
-        FindColumns(table, column);
-        OfferColumns(table);
+        Find(table, corner);
+        if (OfferMissing()) Find(table, corner);
         const std::vector<Entry> entries = EntriesOf(table);
         Enter(entries);
         Select(entries);
     });
-    m_grid.SetRemark(Report(byCaptions));
+    m_grid.SetRemark(Report());
 }
 
 void ReportPaste::Fill(const CString& text, const QModelIndexList& cells)
@@ -145,7 +180,7 @@ void ReportPaste::Fill(const CString& text, const QModelIndexList& cells)
         if (m_grid.IsEditable(cell)) entries.push_back({cell, text});
     if (entries.empty()) return;
     m_grid.GetUndo().Step([&] { Enter(entries); });
-    m_grid.SetRemark(Report(false));
+    m_grid.SetRemark(Report());
 }
 
 void ReportPaste::Enter(const std::vector<Entry>& entries)
@@ -164,7 +199,7 @@ void ReportPaste::Note(const Entry& entry, const CString& before)
 {
     const CXTPReportRecordItem& item = *m_grid.ItemAt(entry.cell);
     const auto named = [&] {
-        return m_grid.CellName(entry.cell) + L" “" + Trim(entry.text) + L"”";
+        return m_grid.CellName(entry.cell) + L" “" + Printable(Trim(entry.text)) + L"”";
     };
     if (Trim(entry.text).empty()) {
         m_emptied += before.empty() ? 0 : 1;
@@ -204,7 +239,7 @@ CString ReportPaste::LeftOut(const std::vector<int>& places, const CStringArray&
     return beyond > 0 ? Format(L", %d %s超出", static_cast<int>(beyond), CString(what)) : CString();
 }
 
-CString ReportPaste::Report(bool byCaptions) const
+CString ReportPaste::Report() const
 {
     const auto named = [](const CStringArray& cells, const wchar_t* what) {
         return cells.empty()
@@ -215,6 +250,8 @@ CString ReportPaste::Report(bool byCaptions) const
     CString said = named(m_refused, L"不合格") + named(m_cut, L"舍去了小数");
     if (m_emptied > 0) said += Format(L", %d 个清空", m_emptied);
     said += LeftOut(m_rows, m_unknownRows, L"行") + LeftOut(m_columns, m_unknownColumns, L"列");
-    if (said.empty() && !byCaptions) return {};
-    return Format(L"%d 个值", m_entered) + (byCaptions ? L", 按标题填入" : L"") + said;
+    if (!m_strangeRows.empty())
+        said += L", 表格中没有这些行, 依次填入: " + FirstNames(m_strangeRows);
+    if (said.empty() && !m_byCaptions) return {};
+    return Format(L"%d 个值", m_entered) + (m_byCaptions ? L", 按标题填入" : L"") + said;
 }

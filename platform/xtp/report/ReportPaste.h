@@ -13,7 +13,7 @@ namespace designspec {
 
 // The captions of a grid's rows and columns as they are shown.
 AFX_EXT_API TableCaptions CaptionsOf(const CXTPReportControl& grid);
-// "A、B、C 等": as many as a line has room for, without line breaks.
+// "A、B、C 等": as many as a line has room for, to be shown on one.
 AFX_EXT_API CString FirstNames(const CStringArray& names);
 // Without line breaks.
 AFX_EXT_API CString OneLine(const CString& caption);
@@ -23,8 +23,8 @@ public:
     explicit ReportPaste(CXTPReportControl& grid) : m_grid(grid) {}
 
     // Rows go to the rows of their captions, columns to the columns of theirs; the user is asked
-    // about columns that could be added. Without captions, and where no row's is known, a block
-    // goes in from `corner` on.
+    // about those that could be added. Without captions, and where no row's is one that the grid
+    // has or could have, a block goes in from `corner` on, which may be none in an empty grid.
     void Block(const PastedTable& table, const QModelIndex& corner);
     // The same text into each cell.
     void Fill(const CString& text, const QModelIndexList& cells);
@@ -36,15 +36,16 @@ private:
         CString text;
     };
 
+    void Find(const PastedTable& table, const QModelIndex& corner);
     void FindRows(const PastedTable& table, int corner);
     void FindColumns(const PastedTable& table, int corner);
-    void OfferColumns(const PastedTable& table);
+    bool OfferMissing();
     std::vector<Entry> EntriesOf(const PastedTable& table) const;
     void Enter(const std::vector<Entry>& entries);
     void Note(const Entry& entry, const CString& before);
     void Select(const std::vector<Entry>& entries);
 
-    CString Report(bool byCaptions) const;
+    CString Report() const;
     CString LeftOut(const std::vector<int>& places, const CStringArray& unknown,
                     const wchar_t* what) const;
 
@@ -55,6 +56,8 @@ private:
     std::vector<int> m_columns;
     CStringArray m_unknownRows;
     CStringArray m_unknownColumns;
+    CStringArray m_strangeRows; // captions of rows that went in one after the other
+    bool m_byCaptions = false;
 
     int m_entered = 0;
     int m_emptied = 0;

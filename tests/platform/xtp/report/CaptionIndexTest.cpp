@@ -66,3 +66,11 @@ TEST(CaptionParts, TellNumbersFromWords)
     EXPECT_EQ(CaptionParts(L"—").word, L"");
     EXPECT_EQ(CaptionParts(L"一般 值").word, L"一般值");
 }
+
+TEST(CaptionParts, HaveTheOnlyNumberOfACaption)
+{
+    for (const wchar_t* text : {L"4.5", L"坡度 4.5%", L"坡度４．５％", L"i=4.5%", L"坡 4.50"})
+        EXPECT_EQ(CaptionParts(text).OnlyNumber(L"纵坡坡度"), 4.5) << ToUtf8(text);
+    for (const wchar_t* text : {L"", L"坡度", L"4~5%", L"超高 4%", L"坡长 4"})
+        EXPECT_EQ(CaptionParts(text).OnlyNumber(L"纵坡坡度"), std::nullopt) << ToUtf8(text);
+}

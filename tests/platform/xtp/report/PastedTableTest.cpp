@@ -17,7 +17,7 @@ TableCaptions Radii()
     captions.rows = {L"不设超高最小半径(m)", L"设超高推荐半径(m)", L"设超高最小半径(m)"};
     captions.columns = {L"100", L"80", L"60"};
     captions.usual = {L"120", L"100", L"80", L"60", L"50", L"40", L"30", L"20"};
-    captions.canAdd = [](const CString& caption) {
+    captions.canAddColumn = [](const CString& caption) {
         const int speed = Wtoi(caption);
         return CaptionParts(caption).IsNumber() && speed >= 10 && speed <= 150;
     };
@@ -106,6 +106,27 @@ TEST(PastedTable, BareNumbersAreRowCaptionsWhenEachIsOne)
     EXPECT_EQ(read(L"4\t700\n3\t900"), "-|4: 700|3: 900");
     EXPECT_EQ(read(L"3\t700\n3\t900"), "- -|-: 3 700|-: 3 900");
     EXPECT_EQ(read(L"3\t700\n5\t900"), "- -|-: 3 700|-: 5 900");
+}
+
+TEST(PastedTable, BareNumbersBesideColumnsAreRowCaptionsThatCouldBe)
+{
+    TableCaptions captions = Radii();
+    captions.rows = {L"坡度3%"};
+    captions.canAddRow = [](const CString& caption) {
+        return CaptionParts(caption).OnlyNumber(L"坡度").value_or(100) < 10;
+    };
+    const auto read = [&captions](const wchar_t* text) {
+        return Read(PastedTable(ParseTabText(text), captions));
+    };
+    EXPECT_EQ(read(L"坡度\t100\t80\n5%\t700\t800\n3\t900\t950"), "100 80|5%: 700 800|3: 900 950");
+    EXPECT_EQ(read(L"坡度\t100\t80\n3%\t700\t800\n95%\t9\t9"), "100 80|3%: 700 800|95%: 9 9");
+    EXPECT_EQ(read(L"坡度\t100\n4%\t700"), "- -|-: 坡度 100|-: 4% 700");
+    captions.rowKind = L"坡度";
+    EXPECT_EQ(read(L"坡度\t100\n4%\t700"), "100|4%: 700");
+    EXPECT_EQ(read(L"车速\t3\t4\n100\t700\t600\n80\t900\t800"), "100 80|3: 700 900|4: 600 800");
+    EXPECT_EQ(read(L"3\t700\n5\t900"), "- -|-: 3 700|-: 5 900"); // values could be such
+    EXPECT_EQ(read(L"坡度\t100\t80\n5\t700\t800\n5\t900\t950"),
+              "- - -|-: 坡度 100 80|-: 5 700 800|-: 5 900 950"); // one row twice
 }
 
 TEST(PastedTable, KeepsWhatItHasNotApartFromWhatIsEmpty)

@@ -1,6 +1,9 @@
 // What a pasted block does to the cells, and what the grid says about it.
 #include "platform/xtp/report/ReportPaste.h"
 
+#include <QApplication>
+#include <QClipboard>
+
 #include "platform/mfc/MessageBox.h"
 #include "platform/xtp/report/TabText.h"
 #include "tests/platform/xtp/report/TestGrid.h"
@@ -14,21 +17,41 @@ protected:
     void SetUp() override
     {
         TestGrid::SetUp();
-        ReportColumnOffer offer;
-        offer.usual = {L"120", L"100", L"80", L"60"};
-        offer.canAdd = [](const CString& caption) { return Wtoi(caption) >= 10; };
-        offer.add = [this](const CStringArray& captions) { return Add(captions); };
-        m_grid.SetColumnOffer(offer);
+        m_grid.SetColumnOffer(
+            {L"车速",
+             L" km/h",
+             [](const CString& caption) { return Wtoi(caption) >= 10 ? caption : CString(); },
+             [this](const CStringArray& names) { Add(names); },
+             {L"120", L"100", L"80", L"60"}});
+    }
+    // Rows 坡度1%, 坡度2% ... can be added.
+    void OfferRows()
+    {
+        m_grid.SetRowOffer({L"坡度", L"",
+                            [](const CString& caption) {
+                                const auto number = CaptionParts(caption).OnlyNumber(L"坡度");
+                                return number && *number < 10
+                                           ? Format(L"%d%%", static_cast<int>(*number))
+                                           : CString();
+                            },
+                            [this](const CStringArray& names) {
+                                for (const CString& name : names)
+                                    AddRow(L"坡度" + name);
+                            }});
     }
     void Paste(std::wstring_view text, int row = 0, int column = 1)
     {
         ReportPaste(m_grid).Block(PastedTable(ParseTabText(text), CaptionsOf(m_grid)),
                                   m_grid.IndexOf(row, column));
     }
-    bool Add(const CStringArray& captions)
+    // The same where the user is asked about what is missing.
+    void PasteAsked(const CString& question, int answer, std::wstring_view text)
     {
-        m_offered = captions;
-        if (!m_wanted) return false;
+        const ExpectMessage box(question, L"提示", MB_ICONQUESTION, answer);
+        Paste(text);
+    }
+    void Add(const CStringArray& captions)
+    {
         for (const CString& caption : captions) {
             int item = 0;
             for (const auto& record : m_grid.GetRecords().All()) {
@@ -37,7 +60,13 @@ protected:
             }
             m_grid.GetColumns().Add(new CXTPReportColumn(item, caption, 40));
         }
-        return true;
+    }
+    void AddRow(const CString& caption)
+    {
+        CXTPReportRecord* const record = m_grid.GetRecords().Add(new CXTPReportRecord);
+        record->AddItem(new CXTPReportRecordItem(caption))->SetEditable(false);
+        while (record->GetItemCount() <= 3)
+            record->AddItem(new CTestNumberItem);
     }
     void ExpectUndoneInOneStep()
     {
@@ -46,9 +75,6 @@ protected:
         EXPECT_FALSE(m_grid.GetUndo().CanUndo());
         EXPECT_EQ(m_grid.GetRemark(), L"");
     }
-
-    CStringArray m_offered;
-    bool m_wanted = true;
 };
 
 } // namespace
@@ -71,12 +97,13 @@ TEST_F(ReportPasteTest, PutsUnknownRowsWhereTheUserPoints)
 {
     Paste(L"\t100\t80\n一般值\t700\t400\n极限值\t400\t250", 1, 1);
     EXPECT_EQ(Content(), L"行0 1 2 3|行1 11 700 400|行2 21 400 250|");
+    EXPECT_EQ(m_grid.GetRemark(),
+              L"4 个值, 按标题填入, 表格中没有这些行, 依次填入: 一般值、极限值");
 }
 
 TEST_F(ReportPasteTest, OffersColumnsThatAreMissing)
 {
-    Paste(L"\t120\t85\t5\n行0\t7\t8\t9");
-    EXPECT_EQ(m_offered, CStringArray{L"85"});
+    PasteAsked(L"表格中没有车速 85 km/h。添加后粘贴?", IDYES, L"\t120\t85\t5\n行0\t7\t8\t9");
     EXPECT_EQ(Content(), L"行0 7 2 3 8|行1 11 12 13 |行2 21 22 23 |");
     EXPECT_EQ(m_grid.GetRemark(), L"2 个值, 按标题填入, 1 列没有对应: 5");
     ExpectUndoneInOneStep();
@@ -84,11 +111,65 @@ TEST_F(ReportPasteTest, OffersColumnsThatAreMissing)
 
 TEST_F(ReportPasteTest, LeavesColumnsOutThatNobodyWants)
 {
-    m_wanted = false;
-    Paste(L"\t120\t85\t70\n行0\t7\t8\t9");
-    EXPECT_EQ(m_offered, (CStringArray{L"85", L"70"}));
+    PasteAsked(L"表格中没有车速 85、70 km/h。添加后粘贴?", IDNO, L"\t120\t85\t70\n行0\t7\t8\t9");
     EXPECT_EQ(Content(), L"行0 7 2 3|行1 11 12 13|行2 21 22 23|");
     EXPECT_EQ(m_grid.GetRemark(), L"1 个值, 按标题填入, 2 列没有对应: 85、70");
+}
+
+TEST_F(ReportPasteTest, OffersRowsThatAreMissing)
+{
+    OfferRows();
+    PasteAsked(L"表格中没有坡度 4%、3%。添加后粘贴?", IDYES,
+               L"车速\t100\t120\n4%\t7\t8\n坡度 3%\t5\t6\n4\t9\t9\n行9\t1\t1");
+    EXPECT_EQ(Content(), L"行0 1 2 3|行1 11 12 13|行2 21 22 23|坡度4% 9 9 |坡度3% 6 5 |");
+    EXPECT_EQ(m_grid.GetRemark(), L"6 个值, 按标题填入, 1 行没有对应: 行9");
+    ExpectUndoneInOneStep();
+}
+
+TEST_F(ReportPasteTest, AsksOnceAboutRowsAndColumns)
+{
+    OfferRows();
+    PasteAsked(L"表格中没有坡度 3%, 没有车速 85 km/h。添加后粘贴?", IDYES, L"车速\t85\n3%\t7");
+    EXPECT_EQ(Content(), L"行0 1 2 3 |行1 11 12 13 |行2 21 22 23 |坡度3%    7|");
+    ExpectUndoneInOneStep();
+}
+
+TEST_F(ReportPasteTest, PutsRowsThatNobodyWantsNowhereElse)
+{
+    OfferRows();
+    PasteAsked(L"表格中没有坡度 3%、4%。添加后粘贴?", IDNO, L"车速\t100\n坡度3%\t7\n坡度4%\t8");
+    EXPECT_EQ(Content(), m_initial);
+    EXPECT_EQ(m_grid.GetRemark(), L"0 个值, 按标题填入, 2 行没有对应: 坡度3%、坡度4%");
+}
+
+TEST_F(ReportPasteTest, ATableMakesTheRowsOfAnEmptyGrid)
+{
+    m_grid.GetRecords().RemoveAll();
+    m_grid.Populate();
+    OfferRows();
+    QApplication::clipboard()->setText(QStringLiteral("车速\t100\n3%\t7"));
+    {
+        const ExpectMessage box(L"表格中没有坡度 3%。添加后粘贴?", L"提示", MB_ICONQUESTION, IDYES);
+        Key(Qt::Key_V, Qt::ControlModifier);
+    }
+    EXPECT_EQ(Content(), L"坡度3%  7 |");
+    EXPECT_EQ(m_grid.GetRemark(), L"1 个值, 按标题填入");
+}
+
+TEST_F(ReportPasteTest, AnEmptyGridTakesNoValues)
+{
+    m_grid.GetRecords().RemoveAll();
+    m_grid.Populate();
+    OfferRows();
+    Paste(L"5\t6", -1, -1);
+    EXPECT_EQ(Content(), L"");
+    EXPECT_EQ(m_grid.GetRemark(), L"0 个值, 1 行超出");
+}
+
+TEST_F(ReportPasteTest, ShowsWhatActsOnALine)
+{
+    Paste(L"5\t\x1b[1m", 0, 1);
+    EXPECT_EQ(m_grid.GetRemark(), L"1 个值, 1 个不合格: 行0 100 “\\x1B[1m”");
 }
 
 TEST_F(ReportPasteTest, SaysWhatWasLeftOutAndWhatIsNoValue)
@@ -118,7 +199,7 @@ TEST_F(ReportPasteTest, NamesNoMoreThanALineHolds)
 TEST_F(ReportPasteTest, TheNextChangeEndsTheRemark)
 {
     Paste(L"abc\t5", 0, 0);
-    ASSERT_EQ(m_grid.GetRemark(), L"1 个值, 按标题填入");
+    ASSERT_EQ(m_grid.GetRemark(), L"1 个值, 表格中没有这些行, 依次填入: abc");
     m_grid.EnterText(m_grid.IndexOf(0, 1), L"5"); // what it holds already
     EXPECT_NE(m_grid.GetRemark(), L"");
     m_grid.EnterText(m_grid.IndexOf(0, 1), L"6");
