@@ -71,7 +71,8 @@ std::optional<LibraryWatcher::Stamp> LibraryWatcher::StampOf(const CString& path
     struct stat status = {};
     if (stat(NativePath(path).c_str(), &status) != 0 || (status.st_mode & S_IFMT) != kind)
         return {};
-    return Stamp{status.st_mtim.tv_sec, status.st_mtim.tv_nsec, status.st_size, status.st_ino};
+    // Not the time of the content, which whoever writes can set.
+    return Stamp{status.st_ctim.tv_sec, status.st_ctim.tv_nsec, status.st_size, status.st_ino};
 }
 
 std::optional<LibraryWatcher::Stamp> LibraryWatcher::FolderStamp() const

@@ -333,6 +333,36 @@ TEST_F(HostWindowTest, OwnSavesAreNoChangeOutside)
     EXPECT_EQ(BarText(ControlId::ChangeBar), L"");
 }
 
+// Before the host has had time to look at what it saved; in place, of the same time.
+TEST_F(HostWindowTest, OurOwnSaveHidesNoChangeOfTheSameInstant)
+{
+    Have({L"a", L"b"});
+    Start();
+    ClickRow(L"a");
+    {
+        ExpectModal dialog([](QWidget* window) {
+            TypeInto(window, 108, L"c");
+            Click(window, IDOK);
+        });
+        Key(Qt::Key_Return);
+    }
+    CString saved, other;
+    for (const CString& file : FilesIn("规范"))
+        (file.starts_with(L"c") ? saved : other) = file;
+    for (const CString& file : {saved, other}) {
+        const auto path = project.Native() / "规范" / ToUtf8(file);
+        const auto time = std::filesystem::last_write_time(path);
+        std::string bytes = project.Read("规范/" + ToUtf8(file));
+        ASSERT_FALSE(bytes.empty());
+        bytes.back() = bytes.back() == '\n' ? ' ' : '\n';
+        Outside(ToUtf8(file).c_str(), bytes);
+        std::filesystem::last_write_time(path, time);
+        ASSERT_TRUE(WaitForBar(ControlId::ChangeBar)) << ToUtf8(file);
+        EXPECT_EQ(BarText(ControlId::ChangeBar), L"“规范”中的文件在外部有变化: " + file);
+        if (file == saved) Key(Qt::Key_F5);
+    }
+}
+
 TEST_F(HostWindowTest, UnderAnOpenDialogAChangeWaits)
 {
     Have({L"a"});
