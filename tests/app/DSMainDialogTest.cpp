@@ -4,6 +4,7 @@
 
 #include <sys/resource.h>
 
+#include <QClipboard>
 #include <QLayout>
 #include <QLineEdit>
 #include <QPushButton>
@@ -104,6 +105,29 @@ protected:
             Click(window, IDOK);
         }
         EXPECT_TRUE(window->isVisible());
+    }
+    // With the mouse as a person has it: the button is pressed for a moment.
+    static void PressOk(QWidget* window)
+    {
+        auto* const ok = Control<QPushButton>(window, IDOK);
+        const QPoint place = ok->mapTo(window, ok->rect().center());
+        QTest::mousePress(window->windowHandle(), Qt::LeftButton, {}, place);
+        EXPECT_TRUE(ok->isDown());
+        QTest::qWait(50); // no box comes while it is down
+        QTest::mouseRelease(window->windowHandle(), Qt::LeftButton, {}, place);
+    }
+    static CXTPReportControl* RangesOf(QWidget* window)
+    {
+        ClickItem(window, "超高");
+        return Grid(window->findChild<QWidget*>(QStringLiteral("CSuperElevationPage")),
+                    CDSPage::kGrid);
+    }
+    // What a cell's open editor holds when 确定 is pressed.
+    static void TypeIntoCell(CXTPReportControl* grid, int row, int column, const CString& text)
+    {
+        ClickCell(grid, row, column);
+        PressKey(grid, Qt::Key_A, Qt::ControlModifier);
+        Type(grid, text);
     }
     static int ImageOf(QWidget* window, const char* item)
     {
@@ -752,6 +776,31 @@ TEST_F(DSMainDialog, WhereThereIsNoRoomThePageIsScrolledToWhatHasTheFocus)
         L"甲");
 }
 
+TEST_F(DSMainDialog, WhatIsSaidBelowATableIsInSightWhereThePageIsScrolled)
+{
+    Add(Make(L"甲"));
+    RunPages(
+        [](QWidget* window) {
+            window->resize(700, 320);
+            ClickItem(window, "圆曲线半径");
+            auto* const page = window->findChild<QWidget*>(QStringLiteral("CRadiusDialog"));
+            CXTPReportControl* const grid = Grid(page, 1001);
+            QApplication::clipboard()->setText(QStringLiteral("1000\tabc"));
+            grid->setFocus();
+            grid->setCurrentIndex(grid->IndexOf(0, 1));
+            PressKey(window, Qt::Key_V, Qt::ControlModifier);
+            auto* const scroll = window->findChild<QScrollArea*>(QStringLiteral("pageScroll"));
+            const QWidget* const line = Control(page, 21001);
+            EXPECT_TRUE(QTest::qWaitFor([&] {
+                const QRect place(line->mapTo(scroll->viewport(), QPoint()), line->size());
+                return line->isVisible() && scroll->viewport()->rect().contains(place);
+            }));
+            const ExpectModal box([](QWidget* message) { ClickMessageButton(message, L"是"); });
+            window->close();
+        },
+        L"甲");
+}
+
 TEST_F(DSMainDialog, EscOfAnUnchangedOneAsksNothing)
 {
     AddSaved(Make(L"甲"));
@@ -845,6 +894,54 @@ TEST_F(DSMainDialog, CtrlEnterIsOkFromAnywhere)
               IDOK);
     EXPECT_EQ(At(0).CircularCurveRad.noSuperelevationMinRad[0].value, 4321);
     EXPECT_EQ(View([&](QWidget* window) { enter(window); }, L""), IDOK);
+}
+
+TEST_F(DSMainDialog, OnePressOnOkTakesTheCellThatIsEditedIn)
+{
+    AddSaved(Make(L"甲"));
+    EXPECT_EQ(RunPages(
+                  [](QWidget* window) {
+                      CXTPReportControl* const grid = RangesOf(window);
+                      TypeIntoCell(grid, 0, 1, CellText(grid, 0, 1));
+                      ClickItem(window, "圆曲线半径");
+                      auto* const page =
+                          window->findChild<QWidget*>(QStringLiteral("CRadiusDialog"));
+                      TypeIntoCell(Grid(page, 1001), 0, 1, L"4321");
+                      PressOk(window);
+                      EXPECT_FALSE(window->isVisible());
+                  },
+                  L"甲"),
+              IDOK);
+    EXPECT_EQ(At(0).CircularCurveRad.noSuperelevationMinRad[0].value, 4321);
+    const std::string file = ToUtf8(L"规范/甲" + VMRDPub::GUIDToStr(At(0).ID())) + ".hds";
+    EXPECT_NE(m_project.Read(file).find("4321"), std::string::npos);
+}
+
+TEST_F(DSMainDialog, ABadCellIsToldOnceAndTheButtonIsUpAgain)
+{
+    AddSaved(Make(L"甲"));
+    EXPECT_EQ(RunPages(
+                  [](QWidget* window) {
+                      CXTPReportControl* const grid = RangesOf(window);
+                      const CString good = CellText(grid, 0, 1);
+                      TypeIntoCell(grid, 0, 1, L"300");
+                      {
+                          const ExpectMessage box(
+                              L"圆曲线半径范围的输入格式为 最小半径~最大半径 !");
+                          PressOk(window);
+                      }
+                      QTest::qWait(50); // nor a second one
+                      ASSERT_TRUE(window->isVisible());
+                      EXPECT_FALSE(Control<QPushButton>(window, IDOK)->isDown());
+                      EXPECT_EQ(CellText(grid, 0, 1), L"");
+                      EXPECT_EQ(grid->currentIndex(), grid->IndexOf(0, 1));
+                      EXPECT_EQ(window->focusWidget(), grid);
+                      window->activateWindow();
+                      TypeIntoCell(grid, 0, 1, good);
+                      PressOk(window);
+                  },
+                  L"甲"),
+              IDOK);
 }
 
 TEST_F(DSMainDialog, EnterInAFieldOfAPageIsOk)

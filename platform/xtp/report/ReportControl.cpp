@@ -4,6 +4,7 @@
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QScrollArea>
 #include <QScrollBar>
 #include <QVBoxLayout>
 
@@ -30,6 +31,14 @@ QLayout* LayoutOf(QWidget* widget, QLayout* layout)
         if (QLayout* const inner = layout->itemAt(i)->layout())
             if (QLayout* const found = LayoutOf(widget, inner)) return found;
     return nullptr;
+}
+
+void BringIntoView(QWidget* widget)
+{
+    for (QWidget* around = widget->parentWidget(); around && widget->isVisible();
+         around = around->parentWidget())
+        if (auto* const scroll = qobject_cast<QScrollArea*>(around))
+            scroll->ensureWidgetVisible(widget, 0, 0);
 }
 
 } // namespace
@@ -113,6 +122,10 @@ void CXTPReportControl::SetRemark(const CString& remark)
     if (!m_remarkLine) return;
     m_remarkLine->setText(ToQString(remark));
     m_remarkLine->setVisible(!remark.empty());
+    // Where the page is scrolled the line would be out of sight; it has no place before it is laid
+    // out.
+    QMetaObject::invokeMethod(
+        m_remarkLine, [line = m_remarkLine] { BringIntoView(line); }, Qt::QueuedConnection);
 }
 
 // Content and look
