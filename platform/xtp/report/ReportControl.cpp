@@ -37,8 +37,11 @@ void BringIntoView(QWidget* widget)
 {
     for (QWidget* around = widget->parentWidget(); around && widget->isVisible();
          around = around->parentWidget())
-        if (auto* const scroll = qobject_cast<QScrollArea*>(around))
+        if (auto* const scroll = qobject_cast<QScrollArea*>(around)) {
+            const int x = scroll->horizontalScrollBar()->value(); // a line begins on the left
             scroll->ensureWidgetVisible(widget, 0, 0);
+            scroll->horizontalScrollBar()->setValue(x);
+        }
 }
 
 } // namespace
