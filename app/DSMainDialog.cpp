@@ -129,6 +129,12 @@ void CDSMainDialog::PlacePages()
     // Nothing is scrolled where the screen has room for it.
     const QSize around = this->layout()->totalMinimumSize() - m_scroll->minimumSizeHint();
     resize(size().expandedTo(around + area->minimumSizeHint()));
+    // Where it has not, a page is scrolled as far as itself needs.
+    for (const Page& page : m_pages) {
+        QSizePolicy policy = page.window->sizePolicy();
+        policy.setRetainSizeWhenHidden(false);
+        page.window->setSizePolicy(policy);
+    }
     // The pages came last; Tab is to pass through them on its way to the buttons.
     setTabOrder(LastToFocus(area), GetDlgItem(IDOK));
     setTabOrder(GetDlgItem(IDOK), GetDlgItem(IDCANCEL));
@@ -224,7 +230,16 @@ void CDSMainDialog::OnSelChanged(const QTreeWidgetItem* selected)
     const Page& page = m_pages.at(static_cast<size_t>(PageOf(selected)) - 1);
     if (!page.window->isHidden()) return;
     page.window->show();
+    if (m_scroll) m_scroll->ensureVisible(0, 0); // a page opens at its beginning
     page.Callback().OnShow();
+}
+
+// Also what Tab reaches from outside of the page.
+bool CDSMainDialog::focusNextPrevChild(bool next)
+{
+    const bool found = CDialog::focusNextPrevChild(next);
+    if (found && m_scroll) m_scroll->ensureWidgetVisible(focusWidget());
+    return found;
 }
 
 // Closing

@@ -34,6 +34,7 @@ public:
 
 protected:
     bool OnInitDialog() override;
+    bool focusNextPrevChild(bool next) override;
     void OnOK() override;
 
 private:

@@ -801,6 +801,85 @@ TEST_F(DSMainDialog, WhatIsSaidBelowATableIsInSightWhereThePageIsScrolled)
         L"甲");
 }
 
+TEST_F(DSMainDialog, OnAScreenWithLargeTextATableStandsBesideWhatIsSaidAboutIt)
+{
+    Add(Make(L"甲"));
+    RunPages(
+        [](QWidget* window) {
+            window->resize(850, 460);
+            auto* const scroll = window->findChild<QScrollArea*>(QStringLiteral("pageScroll"));
+            for (const char* page : {"直线长度", "圆曲线半径", "纵坡坡度", "超高规范", "加宽"}) {
+                ClickItem(window, page);
+                QApplication::processEvents();
+                EXPECT_EQ(scroll->verticalScrollBar()->maximum(), 0) << page;
+            }
+            Cancel(window);
+        },
+        L"甲");
+}
+
+TEST_F(DSMainDialog, APageOpensAtItsBeginningHoweverTheOneBeforeWasScrolled)
+{
+    Add(Make(L"甲"));
+    RunPages(
+        [](QWidget* window) {
+            window->resize(500, 250);
+            ClickItem(window, "缓和曲线最小长度");
+            QApplication::processEvents();
+            auto* const scroll = window->findChild<QScrollArea*>(QStringLiteral("pageScroll"));
+            for (QScrollBar* bar : {scroll->verticalScrollBar(), scroll->horizontalScrollBar()}) {
+                bar->setValue(bar->maximum());
+                EXPECT_GT(bar->value(), 0);
+            }
+            ClickItem(window, "圆曲线半径");
+            QApplication::processEvents();
+            EXPECT_GT(scroll->verticalScrollBar()->maximum(), 0);
+            EXPECT_EQ(scroll->verticalScrollBar()->value(), 0);
+            EXPECT_EQ(scroll->horizontalScrollBar()->value(), 0);
+
+            // ... and Tab comes from the tree to what is there.
+            scroll->verticalScrollBar()->setValue(scroll->verticalScrollBar()->maximum());
+            Control(window, 100)->setFocus();
+            PressKey(window, Qt::Key_Tab);
+            EXPECT_EQ(scroll->verticalScrollBar()->value(), 0);
+            Cancel(window);
+        },
+        L"甲");
+}
+
+TEST_F(DSMainDialog, TheCurrentCellIsInSightWhereThePageIsScrolled)
+{
+    Add(Make(L"甲"));
+    RunPages(
+        [](QWidget* window) {
+            window->resize(500, 250);
+            ClickItem(window, "圆曲线半径");
+            QApplication::processEvents();
+            auto* const page = window->findChild<QWidget*>(QStringLiteral("CRadiusDialog"));
+            auto* const scroll = window->findChild<QScrollArea*>(QStringLiteral("pageScroll"));
+            CXTPReportControl* const grid = Grid(page, 1001);
+            const auto inSight = [&] {
+                const QRect cell = grid->visualRect(grid->currentIndex());
+                const QPoint corner = grid->viewport()->mapTo(scroll->viewport(), cell.topLeft());
+                return scroll->viewport()->rect().contains(QRect(corner, cell.size()));
+            };
+            grid->setFocus();
+            grid->setCurrentIndex(grid->IndexOf(0, 1));
+            for (int i = 0; i < 2; ++i)
+                PressKey(window, Qt::Key_Down);
+            EXPECT_EQ(grid->currentIndex(), grid->IndexOf(2, 1));
+            EXPECT_TRUE(inSight());
+            for (QScrollBar* bar : {scroll->verticalScrollBar(), scroll->horizontalScrollBar()})
+                bar->setValue(bar->maximum());
+            for (int i = 0; i < 2; ++i)
+                PressKey(window, Qt::Key_Up);
+            EXPECT_EQ(grid->currentIndex(), grid->IndexOf(0, 1));
+            EXPECT_TRUE(inSight());
+            Cancel(window);
+        },
+        L"甲");
+}
+
 TEST_F(DSMainDialog, EscOfAnUnchangedOneAsksNothing)
 {
     AddSaved(Make(L"甲"));

@@ -33,14 +33,17 @@ QLayout* LayoutOf(QWidget* widget, QLayout* layout)
     return nullptr;
 }
 
-void BringIntoView(QWidget* widget)
+// Scrolls what is around the widget so far that its part can be seen.
+void BringIntoView(const QWidget* widget, const QRect& part, bool sideways)
 {
     for (QWidget* around = widget->parentWidget(); around && widget->isVisible();
          around = around->parentWidget())
         if (auto* const scroll = qobject_cast<QScrollArea*>(around)) {
-            const int x = scroll->horizontalScrollBar()->value(); // a line begins on the left
-            scroll->ensureWidgetVisible(widget, 0, 0);
-            scroll->horizontalScrollBar()->setValue(x);
+            const int x = scroll->horizontalScrollBar()->value();
+            const QPoint middle = widget->mapTo(scroll->widget(), part.center());
+            scroll->ensureVisible(middle.x(), middle.y(), part.width() / 2 + 1,
+                                  part.height() / 2 + 1);
+            if (!sideways) scroll->horizontalScrollBar()->setValue(x);
         }
 }
 
@@ -55,6 +58,12 @@ CXTPReportControl::CXTPReportControl(QWidget* parent)
     verticalHeader()->hide();
     verticalHeader()->setMinimumSectionSize(1);
     setModel(m_model);
+    connect(selectionModel(), &QItemSelectionModel::currentChanged, this,
+            [this](const QModelIndex& cell) {
+                const QWidget* const focus = QApplication::focusWidget();
+                if (focus == this || (focus && isAncestorOf(focus)))
+                    BringIntoView(viewport(), visualRect(cell), true);
+            });
     setItemDelegate(m_delegate);
     setShowGrid(false); // the paint manager draws the lines
     setCornerButtonEnabled(false);
@@ -128,7 +137,8 @@ void CXTPReportControl::SetRemark(const CString& remark)
     // Where the page is scrolled the line would be out of sight; it has no place before it is laid
     // out.
     QMetaObject::invokeMethod(
-        m_remarkLine, [line = m_remarkLine] { BringIntoView(line); }, Qt::QueuedConnection);
+        m_remarkLine, // begins on the left
+        [line = m_remarkLine] { BringIntoView(line, line->rect(), false); }, Qt::QueuedConnection);
 }
 
 // Content and look
