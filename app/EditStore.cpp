@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include <QDir>
 #include <QFileDialog>
 
 #include "app/OthersChangeDialog.h"
@@ -51,6 +52,16 @@ void Reread()
     CDesignSpecifications& library = *CDesignSpecifications::GetInstance();
     library.Update();
     library.Refurbish();
+}
+
+// The specifications of the project that was chosen, or the folder that holds them: it is chosen as
+// easily.
+CString LibraryOf(const QString& chosen)
+{
+    const QDir folder(chosen);
+    const QString name = ToQString(kStylesFolder);
+    const bool isLibrary = folder.dirName() == name && !folder.exists(name);
+    return isLibrary ? FromQString(folder.path()) : StylesFolderOf(FromQString(folder.path()));
 }
 
 // Nobody comes between reading the folder and writing to it.
@@ -222,7 +233,7 @@ CEditStore::Result CEditStore::SaveToProject(const CDesignSpecification& entered
     asking.setFileMode(QFileDialog::Directory);
     asking.setOption(QFileDialog::ShowDirsOnly);
     if (asking.exec() != QDialog::Accepted) return Result::Back;
-    SpecificationFolder folder(StylesFolderOf(FromQString(asking.selectedFiles().value(0))));
+    SpecificationFolder folder(LibraryOf(asking.selectedFiles().value(0)));
     const Result result = Told(PutInto(folder, entered), owner);
     const CDesignSpecification* const put = folder.Find(entered.ID());
     if (result == Result::Done && put)

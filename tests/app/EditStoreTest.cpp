@@ -488,6 +488,31 @@ TEST_F(EditStore, WhatTheOtherProjectHasIsNotLost)
     EXPECT_EQ(aside.Item(0)->BeelineLen.MaxLen, 15);
 }
 
+// Its folder of specifications is as good as the project, unless it is a project of that name.
+TEST_F(EditStore, TheFolderOfSpecificationsStandsForItsProject)
+{
+    for (const bool isProject : {false, true}) {
+        const TemporaryFolder elsewhere;
+        const std::string library = isProject ? "规范/规范" : "规范";
+        std::filesystem::create_directories(elsewhere.Native(library));
+        EXPECT_EQ(Run([&](QWidget* window) {
+                      Enter(window, L"25");
+                      const Gone gone(m_project);
+                      const ExpectModal settle(PressAlt(Qt::Key_P));
+                      const ExpectModal asking(ChooseFile(elsewhere.Native("规范")));
+                      const ExpectMessage told(L"“甲”已存入:\n" +
+                                               ToWide(elsewhere.Native(library).string()) + L"/甲" +
+                                               VMRDPub::GUIDToStr(m_opened.ID()) + L".hds");
+                      Click(window, IDOK);
+                  }),
+                  IDOK);
+        EXPECT_EQ(elsewhere.Has("规范/规范"), isProject);
+        SpecificationFolder saved(elsewhere.Path(ToWide(library)));
+        EXPECT_TRUE(saved.Load().done);
+        EXPECT_EQ(saved.Count(), 1);
+    }
+}
+
 TEST_F(EditStore, AProjectThatDoesNotTakeItLeavesTheEditorOpen)
 {
     const TemporaryFolder elsewhere;
