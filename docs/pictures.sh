@@ -5,20 +5,29 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 
 roadhost=$PWD/build/release/bin/roadhost
+designspec=$PWD/build/release/bin/designspec
 guide=docs/user-guide.zh-CN.md
 pictures=docs/pictures
 work=${TMPDIR:-/tmp}/roadhost-pictures # a window shows it
 mkdir "$work"
 trap 'rm -rf "$work"' EXIT
 
-# take PROJECT FOLDER: pictures of all windows, without the numbers before their names.
+# take PROJECT FOLDER [OPTION...]: pictures of all windows, without the numbers before their names.
 take() {
-    "$roadhost" "$1" --snapshot "$2" >/dev/null || return
+    "$roadhost" "$1" --snapshot "${@:2}" >/dev/null || return
     local picture
     for picture in "$2"/*.png; do
         mv "$picture" "$2/${picture#"$2"/[0-9][0-9]-}"
     done
 }
+
+# What a colleague has made of the specification that is edited.
+theirs=$work/对方
+cp -r examples/project "$theirs"
+change() { "$designspec" --project "$theirs" --spec 城市道路 set "$@" >/dev/null; }
+change BeelineLen.MinLenInOneDir 8
+change CircularCurveRad.SuperelevationMinRad --speed 80 270
+change CircularCurveRad.SuperelevationMinRad --speed 60 160
 
 # A project with a specification that was deleted ...
 project=$work/示例道路
@@ -27,7 +36,7 @@ mkdir "$project/规范/已删除"
 sed -e 's/Style Name="城市道路"/Style Name="旧城区道路"/' -e 's/D3F3F681/7A10C2E5/' \
     "$project"/规范/城市道路*.hds \
     >"$project/规范/已删除/旧城区道路7A10C2E5-EA44-451F-A12E-3EA2063C3DA7.hds"
-take "$project" "$work/all"
+take "$project" "$work/all" --theirs "$theirs"/规范/城市道路*.hds
 
 # ... and the same one with a file that cannot be read, for its messages.
 printf '<?xml version="1.0" encoding="UTF-8"?>\n<StyleLibrary>\n  <Group>\n' >"$project/规范/损坏.hds"

@@ -3,6 +3,8 @@
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QDialog>
+#include <QFile>
+#include <QFileInfo>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenu>
@@ -10,7 +12,9 @@
 #include <QTableView>
 #include <QTreeWidget>
 
+#include "base/File.h"
 #include "platform/mfc/QtText.h"
+#include "platform/vmrd/VMRDEnv/StyleFolder.h"
 #include "platform/vmrd/VMRDPrj/StyleEditor.h"
 
 using namespace designspec;
@@ -57,11 +61,42 @@ void PressMenuKey(QAbstractItemView* table)
     QApplication::sendEvent(table, &event);
 }
 
+QByteArray Content(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void SetContent(const QString& path, const QByteArray& content)
+{
+    QFile file(path);
+    if (file.open(QIODevice::WriteOnly)) file.write(content);
+}
+
 template <class Widget> QList<Widget*> Usable(const QWidget& window)
 {
     QList<Widget*> found = window.findChildren<Widget*>();
     found.removeIf([](const Widget* one) { return !one->isVisible() || !one->isEnabled(); });
     return found;
+}
+
+// Types into the first value of the first table.
+void EnterNumber(QDialog* dialog)
+{
+    auto* const tree = dialog->findChild<QTreeWidget*>();
+    if (!tree) return;
+    QList<QTableView*> tables;
+    for (QTreeWidgetItemIterator item(tree); *item && tables.isEmpty(); ++item) {
+        tree->setCurrentItem(*item);
+        tables = Usable<QTableView>(*dialog);
+    }
+    if (tables.isEmpty()) return;
+    tables.first()->setFocus();
+    tables.first()->setCurrentIndex(tables.first()->model()->index(0, 1));
+    for (const QChar digit : QStringLiteral("1200")) {
+        QKeyEvent press(QEvent::KeyPress, digit.unicode(), Qt::NoModifier, digit);
+        QApplication::sendEvent(dialog->focusWidget(), &press);
+    }
 }
 
 } // namespace
@@ -81,6 +116,26 @@ void EditorTour::Run(CStyle* style)
     if (m_editor.EnableView())
         VisitModals([&] { m_editor.View(style); }, {ShowAs(QObject::tr("查看模式"))});
     VisitModals([&] { m_editor.New(nullptr); }, {ShowAs(QObject::tr("新建"))});
+}
+
+void EditorTour::ShowOthersChange(CStyle* style, const QString& theirs)
+{
+    const CString name = FromQString(QFileInfo(theirs).fileName());
+    const QString path =
+        QString::fromStdString(NativePath(m_editor.GetStyles()->Files().PathOf(name)));
+    const QByteArray ours = Content(path);
+    const QByteArray changed = Content(theirs);
+    if (ours.isEmpty() || changed.isEmpty()) return;
+    const auto edit = [&](QWidget* window) {
+        auto* const dialog = qobject_cast<QDialog*>(window);
+        if (!dialog) return;
+        EnterNumber(dialog);
+        SetContent(path, changed);
+        VisitModals([dialog] { dialog->accept(); }, {ShowByTitle()});
+        SetContent(path, ours);
+        dialog->done(QDialog::Rejected); // without a question
+    };
+    VisitModals([&] { m_editor.Edit(style); }, {edit});
 }
 
 void EditorTour::Show(QWidget* window, const QString& name)

@@ -27,6 +27,10 @@ public:
     // first when a style is to be made. Pages are named by the items of the tree, with "-" between,
     // what they open by its title. Everything is cancelled.
     void Run(CStyle* style);
+    // The window about a change of others: `theirs`, a file of styles, stands in the place of the
+    // library's file of its name while the style is edited. In the end all is as it was. Shows
+    // nothing when there is no such file.
+    void ShowOthersChange(CStyle* style, const QString& theirs);
 
 private:
     void ShowEditing(QDialog* dialog, const QString& name);

@@ -125,22 +125,29 @@ int WriteSnapshots(HostWindow& window, const SnapshotOptions& options)
         Complain(QObject::tr("文件夹无法创建: %1").arg(options.folder));
         return 3;
     }
+    if (!options.theirs.isEmpty() && !QFileInfo(options.theirs).isFile()) {
+        Complain(QObject::tr("文件不存在: %1").arg(options.theirs));
+        return 3;
+    }
     QApplication::setCursorFlashTime(0); // a picture is the same each time
     Album album(folder);
     StyleManagerView& view = window.Styles();
     bool found = options.spec.isEmpty();
-    bool shown = false;
+    CStyleEditor* shown = nullptr;
+    CStyle* shownStyle = nullptr;
+    const auto take = [&album](QWidget* one, const QString& name) { album.Take(one, name); };
     for (CStyleEditor* editor : view.Groups().Editors()) {
         const CStyles* const styles = editor->GetStyles();
         CStyle* const style = styles ? Find(*styles, options.spec) : nullptr;
         if (!style) continue;
-        found = shown = true;
+        found = true;
+        shown = editor;
+        shownStyle = style;
         view.Groups().Select(editor);
         view.Select({style->ID()});
         album.Take(&window, QObject::tr("样式管理器"));
         TakeQuestions(view, album);
         TakeDialogs(*editor, album);
-        const auto take = [&album](QWidget* one, const QString& name) { album.Take(one, name); };
         EditorTour(*editor, take).Run(style);
     }
     if (!shown) album.Take(&window, QObject::tr("样式管理器"));
@@ -148,6 +155,9 @@ int WriteSnapshots(HostWindow& window, const SnapshotOptions& options)
     album.Take(&window, QObject::tr("跟踪"));
     window.ShowModules();
     album.Take(&window, QObject::tr("模块"));
+    // Last: the host's window tells of it.
+    if (shown && !options.theirs.isEmpty())
+        EditorTour(*shown, take).ShowOthersChange(shownStyle, options.theirs);
     if (!found) Complain(QObject::tr("没有样式: %1").arg(options.spec));
     if (!album.IsWhole()) return 3;
     return found ? 0 : 2;

@@ -82,6 +82,8 @@ void AddOptions(QCommandLineParser& parser)
     parser.addOption({QString::fromLatin1(kDarkOption), QObject::tr("深色界面")});
     parser.addOption({QStringLiteral("spec"), QObject::tr("图片中显示的样式: 名称或标识"),
                       QStringLiteral("NAME")});
+    parser.addOption({QStringLiteral("theirs"), QObject::tr("图片中别人同时存入样式库的文件"),
+                      QStringLiteral("FILE")});
 }
 
 } // namespace
@@ -123,7 +125,8 @@ int main(int argc, char** argv)
             return 3;
         }
         return WriteSnapshots(window, {parser.value(QString::fromLatin1(kSnapshotOption)),
-                                       parser.value(QStringLiteral("spec"))});
+                                       parser.value(QStringLiteral("spec")),
+                                       parser.value(QStringLiteral("theirs"))});
     }
     window.show();
     return QApplication::exec();

@@ -2,6 +2,7 @@
 
 #include <map>
 
+#include <QTreeWidget>
 #include <gtest/gtest.h>
 
 #include "base/Text.h"
@@ -82,6 +83,37 @@ TEST_F(EditorTourTest, ShowsTheNoticeWhenTheNewNameIsTaken)
     Add(Make(L"规范3"));
     Tour();
     EXPECT_EQ(titles["新建"], "新建设计规范");
+}
+
+TEST_F(EditorTourTest, ShowsTheWindowAboutAChangeOfOthers)
+{
+    const CDesignSpecification mine = Make(L"甲");
+    CDesignSpecification& specification = AddSaved(mine);
+    file = m_project.Read(FileOf(specification));
+    std::string changed = file;
+    const std::string value = "MaxLen=\"20\"";
+    ASSERT_NE(changed.find(value), std::string::npos);
+    const std::string name = m_project.Native(FileOf(specification)).filename().string();
+    m_project.Write("对方/" + name,
+                    changed.replace(changed.find(value), value.size(), "MaxLen=\"25\""));
+    QStringList rows;
+    CStyleManager& manager = *CPrjManager::GetInstance()->GetStyleManager();
+    EditorTour tour(*manager.GetGroup(0)->GetStyles(0), [&](QWidget* window, const QString& title) {
+        EXPECT_EQ(title, QStringLiteral("规范已被别人修改"));
+        const auto* const list = window->findChild<QTreeWidget*>();
+        for (int i = 0; list && i < list->topLevelItemCount(); ++i)
+            rows << list->topLevelItem(i)->text(1) + u'|' + list->topLevelItem(i)->text(2);
+    });
+    tour.ShowOthersChange(&specification,
+                          QString::fromStdString(m_project.Native("对方/" + name).string()));
+    EXPECT_EQ(rows, (QStringList{QStringLiteral("20 倍设计速度(km/h)|25 倍设计速度(km/h)"),
+                                 QStringLiteral("1200 m|1000 m")}));
+    EXPECT_EQ(m_project.Read(FileOf(specification)), file);
+    EXPECT_EQ(specification, mine);
+
+    rows.clear();
+    tour.ShowOthersChange(&specification, QStringLiteral("没有.hds"));
+    EXPECT_TRUE(rows.isEmpty());
 }
 
 TEST_F(EditorTourTest, ChangesNothing)

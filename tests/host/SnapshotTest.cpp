@@ -13,9 +13,9 @@ namespace {
 class SnapshotTest : public HostTest {
 protected:
     QString Folder() const { return ToQString(ToWide((settings.Native() / "pictures").string())); }
-    void Write(int status, const QString& spec = {})
+    void Write(int status, const QString& spec = {}, const QString& theirs = {})
     {
-        EXPECT_EQ(WriteSnapshots(*host, {Folder(), spec}), status);
+        EXPECT_EQ(WriteSnapshots(*host, {Folder(), spec, theirs}), status);
     }
     QStringList Pictures() const { return QDir(Folder()).entryList(QDir::Files, QDir::Name); }
 };
@@ -90,6 +90,14 @@ TEST_F(SnapshotTest, AFolderThatCannotBeMadeIsStatus3)
     Start();
     settings.Write("pictures", "a file");
     Write(3);
+}
+
+TEST_F(SnapshotTest, AFileOfOthersThatIsNotThereIsStatus3)
+{
+    Have({L"甲"});
+    Start();
+    Write(3, {}, QStringLiteral("没有.hds"));
+    EXPECT_TRUE(Pictures().isEmpty());
 }
 
 } // namespace
