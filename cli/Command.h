@@ -27,6 +27,19 @@ struct CommandFailure {
     throw CommandFailure{kWrongCall, text};
 }
 
+// Those of verify alone, as they were typed.
+struct VerifyArguments {
+    std::vector<std::string> files;
+    std::vector<std::string> speeds;
+    std::vector<std::string> alignments;
+    std::optional<std::string> roadType;
+    std::optional<std::string> axis;
+    std::optional<std::string> report;
+    std::optional<std::string> jobs;
+    bool plateau = false;
+    bool snow = false;
+};
+
 // The words of the command line, as they were typed.
 struct Arguments {
     std::string project; // empty: the current folder
@@ -53,6 +66,8 @@ struct Arguments {
     bool overwrite = false;
     bool force = false;   // what the editor refuses
     bool deleted = false; // those that were removed
+
+    VerifyArguments verify;
 };
 
 Status RunList(const Arguments& arguments, Teller& teller);
@@ -68,4 +83,5 @@ Status RunExport(const Arguments& arguments, Teller& teller);
 Status RunImport(const Arguments& arguments, Teller& teller);
 Status RunNames(const Arguments& arguments, Teller& teller);
 Status RunTemplate(const Arguments& arguments, Teller& teller);
+Status RunVerify(const Arguments& arguments, Teller& teller);
 Status RunCheck(const Arguments& arguments, Teller& teller);

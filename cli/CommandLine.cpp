@@ -99,8 +99,9 @@ template <class Function> void ForEachWord(Arguments& arguments, const Function&
         function(*word);
     for (auto* word : {&arguments.spec, &arguments.value, &arguments.from, &arguments.car})
         if (*word) function(**word);
-    for (std::string& name : arguments.names)
-        function(name);
+    for (auto* words : {&arguments.names, &arguments.verify.files, &arguments.verify.alignments})
+        for (std::string& word : *words)
+            function(word);
 }
 
 class CommandLine {
@@ -140,6 +141,7 @@ public:
         AddChanging();
         AddSet();
         AddFiles();
+        AddVerify();
         m_app.footer(In(kFooter) + std::string(kExamples));
     }
 
@@ -391,6 +393,54 @@ private:
             RunTemplate);
         AddWord(copied, "DIR", m_arguments.file, {"目标文件夹", "The folder to copy to"})
             ->required();
+    }
+
+    void AddVerify()
+    {
+        VerifyArguments& verify = m_arguments.verify;
+        CLI::App* command = Add(
+            "verify",
+            {"用设计规范检核道路(LandXML 文件)", "Hold roads (LandXML) against a specification"},
+            RunVerify);
+        command->add_option("FILE", verify.files, In({"道路文件", "Road files"}))
+            ->type_name("")
+            ->required();
+        command
+            ->add_option("--speed", verify.speeds,
+                         In({"设计车速(km/h),或“起点桩号:终点桩号:车速”;可重复,优先于文件中的",
+                             "The design speed (km/h), or FROM:TO:V between two stations; may be "
+                             "repeated; overrides the file's"}))
+            ->type_name("V")
+            ->expected(1);
+        AddOption(command, "--mode", "M", m_arguments.mode,
+                  {"表中没有该车速时的取值方式: nearest upper(默认) lower interpolate exact",
+                   "What to take for a speed that is not in the table: nearest upper (the default) "
+                   "lower interpolate exact"});
+        command
+            ->add_option("--alignment", verify.alignments,
+                         In({"只检核该路线;可重复", "Only this alignment; may be repeated"}))
+            ->type_name("NAME")
+            ->expected(1);
+        AddOption(command, "--road-type", "TYPE", verify.roadType,
+                  {"道路类型,用于合成坡度,默认城市道路",
+                   "The type of road, for resultant gradients; 城市道路 if not given"});
+        command->add_flag("--plateau", verify.plateau,
+                          In({"高原地区纵坡折减", "Reduce gradients as on plateaus"}));
+        command->add_flag("--snow", verify.snow,
+                          In({"积雪冰冻地区的限值", "The limits of snowy and frozen regions"}));
+        AddOption(command, "--max-super", "N", m_arguments.maxSuper,
+                  {"采用哪个最大超高(%)的超高表;不写则按车速",
+                   "The table of superelevations (maximum, %) to take; by speed if not given"});
+        AddOption(
+            command, "--axis", "AXIS", verify.axis,
+            {"超高旋转轴: centre(默认) edge", "The axis of rotation: centre (the default) edge"});
+        AddOption(command, "--car", "TYPE", m_arguments.car,
+                  {"设计车型;不写则不提示加宽", "The design vehicle; no widening if not given"});
+        AddOption(command, "--report", "FILE", verify.report,
+                  {"报告文件,.csv 或 .json", "A file for the report, .csv or .json"});
+        AddOption(command, "--jobs", "N", verify.jobs,
+                  {"同时检核的文件数,默认为处理器核数",
+                   "How many files at once; the number of cores if not given"});
     }
 
     const Language m_language = HelpLanguage();

@@ -148,6 +148,11 @@ void PrintLine(const CString& text)
     std::fwrite(utf8.data(), 1, utf8.size(), stdout);
 }
 
+void PrintBytes(const std::string& bytes)
+{
+    std::fwrite(bytes.data(), 1, bytes.size(), stdout);
+}
+
 void Complain(const CString& text)
 {
     std::fprintf(stderr, "designspec: %s\n", ToUtf8(text).c_str());

@@ -61,5 +61,7 @@ double DoubleArgument(const std::string& text, const wchar_t* what);
 
 // One line on standard output.
 void PrintLine(const CString& text);
+// As they are, on standard output.
+void PrintBytes(const std::string& bytes);
 // One line on standard error, "designspec: " before it.
 void Complain(const CString& text);

@@ -5,24 +5,16 @@
 #include "base/Number.h"
 #include "base/Text.h"
 #include "cli/JsonText.h"
+#include "cli/Mode.h"
 #include "model/SpecificationValue.h"
 
 using namespace designspec;
 
 namespace {
 
-QueryValue::QueryMode ParseMode(const Arguments& arguments)
+QueryValue::QueryMode ModeOf(const Arguments& arguments)
 {
-    if (!arguments.mode) return QueryValue::Nearest;
-    static constexpr std::pair<const wchar_t*, QueryValue::QueryMode> kModes[] = {
-        {L"nearest", QueryValue::Nearest}, {L"upper", QueryValue::Upper},
-        {L"lower", QueryValue::Lower},     {L"interpolate", QueryValue::Interpolate},
-        {L"exact", QueryValue::Exact},
-    };
-    for (const auto& [name, mode] : kModes)
-        if (EqualNoCase(name, ToWide(*arguments.mode))) return mode;
-    Refuse(Format(L"没有取值方式“%s”。可选: nearest upper lower interpolate exact",
-                  ToWide(*arguments.mode)));
+    return arguments.mode ? ParseMode(*arguments.mode) : QueryValue::Nearest;
 }
 
 // Options that a query takes, so that none that it does not take goes unnoticed.
@@ -92,7 +84,7 @@ int SpeedOf(const Arguments& arguments)
 Answer QueryTable(const Arguments& arguments, const ValuePlace& table)
 {
     const int speed = SpeedOf(arguments);
-    const QueryValue::QueryMode mode = ParseMode(arguments);
+    const QueryValue::QueryMode mode = ModeOf(arguments);
     Answer answer;
     if (!table.field) return answer;
     int whole = 0;
@@ -129,7 +121,7 @@ Answer QueryGradeLength(const Arguments& arguments, const CDesignSpecification& 
     int value = 0;
     Answer answer;
     if (specification.LonGradMaxLen.QueryVal(DoubleArgument(*arguments.grad, L"坡度"),
-                                             SpeedOf(arguments), ParseMode(arguments), value))
+                                             SpeedOf(arguments), ModeOf(arguments), value))
         answer.value = value;
     return answer;
 }
@@ -147,7 +139,7 @@ Answer QuerySuperElevation(const Arguments& arguments, const CDesignSpecificatio
     int value = kUnwritten;
     Answer answer;
     answer.code = specification.SuperElevation.QuerySuperElevation(
-        IntArgument(*arguments.maxSuper, L"最大超高"), SpeedOf(arguments), ParseMode(arguments),
+        IntArgument(*arguments.maxSuper, L"最大超高"), SpeedOf(arguments), ModeOf(arguments),
         IntArgument(arguments.tolerance.value_or("0"), L"车速容差"),
         IntArgument(*arguments.radius, L"半径"), value);
     if (answer.code == 0 && value != kUnwritten) answer.value = value;

@@ -7,6 +7,8 @@ pkg_check_modules(utf8proc REQUIRED IMPORTED_TARGET libutf8proc) # UTF-8, case f
 pkg_check_modules(uuid REQUIRED IMPORTED_TARGET uuid) # new identities
 find_package(CLI11 REQUIRED)                       # the command's options and help
 find_package(nlohmann_json REQUIRED)               # --json output
+# road files: reads them as a stream, in every encoding, without what is dangerous in XML
+pkg_check_modules(libxml2 REQUIRED IMPORTED_TARGET libxml-2.0)
 
 if(DESIGNSPEC_GUI)
     find_package(Qt6 6.4 REQUIRED COMPONENTS
@@ -24,5 +26,4 @@ endif()
 if(DESIGNSPEC_BENCH)
     find_package(benchmark REQUIRED)               # benchmarks
     find_package(SQLite3 REQUIRED)                 # an alternative that the benchmarks measure
-    pkg_check_modules(libxml2 REQUIRED IMPORTED_TARGET libxml-2.0) # likewise
 endif()

@@ -1,0 +1,86 @@
+#include "roads/RoadVerification.h"
+
+#include <algorithm>
+#include <exception>
+#include <mutex>
+#include <thread>
+
+#include "base/Format.h"
+#include "roads/RoadFileReading.h"
+#include "roads/SpeedStretches.h"
+
+using namespace designspec;
+
+namespace roadcheck {
+
+FindingCounts CountFindings(const std::vector<CheckedFile>& files)
+{
+    FindingCounts counts;
+    for (const CheckedFile& file : files)
+        for (const CheckedRoad& one : file.roads)
+            for (const Finding& finding : one.report.findings)
+                ++(finding.rule->severity == RuleSeverity::Error     ? counts.errors
+                   : finding.rule->severity == RuleSeverity::Warning ? counts.warnings
+                                                                     : counts.notes);
+    return counts;
+}
+
+CheckedFile CheckRoadFile(const std::wstring& path, const std::vector<std::wstring>& alignments,
+                          const CDesignSpecification& specification, const CheckOptions& options,
+                          const std::atomic<bool>* cancel)
+{
+    RoadFile read = ReadRoadFile(path, cancel);
+    CheckedFile file = {path, std::move(read.problems), {}};
+    for (const std::wstring& name : alignments)
+        if (std::none_of(read.alignments.begin(), read.alignments.end(),
+                         [&](const Alignment& one) { return one.name == name; }))
+            AddProblem(file.problems, Severity::Error, path, 0,
+                       Format(L"文件中没有路线“%s”", name));
+    for (Alignment& road : read.alignments) {
+        const bool isMeant = alignments.empty() || std::find(alignments.begin(), alignments.end(),
+                                                             road.name) != alignments.end();
+        if (!isMeant) continue;
+        CheckedRoad& one = file.roads.emplace_back();
+        one.road = std::move(road);
+        one.hasSpeed = !SpeedStretches(one.road, options.speeds).IsEmpty();
+        if (one.hasSpeed) one.report = CheckAlignment(one.road, specification, options);
+    }
+    return file;
+}
+
+std::vector<CheckedFile>
+CheckRoadFiles(const std::vector<std::wstring>& paths, const std::vector<std::wstring>& alignments,
+               const CDesignSpecification& specification, const CheckOptions& options, int jobs,
+               const std::function<void(size_t)>& onDone, const std::atomic<bool>* cancel)
+{
+    std::vector<CheckedFile> files(paths.size());
+    std::atomic<size_t> next = 0;
+    size_t done = 0;
+    std::mutex telling;
+    std::exception_ptr failure;
+    const auto work = [&] {
+        try {
+            for (size_t i = next++; i < paths.size(); i = next++) {
+                files[i] = CheckRoadFile(paths[i], alignments, specification, options, cancel);
+                const std::lock_guard lock(telling);
+                ++done;
+                if (onDone) onDone(done);
+            }
+        } catch (...) {
+            const std::lock_guard lock(telling);
+            failure = std::current_exception();
+            next = paths.size();
+        }
+    };
+    {
+        std::vector<std::jthread> threads;
+        const size_t wanted = std::min(paths.size(), static_cast<size_t>(std::max(jobs, 1)));
+        for (size_t i = 1; i < wanted; ++i)
+            threads.emplace_back(work);
+        work();
+    }
+    if (failure) std::rethrow_exception(failure);
+    return files;
+}
+
+} // namespace roadcheck

@@ -1,0 +1,47 @@
+// Road files held against a specification, several at once.
+#pragma once
+
+#include <atomic>
+#include <functional>
+
+#include "roads/RoadCheck.h"
+
+namespace roadcheck {
+
+struct CheckedRoad {
+    Alignment road;
+    bool hasSpeed = false; // false: no design speed anywhere on it; nothing was checked
+    AlignmentReport report;
+};
+
+struct CheckedFile {
+    std::wstring path;
+    designspec::Problems problems;
+    std::vector<CheckedRoad> roads;
+};
+
+// How many findings there are of each severity.
+struct FindingCounts {
+    int errors = 0, warnings = 0, notes = 0;
+};
+AFX_EXT_API FindingCounts CountFindings(const std::vector<CheckedFile>& files);
+
+// Reads a file and checks those of its alignments that are named, or all when none is. A name that
+// the file does not have is an error among the problems. Ends early once `cancel` is true.
+AFX_EXT_API CheckedFile CheckRoadFile(const std::wstring& path,
+                                      const std::vector<std::wstring>& alignments,
+                                      const CDesignSpecification& specification,
+                                      const CheckOptions& options,
+                                      const std::atomic<bool>* cancel = nullptr);
+
+// The same for many, `jobs` (at least 1) at once, in the order of the paths. `onDone` is called
+// after each with how many are done, from one thread at a time; it may be empty. What a file throws
+// goes on to the caller when all threads have ended.
+AFX_EXT_API std::vector<CheckedFile> CheckRoadFiles(const std::vector<std::wstring>& paths,
+                                                    const std::vector<std::wstring>& alignments,
+                                                    const CDesignSpecification& specification,
+                                                    const CheckOptions& options, int jobs,
+                                                    const std::function<void(size_t)>& onDone = {},
+                                                    const std::atomic<bool>* cancel = nullptr);
+
+} // namespace roadcheck

@@ -1,0 +1,75 @@
+#include "roads/Stationing.h"
+
+#include <cmath>
+
+#include "base/Format.h"
+#include "base/Number.h"
+#include "base/Text.h"
+
+using namespace designspec;
+
+namespace roadcheck {
+
+namespace {
+
+// Places that differ by less, m, are one: what unit conversion leaves over.
+constexpr double kSamePlace = 1e-6;
+
+constexpr double kKilometre = 1000;
+
+} // namespace
+
+std::wstring StationText(double station)
+{
+    const double millimetres = std::round(std::fabs(station) * kKilometre);
+    const double kilometres = std::floor(millimetres / 1e6);
+    const wchar_t* const sign = station < 0 && millimetres > 0 ? L"-" : L"";
+    return Format(L"%sK%.0f+%07.3f", sign, kilometres,
+                  millimetres / kKilometre - kilometres * kKilometre);
+}
+
+std::optional<double> ParseStation(std::wstring_view text)
+{
+    std::wstring rest = Trim(text);
+    double sign = 1;
+    if (!rest.empty() && (rest[0] == L'-' || rest[0] == L'+')) {
+        if (rest[0] == L'-') sign = -1;
+        rest.erase(0, 1);
+    }
+    if (!rest.empty() && (rest[0] == L'K' || rest[0] == L'k')) rest.erase(0, 1);
+    const size_t plus = rest.find(L'+');
+    int kilometres = 0;
+    if (plus != std::wstring::npos) {
+        if (!ParseInt(ToUtf8(rest.substr(0, plus)), kilometres) || kilometres < 0) return {};
+        rest.erase(0, plus + 1);
+    }
+    // A second sign is none of a station's.
+    if (rest.empty() || rest[0] == L'-' || rest[0] == L'+') return {};
+    double metres = 0;
+    if (!ParseDouble(ToUtf8(rest), metres)) return {};
+    return sign * (kilometres * kKilometre + metres);
+}
+
+double Stationing::At(double at) const
+{
+    const StationEquation* last = nullptr;
+    for (const StationEquation& one : m_equations)
+        if (one.at <= at + kSamePlace) last = &one;
+    return last ? last->ahead + last->step * (at - last->at) : m_start + at;
+}
+
+std::vector<double> Stationing::Places(double station, double length) const
+{
+    std::vector<double> places;
+    StationEquation part = {0, m_start, 1};
+    for (size_t i = 0; i <= m_equations.size(); ++i) {
+        const double end = i < m_equations.size() ? m_equations[i].at : length;
+        const double at = part.at + (station - part.ahead) * part.step;
+        const bool inside = at >= part.at - kSamePlace && at <= end + kSamePlace;
+        if (inside && (places.empty() || at > places.back() + kSamePlace)) places.push_back(at);
+        if (i < m_equations.size()) part = m_equations[i];
+    }
+    return places;
+}
+
+} // namespace roadcheck

@@ -1,0 +1,63 @@
+#include "roads/SpeedStretches.h"
+
+#include <gtest/gtest.h>
+
+namespace roadcheck {
+
+namespace {
+
+Alignment Road(std::vector<DesignSpeed> speeds)
+{
+    Alignment road;
+    road.length = 1000;
+    road.speeds = std::move(speeds);
+    return road;
+}
+
+} // namespace
+
+TEST(SpeedStretches, AreTheFilesAndThoseOfTheOptions)
+{
+    const SpeedStretches file(Road({{0, 500, 60}, {500, 1000, 80}}), {});
+    EXPECT_EQ(file.Highest(0, 500), 60);
+    EXPECT_EQ(file.Highest(0, 501), 80);
+    EXPECT_EQ(file.Highest(500, 600), 80);
+    EXPECT_EQ(file.Highest(100, 100), 60);
+
+    const SpeedStretches whole(Road({{0, 500, 60}}), {{{}, 40}});
+    EXPECT_EQ(whole.Highest(0, 1000), 40);
+
+    // A stretch overrides the file there alone, and a later choice an earlier one.
+    const SpeedStretches some(Road({{0, 1000, 60}}), {{SpeedChoice::Stretch{200, 400}, 80},
+                                                      {SpeedChoice::Stretch{300, 400}, 30}});
+    EXPECT_EQ(some.Highest(0, 200), 60);
+    EXPECT_EQ(some.Highest(200, 300), 80);
+    EXPECT_EQ(some.Highest(300, 400), 30);
+    EXPECT_EQ(some.Highest(250, 450), 80);
+    ASSERT_EQ(some.Stretches().size(), 4U);
+}
+
+TEST(SpeedStretches, TakeTheHighestOfSeveralInTheFile)
+{
+    const SpeedStretches speeds(Road({{0, 1000, 60}, {300, 600, 80}, {400, 500, 20}}), {});
+    EXPECT_EQ(speeds.Highest(410, 420), 80);
+    EXPECT_EQ(speeds.Highest(700, 800), 60);
+}
+
+TEST(SpeedStretches, MayLeavePlacesWithoutASpeed)
+{
+    const SpeedStretches speeds(Road({{0, 100, 60}}), {});
+    EXPECT_EQ(speeds.Highest(200, 300), std::nullopt);
+    EXPECT_EQ(speeds.Highest(50, 300), 60);
+    EXPECT_FALSE(speeds.IsEmpty());
+    EXPECT_TRUE(SpeedStretches(Road({}), {}).IsEmpty());
+}
+
+TEST(SpeedStretches, TakeStationsBeyondTheRoadForItsEnds)
+{
+    const SpeedStretches speeds(Road({}), {{SpeedChoice::Stretch{-500, 5000}, 60}});
+    EXPECT_EQ(speeds.Highest(0, 1000), 60);
+    EXPECT_TRUE(SpeedStretches(Road({}), {{SpeedChoice::Stretch{2000, 3000}, 60}}).IsEmpty());
+}
+
+} // namespace roadcheck
