@@ -411,7 +411,7 @@ private:
                              "The design speed (km/h), or FROM:TO:V between two stations; may be "
                              "repeated; overrides the file's"}))
             ->type_name("V")
-            ->expected(1);
+            ->allow_extra_args(false);
         AddOption(command, "--mode", "M", m_arguments.mode,
                   {"表中没有该车速时的取值方式: nearest upper(默认) lower interpolate exact",
                    "What to take for a speed that is not in the table: nearest upper (the default) "
@@ -420,7 +420,7 @@ private:
             ->add_option("--alignment", verify.alignments,
                          In({"只检核该路线;可重复", "Only this alignment; may be repeated"}))
             ->type_name("NAME")
-            ->expected(1);
+            ->allow_extra_args(false);
         AddOption(command, "--road-type", "TYPE", verify.roadType,
                   {"道路类型,用于合成坡度,默认城市道路",
                    "The type of road, for resultant gradients; 城市道路 if not given"});
@@ -437,7 +437,7 @@ private:
         AddOption(command, "--car", "TYPE", m_arguments.car,
                   {"设计车型;不写则不提示加宽", "The design vehicle; no widening if not given"});
         AddOption(command, "--report", "FILE", verify.report,
-                  {"报告文件,.csv 或 .json", "A file for the report, .csv or .json"});
+                  {"报告文件,.html、.csv 或 .json", "A file for the report, .html, .csv or .json"});
         AddOption(command, "--jobs", "N", verify.jobs,
                   {"同时检核的文件数,默认为处理器核数",
                    "How many files at once; the number of cores if not given"});

@@ -10,6 +10,7 @@
 #include "cli/JsonText.h"
 #include "cli/Mode.h"
 #include "cli/TextTable.h"
+#include "roads/HtmlReport.h"
 #include "roads/RoadJson.h"
 
 using namespace designspec;
@@ -97,14 +98,16 @@ int JobsOf(const VerifyArguments& verify)
     return std::max(jobs, 1);
 }
 
-using WriteReport = std::string (*)(const std::vector<CheckedFile>&);
+using WriteReport = std::string (*)(const std::vector<CheckedFile>&, const CDesignSpecification&,
+                                    const CheckOptions&);
 
 // By the ending of the file's name.
 WriteReport ReportOf(const std::string& file)
 {
     static constexpr std::pair<const wchar_t*, WriteReport> kReports[] = {
-        {L".csv", CsvReport},
-        {L".json", JsonReport},
+        {L".html", HtmlReport},
+        {L".csv", [](const auto& files, const auto&, const auto&) { return CsvReport(files); }},
+        {L".json", [](const auto& files, const auto&, const auto&) { return JsonReport(files); }},
     };
     const std::wstring name = ToWide(file);
     for (const auto& [ending, write] : kReports) {
@@ -112,7 +115,7 @@ WriteReport ReportOf(const std::string& file)
         if (name.size() > length && EqualNoCase(name.substr(name.size() - length), ending))
             return write;
     }
-    Refuse(Format(L"报告“%s”的扩展名不是 .csv 或 .json", name));
+    Refuse(Format(L"报告“%s”的扩展名不是 .html、.csv 或 .json", name));
 }
 
 void PrintRoad(const CheckedRoad& one, const CString& heading)
@@ -198,7 +201,8 @@ Status RunVerify(const Arguments& arguments, Teller& teller)
         PrintText(files);
     if (write) {
         Problems problems;
-        WriteWholeFile(PathArgument(*verify.report), write(files), problems);
+        WriteWholeFile(PathArgument(*verify.report), write(files, specification, options),
+                       problems);
         teller.Tell(problems);
     }
     if (TellRoadsWithoutSpeed(files)) return kWrongCall;
