@@ -33,12 +33,13 @@ constexpr HelpText kDescription = {
     "Values go to standard output, everything else to standard error."};
 
 constexpr HelpText kFooter = {
-    "退出状态: 0 完成或有答案; 1 查询没有答案,或没有导入任何内容; 2 命令用法有误,或会带入\n"
-    "编辑器不接受的值; 3 文件或项目无法读写\n"
+    "退出状态: 0 完成或有答案; 1 查询没有答案,没有导入任何内容,或检核发现错误;\n"
+    "2 命令用法有误,或会带入编辑器不接受的值; 3 文件或项目无法读写\n"
     "(库中只要有一个文件无法读取,即使其余部分已有答案,也为 3)。\n\n"
     "例:\n",
-    "Exit status: 0 done or answered; 1 no answer, or nothing imported; 2 the call is wrong, or\n"
-    "would bring in what the editor refuses; 3 a file or the project could not be read or written\n"
+    "Exit status: 0 done or answered; 1 no answer, nothing imported, or an error of a road;\n"
+    "2 the call is wrong, or would bring in what the editor refuses; 3 a file or the project could "
+    "not be read or written\n"
     "(one unreadable file of the library is enough, even where the others gave an answer).\n\n"
     "Examples:\n"};
 
@@ -48,7 +49,8 @@ constexpr char kExamples[] =
     "  designspec query LonGradMaxLen --grad 6 --speed 60\n"
     "  designspec query SuperElevation --max-super 6 --speed 80 --radius 500\n"
     "  designspec query CurveWidening --car 普通汽车 --radius 200\n"
-    "  designspec set CircularCurveRad.SuperelevationMinRad --speed 80 260";
+    "  designspec set CircularCurveRad.SuperelevationMinRad --speed 80 260\n"
+    "  designspec verify 路线.xml --speed 60 --car 普通汽车 --report 报告.html";
 
 constexpr HelpText kPathHelp = {
     "条目.字段,例如 CircularCurveRad.MaxRad;一行写作 [键],例如 "

@@ -3,7 +3,7 @@ include(CMakePackageConfigHelpers)
 
 set(DESIGNSPEC_PACKAGE ${CMAKE_INSTALL_LIBDIR}/cmake/designspec)
 
-install(TARGETS designspec EXPORT designspecTargets
+install(TARGETS designspec roadcheck EXPORT designspecTargets
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
 
 # The headers that other modules are promised, below designspec/ so that a program's own model/ or
@@ -32,7 +32,18 @@ set(PUBLIC_HEADERS
     platform/xtp/PropExchangeXMLNode.h)
 file(GLOB MODEL_HEADERS RELATIVE ${CMAKE_SOURCE_DIR} CONFIGURE_DEPENDS model/*.h)
 list(REMOVE_ITEM MODEL_HEADERS model/FindingList.h) # what the findings share among them
-list(APPEND PUBLIC_HEADERS ${MODEL_HEADERS})
+list(APPEND PUBLIC_HEADERS ${MODEL_HEADERS}
+    roads/Alignment.h
+    roads/CheckOptions.h
+    roads/Diagram.h
+    roads/HtmlReport.h
+    roads/RoadCheck.h
+    roads/RoadFileReading.h
+    roads/RoadJson.h
+    roads/RoadReport.h
+    roads/RoadVerification.h
+    roads/Rules.h
+    roads/Stationing.h)
 list(JOIN PUBLIC_HEADERS " " PUBLIC_HEADER_LIST)
 configure_file(cmake/InstallHeaders.cmake.in ${CMAKE_BINARY_DIR}/InstallHeaders.cmake @ONLY)
 install(SCRIPT ${CMAKE_BINARY_DIR}/InstallHeaders.cmake)

@@ -1,4 +1,9 @@
 // designspec verify: options, statuses, texts and reports.
+#include <fstream>
+#include <iterator>
+#include <set>
+
+#include "TreePaths.h"
 #include "tests/cli/CommandTest.h"
 
 namespace {
@@ -211,6 +216,35 @@ TEST_F(VerifyCommand, ChecksManyFilesAtOnceInTheirOrder)
     for (size_t i = 0; i < 40; ++i)
         EXPECT_EQ(json["files"][i]["file"], "r" + std::to_string(i) + ".xml");
     EXPECT_EQ(json["errors"], 20);
+}
+
+// What the two roads are told of is worked out by hand in them.
+TEST_F(VerifyCommand, TellsOfTheExamplesWhatTheyAreMadeFor)
+{
+    const std::filesystem::path examples = SOURCE_DIR "/examples";
+    const auto verify = [&](const std::string& name) {
+        std::ifstream expected(examples / "roads" / (name + ".txt"));
+        const ProcessResult result =
+            CallIn(examples, {"--project", "project", "verify", "roads/" + name + ".xml", "--car",
+                              "普通汽车"});
+        EXPECT_EQ(result.out, std::string(std::istreambuf_iterator<char>(expected), {}));
+        EXPECT_EQ(result.err, "");
+        return result.status;
+    };
+    EXPECT_EQ(verify("合格"), 0);
+    EXPECT_EQ(verify("违规"), 1);
+}
+
+TEST_F(VerifyCommand, FindsEveryRuleInTheExampleThatViolatesAll)
+{
+    const Json json =
+        Json::parse(CallIn(SOURCE_DIR "/examples", {"--project", "project", "--json", "verify",
+                                                    "roads/违规.xml", "--car", "普通汽车"})
+                        .out);
+    std::set<std::string> rules;
+    for (const Json& one : json["files"][0]["alignments"][0]["findings"])
+        rules.insert(one["rule"].get<std::string>());
+    EXPECT_EQ(rules.size(), 25U);
 }
 
 } // namespace

@@ -40,7 +40,8 @@ const std::map<std::string, Folders> kMayInclude = {
     {"library",
      {"base", "model", "platform/vmrd/VMRDEnv", "platform/vmrd/VMRDPub",
       "platform/vmrd/VmHFCBaseU"}},
-    {"cli", {"base", "library", "model", "platform/mfc", "platform/vmrd/VMRDPub"}},
+    {"roads", {"base", "model"}},
+    {"cli", {"base", "library", "model", "platform/mfc", "platform/vmrd/VMRDPub", "roads"}},
     {"app/input",
      {"base", "model", "platform/mfc", "platform/vmrd/VMRDControls", "platform/vmrd/VmHFCBaseU"}},
     {"pages/framework",
@@ -58,7 +59,7 @@ const std::map<std::string, Folders> kMayInclude = {
 };
 
 const char* const kTopFolders[] = {"app",     "base",  "cli",   "host",
-                                   "library", "model", "pages", "platform"};
+                                   "library", "model", "pages", "platform", "roads"};
 
 std::string FolderOf(const std::string& path)
 {
