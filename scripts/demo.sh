@@ -18,6 +18,7 @@ show() {
 # run_demo PROJECT
 run_demo() {
     export PATH=$programs:$PATH
+    local roads=$PWD/examples/roads
     cd "$1" || fail "no folder $1"
     local file=规范/公路二级18864BD6-435F-4597-9CFB-F7F4982F42F6.hds
     cp "$file" ../before.hds
@@ -34,6 +35,7 @@ run_demo() {
     show designspec query LonGradMaxLen --grad 6 --speed 60
     show designspec query SuperElevation --max-super 6 --speed 80 --radius 500
     show designspec query CurveWidening --car 普通汽车 --radius 120
+    show designspec verify "$roads/合格.xml"
     show designspec --spec 公路二级 set CircularCurveRad.SuperelevationMinRad --speed 60 135
     printf '\n$ diff ../before.hds %s\n' "$file"
     diff ../before.hds "$file" && fail 'the file did not change'
