@@ -11,10 +11,15 @@
 namespace designspec {
 
 struct SpecificationList::Entry {
+    Entry(size_t itsNumber, std::unique_ptr<CDesignSpecification> itsItem)
+        : number(itsNumber), item(std::move(itsItem))
+    {
+    }
+
     size_t number;
     std::unique_ptr<CDesignSpecification> item;
     NoCaseKey name; // under which it is to be found
-    GUID id;
+    GUID id = {};
     Connection connection;
 };
 
