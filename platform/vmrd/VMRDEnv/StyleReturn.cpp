@@ -17,7 +17,33 @@ bool IsNamed(const CString& name, const std::vector<StyleEntry>& entries)
                        [&](const StyleEntry& entry) { return EqualNoCase(entry.name, name); });
 }
 
+// The name that a file had before it got a number behind it among the deleted ones: files are
+// called by name and identity of their style.
+CString NameBefore(const CString& file, const std::vector<StyleEntry>& entries)
+{
+    for (const StyleEntry& entry : entries) {
+        const CString id = VMRDPub::GUIDToStr(entry.id);
+        const size_t at = file.find(id);
+        if (at != CString::npos) return file.substr(0, at + id.size()) + kStyleFileEnding;
+    }
+    return file;
+}
+
 } // namespace
+
+// The one that the file had if that is free, else its own; empty when that cannot be told or both
+// are taken.
+CString StyleReturn::NameFor(const CString& file, const std::vector<StyleEntry>& entries,
+                             Problems& problems) const
+{
+    for (const CString& name : {NameBefore(file, entries), file}) {
+        const auto there = m_folder.Has(name, problems);
+        if (!there) return {};
+        if (!*there) return name;
+    }
+    Refuse(m_folder.PathOf(file), L"无法恢复: 同名文件已存在", problems);
+    return {};
+}
 
 bool StyleReturn::BringBack(const CString& file, std::vector<StyleEntry>& present,
                             Problems& problems)
@@ -32,10 +58,9 @@ bool StyleReturn::BringBack(const CString& file, std::vector<StyleEntry>& presen
     const auto isTaken = [&](const StyleEntry& one) { return IsNamed(one.name, present); };
     if (std::any_of(coming->begin(), coming->end(), isTaken))
         return BringBackRenamed(file, present, problems);
-    const auto there = m_folder.Has(file, problems);
-    if (!there) return false;
-    if (*there) return Refuse(m_folder.PathOf(file), L"无法恢复: 同名文件已存在", problems);
-    if (!m_folder.MoveIn(m_folder.Aside().PathOf(file), file, problems)) return false;
+    const CString name = NameFor(file, *coming, problems);
+    if (name.empty() || !m_folder.MoveIn(m_folder.Aside().PathOf(file), name, problems))
+        return false;
     present.insert(present.end(), coming->begin(), coming->end());
     return true;
 }
@@ -64,7 +89,8 @@ bool StyleReturn::BringBackRenamed(const CString& file, std::vector<StyleEntry>&
         style.EnableCompactMode(true);
         PX_String(&style, L"Name", newName);
     }
-    newFile = IsFileName(newFile) ? m_folder.FreeName(newFile, problems) : CString();
+    const auto isTaken = [&](const CString& name) { return m_folder.Has(name, problems); };
+    newFile = IsFileName(newFile) ? DeletedStyles::FreeName(newFile, isTaken) : CString();
     return !newFile.empty() && m_folder.Save(newFile, root, problems) && DeleteFile(path, problems);
 }
 

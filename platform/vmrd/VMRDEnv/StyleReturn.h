@@ -13,6 +13,8 @@ public:
     bool BringBack(const CString& file, std::vector<StyleEntry>& present, Problems& problems);
 
 private:
+    CString NameFor(const CString& file, const std::vector<StyleEntry>& entries,
+                    Problems& problems) const;
     bool BringBackRenamed(const CString& file, std::vector<StyleEntry>& present,
                           Problems& problems);
 

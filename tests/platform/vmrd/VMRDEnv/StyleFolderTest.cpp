@@ -311,6 +311,21 @@ TEST_F(StyleFolderTest, AStyleIsBroughtBack)
     EXPECT_FALSE(m_folder.Has("规范/已删除/甲.hds"));
 }
 
+// Removed twice, the second file got a number behind its name among the deleted ones.
+TEST_F(StyleFolderTest, AFileComesBackUnderTheNameThatItHad)
+{
+    const GUID id = FileOf(L"甲.hds", {L"甲"})[0];
+    const CString name = L"甲" + VMRDPub::GUIDToStr(id), file = name + L".hds";
+    std::filesystem::rename(m_folder.Native("规范/甲.hds"),
+                            m_folder.Native(ToUtf8(L"规范/" + file)));
+    ASSERT_FALSE(m_styles.KeepCopy(file, m_problems).empty());
+    ASSERT_TRUE(m_styles.SetAside(id, m_problems));
+    EXPECT_EQ(AsideFiles(), (CStringArray{name + L"(1).hds", file}));
+    EXPECT_TRUE(m_styles.BringBack(name + L"(1).hds", m_problems));
+    EXPECT_EQ(NamesIn(L"规范/" + file), CStringArray{L"甲"});
+    EXPECT_EQ(AsideFiles(), CStringArray{file});
+}
+
 TEST_F(StyleFolderTest, AStyleIsNotBroughtBackOverAnother)
 {
     ASSERT_TRUE(m_styles.SetAside(FileOf(L"甲.hds", {L"旧"})[0], m_problems));
