@@ -15,14 +15,16 @@ template <class T> struct GrowArray {
     std::int32_t growBy = 8;   // the least step by which the buffer grows
 
     GrowArray() = default;
-    GrowArray(std::initializer_list<T> list)
+    // This and the copy begin as an empty array, which frees what it holds when an entry throws.
+    GrowArray(std::initializer_list<T> list) : GrowArray()
     {
         for (const T& entry : list)
             Add(entry);
     }
     // A copy has the source's capacity, too.
-    GrowArray(const GrowArray& other) : growBy(other.growBy)
+    GrowArray(const GrowArray& other) : GrowArray()
     {
+        growBy = other.growBy;
         Reallocate(other.capacity);
         CopyEntries(other);
     }

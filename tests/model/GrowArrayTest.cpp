@@ -1,5 +1,6 @@
 #include "model/GrowArray.h"
 
+#include <new>
 #include <string>
 #include <type_traits>
 #include <vector>
@@ -10,6 +11,7 @@
 #include "model/LonGradLen.h"
 #include "model/SpeedTable.h"
 #include "model/SuperElevation.h"
+#include "tests/support/Allocations.h"
 
 namespace {
 
@@ -227,4 +229,25 @@ TEST(GrowArray, RemovesThoseThatACallerNamesInOnePass)
     texts.RemoveIf(isDash);
     EXPECT_EQ(texts.count, 2);
     GrowArray<std::wstring>().RemoveIf(isDash);
+}
+
+TEST(GrowArray, ACopyThatEndsInTheMiddleFreesWhatItHad)
+{
+    GrowArray<WideningRange> ranges;
+    for (int i = 0; i < 20; ++i)
+        ranges.Add({}).widenings.Add({L"a name too long to stand in the text itself", 1.0});
+    const int before = BlocksInUse();
+    int ended = 0;
+    for (bool whole = false; !whole;) {
+        FailAllocationAfter(ended);
+        try {
+            const GrowArray<WideningRange> copy(ranges);
+            whole = true;
+        } catch (const std::bad_alloc&) {
+            ++ended;
+        }
+        FailAllocationAfter(-1);
+        ASSERT_EQ(BlocksInUse(), before) << "allocation " << ended;
+    }
+    EXPECT_GT(ended, 40);
 }

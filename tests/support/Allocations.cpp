@@ -7,6 +7,7 @@
 namespace {
 
 std::atomic<int> g_allocations = 0;
+std::atomic<int> g_blocks = 0;
 std::atomic<int> g_left = -1; // until one fails; below 0: none does
 
 } // namespace
@@ -14,6 +15,11 @@ std::atomic<int> g_left = -1; // until one fails; below 0: none does
 int Allocations()
 {
     return g_allocations;
+}
+
+int BlocksInUse()
+{
+    return g_blocks;
 }
 
 void FailAllocationAfter(int count)
@@ -31,7 +37,9 @@ void* operator new(size_t size, const std::nothrow_t&) noexcept
 {
     ++g_allocations;
     if (g_left >= 0 && g_left-- == 0) return nullptr;
-    return std::malloc(size ? size : 1);
+    void* const memory = std::malloc(size ? size : 1);
+    if (memory) ++g_blocks;
+    return memory;
 }
 
 void* operator new(size_t size)
@@ -42,10 +50,12 @@ void* operator new(size_t size)
 
 void operator delete(void* memory) noexcept
 {
+    if (memory) --g_blocks;
     std::free(memory);
 }
 
 void operator delete(void* memory, size_t) noexcept
 {
+    if (memory) --g_blocks;
     std::free(memory);
 }

@@ -4,6 +4,8 @@
 
 // How often memory was allocated since the program began.
 int Allocations();
+// How many of them were not freed yet.
+int BlocksInUse();
 
 // After so many allocations one fails, and the next ones work; below 0 none fails, as at first.
 void FailAllocationAfter(int count);
