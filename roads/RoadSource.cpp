@@ -27,9 +27,9 @@ bool IsInfinity(std::string_view text)
 } // namespace
 
 RoadSource::RoadSource(const std::wstring& path, const LandXmlRecords& records, Problems& problems)
-    : m_path(path), m_problems(problems), m_units(UnitsOf(records.units, path, problems)),
-      m_eastingFirst(IsEastingFirst(records))
+    : m_path(path), m_problems(problems), m_units(UnitsOf(records.units, path, problems))
 {
+    m_eastingFirst = IsEastingFirst(records); // asks points as if they were not
 }
 
 // The curves tell: those that say which way they turn, and show it by their points.
