@@ -90,10 +90,10 @@ struct Alignment {
     int line = 0; // of the file
     double length = 0;
     Stationing stations;
-    std::vector<PlanElement> plan;       // without gaps, in order of place
-    std::wstring profile;                // name of the one that was read
-    std::vector<VerticalPoint> vertical; // in order of place
-    std::vector<CrossSlopes> superelevations;
+    std::vector<PlanElement> plan;            // without gaps, in order of place
+    std::wstring profile;                     // name of the one that was read
+    std::vector<VerticalPoint> vertical;      // in order of place
+    std::vector<CrossSlopes> superelevations; // none empty, in order of their first place
     std::vector<Lane> lanes;
     std::vector<DesignSpeed> speeds;
 

@@ -16,6 +16,10 @@ Checking::Checking(const Alignment& theRoad, const CDesignSpecification& theSpec
     : road(theRoad), specification(theSpecification), options(theOptions),
       curves(CurvesOf(road.plan)), grades(road.Grades()), speeds(road, options.speeds)
 {
+    for (const CrossSlopes& slopes : road.superelevations) {
+        const double end = slopes.back().at;
+        m_reach.push_back(m_reach.empty() ? end : std::max(m_reach.back(), end));
+    }
 }
 
 AlignmentReport Checking::Run()
@@ -142,21 +146,36 @@ Limit Checking::TableSuperelevation(int speed, double radius, std::wstring& why)
     return limit;
 }
 
-double Checking::FileSuperelevation(double from, double to) const
+namespace {
+
+// The highest of one curve's slopes between two places.
+double HighestOf(const CrossSlopes& slopes, double from, double to)
 {
     double highest = 0;
-    for (const CrossSlopes& slopes : road.superelevations)
-        for (size_t i = 0; i < slopes.size(); ++i) {
-            const CrossSlope& a = slopes[i];
-            if (a.at >= from - kNoLength && a.at <= to + kNoLength)
-                highest = std::max(highest, a.slope);
-            if (i + 1 == slopes.size()) continue;
-            const CrossSlope& b = slopes[i + 1];
-            for (const double at : {from, to})
-                if (a.at < at && at < b.at)
-                    highest = std::max(highest,
-                                       a.slope + (b.slope - a.slope) * (at - a.at) / (b.at - a.at));
-        }
+    for (size_t i = 0; i < slopes.size(); ++i) {
+        const CrossSlope& a = slopes[i];
+        if (a.at >= from - kNoLength && a.at <= to + kNoLength)
+            highest = std::max(highest, a.slope);
+        if (i + 1 == slopes.size()) continue;
+        const CrossSlope& b = slopes[i + 1];
+        for (const double at : {from, to})
+            if (a.at < at && at < b.at)
+                highest =
+                    std::max(highest, a.slope + (b.slope - a.slope) * (at - a.at) / (b.at - a.at));
+    }
+    return highest;
+}
+
+} // namespace
+
+double Checking::FileSuperelevation(double from, double to) const
+{
+    const auto first = std::partition_point(m_reach.begin(), m_reach.end(),
+                                            [&](double reach) { return reach < from - kNoLength; });
+    double highest = 0;
+    auto slopes = road.superelevations.begin() + (first - m_reach.begin());
+    for (; slopes != road.superelevations.end() && slopes->front().at <= to + kNoLength; ++slopes)
+        highest = std::max(highest, HighestOf(*slopes, from, to));
     return highest;
 }
 

@@ -67,6 +67,7 @@ private:
     void TellElementsWithoutShape();
 
     const Rule* m_rule = nullptr; // the one that is asked
+    std::vector<double> m_reach;  // how far the superelevations up to each one go, m along
     AlignmentReport m_report;
 };
 

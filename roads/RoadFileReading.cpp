@@ -34,6 +34,9 @@ public:
         TakeEquations();
         for (const std::vector<ValueRecord>& one : m_record.superelevations)
             TakeSuperelevation(one);
+        std::stable_sort(
+            m_alignment.superelevations.begin(), m_alignment.superelevations.end(),
+            [](const CrossSlopes& a, const CrossSlopes& b) { return a.front().at < b.front().at; });
         for (const RoadwayRecord& roadway : m_records.roadways)
             if (IsMeant(roadway)) TakeRoadway(roadway);
         return std::move(m_alignment);

@@ -37,9 +37,10 @@ double RunoffWidth(const Checking& checking, double from, double to)
 double SteepestGradient(const Checking& checking, double from, double to)
 {
     double steepest = 0;
-    for (const Grade& grade : checking.grades)
-        if (grade.from < to - kNoLength && grade.to > from + kNoLength)
-            steepest = std::max(steepest, std::fabs(grade.gradient));
+    const auto before = [&](const Grade& grade) { return grade.to <= from + kNoLength; };
+    auto grade = std::partition_point(checking.grades.begin(), checking.grades.end(), before);
+    for (; grade != checking.grades.end() && grade->from < to - kNoLength; ++grade)
+        steepest = std::max(steepest, std::fabs(grade->gradient));
     return steepest;
 }
 

@@ -94,6 +94,16 @@ TEST(SuperelevationLow, IsLessThanTheTablesGiveTheRadius)
     EXPECT_EQ(UncheckedOf(L"superelevation-low", Superelevated(100, 4), AtSpeed(60)).size(), 1U);
 }
 
+TEST(Superelevation, OfACurveIsFoundWhereOthersLieBeforeAndAroundIt)
+{
+    Alignment road = Superelevated(300, 2);
+    road.superelevations.insert(road.superelevations.begin(), {{10, 0}, {2000, 0.5}});
+    road.superelevations.insert(road.superelevations.begin(), {{0, 0}, {100, 5}});
+    const auto found = FindingsOf(L"superelevation-low", road, AtSpeed(60));
+    ASSERT_EQ(found.size(), 1U);
+    EXPECT_EQ(found[0].value, 2);
+}
+
 TEST(Superelevation, ThatTheFileDoesNotGiveLeavesItsRulesUnchecked)
 {
     for (const wchar_t* const rule : {L"superelevation-max", L"superelevation-low", L"runoff"}) {
