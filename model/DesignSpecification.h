@@ -73,7 +73,8 @@ public:
 private:
     struct OwnSignal : designspec::Signal<> {
         OwnSignal() = default;
-        OwnSignal(const OwnSignal&) : Signal() {}
+        // g++ wants the base named, clang-tidy does not.
+        OwnSignal(const OwnSignal&) : Signal() {} // NOLINT(readability-redundant-member-init)
         OwnSignal& operator=(const OwnSignal&) = delete;
     };
     void ExchangeAll(CXTPPropExchange* pPX); // all that is known
