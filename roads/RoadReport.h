@@ -27,7 +27,7 @@ struct Finding {
     double from = 0, to = 0; // m along
     int speed = 0;           // km/h; 0: no speed had to do with it
     double value = 0;        // what the road has
-    double limit = 0;        // what the specification says
+    double limit = 0;        // what that is held against
     const wchar_t* unit = L"";
     std::wstring criterion; // path of the limit's table or field
     std::wstring source;    // where that says it comes from
