@@ -275,6 +275,11 @@ const CString* PastedTable::ColumnCaption(int column) const
     return m_transposed ? LeftCaption(column) : TopCaption(column);
 }
 
+CStringArray PastedTable::Headline() const
+{
+    return m_top > 0 && m_left == 0 && !m_topCounts ? m_texts.front() : CStringArray();
+}
+
 bool PastedTable::IsWords() const
 {
     bool words = IsEmpty();

@@ -43,6 +43,8 @@ public:
     // Null without such captions.
     const CString* RowCaption(int row) const;
     const CString* ColumnCaption(int column) const;
+    // Words on top that are captions, but none of the grid's: they go nowhere. Empty without such.
+    CStringArray Headline() const;
     bool IsTransposed() const { return m_transposed; }
     // Nothing but one text, without captions.
     bool IsSingle() const { return m_top + m_left == 0 && Height() == 1 && Width() == 1; }

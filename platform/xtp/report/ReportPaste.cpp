@@ -79,6 +79,7 @@ TableCaptions designspec::CaptionsOf(const CXTPReportControl& grid)
 void ReportPaste::Find(const PastedTable& table, const QModelIndex& corner)
 {
     m_byCaptions = false;
+    m_headline = table.Headline();
     FindRows(table, std::max(corner.row(), 0));
     FindColumns(table, corner.column());
 }
@@ -252,6 +253,7 @@ CString ReportPaste::Report() const
     said += LeftOut(m_rows, m_unknownRows, L"行") + LeftOut(m_columns, m_unknownColumns, L"列");
     if (!m_strangeRows.empty())
         said += L", 表格中没有这些行, 依次填入: " + FirstNames(m_strangeRows);
+    if (!m_headline.empty()) said += L", 第一行当作标题: " + FirstNames(m_headline);
     if (said.empty() && !m_byCaptions) return {};
     return Format(L"%d 个值", m_entered) + (m_byCaptions ? L", 按标题填入" : L"") + said;
 }

@@ -57,6 +57,7 @@ private:
     CStringArray m_unknownRows;
     CStringArray m_unknownColumns;
     CStringArray m_strangeRows; // captions of rows that went in one after the other
+    CStringArray m_headline;    // captions that were left out
     bool m_byCaptions = false;
 
     int m_entered = 0;

@@ -183,6 +183,13 @@ TEST_F(ReportPasteTest, SaysWhatWasLeftOutAndWhatIsNoValue)
     EXPECT_EQ(m_grid.GetRemark(), L"1 个值, 1 列超出");
 }
 
+TEST_F(ReportPasteTest, NamesALineOnTopThatWasTakenForCaptions)
+{
+    Paste(L"一般值\t极限值\n5\t6", 1, 1);
+    EXPECT_EQ(Content(), L"行0 1 2 3|行1 5 6 13|行2 21 22 23|");
+    EXPECT_EQ(m_grid.GetRemark(), L"2 个值, 第一行当作标题: 一般值、极限值");
+}
+
 TEST_F(ReportPasteTest, NamesRowsThatTheGridHasNot)
 {
     Paste(L"行1\t5\n行8\t6\n行9\t7");
