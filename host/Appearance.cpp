@@ -18,25 +18,8 @@ const QStringList kChineseFamilies = {
     QStringLiteral("Microsoft YaHei"),     QStringLiteral("PingFang SC"),
 };
 
-} // namespace
-
-bool SetAppearance()
+QPalette DarkPalette()
 {
-    auto* translator = new QTranslator(qApp);
-    if (translator->load(QStringLiteral("qtbase_zh_CN"),
-                         QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-        QCoreApplication::installTranslator(translator);
-
-    QFont font = QApplication::font();
-    font.setFamilies(QStringList(font.family()) + kChineseFamilies);
-    QApplication::setFont(font);
-    return !QFontDatabase::families(QFontDatabase::SimplifiedChinese).isEmpty();
-}
-
-void UseDarkColours()
-{
-    // Other styles may draw in colours of their own.
-    QApplication::setStyle(new DarkStyle);
     const QColor window(45, 48, 52);
     const QColor text(228, 230, 232);
     const QColor disabled(130, 134, 140);
@@ -55,5 +38,27 @@ void UseDarkColours()
     palette.setColor(QPalette::Highlight, QColor(42, 110, 170));
     palette.setColor(QPalette::HighlightedText, Qt::white);
     palette.setColor(QPalette::Link, QColor(100, 170, 230));
-    QApplication::setPalette(palette);
+    return palette;
+}
+
+} // namespace
+
+bool SetAppearance()
+{
+    auto* translator = new QTranslator(qApp);
+    if (translator->load(QStringLiteral("qtbase_zh_CN"),
+                         QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(translator);
+
+    QFont font = QApplication::font();
+    font.setFamilies(QStringList(font.family()) + kChineseFamilies);
+    QApplication::setFont(font);
+    return !QFontDatabase::families(QFontDatabase::SimplifiedChinese).isEmpty();
+}
+
+void UseDarkColours()
+{
+    // Other styles may draw in colours of their own. The application takes the style over.
+    QApplication::setStyle(new DarkStyle);
+    QApplication::setPalette(DarkPalette()); // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks)
 }
