@@ -4,7 +4,9 @@
 #include <QCloseEvent>
 #include <QDir>
 #include <QDockWidget>
+#include <QDropEvent>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QScreen>
 #include <QSettings>
 #include <QToolBar>
@@ -18,7 +20,9 @@
 #include "host/ProjectFolders.h"
 #include "host/ProjectMenu.h"
 #include "host/StyleManagerView.h"
+#include "host/ToolMenu.h"
 #include "host/TracePanel.h"
+#include "platform/arx/Commands.h"
 #include "platform/arx/Frame.h"
 #include "platform/mfc/MessageBox.h"
 #include "platform/mfc/QtText.h"
@@ -43,12 +47,23 @@ QString ShortList(const QStringList& names)
                                       : QObject::tr("%1 等 %2 个").arg(shown).arg(names.size());
 }
 
+// Those of the files that are dragged which a command opens.
+QStringList OpenableFiles(const QMimeData& dragged)
+{
+    QStringList files;
+    for (const QUrl& url : dragged.urls())
+        if (url.isLocalFile() && CanOpenWithCommand(FromQString(url.toLocalFile()).c_str()))
+            files << url.toLocalFile();
+    return files;
+}
+
 } // namespace
 
 HostWindow::HostWindow()
 {
     SetFrame(this);
     setWindowTitle(kTitle);
+    setAcceptDrops(true);
     setCentralWidget(MakeCenter());
     MakePanels();
     MakeToolBar();
@@ -129,6 +144,7 @@ void HostWindow::MakeMenus()
         connect(panel->toggleViewAction(), &QAction::triggered, panel, [panel](bool shown) {
             if (shown) panel->raise();
         });
+    menuBar()->addMenu(new ToolMenu(this));
 }
 
 void HostWindow::Connect()
@@ -197,6 +213,16 @@ void HostWindow::LoadModules()
     m_styles->SelectOne();
 }
 
+void HostWindow::OpenFile(const QString& path)
+{
+    const CString file = FromQString(QFileInfo(path).absoluteFilePath());
+    if (CanOpenWithCommand(file.c_str()))
+        OpenWithCommand(file.c_str());
+    else
+        m_errorBar->Show(tr("没有已加载的模块能打开这种文件: %1").arg(path), tr("模块(&M)"),
+                         [this] { ShowModules(); });
+}
+
 // What was said of the command before has been read, or never will be.
 void HostWindow::BeginCommand()
 {
@@ -263,6 +289,22 @@ bool HostWindow::event(QEvent* event)
     const bool done = QMainWindow::event(event);
     if (event->type() == QEvent::WindowUnblocked) ShowChange();
     return done;
+}
+
+// An open dialog is answered first.
+void HostWindow::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (QApplication::activeModalWidget() || OpenableFiles(*event->mimeData()).isEmpty()) return;
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+}
+
+void HostWindow::dropEvent(QDropEvent* event)
+{
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    for (const QString& file : OpenableFiles(*event->mimeData()))
+        OpenFile(file);
 }
 
 void HostWindow::changeEvent(QEvent* event)

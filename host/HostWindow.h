@@ -25,6 +25,9 @@ public:
     bool NewProject(const QString& folder);
     // Loads the modules of the start list.
     void LoadModules();
+    // Hands the file to the command of a module that opens such files. A message when there is
+    // none.
+    void OpenFile(const QString& path);
 
     StyleManagerView& Styles() { return *m_styles; }
     void ShowTrace();
@@ -34,6 +37,8 @@ protected:
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;
     bool event(QEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
     static bool IsOwnFile(const CString& file);

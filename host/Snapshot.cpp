@@ -1,10 +1,12 @@
 #include "host/Snapshot.h"
 
+#include <algorithm>
 #include <cstdio>
 
 #include <QApplication>
 #include <QDir>
 #include <QPainter>
+#include <QProgressBar>
 
 #include "base/NoCase.h"
 #include "host/DeletedStylesDialog.h"
@@ -116,6 +118,26 @@ void TakeDialogs(CStyleEditor& editor, Album& album)
     album.Take(&deleted, QObject::tr("已删除的样式"));
 }
 
+// A window that works in the background has a progress bar for as long.
+bool IsWorking(const QWidget& window)
+{
+    const auto bars = window.findChildren<QProgressBar*>();
+    return std::any_of(bars.begin(), bars.end(),
+                       [](const QProgressBar* bar) { return bar->isVisible(); });
+}
+
+// The windows beside the host's that modules have opened.
+void TakeOthers(const QWidget& host, Album& album)
+{
+    for (QWidget* const window : QApplication::topLevelWidgets()) {
+        if (!window->isVisible() || window == &host || window->windowTitle().isEmpty()) continue;
+        QApplication::processEvents();
+        while (IsWorking(*window))
+            QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        album.Take(window, window->windowTitle());
+    }
+}
+
 } // namespace
 
 int WriteSnapshots(HostWindow& window, const SnapshotOptions& options)
@@ -155,6 +177,7 @@ int WriteSnapshots(HostWindow& window, const SnapshotOptions& options)
     album.Take(&window, QObject::tr("跟踪"));
     window.ShowModules();
     album.Take(&window, QObject::tr("模块"));
+    TakeOthers(window, album);
     // Last: the host's window tells of it.
     if (shown && !options.theirs.isEmpty())
         EditorTour(*shown, take).ShowOthersChange(shownStyle, options.theirs);

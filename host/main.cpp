@@ -24,6 +24,7 @@ namespace {
 
 constexpr char kSnapshotOption[] = "snapshot";
 constexpr char kDarkOption[] = "dark";
+constexpr char kOpenOption[] = "open";
 
 // Without a display Qt says of many a call that there is nothing to do; nobody needs to know.
 void KeepQuiet(QtMsgType, const QMessageLogContext&, const QString&) {}
@@ -84,6 +85,8 @@ void AddOptions(QCommandLineParser& parser)
                       QStringLiteral("NAME")});
     parser.addOption({QStringLiteral("theirs"), QObject::tr("图片中别人同时存入样式库的文件"),
                       QStringLiteral("FILE")});
+    parser.addOption({QString::fromLatin1(kOpenOption),
+                      QObject::tr("用已加载的模块打开文件; 可重复"), QStringLiteral("FILE")});
 }
 
 } // namespace
@@ -118,6 +121,9 @@ int main(int argc, char** argv)
     const QString project = asked.isEmpty() ? RecentProjects().List().value(0) : asked;
     const bool opened = !project.isEmpty() && window.OpenProject(project);
     window.LoadModules();
+    if (!snapshot) window.show();
+    for (const QString& file : parser.values(QString::fromLatin1(kOpenOption)))
+        window.OpenFile(file);
 
     if (snapshot) {
         if (!opened) {
@@ -128,6 +134,5 @@ int main(int argc, char** argv)
                                        parser.value(QStringLiteral("spec")),
                                        parser.value(QStringLiteral("theirs"))});
     }
-    window.show();
     return QApplication::exec();
 }

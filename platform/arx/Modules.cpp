@@ -10,6 +10,7 @@
 #include "base/NoCase.h"
 #include "base/Text.h"
 #include "platform/arx/AppMessages.h"
+#include "platform/arx/Commands.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
 #include "platform/vmrd/VmHFCBaseU/Trace.h"
 
@@ -59,7 +60,10 @@ Module& FindOrMake(const CString& name)
 
 void Close(Module& module)
 {
-    if (module.handle) dlclose(module.handle);
+    if (module.handle) {
+        RemoveCommandsOf(module.handle);
+        dlclose(module.handle);
+    }
     module.handle = nullptr;
     module.entry = nullptr;
     module.shown.count = 0;
@@ -136,6 +140,12 @@ bool designspec::IsModuleLoaded(const wchar_t* name)
 {
     const Module* module = Find(name);
     return module && module->shown.count > 0;
+}
+
+void* designspec::FindModuleFunction(const wchar_t* module, const char* name)
+{
+    const Module* const found = Find(module);
+    return found && found->handle ? dlsym(found->handle, name) : nullptr;
 }
 
 std::vector<ModuleInfo> designspec::KnownModules()

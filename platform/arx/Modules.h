@@ -13,7 +13,8 @@
 // no module, or when the module refused: it answered kInitAppMsg with anything but kRetOK.
 AFX_EXT_API bool acrxLoadModule(const wchar_t* name, bool printIt, bool asCommand);
 
-// Takes one user off; the last one unloads the module. False, with a trace line, when it is not
+// Takes one user off; the last one unloads the module, and the commands (Commands.h) that it has
+// left go with it. False, with a trace line, when it is not
 // loaded, or answered kUnloadAppMsg with anything but kRetOK: then it stays.
 AFX_EXT_API bool acrxUnloadModule(const wchar_t* name, bool asCommand);
 
@@ -36,6 +37,9 @@ struct ModuleInfo {
 // Every module that was ever asked for, in that order.
 AFX_EXT_API std::vector<ModuleInfo> KnownModules();
 AFX_EXT_API bool IsModuleLoaded(const wchar_t* name);
+// A function that a module offers to others; null when it is not loaded or has none of that name.
+// It goes with the module: nobody keeps it.
+AFX_EXT_API void* FindModuleFunction(const wchar_t* module, const char* name);
 
 // Tells after each change of that list.
 AFX_EXT_API Signal<>& ModulesChanged();
