@@ -76,6 +76,6 @@ private:
 int WholeRadius(double radius);
 
 // "12.5", "80": up to three decimals.
-std::wstring NumberText(double number);
+AFX_EXT_API std::wstring NumberText(double number);
 
 } // namespace roadcheck

@@ -47,8 +47,8 @@ public:
             // On a parabola the gradient goes from one grade's to the other's in proportion.
             const double before = m_road.vertical[i].length / 2;
             const double after = m_road.vertical[i + 1].length / 2;
-            line.push_back({grades[i].from + before, grades[i].gradient});
-            line.push_back({grades[i].to - after, grades[i].gradient});
+            Add(line, grades[i].from + before, grades[i].gradient);
+            Add(line, grades[i].to - after, grades[i].gradient);
         }
         Band(diagram, [&](int speed) {
             const CDSLonGrad& limits = m_specification.LonGrad;
@@ -81,6 +81,12 @@ public:
     }
 
 private:
+    // Vertical curves may overlap; a line never goes back.
+    static void Add(std::vector<DiagramPoint>& line, double at, double value)
+    {
+        line.push_back({line.empty() ? at : std::max(at, line.back().at), value});
+    }
+
     // A band of that height either side of 0, for each stretch of one speed; 0 is no limit.
     template <class Height> void Band(Diagram& diagram, Height height) const
     {
@@ -125,6 +131,39 @@ double Diagram::Low() const
 double Diagram::High() const
 {
     return Extreme(*this, [](double a, double b) { return std::max(a, b); });
+}
+
+ValueSpan Diagram::Span() const
+{
+    const double low = Low(), high = High();
+    const double room = std::max((high - low) * 0.08, 1e-6);
+    return {low - room, high + room};
+}
+
+std::optional<double> Diagram::ValueAt(double at) const
+{
+    for (const auto& line : lines) {
+        if (line.empty() || at < line.front().at || at > line.back().at) continue;
+        const auto next = std::upper_bound(
+            line.begin(), line.end(), at,
+            [](double place, const DiagramPoint& point) { return place < point.at; });
+        if (next == line.end()) return line.back().value;
+        return Between(*(next - 1), *next, at);
+    }
+    return {};
+}
+
+const DiagramBand* Diagram::BandAt(double at) const
+{
+    const auto band =
+        std::lower_bound(bands.begin(), bands.end(), at,
+                         [](const DiagramBand& one, double place) { return one.to < place; });
+    return band != bands.end() && band->from <= at ? &*band : nullptr;
+}
+
+double Between(const DiagramPoint& a, const DiagramPoint& b, double at)
+{
+    return a.value + (b.value - a.value) * (at - a.at) / (b.at - a.at);
 }
 
 std::vector<Diagram> DiagramsOf(const Alignment& road, const CDesignSpecification& specification,

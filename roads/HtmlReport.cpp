@@ -1,10 +1,10 @@
 #include "roads/HtmlReport.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "base/Format.h"
 #include "base/Text.h"
+#include "roads/AxisTicks.h"
 #include "roads/Checking.h"
 #include "roads/Diagram.h"
 
@@ -47,27 +47,14 @@ const wchar_t* ClassOf(RuleSeverity severity)
 
 // Pixels of a diagram; the page scales it.
 constexpr double kWidth = 960, kHeight = 200, kLeft = 56, kRight = 12, kTop = 26, kBottom = 30;
-
-// The distance of grid lines that gives at most that many: 1, 2 or 5 times a power of ten.
-double StepOf(double range, int most)
-{
-    const double least = range / most;
-    const double power = std::pow(10, std::floor(std::log10(least)));
-    for (const double times : {1.0, 2.0, 5.0})
-        if (times * power >= least) return times * power;
-    return 10 * power;
-}
+constexpr double kStationRoom = 80; // of a station below the axis
 
 class SvgWriter {
 public:
     SvgWriter(const Alignment& road, const AlignmentReport& report, const Diagram& diagram)
         : m_road(road), m_report(report), m_diagram(diagram),
-          m_length(std::max(road.length, kNoLength))
+          m_length(std::max(road.length, kNoLength)), m_span(diagram.Span())
     {
-        const double low = diagram.Low(), high = diagram.High();
-        const double room = std::max((high - low) * 0.08, 1e-6);
-        m_low = low - room;
-        m_high = high + room;
     }
 
     std::wstring Write()
@@ -94,24 +81,30 @@ private:
     double X(double at) const { return kLeft + (kWidth - kLeft - kRight) * at / m_length; }
     double Y(double value) const
     {
-        return kTop + (kHeight - kTop - kBottom) * (m_high - value) / (m_high - m_low);
+        return kTop +
+               (kHeight - kTop - kBottom) * (m_span.high - value) / (m_span.high - m_span.low);
     }
 
     void Grid()
     {
-        const double step = StepOf(m_high - m_low, 6);
-        for (double value = std::ceil(m_low / step) * step; value <= m_high; value += step)
+        const double step = StepOf(m_span.high - m_span.low, 6);
+        for (const double value : MultiplesOf(step, m_span.low, m_span.high))
             m_svg += Format(L"<path d=\"M%g %.1fH%g\" stroke=\"%s\"/><text x=\"%g\" y=\"%.1f\" "
                             L"text-anchor=\"end\">%s</text>\n",
                             kLeft, Y(value), kWidth - kRight,
-                            std::wstring(std::fabs(value) < step / 2 ? L"#888" : L"#ddd"),
-                            kLeft - 4, Y(value) + 4, NumberText(value));
+                            std::wstring(value == 0 ? L"#888" : L"#ddd"), kLeft - 4, Y(value) + 4,
+                            NumberText(value));
         const double along = StepOf(m_length, 8);
-        for (double at = 0; at <= m_length; at += along)
-            m_svg += Format(L"<path d=\"M%.1f %gV%g\" stroke=\"#ddd\"/><text x=\"%.1f\" y=\"%g\" "
-                            L"text-anchor=\"middle\">%s</text>\n",
-                            X(at), kTop, kHeight - kBottom, X(at), kHeight - kBottom + 16,
-                            m_road.stations.Text(at));
+        double free = 0; // where the next text may stand: an equation brings two together
+        for (const double at : m_road.stations.RoundPlaces(0, m_length, along)) {
+            m_svg += Format(L"<path d=\"M%.1f %gV%g\" stroke=\"#ddd\"/>\n", X(at), kTop,
+                            kHeight - kBottom);
+            if (X(at) < free) continue;
+            m_svg += Format(L"<text x=\"%.1f\" y=\"%g\" text-anchor=\"middle\">%s</text>\n", X(at),
+                            kHeight - kBottom + 16,
+                            StationText(m_road.stations.At(at), std::min(DecimalsOf(along), 3)));
+            free = X(at) + kStationRoom;
+        }
     }
 
     // The graver ones over the others.
@@ -147,7 +140,7 @@ private:
     const AlignmentReport& m_report;
     const Diagram& m_diagram;
     const double m_length;
-    double m_low = 0, m_high = 0;
+    const ValueSpan m_span;
     std::wstring m_svg;
 };
 

@@ -1,10 +1,12 @@
 #include "roads/Stationing.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "base/Format.h"
 #include "base/Number.h"
 #include "base/Text.h"
+#include "roads/AxisTicks.h"
 
 using namespace designspec;
 
@@ -19,13 +21,15 @@ constexpr double kKilometre = 1000;
 
 } // namespace
 
-std::wstring StationText(double station)
+std::wstring StationText(double station, int decimals)
 {
-    const double millimetres = std::round(std::fabs(station) * kKilometre);
-    const double kilometres = std::floor(millimetres / 1e6);
-    const wchar_t* const sign = station < 0 && millimetres > 0 ? L"-" : L"";
-    return Format(L"%sK%.0f+%07.3f", sign, kilometres,
-                  millimetres / kKilometre - kilometres * kKilometre);
+    const double parts = std::pow(10, decimals); // of a metre
+    const double rounded = std::round(std::fabs(station) * parts);
+    const double kilometres = std::floor(rounded / (parts * kKilometre));
+    const wchar_t* const sign = station < 0 && rounded > 0 ? L"-" : L"";
+    const int width = decimals > 0 ? 4 + decimals : 3;
+    return Format(L"%sK%.0f+%0*.*f", sign, kilometres, width, decimals,
+                  rounded / parts - kilometres * kKilometre);
 }
 
 std::optional<double> ParseStation(std::wstring_view text)
@@ -68,6 +72,31 @@ std::vector<double> Stationing::Places(double station, double length) const
         const bool inside = at >= part.at - kSamePlace && at <= end + kSamePlace;
         if (inside && (places.empty() || at > places.back() + kSamePlace)) places.push_back(at);
         if (i < m_equations.size()) part = m_equations[i];
+    }
+    return places;
+}
+
+std::vector<double> Stationing::RoundPlaces(double from, double to, double step) const
+{
+    std::vector<double> places;
+    StationEquation part = {0, m_start, 1};
+    for (size_t i = 0; i <= m_equations.size(); ++i) {
+        const bool isLast = i == m_equations.size();
+        const double begin = i == 0 ? from : std::max(from, part.at);
+        const double end = isLast ? to : std::min(to, m_equations[i].at);
+        if (begin <= end) {
+            const double a = part.ahead + part.step * (begin - part.at);
+            const double b = part.ahead + part.step * (end - part.at);
+            const size_t before = places.size();
+            for (const double station : MultiplesOf(step, std::min(a, b), std::max(a, b))) {
+                const double at = part.at + (station - part.ahead) * part.step;
+                // On an equation the station ahead counts.
+                if (isLast || at < m_equations[i].at - kSamePlace) places.push_back(at);
+            }
+            if (part.step < 0)
+                std::reverse(places.begin() + static_cast<std::ptrdiff_t>(before), places.end());
+        }
+        if (!isLast) part = m_equations[i];
     }
     return places;
 }

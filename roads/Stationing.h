@@ -10,8 +10,9 @@
 
 namespace roadcheck {
 
-// "K12+345.600" of 12345.6 m; "-K0+012.300" of -12.3 m. Rounded to millimetres.
-AFX_EXT_API std::wstring StationText(double station);
+// "K12+345.600" of 12345.6 m; "-K0+012.300" of -12.3 m. Rounded to that many decimals of a metre, 0
+// to 3.
+AFX_EXT_API std::wstring StationText(double station, int decimals = 3);
 // Metres of "K12+345.6", "k12+345.6", "12+345.6", "12345.6" and the like, with or without a sign.
 // Nothing when the text is no station.
 AFX_EXT_API std::optional<double> ParseStation(std::wstring_view text);
@@ -39,6 +40,9 @@ public:
     // The places along an alignment of that length that have the station: none, or several where an
     // equation lets stations come twice. In order.
     std::vector<double> Places(double station, double length) const;
+    // The places between two of them that have stations which are multiples of `step` (m, above 0),
+    // in order.
+    std::vector<double> RoundPlaces(double from, double to, double step) const;
 
 private:
     double m_start;

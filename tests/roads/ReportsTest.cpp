@@ -107,4 +107,32 @@ TEST(Diagram, ShowsTheGradientThroughVerticalCurves)
     EXPECT_EQ(diagrams[0].High(), 7);
 }
 
+TEST(Diagram, TellsValueAndLimitsOfAPlace)
+{
+    Diagram diagram;
+    diagram.lines = {{{0, 1}, {100, 3}, {100, 5}, {200, 5}}, {{300, 7}, {400, 9}}};
+    diagram.bands = {{0, 150, -2, 2}, {150, 350, -4, 4}};
+    EXPECT_EQ(diagram.ValueAt(0), 1);
+    EXPECT_EQ(diagram.ValueAt(50), 2);
+    EXPECT_EQ(diagram.ValueAt(100), 5);
+    EXPECT_EQ(diagram.ValueAt(200), 5);
+    EXPECT_EQ(diagram.ValueAt(250), std::nullopt);
+    EXPECT_EQ(diagram.ValueAt(350), 8);
+    EXPECT_EQ(diagram.ValueAt(-1), std::nullopt);
+    ASSERT_NE(diagram.BandAt(100), nullptr);
+    EXPECT_EQ(diagram.BandAt(100)->high, 2);
+    EXPECT_EQ(diagram.BandAt(151)->high, 4);
+    EXPECT_EQ(diagram.BandAt(351), nullptr);
+    EXPECT_EQ(diagram.BandAt(-1), nullptr);
+}
+
+TEST(Diagram, NeverGoesBackWhereVerticalCurvesOverlap)
+{
+    const Alignment road = ProfileRoad({{500, 2, 800}, {300, -2, 800}, {500, 2}});
+    const auto diagrams = DiagramsOf(road, CDesignSpecification(), kOptions, {});
+    const auto& line = diagrams.at(0).lines.at(0);
+    for (size_t i = 1; i < line.size(); ++i)
+        EXPECT_LE(line[i - 1].at, line[i].at);
+}
+
 } // namespace roadcheck

@@ -16,6 +16,9 @@ TEST(Station, IsWrittenInKilometresAndMetres)
     EXPECT_EQ(StationText(-12.3), L"-K0+012.300");
     EXPECT_EQ(StationText(-0.0001), L"K0+000.000");
     EXPECT_EQ(StationText(1234567.8901), L"K1234+567.890");
+    EXPECT_EQ(StationText(12345.6, 1), L"K12+345.6");
+    EXPECT_EQ(StationText(999.6, 0), L"K1+000");
+    EXPECT_EQ(StationText(-20, 0), L"-K0+020");
 }
 
 TEST(Station, IsReadAsPeopleWriteIt)
@@ -50,6 +53,19 @@ TEST(Stationing, KnowsStationsThatComeTwiceOrNever)
     EXPECT_THAT(stations.Places(800, 1000), IsEmpty());
     EXPECT_EQ(stations.At(500), 400);
     EXPECT_EQ(stations.At(900), 1000);
+}
+
+TEST(Stationing, HasRoundPlacesOnBothSidesOfAnEquation)
+{
+    EXPECT_THAT(Stationing(30).RoundPlaces(0, 250, 100), ElementsAre(70, 170));
+    EXPECT_THAT(Stationing(-150).RoundPlaces(0, 200, 100), ElementsAre(50, 150));
+    Stationing jump(0);
+    jump.Add({150, 1000, 1});
+    EXPECT_THAT(jump.RoundPlaces(0, 300, 100), ElementsAre(0, 100, 150, 250));
+    EXPECT_THAT(jump.RoundPlaces(120, 149, 100), IsEmpty());
+    Stationing back(0);
+    back.Add({100, 530, -1});
+    EXPECT_THAT(back.RoundPlaces(50, 300, 100), ElementsAre(130, 230)); // K0+500, K0+400
 }
 
 } // namespace roadcheck
