@@ -53,13 +53,14 @@ const std::map<std::string, Folders> kMayInclude = {
     {"app",
      {"base", "library", "model", "pages", "pages/framework", "platform/arx", "platform/mfc",
       "platform/vmrd/VMRDPrj", "platform/vmrd/VmHFCBaseU"}},
+    {"roadcheck", {"base", "platform/mfc", "roads"}},
     {"host",
      {"base", "platform/arx", "platform/mfc", "platform/vmrd/VMRDEnv", "platform/vmrd/VMRDPrj",
       "platform/vmrd/VMRDPub", "platform/vmrd/VmHFCBaseU"}},
 };
 
 const char* const kTopFolders[] = {"app",     "base",  "cli",   "host",
-                                   "library", "model", "pages", "platform", "roads"};
+                                   "library", "model", "pages", "platform", "roads", "roadcheck"};
 
 std::string FolderOf(const std::string& path)
 {
