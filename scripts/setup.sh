@@ -5,6 +5,9 @@ set -uo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.." || exit 1
 exec </dev/null
 
+# What was compiled in another clone is taken from the compiler cache, debug information too.
+export CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1
+
 # The last line of a run that did not get through.
 fail() {
     echo "$(basename "$0"): $1" >&2
