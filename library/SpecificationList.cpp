@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cstring>
 #include <utility>
 
 #include "base/Format.h"
@@ -31,15 +30,6 @@ CString Numbered(const CString& name, int number)
 }
 
 } // namespace
-
-size_t GuidHash::operator()(const GUID& id) const
-{
-    size_t halves[2];
-    static_assert(sizeof halves == sizeof id);
-    std::memcpy(halves, &id, sizeof id);
-    // Random in all their bits, unless somebody has chosen them.
-    return halves[0] ^ (halves[1] * 0x9E3779B97F4A7C15);
-}
 
 // Those of that name or identity; null when there is none.
 template <class Map, class Key>

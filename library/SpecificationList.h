@@ -2,6 +2,7 @@
 // identity without a search, whatever they were called when they came.
 #pragma once
 
+#include <cstring>
 #include <map>
 #include <memory>
 #include <set>
@@ -13,7 +14,14 @@
 namespace designspec {
 
 struct GuidHash {
-    size_t operator()(const GUID& id) const;
+    size_t operator()(const GUID& id) const
+    {
+        size_t halves[2];
+        static_assert(sizeof halves == sizeof id);
+        std::memcpy(halves, &id, sizeof id);
+        // Random in all their bits, unless somebody has chosen them.
+        return halves[0] ^ (halves[1] * 0x9E3779B97F4A7C15);
+    }
 };
 
 class SpecificationList {
