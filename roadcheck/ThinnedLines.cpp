@@ -78,7 +78,7 @@ private:
         m_uprightColumn = ColumnOf(line.front());
         m_upright = m_pieces.size();
         const double x = m_along.X(line.front().at);
-        m_pieces.push_back(QPolygonF({{x, bottom}, {x, top}}));
+        m_pieces.emplace_back() << QPointF(x, bottom) << QPointF(x, top);
     }
 
     void AddLong(const std::vector<DiagramPoint>& line)

@@ -17,11 +17,10 @@ double StepOf(double range, double most)
 std::vector<double> MultiplesOf(double step, double low, double high)
 {
     constexpr double kOff = 1e-6;
-    std::vector<double> multiples;
-    const double last = std::floor(high / step + kOff);
-    // The 0 takes the sign off a -0.
-    for (double i = std::ceil(low / step - kOff); i <= last; ++i)
-        multiples.push_back(i * step + 0.0);
+    const double first = std::ceil(low / step - kOff), last = std::floor(high / step + kOff);
+    std::vector<double> multiples(static_cast<size_t>(std::max(last - first + 1, 0.0)));
+    for (size_t i = 0; i < multiples.size(); ++i)
+        multiples[i] = (first + static_cast<double>(i)) * step + 0.0; // -0 becomes 0
     return multiples;
 }
 
