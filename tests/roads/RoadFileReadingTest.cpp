@@ -1,10 +1,14 @@
 // Road files as programs write them.
+#include <algorithm>
 #include <cmath>
+#include <fstream>
+#include <iterator>
 #include <numbers>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "TreePaths.h"
 #include "tests/roads/RoadText.h"
 
 namespace roadcheck {
@@ -15,6 +19,14 @@ using std::numbers::pi;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
+
+std::string Example(const std::string& name)
+{
+    std::ifstream file(SOURCE_DIR "/examples/roads/" + name, std::ios::binary);
+    std::string text(std::istreambuf_iterator<char>(file), {});
+    EXPECT_FALSE(text.empty()) << name;
+    return text;
+}
 
 // The only alignment of a file that has nothing odd in it.
 Alignment Only(const std::string& content)
@@ -480,17 +492,32 @@ TEST(RoadFile, GoesNoDeeperThanTwoHundredAndFiftySixElements)
     EXPECT_THAT(told[0], testing::StartsWith(L"1: XML 有误: "));
 }
 
-TEST(RoadFile, ThatIsCutOffAnywhereTellsSo)
+// What is left of a road that an export did not finish: where it ends is told, whatever was read.
+TEST(RoadFile, ThatIsCutOffAnywhereTellsWhere)
 {
-    const std::string whole = LandXml(
-        "<Units><Metric linearUnit=\"meter\"/></Units>" +
-        AlignmentText("<Line length=\"9\"/><Curve rot=\"cw\" radius=\"90\" length=\"9\"/>",
-                      "<Profile><ProfAlign><PVI>0 1</PVI><PVI>18 2</PVI></ProfAlign></Profile>"));
-    const size_t end = whole.rfind('>');
-    const TemporaryFolder folder;
-    for (size_t length = 0; length < whole.size(); ++length) {
-        const RoadFile file = ReadRoadFile(folder.Write("road.xml", whole.substr(0, length)));
-        EXPECT_EQ(HasError(file.problems), length <= end) << length;
+    for (const char* const name : {"合格.xml", "违规.xml"}) {
+        const std::string whole = Example(name);
+        const size_t end = whole.rfind('>');
+        const TemporaryFolder folder;
+        const CString path = folder.Path(L"road.xml");
+        std::ofstream growing(folder.Native("road.xml"), std::ios::binary);
+        for (size_t length = 0; length <= end; ++length) {
+            const RoadFile file = ReadRoadFile(path);
+            ASSERT_TRUE(HasError(file.problems)) << name << ": " << length;
+            const auto error =
+                std::find_if(file.problems.begin(), file.problems.end(),
+                             [](const Problem& one) { return one.severity == Severity::Error; });
+            const auto lines =
+                std::count(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(length),
+                           '\n') +
+                1;
+            EXPECT_EQ(error->file, path);
+            EXPECT_THAT(error->text, testing::StartsWith(L"XML 有误: ")) << length;
+            EXPECT_GE(error->line, 1) << name << ": " << length;
+            EXPECT_LE(error->line, lines) << name << ": " << length;
+            growing.put(whole[length]).flush();
+        }
+        EXPECT_THAT(Told(ReadRoadFile(path)), IsEmpty());
     }
 }
 
