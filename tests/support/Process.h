@@ -11,6 +11,7 @@
 
 #include <fcntl.h>
 #include <poll.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -18,6 +19,7 @@ struct ProcessResult {
     int status = -1; // exit status; the negative signal number when a signal ended it
     std::string out;
     std::string err;
+    long peak = 0; // KiB of memory that it had at once
 };
 
 namespace ProcessDetail {
@@ -79,7 +81,9 @@ inline ProcessResult RunProcess(const std::vector<std::string>& words,
     close(out.ends[0]);
     close(err.ends[0]);
     int state = 0;
-    if (waitpid(child, &state, 0) != child) throw std::runtime_error("the process is lost");
+    rusage used = {};
+    if (wait4(child, &state, 0, &used) != child) throw std::runtime_error("the process is lost");
+    result.peak = used.ru_maxrss;
     result.status = WIFEXITED(state) ? WEXITSTATUS(state) : -WTERMSIG(state);
     return result;
 }
