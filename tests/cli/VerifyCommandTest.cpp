@@ -1,7 +1,12 @@
 // designspec verify: options, statuses, texts and reports.
+#include <algorithm>
 #include <fstream>
 #include <iterator>
 #include <set>
+#include <stdexcept>
+
+#include <fcntl.h>
+#include <unistd.h>
 
 #include "TreePaths.h"
 #include "tests/cli/CommandTest.h"
@@ -216,6 +221,54 @@ TEST_F(VerifyCommand, ChecksManyFilesAtOnceInTheirOrder)
     for (size_t i = 0; i < 40; ++i)
         EXPECT_EQ(json["files"][i]["file"], "r" + std::to_string(i) + ".xml");
     EXPECT_EQ(json["errors"], 20);
+}
+
+// A terminal for one of a program's streams.
+class Terminal {
+public:
+    Terminal() : m_master(posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC | O_NONBLOCK))
+    {
+        if (m_master < 0 || grantpt(m_master) != 0 || unlockpt(m_master) != 0)
+            throw std::runtime_error("no terminal");
+        m_slave = open(ptsname(m_master), O_RDWR | O_NOCTTY | O_CLOEXEC);
+    }
+    ~Terminal()
+    {
+        close(m_slave);
+        close(m_master);
+    }
+    Terminal(const Terminal&) = delete;
+    Terminal& operator=(const Terminal&) = delete;
+
+    void TakeStream(int stream) const { dup2(m_slave, stream); }
+
+    std::string Shown() const
+    {
+        std::string shown(4096, 0);
+        const ssize_t count = read(m_master, shown.data(), shown.size());
+        shown.resize(static_cast<size_t>(std::max<ssize_t>(count, 0)));
+        return shown;
+    }
+
+private:
+    int m_master = -1, m_slave = -1;
+};
+
+TEST_F(VerifyCommand, CountsTheFilesOnATerminalAndLeavesACleanLine)
+{
+    const Words three = {"verify",   Write("a.xml", "140"),
+                         "none.xml", Write("c.xml", "200"),
+                         "--speed",  "60",
+                         "--jobs",   "2"};
+    const Terminal terminal;
+    const ProcessResult result = Call(three, [&] { terminal.TakeStream(STDERR_FILENO); });
+    EXPECT_EQ(terminal.Shown(), "\r1/3\r2/3\r\x1b[Kdesignspec: none.xml: 无法打开: 不存在\r\n");
+    EXPECT_EQ(result.out, Call(three).out);
+    EXPECT_EQ(Call(three).err, "designspec: none.xml: 无法打开: 不存在\n");
+
+    const Terminal other;
+    Call({"verify", "a.xml", "--speed", "60"}, [&] { other.TakeStream(STDERR_FILENO); });
+    EXPECT_EQ(other.Shown(), ""); // one file has nothing to count
 }
 
 // What the two roads are told of is worked out by hand in them.
