@@ -132,6 +132,22 @@ void CheckElements(benchmark::State& state)
         benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
 }
 
+// As many stretches of design speed on one road.
+void CheckManySpeeds(benchmark::State& state)
+{
+    RoadFile file = ReadRoadFile(ToWide(Write("speeds.xml", FileWith(AlignmentOf(1000, "A")))));
+    Require(file.alignments.size() == 1, "the road was not read");
+    Alignment& road = file.alignments[0];
+    const double each = road.length / static_cast<double>(state.range(0));
+    for (int64_t i = 0; i < state.range(0); ++i) {
+        const double from = each * static_cast<double>(i);
+        road.speeds.push_back({from, from + each, i % 2 ? 60 : 80});
+    }
+    const CDesignSpecification specification;
+    for (auto _ : state)
+        benchmark::DoNotOptimize(CheckAlignment(road, specification, {}));
+}
+
 // A thousand files with that many jobs, on the clock.
 void CheckFiles(benchmark::State& state)
 {
@@ -155,6 +171,7 @@ void CheckFiles(benchmark::State& state)
 BENCHMARK(ReadWithParserAlone)->Unit(benchmark::kMillisecond);
 BENCHMARK(ReadWithReader)->Unit(benchmark::kMillisecond);
 BENCHMARK(CheckElements)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
+BENCHMARK(CheckManySpeeds)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
 BENCHMARK(CheckFiles)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 BENCHMARK_MAIN();

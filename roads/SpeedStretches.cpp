@@ -1,6 +1,8 @@
 #include "roads/SpeedStretches.h"
 
 #include <algorithm>
+#include <functional>
+#include <set>
 
 namespace roadcheck {
 
@@ -31,6 +33,46 @@ std::vector<DesignSpeed> Chosen(const Alignment& road, const std::vector<SpeedCh
     return chosen;
 }
 
+// Goes along the road once and says at each place what holds of a list.
+class Passage {
+public:
+    // Of several that hold the one with the highest rank is meant.
+    Passage(const std::vector<DesignSpeed>& list, const std::function<int(size_t)>& rank)
+        : m_list(list)
+    {
+        for (size_t i = 0; i < list.size(); ++i)
+            if (list[i].from <= list[i].to) m_begins.emplace_back(rank(i), i);
+        m_ends = m_begins;
+        Sort(m_begins, &DesignSpeed::from);
+        Sort(m_ends, &DesignSpeed::to);
+    }
+
+    // Null when none holds there. No place comes before the one of the call before.
+    const DesignSpeed* At(double at)
+    {
+        for (; m_begun < m_begins.size() && Of(m_begins[m_begun]).from <= at; ++m_begun)
+            m_holding.insert(m_begins[m_begun]);
+        for (; m_ended < m_ends.size() && Of(m_ends[m_ended]).to < at; ++m_ended)
+            m_holding.erase(m_ends[m_ended]);
+        return m_holding.empty() ? nullptr : &Of(*m_holding.rbegin());
+    }
+
+private:
+    using Ranked = std::pair<int, size_t>; // with its place in the list
+
+    const DesignSpeed& Of(const Ranked& one) const { return m_list[one.second]; }
+    void Sort(std::vector<Ranked>& all, double DesignSpeed::*by) const
+    {
+        std::sort(all.begin(), all.end(),
+                  [&](const Ranked& a, const Ranked& b) { return Of(a).*by < Of(b).*by; });
+    }
+
+    const std::vector<DesignSpeed>& m_list;
+    std::vector<Ranked> m_begins, m_ends; // in order of place
+    size_t m_begun = 0, m_ended = 0;
+    std::set<Ranked> m_holding;
+};
+
 } // namespace
 
 SpeedStretches::SpeedStretches(const Alignment& road, const std::vector<SpeedChoice>& choices)
@@ -43,17 +85,14 @@ SpeedStretches::SpeedStretches(const Alignment& road, const std::vector<SpeedCho
             cuts.push_back(std::clamp(one.to, 0.0, road.length));
         }
     std::sort(cuts.begin(), cuts.end());
+    Passage choice(chosen, [](size_t i) { return static_cast<int>(i); });
+    Passage file(road.speeds, [&](size_t i) { return road.speeds[i].speed; });
     for (size_t i = 1; i < cuts.size(); ++i) {
         const double from = cuts[i - 1], to = cuts[i], middle = (from + to) / 2;
         if (to - from <= kNoLength) continue;
-        const auto holds = [&](const DesignSpeed& one) {
-            return one.from <= middle && middle <= one.to;
-        };
-        int speed = 0;
-        for (const DesignSpeed& one : road.speeds)
-            if (holds(one)) speed = std::max(speed, one.speed);
-        for (const DesignSpeed& one : chosen)
-            if (holds(one)) speed = one.speed;
+        const DesignSpeed* const inFile = file.At(middle);
+        const DesignSpeed* const inChoice = choice.At(middle);
+        const int speed = inChoice ? inChoice->speed : inFile ? inFile->speed : 0;
         if (speed == 0) continue;
         if (!m_stretches.empty() && m_stretches.back().speed == speed &&
             from - m_stretches.back().to <= kNoLength)

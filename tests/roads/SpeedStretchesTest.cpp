@@ -1,5 +1,8 @@
 #include "roads/SpeedStretches.h"
 
+#include <algorithm>
+#include <random>
+
 #include <gtest/gtest.h>
 
 namespace roadcheck {
@@ -58,6 +61,37 @@ TEST(SpeedStretches, TakeStationsBeyondTheRoadForItsEnds)
     const SpeedStretches speeds(Road({}), {{SpeedChoice::Stretch{-500, 5000}, 60}});
     EXPECT_EQ(speeds.Highest(0, 1000), 60);
     EXPECT_TRUE(SpeedStretches(Road({}), {{SpeedChoice::Stretch{2000, 3000}, 60}}).IsEmpty());
+}
+
+// The same as asking every place of everything.
+TEST(SpeedStretches, AreWhatHoldsAtEachPlace)
+{
+    std::mt19937 random(1);
+    const auto number = [&](int most) {
+        return std::uniform_int_distribution<int>(0, most)(random);
+    };
+    for (int round = 0; round < 200; ++round) {
+        std::vector<DesignSpeed> speeds;
+        for (int i = number(6); i > 0; --i) {
+            const double from = number(1100) - 50.0;
+            speeds.push_back({from, from + number(400) - 20.0, 20 + 10 * number(8)});
+        }
+        std::vector<SpeedChoice> choices;
+        for (int i = number(4); i > 0; --i) {
+            const double from = number(900);
+            choices.push_back(
+                {SpeedChoice::Stretch{from, from + number(300)}, 20 + 10 * number(8)});
+        }
+        const SpeedStretches stretches(Road(speeds), choices);
+        for (double at = 0.5; at < 1000; ++at) {
+            int expected = 0;
+            for (const DesignSpeed& one : speeds)
+                if (one.from <= at && at <= one.to) expected = std::max(expected, one.speed);
+            for (const SpeedChoice& one : choices)
+                if (one.stretch->from <= at && at <= one.stretch->to) expected = one.speed;
+            ASSERT_EQ(stretches.Highest(at, at).value_or(0), expected) << round << ": " << at;
+        }
+    }
 }
 
 } // namespace roadcheck
