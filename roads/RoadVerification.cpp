@@ -6,8 +6,8 @@
 #include <thread>
 
 #include "base/Format.h"
+#include "roads/Checking.h"
 #include "roads/RoadFileReading.h"
-#include "roads/SpeedStretches.h"
 
 using namespace designspec;
 
@@ -25,25 +25,45 @@ FindingCounts CountFindings(const std::vector<CheckedFile>& files)
     return counts;
 }
 
+namespace {
+
+bool HasRoad(const CheckedFile& file, const std::wstring& name)
+{
+    return std::any_of(file.roads.begin(), file.roads.end(),
+                       [&](const CheckedRoad& one) { return one.road.name == name; });
+}
+
+// Names that none of the files has, as an error of the first.
+void TellMissing(const std::vector<std::wstring>& names, std::vector<CheckedFile>& files)
+{
+    for (const std::wstring& name : names) {
+        if (files.empty() || std::any_of(files.begin(), files.end(), [&](const CheckedFile& file) {
+                return HasRoad(file, name);
+            }))
+            continue;
+        const bool isOne = files.size() == 1;
+        AddProblem(files[0].problems, Severity::Error, isOne ? files[0].path : L"", 0,
+                   Format(L"%s没有路线“%s”", CString(isOne ? L"文件中" : L"各文件中都"), name));
+    }
+}
+
+} // namespace
+
 CheckedFile CheckRoadFile(const std::wstring& path, const std::vector<std::wstring>& alignments,
                           const CDesignSpecification& specification, const CheckOptions& options,
                           const std::atomic<bool>* cancel)
 {
     RoadFile read = ReadRoadFile(path, cancel);
     CheckedFile file = {path, std::move(read.problems), {}};
-    for (const std::wstring& name : alignments)
-        if (std::none_of(read.alignments.begin(), read.alignments.end(),
-                         [&](const Alignment& one) { return one.name == name; }))
-            AddProblem(file.problems, Severity::Error, path, 0,
-                       Format(L"文件中没有路线“%s”", name));
     for (Alignment& road : read.alignments) {
         const bool isMeant = alignments.empty() || std::find(alignments.begin(), alignments.end(),
                                                              road.name) != alignments.end();
         if (!isMeant) continue;
         CheckedRoad& one = file.roads.emplace_back();
         one.road = std::move(road);
-        one.hasSpeed = !SpeedStretches(one.road, options.speeds).IsEmpty();
-        if (one.hasSpeed) one.report = CheckAlignment(one.road, specification, options);
+        Checking checking(one.road, specification, options);
+        one.hasSpeed = !checking.speeds.IsEmpty();
+        if (one.hasSpeed) one.report = checking.Run();
     }
     return file;
 }
@@ -80,6 +100,7 @@ CheckRoadFiles(const std::vector<std::wstring>& paths, const std::vector<std::ws
         work();
     }
     if (failure) std::rethrow_exception(failure);
+    TellMissing(alignments, files);
     return files;
 }
 

@@ -26,8 +26,8 @@ struct FindingCounts {
 };
 AFX_EXT_API FindingCounts CountFindings(const std::vector<CheckedFile>& files);
 
-// Reads a file and checks those of its alignments that are named, or all when none is. A name that
-// the file does not have is an error among the problems. Ends early once `cancel` is true.
+// Reads a file and checks those of its alignments that are named, or all when none is. Ends early
+// once `cancel` is true.
 AFX_EXT_API CheckedFile CheckRoadFile(const std::wstring& path,
                                       const std::vector<std::wstring>& alignments,
                                       const CDesignSpecification& specification,
@@ -36,7 +36,8 @@ AFX_EXT_API CheckedFile CheckRoadFile(const std::wstring& path,
 
 // The same for many, `jobs` (at least 1) at once, in the order of the paths. `onDone` is called
 // after each with how many are done, from one thread at a time; it may be empty. What a file throws
-// goes on to the caller when all threads have ended.
+// goes on to the caller when all threads have ended. A name that no file has is an error among the
+// problems of the first.
 AFX_EXT_API std::vector<CheckedFile> CheckRoadFiles(const std::vector<std::wstring>& paths,
                                                     const std::vector<std::wstring>& alignments,
                                                     const CDesignSpecification& specification,

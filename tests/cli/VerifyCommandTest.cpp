@@ -129,6 +129,24 @@ TEST_F(VerifyCommand, TakesOnlyTheAlignmentsThatAreNamed)
     EXPECT_EQ(Findings(none.out, "radius-min"), 1);
 }
 
+// The roads of a project stand in several files; a name is wrong when none of them has it.
+TEST_F(VerifyCommand, LooksForAnAlignmentInAllFiles)
+{
+    m_folder.Write("side.xml", "<LandXML version=\"1.2\"><Alignments><Alignment name=\"支线\">"
+                               "<CoordGeom><Line length=\"9\"/></CoordGeom></Alignment>"
+                               "</Alignments></LandXML>");
+    const std::string road = Write("r.xml", "140");
+    const ProcessResult side =
+        Call({"verify", road, "side.xml", "--speed", "60", "--alignment", "支线"});
+    EXPECT_EQ(side.status, 0);
+    EXPECT_EQ(side.err, "");
+    EXPECT_EQ(Findings(side.out, "radius-min"), 0);
+    const ProcessResult none = Call({"verify", road, "side.xml", "--speed", "60", "--alignment",
+                                     "支线", "--alignment", "匝道"});
+    EXPECT_EQ(none.status, 3);
+    EXPECT_EQ(none.err, "designspec: 各文件中都没有路线“匝道”\n");
+}
+
 TEST_F(VerifyCommand, ChecksTheOthersWhenAFileCannotBeRead)
 {
     m_folder.Write("broken.xml", "<LandXML>\n<Alignments>");
