@@ -102,6 +102,15 @@ void Checking::Tell(const Stretch& stretch, int speed, double value, const Limit
                                  limit.source ? *limit.source : std::wstring(), message});
 }
 
+void Checking::TellIfShort(const Stretch& stretch, int speed, double value, const Limit& limit,
+                           const std::wstring& what, const std::wstring& least)
+{
+    if (IsBelow(stretch, speed, value, limit))
+        Tell(stretch, speed, value, limit, L"m",
+             Format(L"%s %s m, 小于%s %s m", what, NumberText(value), least,
+                    NumberText(limit.value)));
+}
+
 void Checking::Skip(const Stretch& stretch, const std::wstring& why)
 {
     m_report.unchecked.push_back({m_rule, why, stretch.from, stretch.to});

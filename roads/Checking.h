@@ -41,6 +41,9 @@ public:
     bool IsAbove(const Stretch& stretch, int speed, double value, const Limit& limit);
     void Tell(const Stretch& stretch, int speed, double value, const Limit& limit,
               const wchar_t* unit, const std::wstring& message);
+    // Tells a length or radius, m, that is below its limit: "WHAT 85 m, 小于LEAST 100 m".
+    void TellIfShort(const Stretch& stretch, int speed, double value, const Limit& limit,
+                     const std::wstring& what, const std::wstring& least);
     void Skip(const Stretch& stretch, const std::wstring& why);
 
     Limit Ask(const SpeedToIntValues& table, int speed, const wchar_t* path,

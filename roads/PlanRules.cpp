@@ -76,18 +76,6 @@ void CheckStraightBetween(Checking& checking, bool same, double factor, const wc
     }
 }
 
-// An arc that has less than a radius of the table.
-template <class Tell>
-void CheckRadius(Checking& checking, const SpeedToIntValues& table, const wchar_t* path, Tell tell)
-{
-    const CString& source = checking.specification.CircularCurveRad.MinRadCriterion;
-    ForEach(PlanKind::Arc, checking, [&](const auto& arc, const Stretch& stretch, int speed) {
-        const Limit limit = checking.Ask(table, speed, path, source);
-        if (checking.IsBelow(stretch, speed, arc.radiusStart, limit))
-            tell(arc, stretch, speed, limit);
-    });
-}
-
 // Whether two neighbours meet as straight and arc, or as arcs of different turn.
 bool NeedsTransition(const PlanElement& arc, const PlanElement& beside)
 {
@@ -142,28 +130,29 @@ void CheckRadiusMax(Checking& checking)
 
 void CheckRadiusMin(Checking& checking)
 {
-    CheckRadius(checking, checking.specification.CircularCurveRad.SuperelevationMinRad,
-                L"CircularCurveRad.SuperelevationMinRad",
-                [&](const auto& arc, const Stretch& stretch, int speed, const Limit& limit) {
-                    checking.Tell(stretch, speed, arc.radiusStart, limit, L"m",
-                                  Format(L"圆曲线半径 %s m, 小于设超高最小半径 %s m",
-                                         NumberText(arc.radiusStart), NumberText(limit.value)));
-                });
+    const CDSCircularCurveRad& limits = checking.specification.CircularCurveRad;
+    ForEach(PlanKind::Arc, checking, [&](const auto& arc, const Stretch& stretch, int speed) {
+        const Limit limit =
+            checking.Ask(limits.SuperelevationMinRad, speed,
+                         L"CircularCurveRad.SuperelevationMinRad", limits.MinRadCriterion);
+        checking.TellIfShort(stretch, speed, arc.radiusStart, limit, L"圆曲线半径",
+                             L"设超高最小半径");
+    });
 }
 
 void CheckRadiusRecommended(Checking& checking)
 {
     const CDSCircularCurveRad& limits = checking.specification.CircularCurveRad;
-    CheckRadius(checking, limits.SuperelevationRecommendRad,
-                L"CircularCurveRad.SuperelevationRecommendRad",
-                [&](const auto& arc, const Stretch& stretch, int speed, const Limit& limit) {
-                    const Limit least = checking.Ask(limits.SuperelevationMinRad, speed, L"",
-                                                     limits.MinRadCriterion);
-                    if (least && arc.radiusStart < least.value - kTolerance) return;
-                    checking.Tell(stretch, speed, arc.radiusStart, limit, L"m",
-                                  Format(L"圆曲线半径 %s m, 小于设超高推荐半径 %s m",
-                                         NumberText(arc.radiusStart), NumberText(limit.value)));
-                });
+    ForEach(PlanKind::Arc, checking, [&](const auto& arc, const Stretch& stretch, int speed) {
+        const Limit least =
+            checking.Ask(limits.SuperelevationMinRad, speed, L"", limits.MinRadCriterion);
+        if (least && arc.radiusStart < least.value - kTolerance) return; // is told by that
+        const Limit limit =
+            checking.Ask(limits.SuperelevationRecommendRad, speed,
+                         L"CircularCurveRad.SuperelevationRecommendRad", limits.MinRadCriterion);
+        checking.TellIfShort(stretch, speed, arc.radiusStart, limit, L"圆曲线半径",
+                             L"设超高推荐半径");
+    });
 }
 
 void CheckCurveLength(Checking& checking)
@@ -172,10 +161,7 @@ void CheckCurveLength(Checking& checking)
     ForEachCurve(checking, [&](const Curve& curve, const Stretch& stretch, int speed) {
         const Limit limit = checking.Ask(limits.HorizontalCurveMinLen, speed,
                                          L"CurveMinLen.HorizontalCurveMinLen", limits.Criterion);
-        if (checking.IsBelow(stretch, speed, curve.Length(), limit))
-            checking.Tell(stretch, speed, curve.Length(), limit, L"m",
-                          Format(L"平曲线长 %s m, 小于最小长度 %s m", NumberText(curve.Length()),
-                                 NumberText(limit.value)));
+        checking.TellIfShort(stretch, speed, curve.Length(), limit, L"平曲线长", L"最小长度");
     });
 }
 
@@ -185,10 +171,7 @@ void CheckArcLength(Checking& checking)
     ForEachCurve(checking, [&](const Curve& curve, const Stretch& stretch, int speed) {
         const Limit limit = checking.Ask(limits.CircularCurveMinLen, speed,
                                          L"CurveMinLen.CircularCurveMinLen", limits.Criterion);
-        if (checking.IsBelow(stretch, speed, curve.arcs, limit))
-            checking.Tell(stretch, speed, curve.arcs, limit, L"m",
-                          Format(L"圆曲线长 %s m, 小于最小长度 %s m", NumberText(curve.arcs),
-                                 NumberText(limit.value)));
+        checking.TellIfShort(stretch, speed, curve.arcs, limit, L"圆曲线长", L"最小长度");
     });
 }
 
@@ -218,10 +201,7 @@ void CheckTransitionLength(Checking& checking)
     ForEach(PlanKind::Spiral, checking, [&](const auto& spiral, const Stretch& stretch, int speed) {
         const Limit limit =
             checking.Ask(limits.MinLen, speed, L"TransitionCurveMinLen.MinLen", limits.Criterion);
-        if (checking.IsBelow(stretch, speed, spiral.length, limit))
-            checking.Tell(stretch, speed, spiral.length, limit, L"m",
-                          Format(L"缓和曲线长 %s m, 小于最小长度 %s m", NumberText(spiral.length),
-                                 NumberText(limit.value)));
+        checking.TellIfShort(stretch, speed, spiral.length, limit, L"缓和曲线长", L"最小长度");
     });
 }
 

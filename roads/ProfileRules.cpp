@@ -71,11 +71,8 @@ void CheckVerticalRadius(Checking& checking, const SpeedToIntValues& crests,
         checking, [&](const VerticalPoint& point, const Stretch& stretch, int speed, bool isCrest) {
             const Limit limit = isCrest ? checking.Ask(crests, speed, crestPath, source)
                                         : checking.Ask(sags, speed, sagPath, source);
-            if (checking.IsBelow(stretch, speed, point.radius, limit))
-                checking.Tell(stretch, speed, point.radius, limit, L"m",
-                              Format(L"%s竖曲线半径 %s m, 小于%s %s m",
-                                     CString(isCrest ? L"凸形" : L"凹形"), NumberText(point.radius),
-                                     CString(what), NumberText(limit.value)));
+            checking.TellIfShort(stretch, speed, point.radius, limit,
+                                 isCrest ? L"凸形竖曲线半径" : L"凹形竖曲线半径", what);
         });
 }
 
@@ -117,10 +114,7 @@ void CheckGradeLengthMin(Checking& checking)
         if (grade.index == 1 || grade.index == static_cast<int>(checking.grades.size())) return;
         const Limit limit =
             checking.Ask(limits.MinLens, speed, L"LonGradMinLen.MinLens", limits.Criterion);
-        if (checking.IsBelow(stretch, speed, grade.Length(), limit))
-            checking.Tell(stretch, speed, grade.Length(), limit, L"m",
-                          Format(L"坡长 %s m, 小于最小坡长 %s m", NumberText(grade.Length()),
-                                 NumberText(limit.value)));
+        checking.TellIfShort(stretch, speed, grade.Length(), limit, L"坡长", L"最小坡长");
     });
 }
 
@@ -174,10 +168,7 @@ void CheckVerticalLength(Checking& checking)
                                        int speed, bool) {
         const Limit limit = checking.Ask(limits.MinLens, speed,
                                          L"VerticalCurveMinRadAndLen.MinLens", limits.Criterion);
-        if (checking.IsBelow(stretch, speed, point.length, limit))
-            checking.Tell(stretch, speed, point.length, limit, L"m",
-                          Format(L"竖曲线长 %s m, 小于最小长度 %s m", NumberText(point.length),
-                                 NumberText(limit.value)));
+        checking.TellIfShort(stretch, speed, point.length, limit, L"竖曲线长", L"最小长度");
     });
 }
 
