@@ -46,7 +46,7 @@ const wchar_t* ClassOf(RuleSeverity severity)
 }
 
 // Pixels of a diagram; the page scales it.
-constexpr double kWidth = 960, kHeight = 200, kLeft = 56, kRight = 12, kTop = 26, kBottom = 30;
+constexpr double kWidth = 720, kHeight = 210, kLeft = 40, kRight = 28, kTop = 26, kBottom = 42;
 constexpr double kStationRoom = 80; // of a station below the axis
 
 class SvgWriter {
@@ -101,31 +101,30 @@ private:
                             kHeight - kBottom);
             if (X(at) < free) continue;
             m_svg += Format(L"<text x=\"%.1f\" y=\"%g\" text-anchor=\"middle\">%s</text>\n", X(at),
-                            kHeight - kBottom + 16,
+                            kHeight - kBottom + 30,
                             StationText(m_road.stations.At(at), std::min(DecimalsOf(along), 3)));
             free = X(at) + kStationRoom;
         }
     }
 
-    // The graver ones over the others.
+    // Below the curve, in a row for each severity: told apart without colours as well.
     void Findings()
     {
-        using enum RuleSeverity;
-        for (const RuleSeverity severity : {Note, Warning, Error})
-            for (const size_t index : m_diagram.findings)
-                if (m_report.findings[index].rule->severity == severity)
-                    Mark(m_report.findings[index]);
+        for (const size_t index : m_diagram.findings)
+            Mark(m_report.findings[index]);
     }
 
     void Mark(const Finding& finding)
     {
         constexpr const wchar_t* kColours[] = {L"#d1242f", L"#d97706", L"#2563eb"};
-        m_svg += Format(L"<rect x=\"%.1f\" y=\"%g\" width=\"%.1f\" height=\"5\" fill=\"%s\">"
-                        L"<title>%s</title></rect>\n",
-                        X(finding.from), kHeight - kBottom - 5,
-                        std::max(X(finding.to) - X(finding.from), 2.0),
-                        std::wstring(kColours[static_cast<size_t>(finding.rule->severity)]),
-                        Escaped(finding.message));
+        constexpr double kRow = 5, kThickness[] = {4.5, 3, 2};
+        const auto severity = static_cast<size_t>(finding.rule->severity);
+        m_svg +=
+            Format(L"<rect x=\"%.1f\" y=\"%g\" width=\"%.1f\" height=\"%g\" fill=\"%s\">"
+                   L"<title>%s</title></rect>\n",
+                   X(finding.from), kHeight - kBottom + 2 + kRow * static_cast<double>(severity),
+                   std::max(X(finding.to) - X(finding.from), 2.0), kThickness[severity],
+                   std::wstring(kColours[severity]), Escaped(finding.message));
     }
 
     void Line(const std::vector<DiagramPoint>& line)
@@ -151,7 +150,8 @@ constexpr const wchar_t* kHead =
     L"body{font:14px/1.5 sans-serif;margin:2em auto;max-width:72em;padding:0 1em;color:#111}\n"
     L"table{border-collapse:collapse;width:100%}\n"
     L"th,td{border-bottom:1px solid #ddd;padding:.25em .6em;text-align:left;vertical-align:top}\n"
-    L"td.place{white-space:nowrap}thead{display:table-header-group}tr{break-inside:avoid}\n"
+    L"th,td.place,td.error,td.warning,td.note{white-space:nowrap}thead{display:table-header-group}"
+    L"tr{break-inside:avoid}\n"
     L".error{color:#b91c1c}.warning{color:#b45309}.note{color:#1d4ed8}\n"
     L"svg{display:block;width:100%;break-inside:avoid;margin:.5em 0}h2{break-after:avoid}\n"
     L"@media print{body{margin:0;max-width:none;font-size:10pt}section{break-before:page}"

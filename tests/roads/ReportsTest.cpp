@@ -1,4 +1,7 @@
 // Reports of names and texts as hostile as a file can hold.
+#include <map>
+#include <regex>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -53,6 +56,19 @@ TEST(HtmlReport, HasADiagramForWhatTheRoadHas)
     EXPECT_THAT(
         HtmlReport(Checked(ProfileRoad({{500, 1}}), specification), specification, kOptions),
         HasSubstr("纵坡 (%)"));
+}
+
+TEST(HtmlReport, MarksFindingsInARowForEachSeverity)
+{
+    const CDesignSpecification specification;
+    const std::string html =
+        HtmlReport(Checked(CurveRoad(140), specification), specification, kOptions);
+    const std::regex mark("y=\"([0-9.]+)\" [^>]*fill=\"(#[0-9a-f]{6})\"><title>");
+    std::map<std::string, std::string> rows;
+    for (std::sregex_iterator one(html.begin(), html.end(), mark), end; one != end; ++one)
+        EXPECT_EQ(rows.emplace((*one)[2], (*one)[1]).first->second, (*one)[1]);
+    ASSERT_EQ(rows.size(), 2U); // an error and a note
+    EXPECT_NE(rows.begin()->second, rows.rbegin()->second);
 }
 
 TEST(CsvReport, GivesNoFormulasAndKeepsQuotes)
