@@ -10,7 +10,7 @@
 #include "cli/JsonText.h"
 #include "cli/Mode.h"
 #include "cli/TextTable.h"
-#include "roads/HtmlReport.h"
+#include "roads/ReportFile.h"
 #include "roads/RoadJson.h"
 
 using namespace designspec;
@@ -66,11 +66,10 @@ RunoffAxis ParseAxis(const std::string& word)
 CString ParseCar(const std::string& word, const CDesignSpecification& specification)
 {
     CString choices;
-    for (const WideningRange& range : specification.CurveWidening.ranges)
-        for (const Widening& one : range.widenings) {
-            if (EqualNoCase(one.carType, ToWide(word))) return one.carType;
-            if (choices.find(L" " + one.carType) == CString::npos) choices += L" " + one.carType;
-        }
+    for (const CString& car : VehiclesOf(specification)) {
+        if (EqualNoCase(car, ToWide(word))) return car;
+        choices += L" " + car;
+    }
     Refuse(Format(L"没有车型“%s”。可选:%s", ToWide(word), choices));
 }
 
@@ -96,26 +95,6 @@ int JobsOf(const VerifyArguments& verify)
     if (verify.jobs && (jobs < 1 || jobs > 1024))
         Refuse(Format(L"--jobs “%d”不在 1 到 1024 之间", jobs));
     return std::max(jobs, 1);
-}
-
-using WriteReport = std::string (*)(const std::vector<CheckedFile>&, const CDesignSpecification&,
-                                    const CheckOptions&);
-
-// By the ending of the file's name.
-WriteReport ReportOf(const std::string& file)
-{
-    static constexpr std::pair<const wchar_t*, WriteReport> kReports[] = {
-        {L".html", HtmlReport},
-        {L".csv", [](const auto& files, const auto&, const auto&) { return CsvReport(files); }},
-        {L".json", [](const auto& files, const auto&, const auto&) { return JsonReport(files); }},
-    };
-    const std::wstring name = ToWide(file);
-    for (const auto& [ending, write] : kReports) {
-        const size_t length = std::wcslen(ending);
-        if (name.size() > length && EqualNoCase(name.substr(name.size() - length), ending))
-            return write;
-    }
-    Refuse(Format(L"报告“%s”的扩展名不是 .html、.csv 或 .json", name));
 }
 
 void PrintRoad(const CheckedRoad& one, const CString& heading)
@@ -173,7 +152,9 @@ Status RunVerify(const Arguments& arguments, Teller& teller)
     const VerifyArguments& verify = arguments.verify;
     CheckOptions options = OptionsOf(arguments);
     const int jobs = JobsOf(verify);
-    const WriteReport write = verify.report ? ReportOf(*verify.report) : nullptr;
+    const WriteReport write = verify.report ? ReportOf(ToWide(*verify.report)) : nullptr;
+    if (verify.report && !write)
+        Refuse(Format(L"报告“%s”的扩展名不是 .html、.csv 或 .json", ToWide(*verify.report)));
     std::vector<std::wstring> paths, names;
     for (const std::string& file : verify.files)
         paths.push_back(PathArgument(file));

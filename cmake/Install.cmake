@@ -37,6 +37,7 @@ list(APPEND PUBLIC_HEADERS ${MODEL_HEADERS}
     roads/CheckOptions.h
     roads/Diagram.h
     roads/HtmlReport.h
+    roads/ReportFile.h
     roads/RoadCheck.h
     roads/RoadFileReading.h
     roads/RoadJson.h

@@ -33,7 +33,8 @@ bool IsSameModule(const QString& a, const QString& b)
 
 QStringList HostModules::AtStart() const
 {
-    const QStringList standard(QStringLiteral("DesignSpecification.arx"));
+    const QStringList standard = {QStringLiteral("DesignSpecification.arx"),
+                                  QStringLiteral("RoadCheck.arx")};
     return QSettings().value(kKey, standard).toStringList();
 }
 

@@ -18,6 +18,12 @@ namespace {
 
 int g_shares = 0; // of the modules that use the library
 
+Signal<>& Changed()
+{
+    static Signal<> changed;
+    return changed;
+}
+
 // Does the work and traces its problems; whether it was done. Nothing is thrown to other modules.
 template <class Work> bool Traced(const Work& work)
 {
@@ -120,6 +126,7 @@ void CDesignSpecifications::SetDefaultItem(int index)
     CStyles::SetDefaultItem(index);
     if (const CDesignSpecification* const item = Item(index))
         Traced([&] { return Folder().SetDefault(*item); });
+    Changed().Tell();
 }
 
 void CDesignSpecifications::SetDefaultItem(const CDesignSpecification* specification)
@@ -130,7 +137,9 @@ void CDesignSpecifications::SetDefaultItem(const CDesignSpecification* specifica
 
 bool CDesignSpecifications::Save(const CDesignSpecification* specification)
 {
-    return Traced([&] { return Folder().Save(*specification); });
+    const bool saved = Traced([&] { return Folder().Save(*specification); });
+    Changed().Tell();
+    return saved;
 }
 
 bool CDesignSpecifications::Rename(const wchar_t* name, const wchar_t*)
@@ -142,7 +151,9 @@ bool CDesignSpecifications::Rename(const wchar_t* name, const wchar_t*)
 bool CDesignSpecifications::SaveRenamed(const CDesignSpecification* specification,
                                         const CString& oldName)
 {
-    return Traced([&] { return Folder().SaveRenamed(*specification, oldName); });
+    const bool saved = Traced([&] { return Folder().SaveRenamed(*specification, oldName); });
+    Changed().Tell();
+    return saved;
 }
 
 bool CDesignSpecifications::Export(const wchar_t* path, const CStringArray& names, const wchar_t*)
@@ -202,4 +213,10 @@ void CDesignSpecifications::Update()
         if (standard) CStyles::SetDefaultItem(*standard);
         return outcome;
     });
+    Changed().Tell();
+}
+
+Connection CDesignSpecifications::ConnectChanges(Signal<>::Function listener)
+{
+    return Changed().Connect(std::move(listener));
 }

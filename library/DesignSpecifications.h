@@ -62,6 +62,11 @@ public:
                                           bool overwrite) override;
     designspec::StyleFolder& Files() override;
 
+    // Tells after the library was read, one of its specifications saved, or another made the
+    // default one.
+    [[nodiscard]] static designspec::Connection
+    ConnectChanges(designspec::Signal<>::Function listener);
+
     // The folder of the current project.
     designspec::SpecificationFolder& Folder();
     const designspec::SpecificationFolder& Folder() const { return m_folder; }

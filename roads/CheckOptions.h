@@ -5,8 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "model/ResultantGrad.h"
-#include "model/SpeedTable.h"
+#include "model/DesignSpecification.h"
 
 namespace roadcheck {
 
@@ -33,5 +32,8 @@ struct CheckOptions {
     RunoffAxis axis = RunoffAxis::Centre;
     std::wstring car; // design vehicle for widening; empty: no widening is told
 };
+
+// The design vehicles that the specification has a widening for, in their order there.
+AFX_EXT_API std::vector<CString> VehiclesOf(const CDesignSpecification& specification);
 
 } // namespace roadcheck

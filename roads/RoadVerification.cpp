@@ -13,16 +13,27 @@ using namespace designspec;
 
 namespace roadcheck {
 
-FindingCounts CountFindings(const std::vector<CheckedFile>& files)
+FindingCounts CountFindings(const std::vector<Finding>& findings)
 {
     FindingCounts counts;
-    for (const CheckedFile& file : files)
-        for (const CheckedRoad& one : file.roads)
-            for (const Finding& finding : one.report.findings)
-                ++(finding.rule->severity == RuleSeverity::Error     ? counts.errors
-                   : finding.rule->severity == RuleSeverity::Warning ? counts.warnings
-                                                                     : counts.notes);
+    for (const Finding& finding : findings)
+        ++(finding.rule->severity == RuleSeverity::Error     ? counts.errors
+           : finding.rule->severity == RuleSeverity::Warning ? counts.warnings
+                                                             : counts.notes);
     return counts;
+}
+
+FindingCounts CountFindings(const std::vector<CheckedFile>& files)
+{
+    FindingCounts all;
+    for (const CheckedFile& file : files)
+        for (const CheckedRoad& one : file.roads) {
+            const FindingCounts counts = CountFindings(one.report.findings);
+            all.errors += counts.errors;
+            all.warnings += counts.warnings;
+            all.notes += counts.notes;
+        }
+    return all;
 }
 
 namespace {
@@ -49,6 +60,17 @@ void TellMissing(const std::vector<std::wstring>& names, std::vector<CheckedFile
 
 } // namespace
 
+CheckedRoad CheckRoad(Alignment road, const CDesignSpecification& specification,
+                      const CheckOptions& options)
+{
+    CheckedRoad one;
+    one.road = std::move(road);
+    Checking checking(one.road, specification, options);
+    one.hasSpeed = !checking.speeds.IsEmpty();
+    if (one.hasSpeed) one.report = checking.Run();
+    return one;
+}
+
 CheckedFile CheckRoadFile(const std::wstring& path, const std::vector<std::wstring>& alignments,
                           const CDesignSpecification& specification, const CheckOptions& options,
                           const std::atomic<bool>* cancel)
@@ -58,12 +80,7 @@ CheckedFile CheckRoadFile(const std::wstring& path, const std::vector<std::wstri
     for (Alignment& road : read.alignments) {
         const bool isMeant = alignments.empty() || std::find(alignments.begin(), alignments.end(),
                                                              road.name) != alignments.end();
-        if (!isMeant) continue;
-        CheckedRoad& one = file.roads.emplace_back();
-        one.road = std::move(road);
-        Checking checking(one.road, specification, options);
-        one.hasSpeed = !checking.speeds.IsEmpty();
-        if (one.hasSpeed) one.report = checking.Run();
+        if (isMeant) file.roads.push_back(CheckRoad(std::move(road), specification, options));
     }
     return file;
 }

@@ -24,7 +24,12 @@ struct CheckedFile {
 struct FindingCounts {
     int errors = 0, warnings = 0, notes = 0;
 };
+AFX_EXT_API FindingCounts CountFindings(const std::vector<Finding>& findings);
 AFX_EXT_API FindingCounts CountFindings(const std::vector<CheckedFile>& files);
+
+// Checks a road; nothing is checked where no design speed holds anywhere on it.
+AFX_EXT_API CheckedRoad CheckRoad(Alignment road, const CDesignSpecification& specification,
+                                  const CheckOptions& options);
 
 // Reads a file and checks those of its alignments that are named, or all when none is. Ends early
 // once `cancel` is true.

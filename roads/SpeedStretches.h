@@ -4,12 +4,13 @@
 #include <optional>
 #include <vector>
 
+#include "base/Export.h"
 #include "roads/Alignment.h"
 #include "roads/CheckOptions.h"
 
 namespace roadcheck {
 
-class SpeedStretches {
+class AFX_EXT_CLASS SpeedStretches {
 public:
     // What the options say, and the file's speeds where they say nothing; where the file gives
     // several, the highest.

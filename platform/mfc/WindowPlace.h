@@ -1,10 +1,14 @@
 // Where a dialog opens and how large: over its owner, as the user left it the last time.
 #pragma once
 
+#include <QMargins>
 #include <QObject>
+#include <QPoint>
+#include <QPointer>
 
 #include "base/Export.h"
 
+class QScreen;
 class QWidget;
 
 namespace designspec {
@@ -15,16 +19,21 @@ namespace designspec {
 class AFX_EXT_CLASS WindowPlace : public QObject {
 public:
     // Looks after `window`, which owns it, unless that is a child when it is shown. `name` stands
-    // for it in the settings.
-    WindowPlace(QWidget* window, const QString& name);
+    // for it in the settings. Its owner is its parent unless another is given.
+    WindowPlace(QWidget* window, const QString& name, QWidget* owner = nullptr);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void Restore();
     void Keep() const;
+    const QWidget* Owner() const;
+    QScreen* Screen() const;
+    QPoint MiddleOfOwner() const;
+    QMargins Frame() const;
 
     QWidget* m_window;
+    QPointer<QWidget> m_owner;
     QString m_sizeKey;
     QString m_offsetKey;
 };

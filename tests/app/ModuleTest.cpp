@@ -96,11 +96,11 @@ protected:
 
 } // namespace
 
-TEST_F(Module, ExportsItsEntryPointAndTheViewFunctionAlone)
+TEST_F(Module, ExportsItsEntryPointAndTheViewFunctionsAlone)
 {
     EXPECT_EQ(Output("nm -D --defined-only '" BINARY_DIR
                      "/bin/DesignSpecification.arx' | awk '{print $2, $3}' | sort"),
-              "T ViewDesignSpecification\nT acrxEntryPoint\n");
+              "T ViewDesignSpecification\nT ViewDesignSpecificationOf\nT acrxEntryPoint\n");
 }
 
 TEST_F(Module, PublishesItsGroupWithTheEditor)

@@ -82,10 +82,11 @@ TEST_F(HostWindowTest, AMissingModuleIsToldAndTheHostGoesOn)
     EXPECT_EQ(Listed(), CStringArray{L"a"});
 }
 
-TEST_F(HostWindowTest, WithoutSettingsItLoadsTheDesignSpecificationModule)
+TEST_F(HostWindowTest, WithoutSettingsItLoadsTheModulesOfTheFamily)
 {
     QSettings().clear();
-    EXPECT_EQ(HostModules().AtStart(), QStringList(QStringLiteral("DesignSpecification.arx")));
+    EXPECT_EQ(HostModules().AtStart(), (QStringList{QStringLiteral("DesignSpecification.arx"),
+                                                    QStringLiteral("RoadCheck.arx")}));
 }
 
 TEST_F(HostWindowTest, AFileThatCannotBeReadIsNamedWithLineAndCause)

@@ -110,6 +110,26 @@ TEST_F(ToolMenuTest, OtherFilesCannotBeDropped)
     EXPECT_FALSE(Drop({QStringLiteral("/a/1.tst")}));
 }
 
+TEST_F(ToolMenuTest, ARoadThatIsDroppedOpensItsWindow)
+{
+    install.Add("RoadCheck.arx");
+    install.Add("libroadcheck.so.1"); // beside the module, wherever that is
+    QSettings().setValue(QStringLiteral("modulesAtStart"),
+                         QStringList(QStringLiteral("RoadCheck.arx")));
+    Start();
+    EXPECT_TRUE(Drop({QStringLiteral(SOURCE_DIR "/examples/roads/违规.xml")}));
+    const auto isOpen = [] {
+        for (const QWidget* const window : QApplication::topLevelWidgets())
+            if (window->isVisible() &&
+                window->windowTitle() == QStringLiteral("道路检核 — 违规.xml"))
+                return true;
+        return false;
+    };
+    EXPECT_TRUE(isOpen());
+    host.reset();
+    EXPECT_FALSE(isOpen()) << "it goes with its module";
+}
+
 TEST_F(ToolMenuTest, AFileThatNothingOpensIsTold)
 {
     StartWithCommands();

@@ -53,14 +53,16 @@ const std::map<std::string, Folders> kMayInclude = {
     {"app",
      {"base", "library", "model", "pages", "pages/framework", "platform/arx", "platform/mfc",
       "platform/vmrd/VMRDPrj", "platform/vmrd/VmHFCBaseU"}},
-    {"roadcheck", {"base", "platform/mfc", "roads"}},
+    {"roadcheck",
+     {"base", "library", "model", "platform/arx", "platform/mfc", "platform/xtp/report",
+      "platform/vmrd/VMRDPub", "roads"}},
     {"host",
      {"base", "platform/arx", "platform/mfc", "platform/vmrd/VMRDEnv", "platform/vmrd/VMRDPrj",
       "platform/vmrd/VMRDPub", "platform/vmrd/VmHFCBaseU"}},
 };
 
-const char* const kTopFolders[] = {"app",     "base",  "cli",   "host",
-                                   "library", "model", "pages", "platform", "roads", "roadcheck"};
+const char* const kTopFolders[] = {"app",   "base",  "cli",      "host",      "library",
+                                   "model", "pages", "platform", "roadcheck", "roads"};
 
 std::string FolderOf(const std::string& path)
 {

@@ -1,0 +1,53 @@
+// What checking a road has found, as a table.
+#pragma once
+
+#include <memory>
+
+#include <QAbstractTableModel>
+
+#include "roads/RoadVerification.h"
+
+namespace roadcheck {
+
+// Numbers as the tables show them: up to three decimals.
+QString NumberText(double number);
+
+class FindingsModel : public QAbstractTableModel {
+    Q_OBJECT
+
+public:
+    enum Column {
+        Severity,
+        Station,
+        Element,
+        RuleTitle,
+        Value,
+        Limit,
+        Speed,
+        Source,
+        Message,
+        kColumns
+    };
+    // What rows are sorted by: a number, or the text.
+    static constexpr int kSortRole = Qt::UserRole;
+
+    using QAbstractTableModel::QAbstractTableModel;
+
+    // Null: none.
+    void Show(std::shared_ptr<const CheckedRoad> road);
+    // One row for each.
+    const std::vector<Finding>& Findings() const;
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+private:
+    QString Text(const Finding& finding, int column) const;
+    QVariant SortValue(const Finding& finding, int column) const;
+
+    std::shared_ptr<const CheckedRoad> m_road;
+};
+
+} // namespace roadcheck

@@ -1,0 +1,3 @@
+#include "roadcheck/RoadCheckApp.h"
+
+IMPLEMENT_ARX_ENTRYPOINT(CRoadCheckApp)

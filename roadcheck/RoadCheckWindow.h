@@ -1,0 +1,97 @@
+// The window in which a road is held against a specification.
+#pragma once
+
+#include <QWidget>
+
+#include "roadcheck/BackgroundJob.h"
+#include "roadcheck/CheckResult.h"
+#include "roadcheck/CheckSettings.h"
+#include "roadcheck/FileWatch.h"
+#include "roadcheck/UncheckedModel.h"
+
+class QComboBox;
+class QGridLayout;
+class QLabel;
+class QLineEdit;
+class QPlainTextEdit;
+class QProgressBar;
+class QPushButton;
+class QShortcut;
+class QTabWidget;
+
+namespace roadcheck {
+
+class FindingsPanel;
+class OptionsPanel;
+class SpecificationChoice;
+class SpeedTableEditor;
+
+// Reading and checking go on in the background: one thing leads to the next, and whatever the user
+// changes, or the file, or the specification, begins it anew.
+class RoadCheckWindow : public QWidget {
+    Q_OBJECT
+
+public:
+    RoadCheckWindow();
+    ~RoadCheckWindow() override;
+
+    // Reads the file and checks the first of its roads.
+    void Open(const QString& file);
+
+private:
+    void MakeInputs(QGridLayout* layout);
+    void MakeSpeedsAndOptions(QGridLayout* layout);
+    QWidget* MakeResults();
+    QWidget* MakeBottom();
+    void ConnectInputs();
+    void ConnectJobs();
+    void MakeKeys();
+    void SetTabOrders();
+
+    void Browse();
+    void Read();
+    void TakeFile(const std::shared_ptr<RoadFile>& read, const std::wstring& failure);
+    void FillAlignments();
+    void ChooseAlignment();
+    void Check();
+    void Show(const std::shared_ptr<const CheckResult>& result, const std::wstring& failure);
+    void CheckAgain();
+    void Cancel();
+    void ShowRunning();
+
+    void UpdateMessage();
+    QString ProblemText() const;
+    void UpdateCounts();
+    void ShowLimit(int finding);
+    void ExportReport();
+    QString AskFileToSave(const QString& title, const QStringList& filters) const;
+    const Alignment* Road() const;
+    static CheckSettings Settings();
+
+    QString m_path; // of the file, absolute
+    std::shared_ptr<const RoadFile> m_read;
+    std::shared_ptr<const CheckResult> m_result; // what is shown
+    std::wstring m_failure;                      // of the last work
+    FileWatch m_watch;
+    BackgroundJob m_check, m_export;
+    UncheckedModel m_uncheckedModel;
+
+    QLineEdit* m_file = nullptr;
+    QComboBox* m_alignment = nullptr;
+    SpecificationChoice* m_specification = nullptr;
+    SpeedTableEditor* m_speeds = nullptr;
+    OptionsPanel* m_options = nullptr;
+    QPushButton* m_browse = nullptr;
+    QPushButton* m_checkAgain = nullptr;
+    QLabel* m_message = nullptr;
+    QTabWidget* m_tabs = nullptr;
+    FindingsPanel* m_findings = nullptr;
+    QPlainTextEdit* m_problems = nullptr;
+    QLabel* m_status = nullptr;
+    QProgressBar* m_progress = nullptr;
+    QPushButton* m_cancel = nullptr;
+    QPushButton* m_exportReport = nullptr;
+    QShortcut* m_escape = nullptr;
+};
+
+} // namespace roadcheck
