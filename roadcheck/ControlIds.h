@@ -28,12 +28,13 @@ enum : int {
     // results
     Message = 6201, // label
     Tabs,
-    ShowErrors, // three toggles
+    ShowErrors, // three check boxes
     ShowWarnings,
     ShowNotes,
     RuleFilter, // combo box
     TextFilter, // edit field
     Findings,   // table
+    Detail,     // label
     Unchecked,  // table
     Problems,   // text
     Diagrams,

@@ -3,7 +3,13 @@
 #include <algorithm>
 #include <string_view>
 
+#include <QApplication>
+#include <QIcon>
+#include <QPainter>
+#include <QPalette>
+
 #include "platform/mfc/QtText.h"
+#include "roadcheck/SeverityMark.h"
 
 using namespace designspec;
 
@@ -23,6 +29,19 @@ QString KindLabel(std::wstring_view kind)
 }
 
 const std::vector<Finding> kNone;
+
+// As in the diagrams.
+QIcon Mark(RuleSeverity severity)
+{
+    constexpr int kSize = 32; // as sharp as large screens need it
+    const QColor ground = QApplication::palette().color(QPalette::Base);
+    QPixmap picture(kSize, kSize);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    DrawSeverityMark(painter, severity, QRectF(4, 4, kSize - 8, kSize - 8), ground);
+    return QIcon(picture);
+}
 
 } // namespace
 
@@ -119,6 +138,8 @@ QVariant FindingsModel::data(const QModelIndex& index, int role) const
         if (column != Station) return ToToolTip(Text(finding, column));
         return tr("%1 ~ %2").arg(ToQString(m_road->road.stations.Text(finding.from)),
                                  ToQString(m_road->road.stations.Text(finding.to)));
+    case Qt::DecorationRole:
+        return column == Severity ? Mark(finding.rule->severity) : QVariant();
     case Qt::TextAlignmentRole:
         if (column == Value || column == Limit || column == Speed)
             return QVariant(Qt::AlignRight | Qt::AlignVCenter);

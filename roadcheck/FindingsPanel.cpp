@@ -3,14 +3,15 @@
 #include <algorithm>
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QTableView>
-#include <QToolButton>
 #include <QVBoxLayout>
 
 #include "platform/mfc/QtText.h"
@@ -33,12 +34,18 @@ constexpr int kWidths[] = {4, 7, 7, 10, 6, 7, 4, 8, 24};
 
 FindingsPanel::FindingsPanel(QWidget* parent)
     : QWidget(parent), m_filter(m_model, this), m_table(new QTableView), m_rules(new QComboBox),
-      m_text(new QLineEdit)
+      m_text(new QLineEdit), m_detail(new QLabel)
 {
     MakeTable();
     auto* const layout = new QVBoxLayout(this);
     layout->addWidget(MakeFilterRow());
     layout->addWidget(m_table, 1);
+    SetControlId(m_detail, ControlId::Detail);
+    m_detail->setTextFormat(Qt::PlainText);
+    m_detail->setWordWrap(true);
+    m_detail->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_detail->setMinimumHeight(m_detail->fontMetrics().lineSpacing() * 2);
+    layout->addWidget(m_detail);
     FillRules();
     CountSeverities();
 }
@@ -70,14 +77,12 @@ QWidget* FindingsPanel::MakeFilterRow()
     auto* const layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
     for (const RuleSeverity severity : kSeverities) {
-        auto* const toggle = new QToolButton;
+        auto* const toggle = new QCheckBox;
         m_severities[static_cast<size_t>(severity)] = toggle;
         SetControlId(toggle, ControlId::ShowErrors + static_cast<int>(severity));
-        toggle->setCheckable(true);
         toggle->setChecked(true);
-        toggle->setFocusPolicy(Qt::StrongFocus);
         layout->addWidget(toggle);
-        connect(toggle, &QToolButton::toggled, this, [this, severity](bool isShown) {
+        connect(toggle, &QCheckBox::toggled, this, [this, severity](bool isShown) {
             m_filter.SetShown(severity, isShown);
             emit ShownChanged();
         });
@@ -137,6 +142,7 @@ void FindingsPanel::Show(const std::shared_ptr<const CheckedRoad>& road)
     CountSeverities();
     m_isShowing = false;
     emit ShownChanged();
+    TellSelection();
     const auto& findings = Findings();
     const auto again = std::find_if(findings.begin(), findings.end(), [this](const Finding& one) {
         return m_selected && IdentityOf(one) == *m_selected;
@@ -165,7 +171,18 @@ void FindingsPanel::TellSelection()
     if (m_isShowing) return;
     const int finding = Selected();
     if (finding >= 0) m_selected = IdentityOf(Findings()[static_cast<size_t>(finding)]);
+    ShowDetail(finding);
     emit SelectionChanged(finding);
+}
+
+// What the table has no room for.
+void FindingsPanel::ShowDetail(int finding)
+{
+    const auto text = [&](int column) { return m_model.index(finding, column).data().toString(); };
+    QString detail = finding < 0 ? QString() : text(FindingsModel::Message);
+    if (finding >= 0 && !text(FindingsModel::Source).isEmpty())
+        detail += tr("\n数据来源: %1").arg(text(FindingsModel::Source));
+    m_detail->setText(detail);
 }
 
 // With the headings, for a spreadsheet.

@@ -9,10 +9,11 @@
 #include "roadcheck/FindingsFilter.h"
 #include "roadcheck/FindingsModel.h"
 
+class QCheckBox;
 class QComboBox;
+class QLabel;
 class QLineEdit;
 class QTableView;
-class QToolButton;
 
 namespace roadcheck {
 
@@ -55,14 +56,16 @@ private:
     void FillRules();
     void CountSeverities();
     void TellSelection();
+    void ShowDetail(int finding);
     void Copy() const;
 
     FindingsModel m_model;
     FindingsFilter m_filter;
     QTableView* m_table;
-    std::array<QToolButton*, 3> m_severities{};
+    std::array<QCheckBox*, 3> m_severities{};
     QComboBox* m_rules;
     QLineEdit* m_text;
+    QLabel* m_detail;                   // of the selected one
     std::optional<Identity> m_selected; // by the user
     bool m_isShowing = false;           // what is selected meanwhile is not the user's choice
 };

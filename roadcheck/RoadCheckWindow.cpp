@@ -12,7 +12,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QShortcut>
-#include <QSignalBlocker>
+#include <QSplitter>
 #include <QTabWidget>
 #include <QTableView>
 #include <QVBoxLayout>
@@ -24,6 +24,7 @@
 #include "platform/mfc/WindowPlace.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
 #include "roadcheck/ControlIds.h"
+#include "roadcheck/DiagramView.h"
 #include "roadcheck/FindingsPanel.h"
 #include "roadcheck/LimitPage.h"
 #include "roadcheck/OptionsPanel.h"
@@ -107,6 +108,7 @@ RoadCheckWindow::RoadCheckWindow()
     layout->addWidget(MakeResults(), 1);
     layout->addWidget(MakeBottom());
     ConnectInputs();
+    ConnectResults();
     ConnectJobs();
     MakeKeys();
     SetTabOrders();
@@ -175,6 +177,18 @@ void RoadCheckWindow::MakeSpeedsAndOptions(QGridLayout* layout)
 
 QWidget* RoadCheckWindow::MakeResults()
 {
+    m_diagrams = new DiagramView;
+    SetControlId(m_diagrams, ControlId::Diagrams);
+    auto* const results = new QSplitter;
+    results->addWidget(MakeTabs());
+    results->addWidget(m_diagrams);
+    results->setSizes({6000, 5000}); // as they are to one another
+    results->setChildrenCollapsible(false);
+    return results;
+}
+
+QWidget* RoadCheckWindow::MakeTabs()
+{
     m_tabs = new QTabWidget;
     SetControlId(m_tabs, ControlId::Tabs);
     m_findings = new FindingsPanel;
@@ -200,11 +214,14 @@ QWidget* RoadCheckWindow::MakeBottom()
     SetControlId(m_cancel, ControlId::Cancel);
     m_exportReport = new QPushButton(tr("导出报告(&E)…"));
     SetControlId(m_exportReport, ControlId::ExportReport);
+    m_exportDiagrams = new QPushButton(tr("导出图(&P)…"));
+    SetControlId(m_exportDiagrams, ControlId::ExportDiagrams);
     auto* const bottom = new QWidget;
     auto* const layout = new QHBoxLayout(bottom);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_status, 1);
-    for (QWidget* const one : std::initializer_list<QWidget*>{m_progress, m_cancel, m_exportReport})
+    for (QWidget* const one :
+         std::initializer_list<QWidget*>{m_progress, m_cancel, m_exportReport, m_exportDiagrams})
         layout->addWidget(one);
     return bottom;
 }
@@ -228,7 +245,19 @@ void RoadCheckWindow::ConnectInputs()
     });
     connect(m_checkAgain, &QPushButton::clicked, this, &RoadCheckWindow::CheckAgain);
     connect(&m_watch, &FileWatch::Changed, this, &RoadCheckWindow::Read);
+}
+
+// What is selected in the table is in the diagrams, and the other way round.
+void RoadCheckWindow::ConnectResults()
+{
     connect(m_findings, &FindingsPanel::Activated, this, &RoadCheckWindow::ShowLimit);
+    connect(m_findings, &FindingsPanel::SelectionChanged, m_diagrams, &DiagramView::SelectFinding);
+    connect(m_findings, &FindingsPanel::ShownChanged, this,
+            [this] { m_diagrams->SetShownFindings(m_findings->Shown()); });
+    connect(m_diagrams, &DiagramView::FindingClicked, this, [this](int finding) {
+        m_tabs->setCurrentIndex(FindingsTab);
+        m_findings->Select(finding);
+    });
 }
 
 void RoadCheckWindow::ConnectJobs()
@@ -237,6 +266,7 @@ void RoadCheckWindow::ConnectJobs()
         connect(job, &BackgroundJob::RunningChanged, this, &RoadCheckWindow::ShowRunning);
     connect(m_cancel, &QPushButton::clicked, this, &RoadCheckWindow::Cancel);
     connect(m_exportReport, &QPushButton::clicked, this, &RoadCheckWindow::ExportReport);
+    connect(m_exportDiagrams, &QPushButton::clicked, this, &RoadCheckWindow::ExportDiagrams);
 }
 
 void RoadCheckWindow::MakeKeys()
@@ -362,9 +392,14 @@ void RoadCheckWindow::Show(const std::shared_ptr<const CheckResult>& result,
     m_result = result;
     m_failure = failure;
     const std::shared_ptr<const CheckedRoad> road = result ? result->road : nullptr;
+    if (road && road->hasSpeed)
+        m_diagrams->Show(road->road, result->diagrams, road->report.findings);
+    else
+        m_diagrams->Clear();
     m_findings->Show(road);
     m_uncheckedModel.Show(road);
-    m_exportReport->setEnabled(road && road->hasSpeed);
+    for (QPushButton* const button : {m_exportReport, m_exportDiagrams})
+        button->setEnabled(road && road->hasSpeed);
     UpdateMessage();
     UpdateCounts();
 }
@@ -483,6 +518,16 @@ void RoadCheckWindow::ExportReport()
             else
                 MessageBox(this, L"报告没有写入。\n\n" + cause, L"提示", MB_ICONERROR);
         });
+}
+
+void RoadCheckWindow::ExportDiagrams()
+{
+    const QString path = AskFileToSave(tr("导出图"), {tr("图片 (*.png)"), tr("矢量图 (*.svg)")});
+    if (path.isEmpty()) return;
+    if (m_diagrams->SavePicture(path))
+        m_status->setText(tr("图已写入: %1").arg(path));
+    else
+        MessageBox(this, L"图没有写入: " + FromQString(path), L"提示", MB_ICONERROR);
 }
 
 } // namespace roadcheck

@@ -21,6 +21,7 @@ class QTabWidget;
 
 namespace roadcheck {
 
+class DiagramView;
 class FindingsPanel;
 class OptionsPanel;
 class SpecificationChoice;
@@ -41,9 +42,11 @@ public:
 private:
     void MakeInputs(QGridLayout* layout);
     void MakeSpeedsAndOptions(QGridLayout* layout);
+    QWidget* MakeTabs();
     QWidget* MakeResults();
     QWidget* MakeBottom();
     void ConnectInputs();
+    void ConnectResults();
     void ConnectJobs();
     void MakeKeys();
     void SetTabOrders();
@@ -64,6 +67,7 @@ private:
     void UpdateCounts();
     void ShowLimit(int finding);
     void ExportReport();
+    void ExportDiagrams();
     QString AskFileToSave(const QString& title, const QStringList& filters) const;
     const Alignment* Road() const;
     static CheckSettings Settings();
@@ -86,11 +90,13 @@ private:
     QLabel* m_message = nullptr;
     QTabWidget* m_tabs = nullptr;
     FindingsPanel* m_findings = nullptr;
+    DiagramView* m_diagrams = nullptr;
     QPlainTextEdit* m_problems = nullptr;
     QLabel* m_status = nullptr;
     QProgressBar* m_progress = nullptr;
     QPushButton* m_cancel = nullptr;
     QPushButton* m_exportReport = nullptr;
+    QPushButton* m_exportDiagrams = nullptr;
     QShortcut* m_escape = nullptr;
 };
 

@@ -8,10 +8,10 @@
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTableWidget>
-#include <QToolButton>
 #include <QTreeWidget>
 
 #include "platform/vmrd/VMRDPrj/PrjManager.h"
+#include "roadcheck/DiagramView.h"
 #include "roadcheck/RoadCheckWindows.h"
 #include "tests/roadcheck/RoadCheckTest.h"
 
@@ -43,7 +43,7 @@ protected:
     }
     static CString Toggle(QWidget* window, int id)
     {
-        return FromQString(Control<QToolButton>(window, id)->text());
+        return FromQString(Control<QCheckBox>(window, id)->text());
     }
     static QTableWidget* Speeds(QWidget* window)
     {
@@ -436,6 +436,46 @@ TEST_F(RoadCheckWindowTest, ExportsAReportByItsEnding)
         EXPECT_NE(m_project.Read(name).find(ToUtf8(kStraight)), std::string::npos) << name;
         EXPECT_EQ(Text(window, ControlId::Status), L"报告已写入: " + FromQString(File(name)));
     }
+}
+
+TEST_F(RoadCheckWindowTest, ExportsTheDiagramsByTheirEnding)
+{
+    QWidget* const window = Open("违规.xml");
+    for (const auto& [name, begin] : {std::pair{"图.png", "\x89PNG"}, {"图.svg", "<?xml"}}) {
+        const ExpectModal dialog(AnswerFile(File(name)));
+        Click(window, ControlId::ExportDiagrams);
+        EXPECT_TRUE(m_project.Read(name).starts_with(begin)) << name;
+        EXPECT_EQ(Text(window, ControlId::Status), L"图已写入: " + FromQString(File(name)));
+    }
+    const ExpectModal dialog(AnswerFile(File("图.doc")));
+    const ExpectMessage box(L"图没有写入: " + FromQString(File("图.doc")), L"提示", MB_ICONERROR);
+    Click(window, ControlId::ExportDiagrams);
+}
+
+TEST_F(RoadCheckWindowTest, WhatIsSelectedInTheTableIsInTheDiagramsAndTheOtherWayRound)
+{
+    QWidget* const window = Open("违规.xml");
+    auto* const diagrams = Control<DiagramView>(window, ControlId::Diagrams);
+    ASSERT_NE(diagrams, nullptr);
+    EXPECT_EQ(diagrams->SelectedFinding(), -1);
+    ClickRow(window, RowOf(window, L"纵坡 0.1%"));
+    EXPECT_EQ(Text(window, ControlId::Detail), L"纵坡 0.1%, 小于最小纵坡 0.3%");
+    const int selected = diagrams->SelectedFinding();
+    EXPECT_GE(selected, 0);
+    const int other = selected + 8;
+    const QRect mark = diagrams->MarkRect(other);
+    ASSERT_FALSE(mark.isNull());
+    QTest::mouseClick(diagrams, Qt::LeftButton, {}, mark.center());
+    EXPECT_NE(diagrams->SelectedFinding(), selected);
+    EXPECT_EQ(Findings(window)->selectionModel()->selectedRows().size(), 1);
+    EXPECT_NE(SelectedMessage(window), L"纵坡 0.1%, 小于最小纵坡 0.3%");
+
+    const QRect note = diagrams->MarkRect(other);
+    EXPECT_FALSE(note.isNull());
+    for (const int severity :
+         {ControlId::ShowErrors, ControlId::ShowWarnings, ControlId::ShowNotes})
+        Click(window, severity);
+    EXPECT_TRUE(diagrams->MarkRect(other).isNull()) << "what the filter hides has no mark";
 }
 
 TEST_F(RoadCheckWindowTest, RefusesAReportOfAnotherKind)
