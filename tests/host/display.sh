@@ -47,15 +47,19 @@ wait_until() {
 window_of() { # TITLE, a regular expression
     xdotool search --onlyvisible --name "$1" 2>/dev/null | head -1
 }
+# Sets `window`: asked a second time, the same window may not be found, while others come and go.
+find_window() {
+    window=$(window_of "$1")
+    [ -n "$window" ]
+}
 has_window() { [ -n "$(window_of "$1")" ]; }
 has_no_window() { ! has_window "$1"; }
 has_focus() { [ "$(xdotool getwindowfocus 2>/dev/null)" = "$1" ]; }
 
 # to_window TITLE: waits for the window and gives it the keyboard.
 to_window() {
-    wait_until "window '$1'" has_window "$1"
     local window
-    window=$(window_of "$1")
+    wait_until "window '$1'" find_window "$1"
     xdotool windowfocus "$window"
     wait_until "the keyboard in '$1'" has_focus "$window"
 }

@@ -5,9 +5,8 @@ command -v openbox >/dev/null || skip 'openbox is not installed'
 
 # With a window manager it is that who gives the keyboard.
 to_window() { # TITLE
-    wait_until "window '$1'" has_window "$1"
     local window
-    window=$(window_of "$1")
+    wait_until "window '$1'" find_window "$1"
     is_active() { [ "$(xdotool getactivewindow 2>/dev/null)" = "$window" ]; }
     is_active || xdotool windowactivate "$window"
     wait_until "'$1' active" is_active
