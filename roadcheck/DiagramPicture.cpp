@@ -21,7 +21,7 @@ DiagramPicture::DiagramPicture(const DiagramContent& content, const StationRange
                              m_colours);
 }
 
-void DiagramPicture::Paint(QPainter& painter, std::optional<double> cursor) const
+void DiagramPicture::Paint(QPainter& painter) const
 {
     painter.fillRect(QRectF(QPointF(), m_size), m_colours.ground);
     painter.setFont(m_font);
@@ -33,8 +33,7 @@ void DiagramPicture::Paint(QPainter& painter, std::optional<double> cursor) cons
     }
     PaintAxis(painter);
     for (const DiagramPlot& plot : m_plots)
-        plot.Paint(painter, cursor);
-    if (cursor) PaintCursor(painter, *cursor);
+        plot.Paint(painter);
 }
 
 // Lines through all diagrams at round stations, as many as their texts leave room for.
@@ -70,6 +69,9 @@ void DiagramPicture::PaintAxis(QPainter& painter) const
 
 void DiagramPicture::PaintCursor(QPainter& painter, double at) const
 {
+    painter.setFont(m_font);
+    for (const DiagramPlot& plot : m_plots)
+        plot.PaintReadout(painter, at);
     const QFontMetricsF font(m_font);
     const double x = std::round(m_along.X(at));
     painter.setPen(m_colours.highlight);

@@ -17,8 +17,9 @@ public:
     DiagramPicture(const DiagramPicture&) = delete;
     DiagramPicture& operator=(const DiagramPicture&) = delete;
 
-    // `cursor`: a place, m along, that a line goes through and whose values are told.
-    void Paint(QPainter& painter, std::optional<double> cursor) const;
+    void Paint(QPainter& painter) const;
+    // Over it, a line through a place, m along, with its station and values.
+    void PaintCursor(QPainter& painter, double at) const;
 
     // From pixels to places, m along.
     const StationScale& Scale() const { return m_along; }
@@ -31,7 +32,6 @@ public:
 
 private:
     void PaintAxis(QPainter& painter) const;
-    void PaintCursor(QPainter& painter, double at) const;
     double LeftOfText(double x, double width) const;
 
     const DiagramContent& m_content;

@@ -28,9 +28,9 @@ DiagramPlot::DiagramPlot(const DiagramContent& content, const ShownDiagram& show
 {
 }
 
-void DiagramPlot::Paint(QPainter& painter, std::optional<double> cursor) const
+void DiagramPlot::Paint(QPainter& painter) const
 {
-    PaintTitle(painter, cursor);
+    PaintTitle(painter);
     PaintBands(painter);
     PaintValueLines(painter);
     PaintSelection(painter);
@@ -63,25 +63,28 @@ QString DiagramPlot::Readout(double at) const
     return QStringLiteral("%1 %2").arg(Title(), ValuesAt(at));
 }
 
-void DiagramPlot::PaintTitle(QPainter& painter, std::optional<double> cursor) const
+void DiagramPlot::PaintTitle(QPainter& painter) const
 {
-    QRectF room = m_place.title;
-    if (cursor) {
-        const QString values = ValuesAt(*cursor);
-        painter.setPen(m_colours.text);
-        painter.drawText(room, Qt::AlignRight | Qt::AlignVCenter, values);
-        const QFontMetricsF font(painter.font());
-        room.setRight(room.right() - font.horizontalAdvance(values + QStringLiteral("  ")));
-    }
     const QFont usual = painter.font();
     QFont bold = usual;
     bold.setBold(true);
     painter.setFont(bold);
     painter.setPen(m_colours.text);
     painter.drawText(
-        room, Qt::AlignLeft | Qt::AlignVCenter,
-        QFontMetricsF(bold).elidedText(Title(), Qt::ElideRight, std::max(room.width(), 0.0)));
+        m_place.title, Qt::AlignLeft | Qt::AlignVCenter,
+        QFontMetricsF(bold).elidedText(Title(), Qt::ElideRight, m_place.title.width()));
     painter.setFont(usual);
+}
+
+void DiagramPlot::PaintReadout(QPainter& painter, double at) const
+{
+    const QString values = ValuesAt(at);
+    const QFontMetricsF font(painter.font());
+    QRectF room = m_place.title;
+    room.setLeft(room.right() - font.horizontalAdvance(values) - font.averageCharWidth());
+    painter.fillRect(room, m_colours.ground);
+    painter.setPen(m_colours.text);
+    painter.drawText(room, Qt::AlignRight | Qt::AlignVCenter, values);
 }
 
 // In whole pixels: two that meet would have a seam.
@@ -134,12 +137,18 @@ void DiagramPlot::PaintSelection(QPainter& painter) const
 
 void DiagramPlot::PaintLines(QPainter& painter) const
 {
+    const double columns = painter.device()->devicePixelRatioF();
+    const std::vector<QPolygonF> pieces = ThinnedLines(m_diagram.lines, m_along, m_up, columns);
+    qsizetype points = 0;
+    for (const QPolygonF& piece : pieces)
+        points += piece.size();
+    // Where lines are dense they are drawn as thin as can be: that is clearer, and a lot quicker.
+    const bool isDense = static_cast<double>(points) > m_place.plot.width() / 2;
+    const double width = kLineWidth * QFontMetricsF(painter.font()).lineWidth();
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    const double width = kLineWidth * QFontMetricsF(painter.font()).lineWidth();
-    painter.setPen(QPen(m_colours.text, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    const double columns = painter.device()->devicePixelRatioF();
-    for (const QPolygonF& piece : ThinnedLines(m_diagram.lines, m_along, m_up, columns))
+    painter.setPen(QPen(m_colours.text, isDense ? 0 : width));
+    for (const QPolygonF& piece : pieces)
         painter.drawPolyline(piece);
     painter.restore();
 }

@@ -16,8 +16,9 @@ public:
     DiagramPlot(const DiagramContent& content, const ShownDiagram& shown, const DiagramPlace& place,
                 const StationScale& along, const DiagramColours& colours);
 
-    // `cursor` is the place whose value the line on top tells.
-    void Paint(QPainter& painter, std::optional<double> cursor) const;
+    void Paint(QPainter& painter) const;
+    // On top, what a place has: over the title where both do not fit.
+    void PaintReadout(QPainter& painter, double at) const;
 
     // Where a finding's mark is; null when it is not on this diagram or not in sight.
     QRectF MarkRect(int finding) const;
@@ -28,7 +29,7 @@ public:
     QString Readout(double at) const;
 
 private:
-    void PaintTitle(QPainter& painter, std::optional<double> cursor) const;
+    void PaintTitle(QPainter& painter) const;
     void PaintBands(QPainter& painter) const;
     void PaintValueLines(QPainter& painter) const;
     void PaintSelection(QPainter& painter) const;

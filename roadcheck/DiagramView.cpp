@@ -52,14 +52,14 @@ void DiagramView::Show(const Alignment& road, std::vector<Diagram> diagrams,
             {finding.from, finding.to, finding.rule->severity, ToShown(finding.message), true});
     m_range.SetLength(road.length);
     updateGeometry();
-    update();
+    Redraw();
 }
 
 void DiagramView::Clear()
 {
     m_content = DiagramContent();
     m_range = StationRange();
-    update();
+    Redraw();
 }
 
 void DiagramView::SelectFinding(int finding)
@@ -71,14 +71,14 @@ void DiagramView::SelectFinding(int finding)
         const DiagramMark& mark = m_content.marks[static_cast<size_t>(finding)];
         m_range.Reveal(mark.from, mark.to);
     }
-    update();
+    Redraw();
 }
 
 void DiagramView::SetShownFindings(const std::vector<bool>& shown)
 {
     for (size_t i = 0; i < m_content.marks.size(); ++i)
         m_content.marks[i].isShown = i < shown.size() && shown[i];
-    update();
+    Redraw();
 }
 
 DiagramPicture DiagramView::Picture() const
@@ -117,15 +117,41 @@ std::optional<double> DiagramView::CursorPlace(const DiagramPicture& picture) co
     return scale.At(m_cursor->x());
 }
 
+void DiagramView::Redraw()
+{
+    m_drawn = QPixmap();
+    update();
+}
+
+// Only the cursor is drawn anew while the mouse moves: a long road takes its time.
 void DiagramView::paintEvent(QPaintEvent*)
 {
-    QPainter painter(this);
     const DiagramPicture picture = Picture();
-    picture.Paint(painter, CursorPlace(picture));
+    const double scale = devicePixelRatioF();
+    if (m_drawn.isNull() || m_drawn.devicePixelRatio() != scale) {
+        m_drawn = QPixmap((QSizeF(size()) * scale).toSize());
+        m_drawn.setDevicePixelRatio(scale);
+        QPainter painter(&m_drawn);
+        picture.Paint(painter);
+    }
+    QPainter painter(this);
+    painter.drawPixmap(0, 0, m_drawn);
+    if (const std::optional<double> at = CursorPlace(picture)) picture.PaintCursor(painter, *at);
     if (!hasFocus()) return;
     painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
     painter.setBrush(Qt::NoBrush);
     painter.drawRect(rect().adjusted(1, 1, -1, -1));
+}
+
+void DiagramView::resizeEvent(QResizeEvent*)
+{
+    Redraw();
+}
+
+void DiagramView::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange) Redraw();
 }
 
 bool DiagramView::event(QEvent* event)
@@ -166,7 +192,7 @@ void DiagramView::wheelEvent(QWheelEvent* event)
         m_range.Zoom(std::pow(kZoomStep, static_cast<double>(turned.y()) / kNotch),
                      std::clamp(scale.At(event->position().x()), scale.from, scale.to));
     event->accept();
-    update();
+    Redraw();
 }
 
 void DiagramView::mousePressEvent(QMouseEvent* event)
@@ -184,8 +210,10 @@ void DiagramView::mouseMoveEvent(QMouseEvent* event)
     const QPointF moved = event->position() - m_pressed;
     if (event->buttons() & Qt::LeftButton) {
         m_isDragging = m_isDragging || moved.manhattanLength() >= QApplication::startDragDistance();
-        if (m_isDragging)
+        if (m_isDragging) {
             m_range.MoveTo(m_fromWhenPressed - moved.x() / picture.Scale().PixelsPerMetre());
+            Redraw();
+        }
     }
     const bool isOnMark = !picture.MarksAt(event->position()).empty();
     setCursor(m_isDragging ? Qt::ClosedHandCursor
@@ -211,7 +239,7 @@ void DiagramView::mouseDoubleClickEvent(QMouseEvent* event)
     mousePressEvent(event);
     if (!Picture().MarksAt(event->position()).empty()) return;
     m_range.ShowAll();
-    update();
+    Redraw();
 }
 
 // Of several the first, or the one behind the one that is selected.
@@ -221,7 +249,7 @@ void DiagramView::ClickMark(const std::vector<int>& marks)
     const auto selected = std::find(marks.begin(), marks.end(), m_content.selected);
     const bool isLast = selected == marks.end() || selected + 1 == marks.end();
     m_content.selected = isLast ? marks.front() : *(selected + 1);
-    update();
+    Redraw();
     emit FindingClicked(m_content.selected);
 }
 
@@ -261,7 +289,7 @@ void DiagramView::keyPressEvent(QKeyEvent* event)
         QWidget::keyPressEvent(event);
         return;
     }
-    update();
+    Redraw();
 }
 
 bool DiagramView::SavePicture(const QString& file)
@@ -284,7 +312,7 @@ QByteArray DiagramView::PngPicture() const
     image.setDevicePixelRatio(scale);
     {
         QPainter painter(&image);
-        DiagramPicture(m_content, m_range, size(), font(), PaperPalette()).Paint(painter, {});
+        DiagramPicture(m_content, m_range, size(), font(), PaperPalette()).Paint(painter);
     }
     QByteArray bytes;
     QBuffer buffer(&bytes);
@@ -305,7 +333,7 @@ QByteArray DiagramView::SvgPicture() const
     generator.setViewBox(rect());
     generator.setResolution(logicalDpiX());
     QPainter painter(&generator);
-    DiagramPicture(m_content, m_range, size(), inPixels, PaperPalette()).Paint(painter, {});
+    DiagramPicture(m_content, m_range, size(), inPixels, PaperPalette()).Paint(painter);
     return painter.end() ? bytes : QByteArray();
 }
 

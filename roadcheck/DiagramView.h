@@ -1,6 +1,7 @@
 // Shows the diagrams of a road, to look at closely.
 #pragma once
 
+#include <QPixmap>
 #include <QWidget>
 
 #include "roadcheck/DiagramContent.h"
@@ -49,6 +50,8 @@ signals:
 protected:
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
@@ -60,6 +63,8 @@ protected:
 private:
     // Of what is shown, as large as the view.
     DiagramPicture Picture() const;
+    // After a change of what is shown.
+    void Redraw();
     void ClickMark(const std::vector<int>& marks);
     void SetCursorPlace(std::optional<QPointF> point);
     bool ShowMarkToolTip(const QPoint& point, const QPoint& global);
@@ -69,6 +74,7 @@ private:
 
     DiagramContent m_content;
     StationRange m_range;
+    QPixmap m_drawn;                 // all but the cursor; null: is to be drawn
     std::optional<QPointF> m_cursor; // of the mouse, over the view
     QPointF m_pressed;
     double m_fromWhenPressed = 0; // m along

@@ -1,6 +1,8 @@
 // Keys, wheel and mouse on the view of a small road, and what is shown and saved then.
 #include "roadcheck/DiagramView.h"
 
+#include <utility>
+
 #include <QApplication>
 #include <QFile>
 #include <QFontMetricsF>
@@ -201,6 +203,44 @@ TEST_F(DiagramViewTest, TellsStationValuesAndLimitsBelowTheCursor)
     QEvent leave(QEvent::Leave);
     QApplication::sendEvent(&view, &leave);
     EXPECT_EQ(view.Readout(), QString());
+}
+
+// What is drawn once and kept is drawn anew for all that changes it.
+TEST_F(DiagramViewTest, ShowsEveryChange)
+{
+    MoveTo({600, 100});
+    QImage before = view.grab().toImage();
+    const auto hasChanged = [&] {
+        const QImage now = view.grab().toImage();
+        return std::exchange(before, now) != now;
+    };
+    EXPECT_FALSE(hasChanged());
+    MoveTo({500, 100});
+    EXPECT_TRUE(hasChanged());
+    Wheel({500, 100}, 240);
+    EXPECT_TRUE(hasChanged());
+    Drag({500, 100}, {400, 100});
+    EXPECT_TRUE(hasChanged());
+    Press(Qt::Key_Left);
+    EXPECT_TRUE(hasChanged());
+    Press(Qt::Key_Home);
+    EXPECT_TRUE(hasChanged());
+    view.SelectFinding(kShort);
+    EXPECT_TRUE(hasChanged());
+    Click(view.MarkRect(kGrade).center());
+    EXPECT_TRUE(hasChanged());
+    view.SetShownFindings({});
+    EXPECT_TRUE(hasChanged());
+    view.resize(500, 400);
+    EXPECT_TRUE(hasChanged());
+    QFont larger = view.font();
+    larger.setPointSizeF(larger.pointSizeF() * 1.5);
+    view.setFont(larger);
+    EXPECT_TRUE(hasChanged());
+    Show();
+    EXPECT_TRUE(hasChanged());
+    view.Clear();
+    EXPECT_TRUE(hasChanged());
 }
 
 TEST_F(DiagramViewTest, ClicksGoThroughOverlappingMarksFromTheShortest)
