@@ -29,14 +29,16 @@ change BeelineLen.MinLenInOneDir 8
 change CircularCurveRad.SuperelevationMinRad --speed 80 270
 change CircularCurveRad.SuperelevationMinRad --speed 60 160
 
-# A project with a specification that was deleted ...
+# A project with a road beside it, and a specification that was deleted ...
 project=$work/示例道路
 cp -r examples/project "$project"
 mkdir "$project/规范/已删除"
 sed -e 's/Style Name="城市道路"/Style Name="旧城区道路"/' -e 's/D3F3F681/7A10C2E5/' \
     "$project"/规范/城市道路*.hds \
     >"$project/规范/已删除/旧城区道路7A10C2E5-EA44-451F-A12E-3EA2063C3DA7.hds"
-take "$project" "$work/all" --theirs "$theirs"/规范/城市道路*.hds
+cp examples/roads/违规.xml "$project"
+take "$project" "$work/all" --open "$project/违规.xml" --theirs "$theirs"/规范/城市道路*.hds
+mv "$work/all/道路检核 — 违规.xml.png" "$work/all/道路检核.png"
 
 # ... and the same one with a file that cannot be read, for its messages.
 printf '<?xml version="1.0" encoding="UTF-8"?>\n<StyleLibrary>\n  <Group>\n' >"$project/规范/损坏.hds"

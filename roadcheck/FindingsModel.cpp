@@ -10,6 +10,7 @@
 
 #include "platform/mfc/QtText.h"
 #include "roadcheck/SeverityMark.h"
+#include "roads/Checking.h"
 
 using namespace designspec;
 
@@ -44,15 +45,6 @@ QIcon Mark(RuleSeverity severity)
 }
 
 } // namespace
-
-QString NumberText(double number)
-{
-    QString text = QString::number(number, 'f', 3);
-    while (text.endsWith(u'0'))
-        text.chop(1);
-    if (text.endsWith(u'.')) text.chop(1);
-    return text == QStringLiteral("-0") ? QStringLiteral("0") : text;
-}
 
 void FindingsModel::Show(std::shared_ptr<const CheckedRoad> road)
 {
@@ -90,9 +82,10 @@ QString FindingsModel::Text(const Finding& finding, int column) const
     case RuleTitle:
         return ToQString(finding.rule->title);
     case Value:
-        return NumberText(finding.value);
+        return ToQString(NumberText(finding.value));
     case Limit:
-        return QStringLiteral("%1 %2").arg(NumberText(finding.limit), ToQString(finding.unit));
+        return QStringLiteral("%1 %2").arg(ToQString(NumberText(finding.limit)),
+                                           ToQString(finding.unit));
     case Speed:
         return finding.speed ? QString::number(finding.speed) : QString();
     case Source:

@@ -9,9 +9,6 @@
 
 namespace roadcheck {
 
-// Numbers as the tables show them: up to three decimals.
-QString NumberText(double number);
-
 class FindingsModel : public QAbstractTableModel {
     Q_OBJECT
 

@@ -40,6 +40,8 @@ namespace roadcheck {
 
 namespace {
 
+constexpr int kLeastLines = 10; // of text, as high as the results are at least
+
 enum Tab { FindingsTab, UncheckedTab, ProblemsTab };
 
 const QString kTitle = QStringLiteral("道路检核");
@@ -168,7 +170,8 @@ void RoadCheckWindow::MakeSpeedsAndOptions(QGridLayout* layout)
 {
     m_speeds = new SpeedTableEditor;
     SetControlId(m_speeds, ControlId::Speeds);
-    m_speeds->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    // As high as the options: what is below needs the room on small screens.
+    m_speeds->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
     m_options = new OptionsPanel;
     layout->addWidget(Caption(tr("设计车速(&V):"), m_speeds), 2, 0, Qt::AlignTop);
     layout->addWidget(m_speeds, 2, 1);
@@ -179,6 +182,7 @@ QWidget* RoadCheckWindow::MakeResults()
 {
     m_diagrams = new DiagramView;
     SetControlId(m_diagrams, ControlId::Diagrams);
+    m_diagrams->setMinimumHeight(fontMetrics().height() * kLeastLines);
     auto* const results = new QSplitter;
     results->addWidget(MakeTabs());
     results->addWidget(m_diagrams);
@@ -210,7 +214,7 @@ QWidget* RoadCheckWindow::MakeBottom()
     m_progress = new QProgressBar;
     SetControlId(m_progress, ControlId::Progress);
     m_progress->setRange(0, 0); // how long a file is says little about how long it takes
-    m_cancel = new QPushButton(tr("取消(&C)"));
+    m_cancel = new QPushButton(tr("取消(&Q)"));
     SetControlId(m_cancel, ControlId::Cancel);
     m_exportReport = new QPushButton(tr("导出报告(&E)…"));
     SetControlId(m_exportReport, ControlId::ExportReport);

@@ -283,6 +283,23 @@ TEST_F(DSEditor, ViewDesignSpecificationShowsTheDefaultOneAtAPage)
     ViewDesignSpecification(L"平面\\圆曲线半径");
 }
 
+TEST_F(DSEditor, ViewDesignSpecificationOfShowsTheOneOfThatNameAtAPage)
+{
+    AddSaved(Make(L"甲"));
+    AddSaved(Make(L"乙"));
+    Library().SetDefaultItem(1);
+    {
+        const ExpectModal dialog([](QWidget* window) {
+            EXPECT_EQ(window->windowTitle(), QStringLiteral("设计规范 - 甲 -- 查看模式"));
+            EXPECT_EQ(SelectedItem(window), "圆曲线半径");
+            Click(window, IDOK);
+        });
+        ViewDesignSpecificationOf(L"甲", L"平面\\圆曲线半径");
+    }
+    ViewDesignSpecificationOf(L"丙", L"平面\\圆曲线半径");
+    QTest::qWait(50); // nothing opens
+}
+
 TEST_F(DSEditor, ViewDesignSpecificationTakesNoPage)
 {
     AddSaved(Make(L"甲"));

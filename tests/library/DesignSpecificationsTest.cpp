@@ -802,3 +802,18 @@ TEST_F(DesignSpecifications, WhatIsSavedIsWhatIsLoaded)
         EXPECT_TRUE(*loaded == one);
     }
 }
+
+TEST_F(DesignSpecifications, TellsOfWhatWasReadSavedOrMadeTheDefault)
+{
+    int told = 0;
+    const Connection connection = CDesignSpecifications::ConnectChanges([&told] { ++told; });
+    Library().Update();
+    EXPECT_EQ(told, 1);
+    CDesignSpecification& one = AddSaved(Make(L"a"));
+    EXPECT_EQ(told, 2);
+    Library().SetDefaultItem(0);
+    EXPECT_EQ(told, 3);
+    one.SetName(L"b");
+    EXPECT_TRUE(Library().SaveRenamed(&one, L"a"));
+    EXPECT_EQ(told, 4);
+}

@@ -55,6 +55,12 @@ for file in share/man/man1/designspec.1 share/man/zh_CN/man1/designspec.1 \
     share/bash-completion/completions/designspec; do
     [ -s "$work/moved/$file" ] || { echo "not installed: $file"; exit 1; }
 done
+# The modules come with their host.
+if [ -e "$work/moved/bin/roadhost" ]; then
+    for file in DesignSpecification.arx RoadCheck.arx VMRDPrj.arx; do
+        [ -s "$work/moved/bin/$file" ] || { echo "not installed: $file"; exit 1; }
+    done
+fi
 
 # Nothing is loaded from the current folder.
 programs=0

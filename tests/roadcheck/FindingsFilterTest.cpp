@@ -91,15 +91,4 @@ TEST_F(FindingsFilterTest, TextsAreNoMarkup)
     EXPECT_NE(source.data(Qt::ToolTipRole).toString().indexOf(QStringLiteral("&lt;b&gt;")), -1);
 }
 
-TEST(FindingsModel, NumbersHaveUpToThreeDecimals)
-{
-    for (const auto& [number, text] : {std::pair{12.5, "12.5"},
-                                       {80.0, "80"},
-                                       {7.000000000000001, "7"},
-                                       {0.0004, "0"},
-                                       {-0.0004, "0"},
-                                       {1e6 / 3, "333333.333"}})
-        EXPECT_EQ(NumberText(number).toStdString(), text);
-}
-
 } // namespace

@@ -369,6 +369,48 @@ TEST_F(RoadCheckWindowTest, OptionsSpeedsAndSpecificationAreRememberedForTheProj
     VMRDPub::SetCurPrjPath(m_project.Path());
 }
 
+TEST_F(RoadCheckWindowTest, TabReachesEverythingFromTopToBottom)
+{
+    QWidget* const window = Open("违规.xml");
+    Control(window, ControlId::File)->setFocus();
+    std::vector<int> reached;
+    for (int i = 0; i < 60 && (i == 0 || reached.back() != ControlId::File); ++i) {
+        PressKey(window, Qt::Key_Tab);
+        reached.push_back(window->focusWidget()->property(kControlIdProperty).toInt());
+    }
+    std::erase(reached, 0); // parts of Qt's own
+    EXPECT_EQ(
+        reached,
+        (std::vector<int>{ControlId::Browse,     ControlId::Alignment,    ControlId::Specification,
+                          ControlId::CheckAgain, ControlId::Speeds,       ControlId::Mode,
+                          ControlId::RoadType,   ControlId::MaxSuper,     ControlId::Axis,
+                          ControlId::Vehicle,    ControlId::Plateau,      ControlId::Snow,
+                          ControlId::ShowErrors, ControlId::ShowWarnings, ControlId::ShowNotes,
+                          ControlId::RuleFilter, ControlId::TextFilter,   ControlId::Findings,
+                          ControlId::Diagrams,   ControlId::ExportReport, ControlId::ExportDiagrams,
+                          ControlId::File}));
+}
+
+TEST_F(RoadCheckWindowTest, KeysLeadToItsParts)
+{
+    QWidget* const window = Open("违规.xml");
+    for (const auto& [key, id] : {std::pair{Qt::Key_F, ControlId::File},
+                                  {Qt::Key_L, ControlId::Alignment},
+                                  {Qt::Key_S, ControlId::Specification},
+                                  {Qt::Key_V, ControlId::Speeds},
+                                  {Qt::Key_M, ControlId::Mode},
+                                  {Qt::Key_T, ControlId::RoadType},
+                                  {Qt::Key_X, ControlId::MaxSuper},
+                                  {Qt::Key_A, ControlId::Axis},
+                                  {Qt::Key_C, ControlId::Vehicle}}) {
+        PressKey(window, key, Qt::AltModifier);
+        EXPECT_EQ(window->focusWidget(), Control(window, id)) << static_cast<char>(key);
+    }
+    PressKey(window, Qt::Key_H, Qt::AltModifier);
+    EXPECT_TRUE(
+        WaitFor([&] { return Control<QCheckBox>(window, ControlId::Plateau)->isChecked(); }));
+}
+
 TEST_F(RoadCheckWindowTest, EscCancelsReading)
 {
     OpenCheckWindow(SlowFile());

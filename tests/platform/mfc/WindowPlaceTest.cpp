@@ -52,6 +52,16 @@ TEST_F(WindowPlaceTest, OpensOverItsOwner)
     });
 }
 
+TEST_F(WindowPlaceTest, TheOwnerNeedNotBeTheParent)
+{
+    QWidget window;
+    window.resize(200, 100);
+    new WindowPlace(&window, QStringLiteral("alone"), &m_owner);
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+    ExpectNear(window.frameGeometry().center(), m_owner.frameGeometry().center());
+}
+
 TEST_F(WindowPlaceTest, WithoutAnOwnerThatIsSeenOpensInTheMiddleOfTheScreen)
 {
     m_owner.hide();
