@@ -129,7 +129,11 @@ bool IsWorking(const QWidget& window)
 // The windows beside the host's that modules have opened.
 void TakeOthers(const QWidget& host, Album& album)
 {
-    for (QWidget* const window : QApplication::topLevelWidgets()) {
+    QWidgetList windows = QApplication::topLevelWidgets();
+    std::sort(windows.begin(), windows.end(), [](const QWidget* a, const QWidget* b) {
+        return a->windowTitle() < b->windowTitle();
+    });
+    for (QWidget* const window : windows) {
         if (!window->isVisible() || window == &host || window->windowTitle().isEmpty()) continue;
         QApplication::processEvents();
         while (IsWorking(*window))

@@ -7,9 +7,11 @@
 #include <string_view>
 
 #include <QCommandLineParser>
+#include <QDeadlineTimer>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTemporaryFile>
+#include <QWindow>
 
 #include "host/Appearance.h"
 #include "host/HostApplication.h"
@@ -89,6 +91,14 @@ void AddOptions(QCommandLineParser& parser)
                       QObject::tr("用已加载的模块打开文件; 可重复"), QStringLiteral("FILE")});
 }
 
+// What opens over the window goes by its frame, which it has once it can be seen.
+void WaitForFrame(const QWidget& window)
+{
+    const QDeadlineTimer limit(2000);
+    while (!window.windowHandle()->isExposed() && !limit.hasExpired())
+        QApplication::processEvents(QEventLoop::AllEvents, 50);
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -121,8 +131,10 @@ int main(int argc, char** argv)
     const QString project = asked.isEmpty() ? RecentProjects().List().value(0) : asked;
     const bool opened = !project.isEmpty() && window.OpenProject(project);
     window.LoadModules();
+    const QStringList files = parser.values(QString::fromLatin1(kOpenOption));
     if (!snapshot) window.show();
-    for (const QString& file : parser.values(QString::fromLatin1(kOpenOption)))
+    if (!snapshot && !files.isEmpty()) WaitForFrame(window);
+    for (const QString& file : files)
         window.OpenFile(file);
 
     if (snapshot) {

@@ -128,8 +128,8 @@ RoadCheckWindow::RoadCheckWindow()
 // What the jobs still have to say is for nobody.
 RoadCheckWindow::~RoadCheckWindow()
 {
-    m_check.disconnect(this);
-    m_export.disconnect(this);
+    for (BackgroundJob* const job : Jobs())
+        job->disconnect(this);
 }
 
 CheckSettings RoadCheckWindow::Settings()
@@ -266,7 +266,7 @@ void RoadCheckWindow::ConnectResults()
 
 void RoadCheckWindow::ConnectJobs()
 {
-    for (BackgroundJob* const job : {&m_check, &m_export})
+    for (BackgroundJob* const job : Jobs())
         connect(job, &BackgroundJob::RunningChanged, this, &RoadCheckWindow::ShowRunning);
     connect(m_cancel, &QPushButton::clicked, this, &RoadCheckWindow::Cancel);
     connect(m_exportReport, &QPushButton::clicked, this, &RoadCheckWindow::ExportReport);
@@ -323,10 +323,11 @@ void RoadCheckWindow::CheckAgain()
 void RoadCheckWindow::Read()
 {
     if (m_path.isEmpty()) return;
+    m_checking.Cancel();
     const auto read = std::make_shared<RoadFile>();
-    m_check.Start([read, path = FromQString(m_path)](
-                      const std::atomic<bool>& cancel) { *read = ReadRoadFile(path, &cancel); },
-                  [this, read](const std::wstring& failure) { TakeFile(read, failure); });
+    m_reading.Start([read, path = FromQString(m_path)](
+                        const std::atomic<bool>& cancel) { *read = ReadRoadFile(path, &cancel); },
+                    [this, read](const std::wstring& failure) { TakeFile(read, failure); });
 }
 
 void RoadCheckWindow::TakeFile(const std::shared_ptr<RoadFile>& read, const std::wstring& failure)
@@ -363,8 +364,11 @@ void RoadCheckWindow::ChooseAlignment()
     Check();
 }
 
+// While the file is read there is nothing to check: that follows.
 void RoadCheckWindow::Check()
 {
+    m_checking.Cancel();
+    if (m_reading.IsRunning()) return;
     const auto& specification = m_specification->Specification();
     if (specification) m_options->Offer(*specification);
     const Alignment* const road = Road();
@@ -374,7 +378,7 @@ void RoadCheckWindow::Check()
     result->specification = *specification;
     result->options = m_options->Options();
     result->options.speeds = m_speeds->Choices();
-    m_check.Start(
+    m_checking.Start(
         [result, read = m_read, road](const std::atomic<bool>&) {
             Alignment own = *road;
             // The table shows every speed that holds.
@@ -408,17 +412,24 @@ void RoadCheckWindow::Show(const std::shared_ptr<const CheckResult>& result,
     UpdateCounts();
 }
 
+bool RoadCheckWindow::IsRunning()
+{
+    const auto jobs = Jobs();
+    return std::any_of(jobs.begin(), jobs.end(),
+                       [](const BackgroundJob* job) { return job->IsRunning(); });
+}
+
 void RoadCheckWindow::Cancel()
 {
-    if (!m_check.IsRunning() && !m_export.IsRunning()) return;
-    m_check.Cancel();
-    m_export.Cancel();
+    if (!IsRunning()) return;
+    for (BackgroundJob* const job : Jobs())
+        job->Cancel();
     m_status->setText(tr("已取消。按 F5 重新检核"));
 }
 
 void RoadCheckWindow::ShowRunning()
 {
-    const bool isRunning = m_check.IsRunning() || m_export.IsRunning();
+    const bool isRunning = IsRunning();
     m_progress->setVisible(isRunning);
     m_cancel->setVisible(isRunning);
     m_escape->setEnabled(isRunning);
@@ -432,7 +443,7 @@ QString RoadCheckWindow::ProblemText() const
     if (!m_failure.empty()) return tr("没有检核: %1").arg(ToQString(m_failure));
     if (m_path.isEmpty()) return tr("请选择道路文件 (LandXML), 或把它拖到主机窗口上");
     if (!m_read) return {};
-    if (const QString error = FirstError(m_read->problems); !error.isEmpty()) return error;
+    if (QString error = FirstError(m_read->problems); !error.isEmpty()) return error;
     if (!m_specification->Specification()) return tr("项目中没有设计规范, 无法检核");
     if (!m_speeds->Problem().isEmpty()) return m_speeds->Problem();
     if (m_result && !m_result->road->hasSpeed)

@@ -1,6 +1,8 @@
 // The window in which a road is held against a specification.
 #pragma once
 
+#include <array>
+
 #include <QWidget>
 
 #include "roadcheck/BackgroundJob.h"
@@ -27,7 +29,7 @@ class OptionsPanel;
 class SpecificationChoice;
 class SpeedTableEditor;
 
-// Reading and checking go on in the background: one thing leads to the next, and whatever the user
+// Reading and checking go on in the background: one leads to the other, and whatever the user
 // changes, or the file, or the specification, begins it anew.
 class RoadCheckWindow : public QWidget {
     Q_OBJECT
@@ -60,6 +62,8 @@ private:
     void Show(const std::shared_ptr<const CheckResult>& result, const std::wstring& failure);
     void CheckAgain();
     void Cancel();
+    std::array<BackgroundJob*, 3> Jobs() { return {&m_reading, &m_checking, &m_export}; }
+    bool IsRunning();
     void ShowRunning();
 
     void UpdateMessage();
@@ -77,7 +81,7 @@ private:
     std::shared_ptr<const CheckResult> m_result; // what is shown
     std::wstring m_failure;                      // of the last work
     FileWatch m_watch;
-    BackgroundJob m_check, m_export;
+    BackgroundJob m_reading, m_checking, m_export;
     UncheckedModel m_uncheckedModel;
 
     QLineEdit* m_file = nullptr;

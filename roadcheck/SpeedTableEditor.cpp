@@ -138,7 +138,7 @@ QString SpeedTableEditor::Problem() const
 {
     for (int row = 0; row < rowCount(); ++row)
         for (int column = 0; column < kColumns; ++column)
-            if (const QString problem = CellProblem(row, column); !problem.isEmpty())
+            if (QString problem = CellProblem(row, column); !problem.isEmpty())
                 return problem;
     return {};
 }

@@ -427,6 +427,20 @@ TEST_F(RoadCheckWindowTest, EscCancelsReading)
     EXPECT_EQ(Control<QComboBox>(window, ControlId::Alignment)->count(), 1);
 }
 
+TEST_F(RoadCheckWindowTest, WhatIsChangedWhileTheFileIsReadAnewHoldsForWhatItSaysThen)
+{
+    QWidget* const window = Open("违规.xml");
+    const std::string slow = (SlowFile(), m_project.Read("慢.xml"));
+    m_project.Write("违规.xml", slow);
+    PressKey(window, Qt::Key_F5);
+    ASSERT_TRUE(Control(window, ControlId::Progress)->isVisible());
+    Choose(window, ControlId::Mode, QStringLiteral("不取值"));
+    ASSERT_TRUE(WaitDone(window));
+    const auto* const roads = Control<QComboBox>(window, ControlId::Alignment);
+    EXPECT_TRUE(roads->currentText().startsWith(QStringLiteral("远"))) << "it was read";
+    EXPECT_EQ(Rows(window), 0) << "what was found in the file before is gone";
+}
+
 TEST_F(RoadCheckWindowTest, AnotherFileIsReadInPlaceOfTheOneThatIsRead)
 {
     OpenCheckWindow(SlowFile());
