@@ -25,6 +25,11 @@ try {
 
 } // namespace
 
+BackgroundJob::BackgroundJob()
+{
+    connect(this, &BackgroundJob::WorkEnded, this, &BackgroundJob::Finish, Qt::QueuedConnection);
+}
+
 BackgroundJob::~BackgroundJob()
 {
     m_cancel = true;
@@ -52,8 +57,7 @@ void BackgroundJob::Run()
     m_cancel = false;
     m_thread = std::jthread([this, work = std::exchange(m_work, nullptr)] {
         m_failure = FailureOf(work, m_cancel);
-        QMetaObject::invokeMethod(
-            this, [this] { Finish(); }, Qt::QueuedConnection);
+        emit WorkEnded({});
     });
     emit RunningChanged(true);
 }

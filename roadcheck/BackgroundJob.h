@@ -19,7 +19,7 @@ public:
     // Runs afterwards where the job was started. `failure` is what the work threw; empty: nothing.
     using Done = std::function<void(const std::wstring& failure)>;
 
-    using QObject::QObject;
+    BackgroundJob();
     // Cancels, and waits for the thread.
     ~BackgroundJob() override;
 
@@ -31,6 +31,8 @@ public:
 
 signals:
     void RunningChanged(bool isRunning);
+    // By the thread, for itself alone.
+    void WorkEnded(QPrivateSignal);
 
 private:
     void Run();
