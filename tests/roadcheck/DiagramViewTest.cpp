@@ -233,6 +233,9 @@ TEST_F(DiagramViewTest, ShowsEveryChange)
     EXPECT_TRUE(hasChanged());
     view.resize(500, 400);
     EXPECT_TRUE(hasChanged());
+    QEvent leave(QEvent::Leave); // what the cursor tells is drawn anew each time
+    QApplication::sendEvent(&view, &leave);
+    EXPECT_TRUE(hasChanged());
     QFont larger = view.font();
     larger.setPointSizeF(larger.pointSizeF() * 1.5);
     view.setFont(larger);

@@ -16,7 +16,7 @@ std::vector<DiagramPoint> LongLine(int points)
     std::vector<DiagramPoint> line;
     for (int i = 0; i < points; ++i)
         line.push_back({static_cast<double>(i), i % 2 ? 1.0 : -1.0});
-    line[static_cast<size_t>(points) / 2].value = 9;
+    line[static_cast<size_t>(points) / 2 + 205].value = 9; // in the middle of a column of 400
     return line;
 }
 
