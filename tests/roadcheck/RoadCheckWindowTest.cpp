@@ -239,11 +239,12 @@ TEST_F(RoadCheckWindowTest, WithoutTheEditorItSaysThatThereIsNoPage)
 TEST_F(RoadCheckWindowTest, AFindingGoesWhenItsLimitIsEdited)
 {
     QWidget* const window = Open("违规.xml");
-    ClickRow(window, RowOf(window, L"纵坡 0.1%"));
+    ClickRow(window, RowOf(window, L"缓和曲线长 45 m"));
     EditLongestStraight(L"城市道路", L"25");
     EXPECT_TRUE(WaitFor([&] { return Rows(window) == 25; }));
     EXPECT_EQ(RowOf(window, kStraight), -1);
-    EXPECT_EQ(SelectedMessage(window), L"纵坡 0.1%, 小于最小纵坡 0.3%") << "it stays selected";
+    EXPECT_EQ(SelectedMessage(window), L"缓和曲线长 45 m, 小于最小长度 50 m")
+        << "it stays selected";
 }
 
 TEST_F(RoadCheckWindowTest, TakesAnotherDefaultSpecificationUnlessOneWasChosen)
