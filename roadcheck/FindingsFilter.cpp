@@ -1,33 +1,65 @@
 #include "roadcheck/FindingsFilter.h"
 
+#include <string_view>
+#include <utility>
+
 #include "roadcheck/FindingsModel.h"
 
 namespace roadcheck {
+
+namespace {
+
+bool IsLess(const Finding& a, const Finding& b, int column)
+{
+    switch (column) {
+    case FindingsModel::Severity:
+        return a.rule->severity < b.rule->severity;
+    case FindingsModel::Station:
+        return a.from < b.from;
+    case FindingsModel::Element:
+        return std::pair(std::wstring_view(a.element.kind), a.element.index) <
+               std::pair(std::wstring_view(b.element.kind), b.element.index);
+    case FindingsModel::RuleTitle:
+        return std::wstring_view(a.rule->title) < b.rule->title;
+    case FindingsModel::Value:
+        return a.value < b.value;
+    case FindingsModel::Limit:
+        return a.limit < b.limit;
+    case FindingsModel::Speed:
+        return a.speed < b.speed;
+    case FindingsModel::Source:
+        return a.source < b.source;
+    default:
+        return a.message < b.message;
+    }
+}
+
+} // namespace
 
 FindingsFilter::FindingsFilter(FindingsModel& findings, QObject* parent)
     : QSortFilterProxyModel(parent), m_findings(findings)
 {
     setSourceModel(&findings);
-    setSortRole(FindingsModel::kSortRole);
     setDynamicSortFilter(true);
 }
 
+// All rows are looked through at once: to take many out one by one would take minutes.
 void FindingsFilter::SetShown(RuleSeverity severity, bool isShown)
 {
     m_severities[static_cast<size_t>(severity)] = isShown;
-    invalidateFilter();
+    invalidate();
 }
 
 void FindingsFilter::SetRule(const Rule* rule)
 {
     m_rule = rule;
-    invalidateFilter();
+    invalidate();
 }
 
 void FindingsFilter::SetText(const QString& text)
 {
     m_text = text.trimmed();
-    invalidateFilter();
+    invalidate();
 }
 
 std::vector<bool> FindingsFilter::Shown() const
@@ -53,8 +85,10 @@ bool FindingsFilter::filterAcceptsRow(int row, const QModelIndex&) const
 // Findings that are alike in the column stand in order of place.
 bool FindingsFilter::lessThan(const QModelIndex& left, const QModelIndex& right) const
 {
-    if (QSortFilterProxyModel::lessThan(left, right)) return true;
-    if (QSortFilterProxyModel::lessThan(right, left)) return false;
+    const Finding& a = m_findings.Findings()[static_cast<size_t>(left.row())];
+    const Finding& b = m_findings.Findings()[static_cast<size_t>(right.row())];
+    if (IsLess(a, b, left.column())) return true;
+    if (IsLess(b, a, left.column())) return false;
     return (left.row() < right.row()) == (sortOrder() == Qt::AscendingOrder);
 }
 

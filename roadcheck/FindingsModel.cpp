@@ -97,28 +97,6 @@ QString FindingsModel::Text(const Finding& finding, int column) const
     }
 }
 
-QVariant FindingsModel::SortValue(const Finding& finding, int column) const
-{
-    switch (column) {
-    case Severity:
-        return static_cast<int>(finding.rule->severity);
-    case Station:
-        return finding.from;
-    case Element:
-        return QStringLiteral("%1 %2")
-            .arg(KindLabel(finding.element.kind))
-            .arg(finding.element.index, 9, 10, QChar(u'0'));
-    case Value:
-        return finding.value;
-    case Limit:
-        return finding.limit;
-    case Speed:
-        return finding.speed;
-    default:
-        return Text(finding, column);
-    }
-}
-
 QVariant FindingsModel::data(const QModelIndex& index, int role) const
 {
     if (!index.isValid()) return {};
@@ -137,8 +115,6 @@ QVariant FindingsModel::data(const QModelIndex& index, int role) const
         if (column == Value || column == Limit || column == Speed)
             return QVariant(Qt::AlignRight | Qt::AlignVCenter);
         return {};
-    case kSortRole:
-        return SortValue(finding, column);
     default:
         return {};
     }

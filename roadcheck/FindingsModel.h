@@ -25,9 +25,6 @@ public:
         Message,
         kColumns
     };
-    // What rows are sorted by: a number, or the text.
-    static constexpr int kSortRole = Qt::UserRole;
-
     using QAbstractTableModel::QAbstractTableModel;
 
     // Null: none.
@@ -42,7 +39,6 @@ public:
 
 private:
     QString Text(const Finding& finding, int column) const;
-    QVariant SortValue(const Finding& finding, int column) const;
 
     std::shared_ptr<const CheckedRoad> m_road;
 };

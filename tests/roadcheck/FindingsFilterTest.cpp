@@ -1,5 +1,9 @@
 #include "roadcheck/FindingsFilter.h"
 
+#include <QElapsedTimer>
+#include <QTableView>
+#include <QTest>
+
 #include <gtest/gtest.h>
 
 #include "platform/mfc/QtText.h"
@@ -82,6 +86,30 @@ TEST_F(FindingsFilterTest, SaysWhichAreShown)
     EXPECT_EQ(m_filter.Shown(), (std::vector<bool>{true, false, true}));
     m_filter.SetText(QStringLiteral(" k2+ "));
     EXPECT_EQ(m_filter.Shown(), (std::vector<bool>{true, false, false}));
+}
+
+TEST_F(FindingsFilterTest, OfVeryManyEverySecondGoesAtOnce)
+{
+    CheckedRoad checked;
+    for (int i = 0; i < 100000; ++i) {
+        Finding finding;
+        finding.rule = FindRule(i % 2 ? L"radius-max" : L"radius-min");
+        finding.from = i;
+        checked.report.findings.push_back(finding);
+    }
+    m_model.Show(std::make_shared<const CheckedRoad>(checked));
+    QTableView table;
+    table.setModel(&m_filter);
+    table.sortByColumn(FindingsModel::Station, Qt::AscendingOrder);
+    table.show();
+    QTest::qWait(1);
+    QElapsedTimer clock;
+    clock.start();
+    m_filter.SetShown(RuleSeverity::Error, false);
+    EXPECT_EQ(m_filter.rowCount(), 50000);
+    m_filter.SetShown(RuleSeverity::Error, true);
+    EXPECT_EQ(m_filter.rowCount(), 100000);
+    EXPECT_LT(clock.elapsed(), 4000) << "one by one it takes four times as long";
 }
 
 TEST_F(FindingsFilterTest, TextsAreNoMarkup)
