@@ -289,8 +289,9 @@ Outcome SpecificationFolder::Put(const CDesignSpecification& specification)
     Outcome outcome;
     const auto held = Hold(outcome.problems);
     if (!held) return outcome;
-    const TakenSpecification taken = TakeIn({std::make_unique<CDesignSpecification>(specification)},
-                                            m_files.Path(), true, Severity::Note, outcome.problems);
+    ReadSpecification read{std::make_unique<CDesignSpecification>(specification)};
+    const TakenSpecification taken =
+        TakeIn(std::move(read), m_files.Path(), true, Severity::Note, outcome.problems);
     outcome.done = SaveTaken(taken, outcome.problems);
     return outcome;
 }

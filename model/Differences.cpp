@@ -300,9 +300,10 @@ std::vector<Difference> Differences(const CDesignSpecification& left,
                                     const CDesignSpecification& right)
 {
     std::vector<Difference> differences;
-    for (Change& change : Changes(left, left, right))
-        differences.push_back(
-            {std::move(change), std::move(change.mine), std::move(change.theirs)});
+    for (Change& change : Changes(left, left, right)) {
+        DifferingValue& value = change;
+        differences.push_back({std::move(value), std::move(change.mine), std::move(change.theirs)});
+    }
     return differences;
 }
 
