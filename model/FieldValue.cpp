@@ -49,7 +49,7 @@ CString ReadableText(const Field& field, const Value& value)
 
 CString ReadableText(const Field& field, const Value& value, const CString& unit)
 {
-    const CString text = ReadableText(field, value);
+    CString text = ReadableText(field, value);
     if (unit.empty() || text != ValueText(value)) return text;
     if (unit == L"1/n") return L"1/" + text;
     return text + (unit == L"%" ? L"" : L" ") + unit;

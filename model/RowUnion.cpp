@@ -25,8 +25,8 @@ std::strong_ordering CompareValues(const Value& a, const Value& b)
 struct KeysLess {
     bool operator()(const std::vector<Value>& a, const std::vector<Value>& b) const
     {
-        return std::lexicographical_compare_three_way(a.begin(), a.end(), b.begin(), b.end(),
-                                                      CompareValues) < 0;
+        return std::is_lt(std::lexicographical_compare_three_way(a.begin(), a.end(), b.begin(),
+                                                                 b.end(), CompareValues));
     }
 };
 
@@ -67,8 +67,8 @@ RowUnion::RowUnion(const Field& rows, const Objects& objects) : m_order(rows.ord
 bool RowUnion::StandsBefore(std::size_t a, std::size_t b) const
 {
     const auto order = CompareValues(m_rows[a].keys.front(), m_rows[b].keys.front());
-    return (m_order == RowOrder::Ascending && order < 0) ||
-           (m_order == RowOrder::Descending && order > 0);
+    return (m_order == RowOrder::Ascending && std::is_lt(order)) ||
+           (m_order == RowOrder::Descending && std::is_gt(order));
 }
 
 std::vector<std::size_t> RowUnion::Sequence(Party first, Party second) const

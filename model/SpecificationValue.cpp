@@ -87,7 +87,7 @@ CString WriteProblem(CDesignSpecification& specification, const ValuePath& path)
             return Format(L"%s 在当前条件下不用,也不会保存", CString(step.field->key));
         if (step.keys.empty()) continue;
         object = object ? RowOf(step, object) : nullptr;
-        if (const CString problem = AddProblem(step); !object && !problem.empty()) return problem;
+        if (CString problem = AddProblem(step); !object && !problem.empty()) return problem;
     }
     return {};
 }

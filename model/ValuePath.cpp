@@ -96,7 +96,7 @@ CString ValuePath::AddKey(std::wstring_view key)
     const std::vector<const Field*> fields = KeysOf(*step.field);
     for (const Field* field : fields) {
         const CString one = TakeKey(rest, field == fields.back());
-        const CString problem = ParseValue(*field, one, field->label, step.keys.emplace_back());
+        CString problem = ParseValue(*field, one, field->label, step.keys.emplace_back());
         if (!problem.empty()) return problem;
     }
     return {};
