@@ -9,25 +9,12 @@
 #include "roadcheck/CheckResult.h"
 #include "roadcheck/CheckSettings.h"
 #include "roadcheck/FileWatch.h"
+#include "roadcheck/RoadCheckForm.h"
 #include "roadcheck/UncheckedModel.h"
 
-class QComboBox;
-class QGridLayout;
-class QLabel;
-class QLineEdit;
-class QPlainTextEdit;
-class QProgressBar;
-class QPushButton;
 class QShortcut;
-class QTabWidget;
 
 namespace roadcheck {
-
-class DiagramView;
-class FindingsPanel;
-class OptionsPanel;
-class SpecificationChoice;
-class SpeedTableEditor;
 
 // Reading and checking go on in the background: one leads to the other, and whatever the user
 // changes, or the file, or the specification, begins it anew.
@@ -42,16 +29,10 @@ public:
     void Open(const QString& file);
 
 private:
-    void MakeInputs(QGridLayout* layout);
-    void MakeSpeedsAndOptions(QGridLayout* layout);
-    QWidget* MakeTabs();
-    QWidget* MakeResults();
-    QWidget* MakeBottom();
     void ConnectInputs();
     void ConnectResults();
     void ConnectJobs();
     void MakeKeys();
-    void SetTabOrders();
 
     void Browse();
     void Read();
@@ -84,23 +65,7 @@ private:
     BackgroundJob m_reading, m_checking, m_export;
     UncheckedModel m_uncheckedModel;
 
-    QLineEdit* m_file = nullptr;
-    QComboBox* m_alignment = nullptr;
-    SpecificationChoice* m_specification = nullptr;
-    SpeedTableEditor* m_speeds = nullptr;
-    OptionsPanel* m_options = nullptr;
-    QPushButton* m_browse = nullptr;
-    QPushButton* m_checkAgain = nullptr;
-    QLabel* m_message = nullptr;
-    QTabWidget* m_tabs = nullptr;
-    FindingsPanel* m_findings = nullptr;
-    DiagramView* m_diagrams = nullptr;
-    QPlainTextEdit* m_problems = nullptr;
-    QLabel* m_status = nullptr;
-    QProgressBar* m_progress = nullptr;
-    QPushButton* m_cancel = nullptr;
-    QPushButton* m_exportReport = nullptr;
-    QPushButton* m_exportDiagrams = nullptr;
+    const RoadCheckForm m_form{*this, m_uncheckedModel};
     QShortcut* m_escape = nullptr;
 };
 
