@@ -130,11 +130,12 @@ bool CCurveWideningPage::StoreRow(int row, CDSCurveWidening& criterion, CString&
     for (const CMyRadiusRangeColumn* column : m_grid.Ranges()) {
         const CMyRecordItemValue* const cell = m_grid.Cell(row, column);
         GrowArray<Widening>& widenings = criterion.ranges[range++].widenings;
-        filled.push_back(cell && !cell->IsEmpty());
+        const bool isFilled = cell && !cell->IsEmpty();
+        filled.push_back(isFilled);
         if (const auto gaps = Gaps(filled); !gaps.empty())
             return Refuse(message, WideningGapText(category), kGrid,
                           [this, row, gaps] { GoToGap(row, gaps); });
-        if (filled.back()) widenings.Add({category, cell->GetNumber()});
+        if (isFilled) widenings.Add({category, cell->GetNumber()});
     }
     return true;
 }
