@@ -60,5 +60,5 @@ void UseDarkColours()
 {
     // Other styles may draw in colours of their own. The application takes the style over.
     QApplication::setStyle(new DarkStyle);
-    QApplication::setPalette(DarkPalette()); // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks)
+    QApplication::setPalette(DarkPalette());
 }

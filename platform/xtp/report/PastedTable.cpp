@@ -250,7 +250,8 @@ int PastedTable::GetColumnCount() const
 const CString* PastedTable::Value(int row, int column) const
 {
     if (m_transposed) std::swap(row, column);
-    const CStringArray& texts = m_texts[static_cast<size_t>(row + m_top)];
+    const int line = row + m_top;
+    const CStringArray& texts = m_texts[static_cast<size_t>(line)];
     const int place = column + m_left;
     return place < std::ssize(texts) ? &texts[static_cast<size_t>(place)] : nullptr;
 }
