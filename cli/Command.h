@@ -66,6 +66,7 @@ struct Arguments {
     bool overwrite = false;
     bool force = false;   // what the editor refuses
     bool deleted = false; // those that were removed
+    bool dryRun = false;  // tell what would change
 
     VerifyArguments verify;
 };
@@ -78,6 +79,7 @@ Status RunRename(const Arguments& arguments, Teller& teller);
 Status RunRemove(const Arguments& arguments, Teller& teller);
 Status RunRestore(const Arguments& arguments, Teller& teller);
 Status RunDefault(const Arguments& arguments, Teller& teller);
+Status RunApply(const Arguments& arguments, Teller& teller);
 Status RunSet(const Arguments& arguments, Teller& teller);
 Status RunExport(const Arguments& arguments, Teller& teller);
 Status RunImport(const Arguments& arguments, Teller& teller);

@@ -142,6 +142,7 @@ public:
         AddQuery();
         AddChanging();
         AddSet();
+        AddApply();
         AddFiles();
         AddVerify();
         m_app.footer(In(kFooter) + std::string(kExamples));
@@ -360,6 +361,28 @@ private:
                       In({"从表中去掉该车速或该行", "Take the speed or the row out of the table"}));
         set->add_flag("--force", m_arguments.force,
                       In({"保存编辑器不接受的值", "Save also what the editor refuses"}));
+    }
+
+    void AddApply()
+    {
+        CLI::App* apply = Add("apply",
+                              {"按 JSON 文件修改多个值并保存,要么全部,要么都不",
+                               "Change many values as a JSON file has them, all or none, and save"},
+                              RunApply);
+        AddWord(apply, "FILE", m_arguments.file,
+                {"show --json 写出的文件,可以只留一部分;“-”为标准输入",
+                 "What show --json writes, whole or in part; - for standard input"})
+            ->required();
+        AddDryRun(apply);
+        apply->add_flag("--force", m_arguments.force,
+                        In({"保存编辑器不接受的值", "Save also what the editor refuses"}));
+    }
+
+    void AddDryRun(CLI::App* command)
+    {
+        command->add_flag("--dry-run", m_arguments.dryRun,
+                          In({"只列出会有哪些不同,不作修改",
+                              "List what would be different, and change nothing"}));
     }
 
     void AddFiles()

@@ -11,7 +11,6 @@ bool IsError(const Finding& finding)
     return finding.severity == Severity::Error;
 }
 
-// What the editor does not take from the keyboard.
 bool IsFault(const Finding& finding)
 {
     return IsError(finding) || finding.onlyFromFile;
@@ -41,6 +40,12 @@ void RefuseFaults(const Arguments& arguments, Teller& teller, const CString& wha
     for (const Finding& fault : faults)
         text += L"\n  " + LineOf(fault);
     Refuse(text + L"\n用 --force 可以仍然这样做");
+}
+
+std::vector<Finding> FaultsAmong(std::vector<Finding> findings)
+{
+    std::erase_if(findings, [](const Finding& one) { return !IsFault(one); });
+    return findings;
 }
 
 std::vector<Finding> ErrorsAmong(std::vector<Finding> findings)

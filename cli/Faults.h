@@ -10,6 +10,9 @@
 void RefuseFaults(const Arguments& arguments, Teller& teller, const CString& what,
                   const std::vector<designspec::Finding>& faults);
 
+// Those that the editor does not take from the keyboard.
+std::vector<designspec::Finding> FaultsAmong(std::vector<designspec::Finding> findings);
+
 // Those that make the editor refuse to store.
 std::vector<designspec::Finding> ErrorsAmong(std::vector<designspec::Finding> findings);
 
