@@ -24,7 +24,7 @@ public:
 
     QAction* Action(unsigned command) const { return m_actions.at(command); }
     // All, in their order, groups parted by separators.
-    void AddTo(QWidget* menu) const;
+    void AddTo(QWidget* menu);
     // Those that are used most.
     void AddToToolBar(QToolBar* bar) const;
     void RenewIcons();
@@ -33,6 +33,14 @@ signals:
     void Triggered(unsigned command);
 
 private:
+    QAction* Add(unsigned command, const wchar_t* caption, const char* keys);
+    void ShowOwn();
+    std::vector<unsigned> Order() const;
+
     const StyleCommands& m_commands;
     std::map<unsigned, QAction*> m_actions;
+    std::map<unsigned, CString> m_captions; // before the editor changes them
+    std::vector<unsigned> m_own;            // the commands of the editor's own
+    // The menus, with what the editor's own commands stand before.
+    std::vector<std::pair<QWidget*, QAction*>> m_places;
 };

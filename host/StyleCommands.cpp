@@ -1,5 +1,7 @@
 #include "host/StyleCommands.h"
 
+#include <algorithm>
+
 #include <QDir>
 #include <QWidget>
 
@@ -54,8 +56,22 @@ bool StyleCommands::IsEnabled(unsigned command, const Selection& selected) const
     case kCommandExportStyles:
         return styles->Count() > 0 && m_editor->EnableExport();
     default:
-        return true;
+        return IsOwnEnabled(command, selected.size());
     }
+}
+
+const EditorCommand* StyleCommands::FindOwn(unsigned command) const
+{
+    const auto own = m_editor->OwnCommands();
+    const auto found = std::find_if(own.begin(), own.end(),
+                                    [&](const EditorCommand& one) { return one.id == command; });
+    return found == own.end() ? nullptr : &*found;
+}
+
+bool StyleCommands::IsOwnEnabled(unsigned command, size_t selected) const
+{
+    const EditorCommand* const own = FindOwn(command);
+    return !own || (selected >= own->fewest && selected <= own->most);
 }
 
 void StyleCommands::Run(unsigned command, const Selection& selected)
@@ -89,10 +105,18 @@ void StyleCommands::Run(unsigned command, const Selection& selected)
     case kCommandReload:
         return emit ReloadWanted();
     default:
+        if (FindOwn(command)) return RunOwn(command, selected);
         m_editor->OnCommand(command, Only(selected));
         break;
     }
     emit Listed();
+}
+
+void StyleCommands::RunOwn(unsigned command, const Selection& selected)
+{
+    const CString note = m_editor->RunOwn(command, selected);
+    emit Listed();
+    if (!note.empty()) emit Note(ToQString(note));
 }
 
 void StyleCommands::New(CStyle* from)

@@ -41,6 +41,9 @@ private:
     CStyle* Only(const Selection& selected) const;
     bool IsDefault(const CStyle* style) const;
 
+    const designspec::EditorCommand* FindOwn(unsigned command) const;
+    bool IsOwnEnabled(unsigned command, size_t selected) const;
+    void RunOwn(unsigned command, const Selection& selected);
     void New(CStyle* from);
     void Delete(const Selection& selected);
     bool ConfirmDelete(const Selection& selected) const;

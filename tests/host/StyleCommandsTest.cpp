@@ -3,10 +3,12 @@
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QTreeWidget>
 
 #include "base/Text.h"
+#include "platform/arx/Modules.h"
 #include "tests/host/HostTest.h"
 
 using namespace designspec;
@@ -165,6 +167,61 @@ TEST_F(StyleCommandsTest, AnUnknownCommandGoesToTheEditor)
     ClickRow(L"甲");
     ChooseFromContextMenu(L"试验命令");
     EXPECT_EQ(Listed(), CStringArray{L"甲!"});
+}
+
+TEST_F(StyleCommandsTest, TheEditorsOwnCommandsStandInTheMenus)
+{
+    Disable("Own=1\n");
+    Have({L"甲", L"乙"});
+    Start();
+    ClickRow(L"甲");
+    ExpectModal menu([](QWidget* window) {
+        const CStringArray lines = MenuLines(window);
+        EXPECT_EQ(CStringArray(lines.begin() + 8, lines.begin() + 13),
+                  (CStringArray{L"设为默认试验\tCtrl+D", L"---", L"数一数…\tCtrl+Shift+X",
+                                L"标记\tCtrl+Shift+Y", L"---"}));
+        PressKey(window, Qt::Key_Escape);
+    });
+    OpenContextMenu();
+    CStringArray shown;
+    for (const QAction* action : host->menuBar()->actions()[1]->menu()->actions())
+        if (action->isVisible() && !action->isSeparator())
+            shown.push_back(FromQString(action->text()));
+    EXPECT_EQ(std::count(shown.begin(), shown.end(), L"标记"), 1);
+}
+
+TEST_F(StyleCommandsTest, TheEditorsOwnCommandsGetTheSelectionAndTellWhatTheyDid)
+{
+    Disable("Own=1\n");
+    Have({L"甲", L"乙", L"丙"});
+    Start();
+    ClickNoRow();
+    const StyleActions& actions = host->Styles().Actions();
+    EXPECT_FALSE(actions.Action(kCommandsOfEditor + 1)->isEnabled()) << "none is selected";
+    Key(Qt::Key_X, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(BarText(ControlId::NoteBar), L"0");
+    Table()->setFocus();
+    Key(Qt::Key_A, Qt::ControlModifier);
+    EXPECT_FALSE(actions.Action(kCommandsOfEditor + 1)->isEnabled()) << "three are selected";
+    Key(Qt::Key_X, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(BarText(ControlId::NoteBar), L"3");
+    ClickRow(L"甲");
+    Key(Qt::Key_Y, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(BarText(ControlId::NoteBar), L"");
+    EXPECT_EQ(Selected(), CStringArray{L"甲?"});
+}
+
+TEST_F(StyleCommandsTest, TheEditorsOwnCommandsGoWithIt)
+{
+    Disable("Own=1\n");
+    Have({L"甲"});
+    Start();
+    const QMenu* const menu = host->menuBar()->actions()[1]->menu();
+    const auto before = menu->actions().size();
+    acrxUnloadModule(L"FakeModule.arx", false);
+    EXPECT_EQ(menu->actions().size(), before - 2);
+    Key(Qt::Key_X, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(BarText(ControlId::NoteBar), L"");
 }
 
 TEST_F(StyleCommandsTest, ANewStyleIsSelectedAndAFilterThatHidesItGoes)

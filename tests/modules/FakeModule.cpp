@@ -1,6 +1,7 @@
 // A module as the family's are: loads the project module, publishes a group with an editor.
 //
-// FakeModule.ini beside the programs says what its editor refuses: Enable/KEY=0.
+// FakeModule.ini beside the programs says what its editor refuses: Enable/KEY=0. Commands of its
+// own it has with Enable/Own=1.
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QLineEdit>
@@ -27,11 +28,11 @@ namespace {
 constexpr int kNameId = 108;
 constexpr unsigned kOwnCommand = 4999;
 
-bool Enabled(const wchar_t* what)
+bool Enabled(const wchar_t* what, const wchar_t* usually = L"1")
 {
     const CString file = VMRDPub::GetInstallPath() + L"\\FakeModule.ini";
     designspec::Problems problems;
-    return GetPrivateProfileString(L"Enable", what, L"1", file, problems) != L"0";
+    return GetPrivateProfileString(L"Enable", what, usually, file, problems) != L"0";
 }
 
 class NameDialog : public QDialog {
@@ -109,6 +110,24 @@ public:
         if (command != kOwnCommand || !style) return false;
         m_styles.Rename(static_cast<CFakeStyle&>(*style), style->Name() + L"!");
         return true;
+    }
+
+    std::span<const EditorCommand> OwnCommands() const override
+    {
+        static constexpr EditorCommand kOwn[] = {
+            {kCommandsOfEditor, L"数一数…", "Ctrl+Shift+X"},
+            {kCommandsOfEditor + 1, L"标记", "Ctrl+Shift+Y", 1, 2},
+        };
+        if (!Enabled(L"Own", L"0")) return {};
+        return kOwn;
+    }
+
+    CString RunOwn(unsigned command, const CArray<GUID>& selected) override
+    {
+        if (command == kCommandsOfEditor) return std::to_wstring(selected.size());
+        for (const GUID& id : selected)
+            m_styles.Rename(*m_styles.Item(id), m_styles.Item(id)->Name() + L"?");
+        return {};
     }
 
     bool EnableNew() const override { return Enabled(L"New"); }

@@ -1,5 +1,8 @@
-// The style manager's commands, by the numbers under which its context menu knows them.
+// The style manager's commands, by the numbers under which its context menu knows them, and those
+// that an editor brings.
 #pragma once
+
+#include <cstddef>
 
 namespace designspec {
 
@@ -16,6 +19,16 @@ enum StyleCommand : unsigned {
     kCommandSaveAsTemplate = 4110,
     kCommandDeletedStyles = 4111,
     kCommandReload = 4112,
+    kCommandsOfEditor = 4201, // and those above
+};
+
+// A command of an editor's own, for menu and keys of the style manager.
+struct EditorCommand {
+    unsigned id; // from kCommandsOfEditor on
+    const wchar_t* caption;
+    const char* keys;         // Ctrl+Shift+X; no other command has them
+    std::size_t fewest = 0;   // so many styles are selected at least
+    std::size_t most = 10000; // and so many at most
 };
 
 } // namespace designspec

@@ -47,3 +47,8 @@ designspec::Signal<const GUID&>& CStyleEditor::SelectWanted()
 }
 
 void CStyleEditor::View(CStyle*) {}
+
+CString CStyleEditor::RunOwn(unsigned, const CArray<GUID>&)
+{
+    return {};
+}

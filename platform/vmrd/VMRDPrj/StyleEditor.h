@@ -1,6 +1,8 @@
 // What the style manager can do with the styles of one library.
 #pragma once
 
+#include <span>
+
 #include "base/Export.h"
 #include "base/Signal.h"
 #include "platform/mfc/String.h"
@@ -55,4 +57,10 @@ public:
     // Shows the style to the user without letting him change it.
     virtual void View(CStyle* style);
     virtual bool EnableView() const { return false; }
+
+    // What the style manager offers besides its own commands, in this order.
+    virtual std::span<const designspec::EditorCommand> OwnCommands() const { return {}; }
+    // Does one of them with the selected styles. What is to be told of it afterwards; often
+    // nothing.
+    virtual CString RunOwn(unsigned command, const CArray<GUID>& selected);
 };
