@@ -12,7 +12,7 @@ template <size_t Index> CriterionInfo MakeInfo()
 {
     constexpr auto criterion = std::get<Index>(kCriteria);
     using Class = typename FieldDetail::MemberOf<decltype(criterion.member)>::Value;
-    return {criterion.name, criterion.label, Class::Fields(),
+    return {criterion.name, criterion.label, criterion.group, Class::Fields(),
             [](CDesignSpecification& specification) -> void* {
                 return &(specification.*std::get<Index>(kCriteria).member);
             }};

@@ -74,8 +74,9 @@ CString KeyText(const Field& rows, const std::vector<Value>& keys)
 class Comparison {
 public:
     Comparison(const CDesignSpecification& base, const CDesignSpecification& mine,
-               const CDesignSpecification& theirs, std::span<const Side> sides)
-        : m_sides(sides), m_result(mine)
+               const CDesignSpecification& theirs, std::span<const Side> sides,
+               bool listsAll = false)
+        : m_sides(sides), m_listsAll(listsAll), m_result(mine)
     {
         const std::array all{&base, &mine, &theirs};
         CompareText(L"Name", L"名称", all, &CDesignSpecification::Name,
@@ -105,9 +106,9 @@ private:
         for (std::size_t i = 0; i < kParties; ++i)
             values[i] = std::invoke(get, *all[i]);
         const auto by = WhoChanged(values);
-        if (!by) return;
+        if (!by && !m_listsAll) return;
         const Texts texts = Read(values, [](const Value& value) { return ValueText(value); });
-        set(std::get<CString>(*values[Choose(*by, path, label, texts)]));
+        set(std::get<CString>(*values[Choose(by, path, label, texts)]));
     }
 
     template <class Text> static Texts Read(const Values& values, Text text)
@@ -140,13 +141,13 @@ private:
         // The values of a table by speed are called as the table is.
         const Field& named = rows && rows->IsTable() ? *rows : field;
         Party chosen = kMine;
-        if (const auto by = WhoChanged(values)) {
+        if (const auto by = WhoChanged(values); by || m_listsAll) {
             const bool isRow = rows && OnlyValue(*rows) == &field;
             if (!isRow) m_path.steps.push_back({&field});
             const CString unit = named.unit;
-            chosen = Choose(*by, m_path.Text(), named.label, Read(values, [&](const Value& value) {
-                return ReadableText(field, value, unit);
-            }));
+            chosen = Choose(by, m_path.Text(), named.label, Read(values, [&](const Value& value) {
+                                return ReadableText(field, value, unit);
+                            }));
             if (!isRow) m_path.steps.pop_back();
         }
         if (values[chosen]) SetValue(field, result, *values[chosen]);
@@ -216,7 +217,7 @@ private:
         Values values;
         for (std::size_t i = 0; i < kParties; ++i)
             if (row.of[i]) values[i] = CString(L"(空)");
-        return Choose(*WhoChanged(values), m_path.Text(), field.label,
+        return Choose(WhoChanged(values), m_path.Text(), field.label,
                       Read(values, [](const Value& value) { return ValueText(value); }));
     }
 
@@ -240,34 +241,39 @@ private:
         }
     }
 
-    CString KeyText() const
+    CStringArray RowTexts() const
     {
-        CString text;
+        CStringArray texts;
         for (const auto& [rows, row] : m_rows) {
-            text += (text.empty() ? L"" : L", ") + designspec::KeyText(*rows, row->keys);
-            if (row->number > 0) text += Format(L" (第 %d 个)", row->number + 1);
+            texts.push_back(KeyText(*rows, row->keys));
+            if (row->number > 0) texts.back() += Format(L" (第 %d 个)", row->number + 1);
         }
-        return text;
+        return texts;
     }
 
     // Lists a value and says whose counts.
-    Party Choose(ChangedBy by, const CString& path, const CString& label, const Texts& texts)
+    Party Choose(std::optional<ChangedBy> by, const CString& path, const CString& label,
+                 const Texts& texts)
     {
         Change change;
         change.path = path;
         change.label = label;
-        change.key = KeyText();
+        change.rows = RowTexts();
+        for (const CString& row : change.rows)
+            change.key += (change.key.empty() ? L"" : L", ") + row;
         change.place = m_path;
         change.base = texts[kBase];
         change.mine = texts[kMine];
         change.theirs = texts[kTheirs];
-        change.by = by;
+        change.by = by.value_or(ChangedBy::Nobody);
         m_changes.push_back(std::move(change));
+        if (!by) return kMine;
         if (m_changes.size() <= m_sides.size()) return PartyOf(m_sides[m_changes.size() - 1]);
         return by == ChangedBy::Them ? kTheirs : kMine;
     }
 
     std::span<const Side> m_sides;
+    bool m_listsAll; // also what is the same; then there are no sides
     CDesignSpecification m_result;
     std::vector<Change> m_changes;
     ValuePath m_path;                                                  // where it is
@@ -280,6 +286,12 @@ std::vector<Change> Changes(const CDesignSpecification& base, const CDesignSpeci
                             const CDesignSpecification& theirs)
 {
     return Comparison(base, mine, theirs, {}).TakeChanges();
+}
+
+std::vector<Change> AllValues(const CDesignSpecification& base, const CDesignSpecification& mine,
+                              const CDesignSpecification& theirs)
+{
+    return Comparison(base, mine, theirs, {}, true).TakeChanges();
 }
 
 bool HasConflict(const std::vector<Change>& changes)

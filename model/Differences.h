@@ -27,7 +27,8 @@ struct DifferingValue {
     CString path;  // as a value path is written; "Name" for the name; empty: what is not known
     CString label; // of the value: 设超高最小半径
     CString key;   // where in its table: 坡度 5%, 车速 80 km/h; empty when it is in none
-    ValuePath place = {}; // of `path`; without a criterion for the name and what is not known
+    ValuePath place = {};   // of `path`; without a criterion for the name and what is not known
+    CStringArray rows = {}; // what `key` is made of, for each step of `place` that has keys
 
     bool operator==(const DifferingValue& other) const
     {
@@ -57,6 +58,7 @@ enum class ChangedBy {
     Them,
     Both,     // to the same
     Conflict, // both, to something else
+    Nobody,   // only among all values
 };
 enum class Side { Mine, Theirs };
 
@@ -69,6 +71,11 @@ struct Change : DifferingValue {
 AFX_EXT_API std::vector<Change> Changes(const CDesignSpecification& base,
                                         const CDesignSpecification& mine,
                                         const CDesignSpecification& theirs);
+// The same with the values that are the same everywhere, in their places: without those of Nobody
+// it is Changes(base, mine, theirs).
+AFX_EXT_API std::vector<Change> AllValues(const CDesignSpecification& base,
+                                          const CDesignSpecification& mine,
+                                          const CDesignSpecification& theirs);
 AFX_EXT_API bool HasConflict(const std::vector<Change>& changes);
 // Mine with their changes. `sides` has an entry for each of Changes(base, mine, theirs), in their
 // order, and says whose value counts; where it is too short that is theirs when they alone have

@@ -40,7 +40,7 @@ Lines Told(const S& left, const S& right)
 
 Lines Told(const std::vector<Change>& changes)
 {
-    static constexpr const char* kBy[] = {"me", "them", "both", "conflict"};
+    static constexpr const char* kBy[] = {"me", "them", "both", "conflict", "nobody"};
     Lines lines;
     for (const Change& one : changes)
         lines.push_back(Head(one) + TextOf(one.base) + " / " + TextOf(one.mine) + " / " +
@@ -463,4 +463,38 @@ TEST(Changes, AreTheSameFromBothSides)
         std::sort(back.begin(), back.end());
         EXPECT_EQ(there, back) << seed;
     }
+}
+
+// All values
+
+TEST(AllValues, AreTheChangesWithWhatNobodyChanged)
+{
+    RandomSpecification random(47);
+    for (int i = 0; i < kTimes; ++i) {
+        const S base = random.Make();
+        const S mine = Varied(base, random);
+        const S theirs = Varied(base, random);
+        std::vector<Change> all = AllValues(base, mine, theirs);
+        const size_t listed = all.size();
+        std::erase_if(all, [](const Change& one) { return one.by == ChangedBy::Nobody; });
+        EXPECT_EQ(Told(all), Told(Changes(base, mine, theirs)));
+        EXPECT_LT(all.size(), listed);
+    }
+}
+
+TEST(AllValues, OfEqualOnesShowEachValueOnceAsItIs)
+{
+    S one;
+    one.SetName(L"甲");
+    const std::vector<Change> all = AllValues(one, one, one);
+    for (const Change& value : all) {
+        EXPECT_EQ(value.by, ChangedBy::Nobody) << ToUtf8(value.path);
+        EXPECT_EQ(value.mine, value.theirs) << ToUtf8(value.path);
+    }
+    const Lines lines = Told(all);
+    EXPECT_EQ(lines.front(), "|Name|名称|: 甲 / 甲 / 甲 nobody");
+    EXPECT_EQ(std::count(lines.begin(), lines.end(),
+                         "纵坡最小坡长|LonGradMinLen.MinLens[80]|最小坡长|车速 80 km/h: 290 m / "
+                         "290 m / 290 m nobody"),
+              1);
 }

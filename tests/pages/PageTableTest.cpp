@@ -1,5 +1,6 @@
 #include "pages/PageTable.h"
 #include "base/Text.h"
+#include "model/Criteria.h"
 
 #include <QTest>
 
@@ -38,6 +39,17 @@ TEST(PageTable, NamesItsPagesInTheOrderOfTheTree)
                          "纵断|最大合成坡度", "纵断|纵坡最大坡长", "纵断|纵坡最小坡长",
                          "纵断|竖曲线最小半径和长度", "超高加宽|超高规范", "超高加宽|超高",
                          "超高加宽|加宽"}));
+}
+
+TEST(PageTable, HasAPageForEachCriterionInItsGroup)
+{
+    const auto criteria = Criteria();
+    const auto pages = PageTable();
+    ASSERT_EQ(pages.size(), criteria.size());
+    for (size_t i = 0; i < pages.size(); ++i) {
+        EXPECT_EQ(CString(pages[i].group), criteria[i].group);
+        EXPECT_EQ(CString(pages[i].label), criteria[i].label);
+    }
 }
 
 TEST(PageTable, MakesPagesThatCanBeShown)
