@@ -50,6 +50,7 @@ const std::map<std::string, Folders> kMayInclude = {
     {"pages",
      {"app/input", "base", "model", "pages/framework", "platform/mfc", "platform/xtp/report",
       "platform/vmrd/VmHFCBaseU"}},
+    {"compare", {"model", "platform/mfc"}},
     {"app",
      {"base", "library", "model", "pages", "pages/framework", "platform/arx", "platform/mfc",
       "platform/vmrd/VMRDPrj", "platform/vmrd/VmHFCBaseU"}},
@@ -61,7 +62,7 @@ const std::map<std::string, Folders> kMayInclude = {
       "platform/vmrd/VMRDPub", "platform/vmrd/VmHFCBaseU"}},
 };
 
-const char* const kTopFolders[] = {"app",   "base",  "cli",      "host",      "library",
+const char* const kTopFolders[] = {"app",   "base",  "cli",      "compare",   "host", "library",
                                    "model", "pages", "platform", "roadcheck", "roads"};
 
 std::string FolderOf(const std::string& path)
