@@ -1,5 +1,6 @@
 #include "app/DSEditor.h"
 
+#include "app/CompareDialog.h"
 #include "app/DSMainDialog.h"
 #include "app/NameWaitDialog.h"
 #include "library/DesignSpecifications.h"
@@ -12,6 +13,12 @@ using namespace designspec;
 IMPLEMENT_DYNAMIC(CDSEditor, CStyleEditor)
 
 namespace {
+
+enum OwnCommand : unsigned { kCompare = kCommandsOfEditor };
+
+constexpr EditorCommand kOwnCommands[] = {
+    {kCompare, L"比较…", "Ctrl+Shift+C", 0, 2},
+};
 
 // The name that a new specification is proposed; empty when it is taken and stays so.
 CString NameForNew(const CStyle* from)
@@ -90,4 +97,19 @@ void CDSEditor::View(CStyle* style)
     CDSMainDialog dialog(style->Name(), false, nullptr, acedGetAcadFrame());
     dialog.SetViewMode(L"");
     dialog.DoModal();
+}
+
+std::span<const EditorCommand> CDSEditor::OwnCommands() const
+{
+    return kOwnCommands;
+}
+
+CString CDSEditor::RunOwn(unsigned command, const CArray<GUID>& selected)
+{
+    switch (command) {
+    case kCompare:
+        return CompareSpecifications(selected, acedGetAcadFrame());
+    default:
+        return {};
+    }
 }

@@ -16,4 +16,6 @@ public:
 
     void View(CStyle* style) override;
     bool EnableView() const override { return true; }
+    std::span<const designspec::EditorCommand> OwnCommands() const override;
+    CString RunOwn(unsigned command, const CArray<GUID>& selected) override;
 };

@@ -25,7 +25,9 @@ namespace designspec {
 
 namespace {
 
-constexpr int kMostLetters[] = {24, 16, 14, 6, 14, 12, 6}; // of a column, at first
+// Of the table's width, what a column may take beside the values.
+constexpr double kMostOfTitle = 0.36;
+constexpr double kMostOfPlace = 0.2;
 
 } // namespace
 
@@ -42,6 +44,7 @@ DifferenceView::DifferenceView(QWidget* parent)
     connect(m_tree, &DifferenceTree::Moved, this, &DifferenceView::ShowValues);
     connect(m_cells, &DifferenceCells::Moved, this, &DifferenceView::GoTo);
     connect(m_cells, &QTableWidget::itemSelectionChanged, this, &DifferenceView::ShowScope);
+    setFocusProxy(m_tree);
     Begin({}, {}, {});
 }
 
@@ -78,6 +81,7 @@ void DifferenceView::MakeTable()
     m_table->setShowGrid(false);
     m_table->setAlternatingRowColors(true);
     m_table->setWordWrap(false);
+    m_table->setTextElideMode(Qt::ElideMiddle);
     m_table->verticalHeader()->hide();
     m_table->verticalHeader()->setDefaultSectionSize(m_table->fontMetrics().height() * 3 / 2);
     m_table->horizontalHeader()->setHighlightSections(false);
@@ -110,6 +114,7 @@ QWidget* DifferenceView::MakeParts()
     for (QWidget* const part : {static_cast<QWidget*>(m_tree), static_cast<QWidget*>(m_table),
                                 static_cast<QWidget*>(m_cells)})
         part->installEventFilter(this);
+    m_table->viewport()->installEventFilter(this);
     return parts;
 }
 
@@ -230,16 +235,24 @@ void DifferenceView::ShowValues()
     ShowScope();
 }
 
+// The values share what is left: both are always to be seen.
 void DifferenceView::FitColumns()
 {
-    const int letter = fontMetrics().horizontalAdvance(u'程');
+    QHeaderView* const header = m_table->horizontalHeader();
+    const int whole = m_table->viewport()->width();
     for (int column = 0; column < m_model->columnCount(); ++column) {
+        const bool isValue = column == DifferenceModel::kLeft ||
+                             column == DifferenceModel::kRight || column == DifferenceModel::kWas;
+        header->setSectionResizeMode(column,
+                                     isValue ? QHeaderView::Stretch : QHeaderView::Interactive);
+        if (isValue) continue;
         m_table->resizeColumnToContents(column);
-        const int width = m_table->columnWidth(column) + letter / 2;
-        m_table->setColumnWidth(column,
-                                std::clamp(width, letter * 4, letter * kMostLetters[column]));
+        const double most = column == DifferenceModel::kTitle   ? kMostOfTitle
+                            : column == DifferenceModel::kPlace ? kMostOfPlace
+                                                                : 1;
+        const int width = std::min(m_table->columnWidth(column), static_cast<int>(whole * most));
+        m_table->setColumnWidth(column, width);
     }
-    m_table->horizontalHeader()->setStretchLastSection(true);
 }
 
 void DifferenceView::ShowCells()
@@ -279,6 +292,13 @@ std::vector<std::size_t> DifferenceView::SelectedValues() const
     return values;
 }
 
+// What has the focus; a button that was pressed is for what had it before.
+void DifferenceView::FindPart()
+{
+    QWidget* const focus = window()->focusWidget();
+    if (focus == m_tree || focus == m_table || focus == m_cells) m_part = focus;
+}
+
 // What the arrows act on.
 std::vector<std::size_t> DifferenceView::Scope() const
 {
@@ -310,6 +330,7 @@ QString DifferenceView::ScopeText() const
 
 void DifferenceView::ShowScope()
 {
+    FindPart();
     m_scope->setText(ScopeText());
     m_scope->setToolTip(ToToolTip(m_scope->text()));
     const std::vector<std::size_t> scope = Scope();
@@ -341,16 +362,19 @@ void DifferenceView::TakeAll(Choice choice)
 
 void DifferenceView::ToLeft()
 {
+    FindPart();
     Choose(Scope(), m_choices.IsOfThree() ? Choice::Left : Choice::Right);
 }
 
 void DifferenceView::ToRight()
 {
+    FindPart();
     Choose(Scope(), m_choices.IsOfThree() ? Choice::Right : Choice::Left);
 }
 
 void DifferenceView::TakeBack()
 {
+    FindPart();
     Choose(Scope(), Choice::None);
 }
 
@@ -369,6 +393,7 @@ void DifferenceView::Redo()
 // From one choice to the next that there is for the first of the selected values.
 void DifferenceView::Turn()
 {
+    FindPart();
     const std::vector<std::size_t> values = Scope();
     if (values.empty()) return;
     static constexpr Choice kTurns[] = {Choice::None, Choice::Right, Choice::Left};
@@ -384,10 +409,8 @@ void DifferenceView::Turn()
 
 bool DifferenceView::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::FocusIn) {
-        m_part = static_cast<QWidget*>(watched);
-        ShowScope();
-    }
+    if (event->type() == QEvent::FocusIn) ShowScope();
+    if (event->type() == QEvent::Resize && watched == m_table->viewport()) FitColumns();
     if (event->type() == QEvent::KeyPress && watched != m_tree &&
         static_cast<QKeyEvent*>(event)->key() == Qt::Key_Space) {
         Turn();

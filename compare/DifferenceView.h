@@ -81,6 +81,7 @@ private:
     void Renew();
     void ShowScope();
 
+    void FindPart();
     std::vector<std::size_t> Scope() const;
     std::vector<std::size_t> SelectedValues() const;
     QString ScopeText() const;

@@ -1,5 +1,7 @@
 #include "host/EditorTour.h"
 
+#include <algorithm>
+
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QDialog>
@@ -116,6 +118,21 @@ void EditorTour::Run(CStyle* style)
     if (m_editor.EnableView())
         VisitModals([&] { m_editor.View(style); }, {ShowAs(QObject::tr("查看模式"))});
     VisitModals([&] { m_editor.New(nullptr); }, {ShowAs(QObject::tr("新建"))});
+    ShowOwnCommands(style);
+}
+
+// With another style beside it where a command takes several.
+void EditorTour::ShowOwnCommands(const CStyle* style)
+{
+    const CStyles& styles = *m_editor.GetStyles();
+    for (const EditorCommand& command : m_editor.OwnCommands()) {
+        CArray<GUID> selected;
+        if (command.most > 0) selected.push_back(style->ID());
+        for (int i = 0; i < styles.Count() && selected.size() < std::min(command.most, size_t{2});
+             ++i)
+            if (styles.Item(i) != style) selected.push_back(styles.Item(i)->ID());
+        VisitModals([&] { m_editor.RunOwn(command.id, selected); }, {ShowByTitle()});
+    }
 }
 
 void EditorTour::ShowOthersChange(CStyle* style, const QString& theirs)

@@ -24,8 +24,9 @@ public:
 
     // The editing window, each page of its tree with the menus and input dialogs of its tables,
     // each kind once; the message about an empty name; the window for looking only; what comes
-    // first when a style is to be made. Pages are named by the items of the tree, with "-" between,
-    // what they open by its title. Everything is cancelled.
+    // first when a style is to be made, and what the editor's own commands open. Pages are named by
+    // the items of the tree, with "-" between, what they open by its title. Everything is
+    // cancelled.
     void Run(CStyle* style);
     // The window about a change of others: `theirs`, a file of styles, stands in the place of the
     // library's file of its name while the style is edited. In the end all is as it was. Shows
@@ -33,6 +34,7 @@ public:
     void ShowOthersChange(CStyle* style, const QString& theirs);
 
 private:
+    void ShowOwnCommands(const CStyle* style);
     void ShowEditing(QDialog* dialog, const QString& name);
     void ShowPages(QDialog* dialog, QTreeWidget* tree);
     void ShowPage(QDialog* dialog, const QString& page);

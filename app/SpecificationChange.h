@@ -1,0 +1,21 @@
+// Puts specifications of the library in the place of what they were, by its rules: what a page of
+// the editor would refuse is refused here too, and what others did meanwhile is settled.
+#pragma once
+
+#include "model/DesignSpecification.h"
+
+class QWidget;
+
+namespace designspec {
+
+// False, when it was not saved, with a message to the user; then the library has it as it was.
+// `opened` is the specification as it was when somebody began to work on it, `made` what it is to
+// be, under its own name and identity.
+bool StoreChanged(const CDesignSpecification& opened, const CDesignSpecification& made,
+                  QWidget* owner);
+
+// What a page of the editor would refuse of it that it would not have refused before, a line each;
+// empty when nothing is.
+CString RefusedBy(const CDesignSpecification& before, const CDesignSpecification& made);
+
+} // namespace designspec
