@@ -6,12 +6,12 @@
 #include <QFileDialog>
 
 #include "app/OthersChangeDialog.h"
+#include "app/SpecificationChange.h"
 #include "base/File.h"
 #include "base/Format.h"
 #include "base/Text.h"
 #include "library/DesignSpecifications.h"
 #include "library/StyleName.h"
-#include "model/Findings.h"
 #include "platform/mfc/MessageBox.h"
 #include "platform/mfc/QtText.h"
 #include "platform/vmrd/VmHFCBaseU/Trace.h"
@@ -33,12 +33,11 @@ bool HasChangeBy(const std::vector<Change>& changes, ChangedBy by)
                        [by](const Change& one) { return one.by == by; });
 }
 
-// Whether the pages would take it.
-bool CanBeStored(const CDesignSpecification& specification)
+// What the pages would not take, for the user.
+CString RefusalOf(const CDesignSpecification& made)
 {
-    const auto findings = Findings(specification);
-    return std::none_of(findings.begin(), findings.end(),
-                        [](const Finding& one) { return one.severity == Severity::Error; });
+    const CString refused = RefusedBy(CDesignSpecification(), made);
+    return refused.empty() ? CString() : L"这样选择不能保存, 编辑窗口不接受其中的值:\n" + refused;
 }
 
 CString NativeText(const CString& path)
@@ -100,26 +99,25 @@ CEditStore::Result CEditStore::Settle()
 CEditStore::Result CEditStore::SettleChanged(const ChangeByOthers& change)
 {
     const auto changes = Changes(m_opened, m_mine, *change.theirs);
-    const CDesignSpecification both = Merged(m_opened, m_mine, *change.theirs);
-    const bool isConflict = HasConflict(changes);
     // Where one has done all that the other has there is nothing to choose.
-    if (!isConflict &&
+    if (!HasConflict(changes) &&
         (!HasChangeBy(changes, ChangedBy::Me) || !HasChangeBy(changes, ChangedBy::Them)))
-        return Keep(both, change, false);
+        return Keep(Merged(m_opened, m_mine, *change.theirs), change, {});
     COthersChangeDialog dialog(
         Format(L"“%s”打开之后, 它的文件被别人修改了:\n%s\n\n"
-               L"下面是不同的值。没有保留的一方移至“规范/已删除”, 可以恢复。",
+               L"下面是不同的值, 可以逐个选择用谁的。没有保留的一方移至“规范/已删除”, 可以恢复。",
                m_opened.Name(), NativeText(change.path)),
-        changes, m_owner);
-    if (!isConflict && CanBeStored(both))
-        dialog.Offer(COthersChangeDialog::kKeepBoth, L"保留双方的修改(&A)");
+        m_owner);
+    dialog.Compare(m_opened, m_mine, *change.theirs, RefusalOf);
     dialog.Offer(COthersChangeDialog::kKeepMine, L"保留我的(&M)");
     dialog.Offer(COthersChangeDialog::kTakeTheirs, L"采用对方的(&T)");
     switch (dialog.DoModal()) {
-    case COthersChangeDialog::kKeepBoth:
-        return Keep(both, change, false);
+    case COthersChangeDialog::kAsChosen:
+        return Keep(dialog.Choices().Made(), change,
+                    {.theirs = !dialog.Choices().IsAllOf(Choice::Right),
+                     .mine = !dialog.Choices().IsAllOf(Choice::Left)});
     case COthersChangeDialog::kKeepMine:
-        return Keep(m_mine, change, true);
+        return Keep(m_mine, change, {.theirs = true});
     case COthersChangeDialog::kTakeTheirs:
         return TakeTheirs();
     default:
@@ -134,12 +132,12 @@ CEditStore::Result CEditStore::SettleGone(const ChangeByOthers& change)
                                           ? L"“%s”打开之后, 它的文件被别人删除或移走了:\n%s"
                                           : L"“%s”打开之后, 它的文件被别人修改, 现在无法读取:\n%s",
                                       m_opened.Name(), NativeText(change.path)),
-                               {}, m_owner);
+                               m_owner);
     dialog.Offer(COthersChangeDialog::kKeepMine, isRemoved ? L"重新保存我的(&M)" : L"保留我的(&M)");
     dialog.Offer(COthersChangeDialog::kTakeTheirs, L"不保存, 我的移至“已删除”(&T)");
     switch (dialog.DoModal()) {
     case COthersChangeDialog::kKeepMine:
-        return Keep(m_mine, change, !isRemoved);
+        return Keep(m_mine, change, {.theirs = !isRemoved});
     case COthersChangeDialog::kTakeTheirs:
         return TakeTheirs();
     default:
@@ -148,7 +146,7 @@ CEditStore::Result CEditStore::SettleGone(const ChangeByOthers& change)
 }
 
 CEditStore::Result CEditStore::Keep(const CDesignSpecification& wanted,
-                                    const ChangeByOthers& change, bool keepCopy)
+                                    const ChangeByOthers& change, Aside aside)
 {
     SpecificationFolder& folder = Folder();
     Outcome outcome;
@@ -168,12 +166,19 @@ CEditStore::Result CEditStore::Keep(const CDesignSpecification& wanted,
     }
 
     const CString file = change.path.substr(change.path.find_last_of(L"\\/") + 1);
-    if (keepCopy && folder.Files().KeepCopy(file, outcome.problems).empty()) {
+    if (aside.theirs && folder.Files().KeepCopy(file, outcome.problems).empty()) {
         held.reset();
         return Told(outcome);
     }
+    if (aside.mine) {
+        outcome = folder.SetAside(m_mine);
+        if (!outcome.done) {
+            held.reset();
+            return Told(outcome);
+        }
+    }
     if (!now) {
-        if (keepCopy) folder.Files().Delete(file, outcome.problems);
+        if (aside.theirs) folder.Files().Delete(file, outcome.problems);
         CDesignSpecification& added = folder.Add(std::make_unique<CDesignSpecification>(wanted));
         outcome = folder.Save(added);
         if (!outcome.done) folder.TakeOut(folder.IndexOf(added));
@@ -200,7 +205,7 @@ CEditStore::Result CEditStore::SaveElsewhere(const CDesignSpecification& entered
                                       L"文件夹不会重新建立。可以把规范另存为文件, 存入另一个项目, "
                                       L"或者等文件夹恢复之后再按确定。",
                                       entered.Name(), NativeText(Folder().Files().Path())),
-                               {}, owner);
+                               owner);
     dialog.SetWindowText(L"项目文件夹已不存在");
     dialog.Offer(COthersChangeDialog::kKeepMine, L"另存为文件...(&S)");
     dialog.Offer(COthersChangeDialog::kOtherProject, L"存入另一个项目...(&P)");

@@ -32,8 +32,12 @@ private:
 
     Result SettleChanged(const ChangeByOthers& change);
     Result SettleGone(const ChangeByOthers& change);
-    // Saves it; a copy of their file is kept first if wanted.
-    Result Keep(const CDesignSpecification& wanted, const ChangeByOthers& change, bool keepCopy);
+    // Who loses something, and gets a copy among the deleted ones.
+    struct Aside {
+        bool theirs = false;
+        bool mine = false;
+    };
+    Result Keep(const CDesignSpecification& wanted, const ChangeByOthers& change, Aside aside);
     Result TakeTheirs();
     Result Told(const designspec::Outcome& outcome) const;
     static Result Told(const designspec::Outcome& outcome, QWidget* owner);

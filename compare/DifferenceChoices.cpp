@@ -120,6 +120,16 @@ int DifferenceChoices::Unsettled() const
     return m_isOfThree ? count : 0;
 }
 
+bool DifferenceChoices::IsAllOf(Choice side) const
+{
+    const ChangedBy alone = side == Choice::Left ? ChangedBy::Me : ChangedBy::Them;
+    for (std::size_t i = 0; i < m_values.size(); ++i) {
+        const ChangedBy by = m_values[i].by;
+        if ((by == alone || by == ChangedBy::Conflict) && Of(i) != side) return false;
+    }
+    return true;
+}
+
 // The left one with what is chosen of the right.
 CDesignSpecification DifferenceChoices::MadeWith(Choice none) const
 {

@@ -55,6 +55,8 @@ public:
     bool IsRightChanged() const;
     // How many conflicts of three are not settled.
     int Unsettled() const;
+    // Whether all counts of three that the side has changed.
+    bool IsAllOf(Choice side) const;
 
     // The sides of two with what was taken to them: names and identities are their own.
     CDesignSpecification MadeLeft() const;

@@ -12,6 +12,7 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QSplitter>
+#include <QStyledItemDelegate>
 #include <QTableView>
 
 #include "compare/ControlIds.h"
@@ -28,6 +29,19 @@ namespace {
 // Of the table's width, what a column may take beside the values.
 constexpr double kMostOfTitle = 0.36;
 constexpr double kMostOfPlace = 0.2;
+
+// A title is told by its page and by its end.
+class TitleDelegate : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        option->textElideMode = Qt::ElideMiddle;
+    }
+};
 
 } // namespace
 
@@ -81,7 +95,7 @@ void DifferenceView::MakeTable()
     m_table->setShowGrid(false);
     m_table->setAlternatingRowColors(true);
     m_table->setWordWrap(false);
-    m_table->setTextElideMode(Qt::ElideMiddle);
+    m_table->setItemDelegateForColumn(DifferenceModel::kTitle, new TitleDelegate(m_table));
     m_table->verticalHeader()->hide();
     m_table->verticalHeader()->setDefaultSectionSize(m_table->fontMetrics().height() * 3 / 2);
     m_table->horizontalHeader()->setHighlightSections(false);

@@ -295,7 +295,7 @@ TEST_F(CompareDialog, WhatOthersChangedMeanwhileIsSettled)
         theirs.CircularCurveRad.MaxRad = 8000;
         ASSERT_TRUE(folder.Save(theirs).done);
         const ExpectModal settle(
-            [](QWidget* shown) { Click(shown, COthersChangeDialog::kKeepBoth); });
+            [](QWidget* shown) { Click(shown, COthersChangeDialog::kAsChosen); });
         Click(window, IDOK);
     });
     EXPECT_EQ(Stored(L"甲"), 30);

@@ -6,12 +6,14 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTableView>
 
 #include <gtest/gtest.h>
 #include <unistd.h>
 
 #include "app/DSMainDialog.h"
 #include "app/OthersChangeDialog.h"
+#include "compare/ControlIds.h"
 #include "tests/app/AppTest.h"
 
 namespace {
@@ -74,12 +76,12 @@ protected:
     }
     static std::vector<std::string> Lines(QWidget* window)
     {
-        const auto* const list = Control<QTreeWidget>(window, D::kList);
+        const auto& model = *Control<QTableView>(window, CompareId::Values)->model();
         std::vector<std::string> lines;
-        for (int row = 0; row < list->topLevelItemCount(); ++row) {
+        for (int row = 0; row < model.rowCount(); ++row) {
             QStringList texts;
-            for (int column = 0; column < list->columnCount(); ++column)
-                texts.append(list->topLevelItem(row)->text(column));
+            for (int column = 0; column < model.columnCount(); ++column)
+                texts.append(model.index(row, column).data().toString());
             lines.push_back(texts.join(QStringLiteral("|")).toStdString());
         }
         return lines;
@@ -120,9 +122,9 @@ TEST_F(EditStore, DifferentValuesAreBothKept)
         [](QWidget* window) {
             EXPECT_EQ(Lines(window),
                       (std::vector<std::string>{
-                          "直线长度 · 最大直线长度|25 倍设计速度(km/h)|20 倍设计速度(km/h)|"
-                          "20 倍设计速度(km/h)|我",
-                          "圆曲线半径 · 圆曲线最大半径|10000 m|8000 m|10000 m|对方"}));
+                          "直线长度 · 最大直线长度||25 倍设计速度(km/h)|◀ 我的|"
+                          "20 倍设计速度(km/h)|20 倍设计速度(km/h)|我",
+                          "圆曲线半径 · 圆曲线最大半径||10000 m|对方的 ▶|8000 m|10000 m|对方"}));
             const QString notice = Control<QLabel>(window, D::kNotice)->text();
             EXPECT_TRUE(notice.contains(QStringLiteral("规范/甲"))) << notice.toStdString();
             PressKey(window, Qt::Key_Return);
@@ -149,11 +151,43 @@ TEST_F(EditStore, TheirsIsTakenAndMineSetAside)
     EXPECT_EQ(MarkOf(L"甲"), 30);
 }
 
+TEST_F(EditStore, AConflictIsSettledValueByValue)
+{
+    const auto change = [](S& theirs) {
+        kLongest(theirs);
+        kRadius(theirs);
+    };
+    const auto choose = [](int arrow) {
+        return [arrow](QWidget* window) {
+            Control(window, CompareId::Values)->setFocus();
+            Click(window, arrow); // the first value is the conflict
+            Click(window, D::kAsChosen);
+        };
+    };
+    EXPECT_EQ(RunEdited([&] { Colleague(change); }, choose(CompareId::ToLeft)), IDOK);
+    EXPECT_EQ(Stored().BeelineLen.MaxLen, 25);
+    EXPECT_EQ(Stored().CircularCurveRad.MaxRad, 8000);
+    EXPECT_EQ(SetAsideMark(), 30) << "theirs has lost a value";
+}
+
+TEST_F(EditStore, WhatIGiveUpValueByValueIsSetAside)
+{
+    const auto choose = [](QWidget* window) {
+        Control(window, CompareId::Values)->setFocus();
+        Click(window, CompareId::ToRight);
+        Click(window, D::kAsChosen);
+    };
+    EXPECT_EQ(RunEdited([this] { Colleague(kLongest); }, choose), IDOK);
+    EXPECT_EQ(Stored().BeelineLen.MaxLen, 30);
+    EXPECT_EQ(MarkOf(L"甲"), 30);
+    EXPECT_EQ(SetAsideMark(), 25);
+}
+
 TEST_F(EditStore, GoingBackChangesNothing)
 {
     const ModalAction back = [this](QWidget* window) {
         EXPECT_FALSE(
-            Control(window, D::kKeepBoth)->isVisible()); // both have changed the same value
+            Control(window, D::kAsChosen)->isEnabled()); // both have changed the same value
         PressKey(window, Qt::Key_Escape);
     };
     EXPECT_EQ(RunEdited([this] { Colleague(kLongest); }, back), IDCANCEL);
@@ -222,8 +256,8 @@ TEST_F(EditStore, ANameGivenByTheColleagueIsKeptWithMyValue)
 {
     const auto rename = [this] { Colleague([](S&) {}, L"乙"); };
     const int result = RunEdited(rename, [](QWidget* window) {
-        EXPECT_EQ(Lines(window)[0], "名称|甲|乙|甲|对方");
-        Click(window, D::kKeepBoth);
+        EXPECT_EQ(Lines(window)[0], "名称||甲|对方的 ▶|乙|甲|对方");
+        Click(window, D::kAsChosen);
     });
     EXPECT_EQ(result, IDOK);
     EXPECT_EQ(Stored(L"乙").BeelineLen.MaxLen, 25);
@@ -244,7 +278,7 @@ TEST_F(EditStore, MyNameIsKeptWithTheirValue)
     EXPECT_EQ(Run([this](QWidget* window) {
                   TypeInto(window, 108, L"丙");
                   Colleague(kRadius);
-                  const ExpectModal settle(Choose(D::kKeepBoth));
+                  const ExpectModal settle(Choose(D::kAsChosen));
                   Click(window, IDOK);
               }),
               IDOK);
@@ -257,7 +291,7 @@ TEST_F(EditStore, ARemovedOneIsSavedAnewOrSetAside)
     const auto remove = [this] { ColleagueRemoves(); };
     EXPECT_EQ(RunEdited(remove,
                         [](QWidget* window) {
-                            EXPECT_FALSE(Control(window, D::kList)->isVisible());
+                            EXPECT_FALSE(Control(window, D::kPlace)->isVisible());
                             EXPECT_TRUE(Control<QLabel>(window, D::kNotice)
                                             ->text()
                                             .contains(QStringLiteral("被别人删除或移走")));
@@ -342,14 +376,22 @@ TEST_F(EditStore, WhoHoldsTheProjectIsToldAndWhatWasEnteredStays)
     EXPECT_EQ(Stored().BeelineLen.MaxLen, 25);
 }
 
-TEST_F(EditStore, BothThatNoPageWouldTakeTogetherAreNotOffered)
+TEST_F(EditStore, BothThatNoPageWouldTakeTogetherAreRefused)
 {
     const auto colleague = [this] {
         Colleague([](S& theirs) { theirs.TransitionCurveMinLen.MinLen.RemoveAll(); });
     };
     EXPECT_EQ(RunEdited(colleague,
                         [](QWidget* window) {
-                            EXPECT_FALSE(Control(window, D::kKeepBoth)->isVisible());
+                            {
+                                const ExpectModal box([](QWidget* shown) {
+                                    EXPECT_TRUE(ReadMessage(shown).text.starts_with(
+                                        L"这样选择不能保存, 编辑窗口不接受其中的值:\n"));
+                                    PressKey(shown, Qt::Key_Return);
+                                });
+                                Click(window, D::kAsChosen);
+                            }
+                            EXPECT_TRUE(window->isVisible());
                             Click(window, IDCANCEL);
                         }),
               IDCANCEL);
@@ -364,7 +406,7 @@ TEST_F(EditStore, WhatAPageRoundsIsNotMine)
     const int result = RunEdited([this] { Colleague(kRadius); },
                                  [](QWidget* window) {
                                      EXPECT_EQ(Lines(window).size(), 2u);
-                                     Click(window, D::kKeepBoth);
+                                     Click(window, D::kAsChosen);
                                  });
     EXPECT_EQ(result, IDOK);
     EXPECT_EQ(Stored().LonGrad.MinGrad, 0.349);
