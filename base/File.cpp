@@ -467,6 +467,21 @@ bool MoveFile(const std::wstring& source, const std::wstring& target, Problems& 
     return FlushFolderOf(target, kWhat, problems) && FlushFolderOf(source, kWhat, problems);
 }
 
+bool LinkFile(const std::wstring& source, const std::wstring& target)
+{
+    if (IsNoPath(source) || IsNoPath(target)) return false;
+    const std::string native = NativePath(target);
+    if (link(NativePath(source).c_str(), native.c_str()) != 0) return false;
+    if (FlushNative(FolderOf(native)) == 0) return true;
+    unlink(native.c_str());
+    return false;
+}
+
+void DropFile(const std::wstring& path)
+{
+    if (!IsNoPath(path)) static_cast<void>(!unlink(NativePath(path).c_str()));
+}
+
 bool DeleteFile(const std::wstring& path, Problems& problems)
 {
     static constexpr wchar_t kWhat[] = L"无法删除";
@@ -482,13 +497,16 @@ void RemoveEmptyFolder(const std::wstring& path)
     if (!IsNoPath(path)) static_cast<void>(!rmdir(NativePath(path).c_str()));
 }
 
-bool CreateFolder(const std::wstring& path, Problems& problems)
+bool CreateFolder(const std::wstring& path, Problems& problems, const std::wstring& like)
 {
     static constexpr wchar_t kWhat[] = L"文件夹无法创建";
     if (IsNoPath(path)) return Fail(path, kWhat, EINVAL, problems);
     std::error_code error;
     const std::string native = NativePath(path);
     const bool isNew = std::filesystem::create_directories(native, error);
+    struct stat model = {};
+    if (isNew && !IsNoPath(like) && stat(NativePath(like).c_str(), &model) == 0)
+        static_cast<void>(!chmod(native.c_str(), model.st_mode & 07777));
     if (!error && std::filesystem::is_directory(native, error))
         return !isNew || FlushFolder(path + L"/..", problems);
     return Fail(path, kWhat, error.value(), problems);

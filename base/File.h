@@ -72,12 +72,21 @@ bool CopyFile(const std::wstring& source, const std::wstring& target, Problems& 
 // it led. Flushed to disk, as deleting is: what was moved or deleted does not come back after a
 // power failure.
 bool MoveFile(const std::wstring& source, const std::wstring& target, Problems& problems);
+// Gives a file a second name on the same disk, flushed; nothing may be there yet. False, without a
+// problem, where that cannot be: then there is no second name. Whoever writes into one of them
+// changes both; WriteWholeFile does not.
+bool LinkFile(const std::wstring& source, const std::wstring& target);
 // False when it is there and cannot be deleted, or when it is not there (no problem is added then).
 bool DeleteFile(const std::wstring& path, Problems& problems);
 
+// Deletes a file that does no harm when it stays or comes back: it is not flushed, and no problem
+// is added.
+void DropFile(const std::wstring& path);
+
 // Removes a folder in which nothing stands; any other stays, without a problem.
 void RemoveEmptyFolder(const std::wstring& path);
-// Makes the folder and what is missing above it. True when it is there afterwards.
-bool CreateFolder(const std::wstring& path, Problems& problems);
+// Makes the folder and what is missing above it. True when it is there afterwards. A new one may be
+// used by those who may use the folder at `like`, if there is one, as far as the system lets it be.
+bool CreateFolder(const std::wstring& path, Problems& problems, const std::wstring& like = {});
 
 } // namespace designspec

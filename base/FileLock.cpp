@@ -8,13 +8,13 @@
 #include <thread>
 
 #include <fcntl.h>
-#include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include "base/File.h"
 #include "base/Format.h"
 #include "base/Text.h"
+#include "base/UserName.h"
 
 namespace designspec {
 
@@ -29,10 +29,8 @@ std::string OwnName()
 {
     std::array<char, 256> host{};
     gethostname(host.data(), host.size() - 1);
-    const passwd* const user = getpwuid(geteuid());
-    const std::string name = user ? user->pw_name : std::to_string(geteuid());
-    return name + "@" + host.data() + " " + program_invocation_short_name + " (进程 " +
-           std::to_string(getpid()) + ")";
+    return ToUtf8(UserName()) + "@" + host.data() + " " + program_invocation_short_name +
+           " (进程 " + std::to_string(getpid()) + ")";
 }
 
 std::wstring HolderOf(const std::string& path)

@@ -1,5 +1,6 @@
 #include "library/SpecificationFiles.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "base/File.h"
@@ -55,10 +56,10 @@ CString SpecificationFiles::FileOf(const CDesignSpecification& specification) co
 
 bool SpecificationFiles::Save(const CDesignSpecification& specification, Problems& problems)
 {
-    return Save(specification, false, problems);
+    return Save(specification, Saving{}, problems);
 }
 
-bool SpecificationFiles::Save(const CDesignSpecification& specification, bool isKept,
+bool SpecificationFiles::Save(const CDesignSpecification& specification, const Saving& how,
                               Problems& problems)
 {
     const CString name = specification.Name();
@@ -72,15 +73,25 @@ bool SpecificationFiles::Save(const CDesignSpecification& specification, bool is
     if (!held) return false;
     FindStrangers(specification.ID());
     return MoveOthersOut(file, specification.ID(), problems) &&
-           (isKept || KeepOthers(file, problems)) && Write(specification, problems) &&
+           (how.isKept || KeepOthers(file, problems)) &&
+           Write(specification, how.oldFile, problems) &&
            SetOthersAside(specification.ID(), file, problems);
 }
 
-bool SpecificationFiles::Write(const CDesignSpecification& specification, Problems& problems)
+// Whatever held it before is a version of it from now on.
+bool SpecificationFiles::Write(const CDesignSpecification& specification, const CString& oldFile,
+                               Problems& problems)
 {
+    const CString file = FileNameFor(specification);
+    StyleFolder::Replaced replaced{specification.ID(), {}};
+    for (const Origin& origin : m_origins.Of(specification.ID()))
+        replaced.files.push_back(origin.file);
+    for (const CString& one : {oldFile, file})
+        if (!one.empty() && std::ranges::find(replaced.files, one) == replaced.files.end())
+            replaced.files.push_back(one);
     StyleStore store;
     store.Store(specification);
-    return m_files.Save(FileNameFor(specification), store.Root(), problems);
+    return m_files.Save(file, store.Root(), replaced, problems);
 }
 
 // The new content comes in place of the old one, a copy of which is kept first. It stays even when
@@ -92,7 +103,7 @@ bool SpecificationFiles::SaveOver(const CDesignSpecification& specification, Pro
     const auto there = m_files.Has(file, problems);
     if (!there) return false;
     if (!*there) return Save(specification, problems);
-    return !m_files.KeepCopy(file, problems).empty() && Save(specification, true, problems);
+    return !m_files.KeepCopy(file, problems).empty() && Save(specification, {true}, problems);
 }
 
 // The new file is there before the old one goes: at no moment is there none.
@@ -106,8 +117,8 @@ bool SpecificationFiles::SaveRenamed(const CDesignSpecification& specification,
     if (!MoveOthersOut(old.file, old.id, problems)) return false;
     // It is deleted below, not set aside.
     m_origins.Remove(old.id, old.file);
-    const bool done =
-        Save(specification, problems) && DeleteOld(old.file, FileNameFor(specification), problems);
+    const bool done = Save(specification, {false, old.file}, problems) &&
+                      DeleteOld(old.file, FileNameFor(specification), problems);
     if (!done) m_origins.Add(old);
     return done;
 }
@@ -161,7 +172,7 @@ bool SpecificationFiles::MoveOthersOut(const CString& file, const GUID& id, Prob
         if (its == id || m_origins.HasElsewhere(its, file)) continue;
         const CDesignSpecification* other = m_list.Find(its);
         if (!other) continue;
-        if (!FileNameProblem(other->Name()).empty() || !Write(*other, problems)) return false;
+        if (!FileNameProblem(other->Name()).empty() || !Write(*other, {}, problems)) return false;
         m_origins.Move(its, file, FileNameFor(*other));
     }
     return KeepUnread(file, id, problems);

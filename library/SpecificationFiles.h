@@ -38,9 +38,13 @@ public:
     bool SetVersionAside(const CDesignSpecification& version, Problems& problems);
 
 private:
-    // `isKept`: what the file holds is among the deleted ones already.
-    bool Save(const CDesignSpecification& specification, bool isKept, Problems& problems);
-    bool Write(const CDesignSpecification& specification, Problems& problems);
+    struct Saving {
+        bool isKept = false; // what the file holds is among the deleted ones already
+        CString oldFile{};   // where the specification stood before it got another name
+    };
+    bool Save(const CDesignSpecification& specification, const Saving& how, Problems& problems);
+    bool Write(const CDesignSpecification& specification, const CString& oldFile,
+               Problems& problems);
     void FindStrangers(const GUID& id);
     bool KeepOthers(const CString& file, Problems& problems);
     bool MoveOthersOut(const CString& file, const GUID& id, Problems& problems);

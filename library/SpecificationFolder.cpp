@@ -23,12 +23,25 @@ constexpr size_t kSettingLength = 255; // characters of a setting that are read
 constexpr std::chrono::milliseconds kReaderPatience{1000};
 constexpr int kTries = 5; // to read a folder that others are changing
 
-// What the other folder has under that name goes among its deleted ones.
+void KeepVersions(const StyleFolder& target, const StyleFolder& files, const CString& file,
+                  Problems& problems)
+{
+    Problems unread; // copying it tells
+    std::string next;
+    const auto replaced = target.Entries(file, unread);
+    if (!replaced || !ReadWholeFile(files.PathOf(file), next, unread)) return;
+    for (const StyleEntry& entry : *replaced)
+        target.KeepVersions({entry.id, {file}}, next, problems);
+}
+
+// What the other folder has under that name goes among its deleted ones, and is a version of what
+// comes.
 bool CopyTo(StyleFolder& target, const StyleFolder& files, const CString& file, Problems& problems)
 {
     const auto there = target.Has(file, problems);
     if (!there) return false;
     if (*there && IsSameContent(files.PathOf(file), target.PathOf(file))) return true;
+    if (*there) KeepVersions(target, files, file, problems);
     return (!*there || !target.KeepCopy(file, problems).empty()) &&
            CopyFile(files.PathOf(file), target.PathOf(file), problems);
 }

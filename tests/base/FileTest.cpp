@@ -533,6 +533,47 @@ TEST_F(File, WhatCannotBeMovedOrDeletedIsTold)
     ExpectProblem(m_folder.Path(L"folder"), L"无法删除: 是文件夹,不是文件");
 }
 
+TEST_F(File, HasASecondNameUntilItIsWrittenAnew)
+{
+    const std::wstring a = m_folder.Write("a", "one");
+    const std::wstring b = m_folder.Path(L"b");
+    EXPECT_TRUE(LinkFile(a, b));
+    EXPECT_EQ(fs::hard_link_count(m_folder.Native("a")), 2U);
+    EXPECT_FALSE(LinkFile(a, b)) << "it is there";
+    EXPECT_FALSE(LinkFile(m_folder.Path(L"none"), m_folder.Path(L"c")));
+    EXPECT_FALSE(LinkFile(L"", m_folder.Path(L"c")));
+    EXPECT_FALSE(LinkFile(a, L""));
+    EXPECT_FALSE(LinkFile(a, std::wstring(L"/proc/self/x")));
+    EXPECT_TRUE(WriteWholeFile(a, "two", m_problems));
+    EXPECT_EQ(m_folder.Read("b"), "one");
+    ExpectSilence();
+}
+
+TEST_F(File, IsDroppedWithoutAWord)
+{
+    const std::wstring a = m_folder.Write("a", "one");
+    DropFile(a);
+    EXPECT_FALSE(m_folder.Has("a"));
+    DropFile(a);
+    DropFile(L"");
+    m_folder.Write("b", "one");
+    DropFile(m_folder.Path(std::wstring_view(L"b\0c", 3)));
+    EXPECT_TRUE(m_folder.Has("b"));
+}
+
+TEST_F(File, MakesAFolderForThoseWhoMayUseAnother)
+{
+    fs::create_directory(m_folder.Native("model"));
+    fs::permissions(m_folder.Native("model"), fs::perms(0770));
+    EXPECT_TRUE(CreateFolder(m_folder.Path(L"new"), m_problems, m_folder.Path(L"model")));
+    EXPECT_EQ(fs::status(m_folder.Native("new")).permissions(), fs::perms(0770));
+    fs::permissions(m_folder.Native("model"), fs::perms(0700));
+    EXPECT_TRUE(CreateFolder(m_folder.Path(L"new"), m_problems, m_folder.Path(L"model")));
+    EXPECT_EQ(fs::status(m_folder.Native("new")).permissions(), fs::perms(0770)) << "not new";
+    EXPECT_TRUE(CreateFolder(m_folder.Path(L"other"), m_problems, m_folder.Path(L"none")));
+    ExpectSilence();
+}
+
 TEST_F(File, MakesAFolderWithWhatIsMissingAboveIt)
 {
     EXPECT_TRUE(CreateFolder(m_folder.Path(L"规范\\已删除"), m_problems));

@@ -17,7 +17,7 @@
 #include <unistd.h>
 
 #include "base/Text.h"
-#include "library/SpecificationFolder.h"
+#include "library/SpecificationHistory.h"
 #include "tests/support/LibraryTest.h"
 
 using namespace designspec;
@@ -232,6 +232,18 @@ int rename(const char* from, const char* to) noexcept
     return MustFail() ? -1 : real(from, to);
 }
 
+int link(const char* from, const char* to) noexcept
+{
+    static const auto real = Real<int(const char*, const char*)>("link");
+    return MustFail() ? -1 : real(from, to);
+}
+
+int chmod(const char* path, mode_t mode) noexcept
+{
+    static const auto real = Real<int(const char*, mode_t)>("chmod");
+    return MustFail() ? -1 : real(path, mode);
+}
+
 int unlink(const char* path) noexcept
 {
     static const auto real = Real<int(const char*)>("unlink");
@@ -359,6 +371,45 @@ TEST_F(FaultyDisk, SaveLeavesTheOldContentOrTheNew)
                 EXPECT_TRUE(loaded.at(kIdA) == m_new);
             }
         });
+}
+
+// With content that was there before, and with one that was not. What is not there any more is a
+// version, or it was told that it is not.
+TEST_F(FaultyDisk, SaveLosesNoVersionThatItReplaced)
+{
+    const CDesignSpecification third = Make(L"m", 3, kIdA);
+    for (const bool again : {false, true}) {
+        FailEachInTurn(
+            12,
+            [&] {
+                AddSaved(m_old);
+                At(0) = m_new;
+                ASSERT_TRUE(Library().Save(&At(0)));
+                if (!again) return;
+                At(0) = m_old;
+                ASSERT_TRUE(Library().Save(&At(0)));
+            },
+            [&] {
+                At(0) = third;
+                return Library().Save(&At(0));
+            },
+            [&](bool) {
+                const CDesignSpecification& replaced = again ? m_old : m_new;
+                const bool isTold = m_trace.Text().find(L"没有存入历史") != CString::npos;
+                Problems problems;
+                std::vector<CDesignSpecification> kept;
+                for (const auto& version : VersionsOf(Library().Folder(), m_old.ID(), problems)) {
+                    const auto one = ReadVersion(version, m_old.ID(), problems);
+                    ASSERT_TRUE(one);
+                    kept.push_back(*one);
+                }
+                EXPECT_TRUE(problems.empty());
+                EXPECT_TRUE(kept.back() == m_old);
+                if (Loaded().at(kIdA) == third) {
+                    EXPECT_TRUE(kept.front() == replaced || isTold);
+                }
+            });
+    }
 }
 
 TEST_F(FaultyDisk, SaveOfTheFirstSpecificationLeavesNothingOrAll)

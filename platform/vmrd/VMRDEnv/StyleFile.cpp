@@ -67,6 +67,15 @@ bool HasID(const CXTPPropExchange& style, const GUID& id)
     return VMRDPub::ParseGUID(style.Attribute(L"ID"), found) && found == id;
 }
 
+void Reduce(const CXTPPropExchange& root, const CString& library, const GUID& id, bool keepIt)
+{
+    CXTPPropExchangeEnumerator all = root.GetEnumerator((StylesPath(library) + L"/Style").c_str());
+    while (all.HasNext()) {
+        CXTPPropExchange style = all.GetNext();
+        if (HasID(style, id) != keepIt) style.RemoveSection();
+    }
+}
+
 std::vector<StyleEntry> StyleEntries(const CXTPPropExchange& root, const CString& library)
 {
     std::vector<StyleEntry> entries;

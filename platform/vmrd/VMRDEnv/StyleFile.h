@@ -41,6 +41,9 @@ AFX_EXT_API bool HasID(const CXTPPropExchange& style, const GUID& id);
 // taken to hold that one.
 AFX_EXT_API bool HoldsStyle(const CXTPPropExchange& root, const CString& library, const GUID& id);
 
+// Leaves of the library's styles in the document those that are, or are not, of that identity.
+void Reduce(const CXTPPropExchange& root, const CString& library, const GUID& id, bool keepIt);
+
 // A style of a file; one without a readable identity has another one each time it is asked for.
 struct StyleEntry {
     CString name;

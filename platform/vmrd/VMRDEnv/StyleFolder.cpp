@@ -9,6 +9,7 @@
 #include "base/Text.h"
 #include "platform/vmrd/VMRDEnv/StyleRemoval.h"
 #include "platform/vmrd/VMRDEnv/StyleReturn.h"
+#include "platform/vmrd/VMRDPub/VMRDPub.h"
 
 namespace designspec {
 
@@ -102,6 +103,11 @@ bool StyleFolder::HasPlace() const
 CString StyleFolder::PathOf(const CString& file) const
 {
     return InFolder(m_path, file);
+}
+
+StyleHistory StyleFolder::History() const
+{
+    return StyleHistory(InFolder(m_path, L"历史"));
 }
 
 DeletedStyles StyleFolder::Aside() const
@@ -199,15 +205,62 @@ bool StyleFolder::Load(const CString& file, CXTPPropExchangeXMLNode& root, Probl
 
 bool StyleFolder::Save(const CString& file, const CXTPPropExchangeXMLNode& root, Problems& problems)
 {
+    return Save(file, root, {}, problems);
+}
+
+bool StyleFolder::Save(const CString& file, const CXTPPropExchangeXMLNode& root,
+                       const Replaced& replaced, Problems& problems)
+{
     const Held held = Hold(problems);
     if (!held) return false;
     if (!std::exchange(m_tidied, true))
         for (const CString& folder : {m_path, DeletedPath()})
             DeleteLeftTemporaries(folder);
     const std::string bytes = root.SaveToBytes();
+    KeepVersions(replaced, bytes, problems);
     const bool saved = WriteWholeFile(PathOf(file), bytes, problems);
     if (saved) m_known.Set(file, bytes, Identities(root, m_library));
     return saved;
+}
+
+// The file as it is when the style is all that it holds; else a document of the style alone, with
+// its identity. Nothing when it does not hold it, and with a problem when it cannot be read.
+std::optional<std::string> StyleFolder::VersionIn(const CString& file, const GUID& id,
+                                                  Problems& problems) const
+{
+    const CString path = PathOf(file);
+    std::string bytes;
+    CXTPPropExchangeXMLNode root(false, kStyleLibraryRoot);
+    if (!PathFileExists(path, problems).value_or(false) || !ReadWholeFile(path, bytes, problems) ||
+        !root.LoadFromBytes(bytes, path))
+        return std::nullopt;
+    const std::vector<StyleEntry> entries = StyleEntries(root, m_library);
+    if (CountOf(id, entries) > 0) {
+        if (entries.size() == 1) return bytes;
+        Reduce(root, m_library, id, true);
+        return root.SaveToBytes();
+    }
+    if (entries.size() != 1) return std::nullopt;
+    CXTPPropExchange style =
+        root.GetEnumerator((StylesPath(m_library) + L"/Style").c_str()).GetNext();
+    CString identity = VMRDPub::GUIDToStr(id);
+    style.EnableCompactMode(true);
+    PX_String(&style, L"ID", identity);
+    return root.SaveToBytes();
+}
+
+void StyleFolder::KeepVersions(const Replaced& replaced, std::string_view next,
+                               Problems& problems) const
+{
+    for (const CString& file : replaced.files) {
+        Problems unkept;
+        const auto version = VersionIn(file, replaced.id, unkept);
+        if (version) History().Keep(replaced.id, *version, next, PathOf(file), unkept);
+        for (Problem& one : unkept) {
+            one.text = L"以前的内容没有存入历史(保存照常进行): " + one.text;
+            problems.push_back(std::move(one));
+        }
+    }
 }
 
 bool StyleFolder::Delete(const CString& file, Problems& problems)

@@ -2,7 +2,7 @@
 // when it was last loaded or saved here: what is in it otherwise was written by somebody else.
 //
 // Deleted styles are set aside, not lost: their files go to the folder 已删除 inside this one, from
-// where they can be brought back.
+// where they can be brought back. What saving replaces is kept in the folder 历史 inside this one.
 #pragma once
 
 #include <chrono>
@@ -14,6 +14,7 @@
 #include "platform/vmrd/VMRDEnv/DeletedStyles.h"
 #include "platform/vmrd/VMRDEnv/KnownFiles.h"
 #include "platform/vmrd/VMRDEnv/StyleFile.h"
+#include "platform/vmrd/VMRDEnv/StyleHistory.h"
 
 namespace designspec {
 
@@ -62,6 +63,8 @@ public:
     const CString& Path() const { return m_path; }
     CString DeletedPath() const;
     AFX_EXT_PRIVATE DeletedStyles Aside() const;
+    // What styles were before.
+    AFX_EXT_PRIVATE StyleHistory History() const;
     const CString& Library() const { return m_library; }
     // False when the folder that this one stands in, the project's, is not there.
     bool HasPlace() const;
@@ -94,6 +97,17 @@ public:
     // Makes the folder when there is none, but not the project's. Whole or not at all. The first
     // time, what is left there of writes that were killed goes.
     bool Save(const CString& file, const CXTPPropExchangeXMLNode& root, Problems& problems);
+    // The same, and keeps what the files of `replaced` hold of its style as versions of it first,
+    // as far as that is not the same. A version that could not be kept is told and stops nothing.
+    struct Replaced {
+        GUID id;
+        CStringArray files; // the one that counted is the last one
+    };
+    bool Save(const CString& file, const CXTPPropExchangeXMLNode& root, const Replaced& replaced,
+              Problems& problems);
+    // Keeps them; `next` is what comes in their place.
+    AFX_EXT_PRIVATE void KeepVersions(const Replaced& replaced, std::string_view next,
+                                      Problems& problems) const;
     // True when the file is gone; without a problem false when there was none.
     bool Delete(const CString& file, Problems& problems);
 
@@ -143,6 +157,8 @@ public:
 private:
     AFX_EXT_PRIVATE void LetGo();
     AFX_EXT_PRIVATE void Remember(const CString& file);
+    AFX_EXT_PRIVATE std::optional<std::string> VersionIn(const CString& file, const GUID& id,
+                                                         Problems& problems) const;
 
     CString m_path;
     CString m_library;

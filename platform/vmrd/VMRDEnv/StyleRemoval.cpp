@@ -8,20 +8,6 @@
 
 namespace designspec {
 
-namespace {
-
-// Leaves of the library's styles in the document those that are, or are not, of that identity.
-void Reduce(CXTPPropExchange& root, const CString& library, const GUID& id, bool keepIt)
-{
-    CXTPPropExchangeEnumerator all = root.GetEnumerator((StylesPath(library) + L"/Style").c_str());
-    while (all.HasNext()) {
-        CXTPPropExchange style = all.GetNext();
-        if (HasID(style, id) != keepIt) style.RemoveSection();
-    }
-}
-
-} // namespace
-
 // Puts a file with that style of the file alone among the deleted ones, under a name by which it
 // can come back beside the file; the name, empty after a failure.
 CString StyleRemoval::KeepStyle(const CString& file, const GUID& id, Problems& problems)

@@ -1,0 +1,77 @@
+#include "base/Moment.h"
+
+#include <cstdlib>
+#include <ctime>
+
+#include <gtest/gtest.h>
+
+using namespace designspec;
+using namespace std::chrono;
+
+namespace {
+
+constexpr Moment kMoment = sys_days(2026y / November / 22) + 4h + 25min + 10s;
+
+// The clocks of a place, as long as a test runs.
+class Place {
+public:
+    explicit Place(const char* zone)
+    {
+        setenv("TZ", zone, 1);
+        tzset();
+    }
+    ~Place()
+    {
+        unsetenv("TZ");
+        tzset();
+    }
+    Place(const Place&) = delete;
+    Place& operator=(const Place&) = delete;
+};
+
+} // namespace
+
+TEST(Moment, IsWrittenInUtcAndInLocalTime)
+{
+    const Place china("CST-8");
+    EXPECT_EQ(CompactUtc(kMoment), L"20261122T042510Z");
+    EXPECT_EQ(IsoUtc(kMoment), L"2026-11-22T04:25:10Z");
+    EXPECT_EQ(LocalTime(kMoment), L"2026-11-22 12:25:10");
+}
+
+TEST(Moment, IsReadAsItIsWritten)
+{
+    const Place china("CST-8");
+    EXPECT_EQ(ParseCompactUtc(L"20261122T042510Z"), kMoment);
+    EXPECT_EQ(ParseCompactUtc(L"19700101T000000Z"), Moment());
+    EXPECT_EQ(ParseLocalTime(L"2026-11-22 12:25:10"), kMoment);
+    EXPECT_EQ(ParseLocalTime(L"2026-11-22 12:25"), kMoment - 10s);
+    EXPECT_EQ(ParseLocalTime(L"2026-11-22"), sys_days(2026y / November / 21) + 16h);
+}
+
+TEST(Moment, IsNothingElse)
+{
+    for (const wchar_t* text : {L"", L"20261122T042510", L"20261122T042510Z ", L"20261322T042510Z",
+                                L"20260230T042510Z", L"20261122T242510Z", L"20261122T046010Z",
+                                L"20261122T042560Z", L"2026112２T042510Z", L"2026-11-22T04:25:10Z"})
+        EXPECT_FALSE(ParseCompactUtc(text)) << text;
+    for (const wchar_t* text : {L"", L"2026", L"2026-11-31", L"2026-11-22 24:00",
+                                L"2026-11-22 12:25:10Z", L"12:25", L"20261122T042510Z"})
+        EXPECT_FALSE(ParseLocalTime(text)) << text;
+}
+
+TEST(Moment, GoesBackByCalendarMonths)
+{
+    EXPECT_EQ(MonthsBefore(kMoment, 12), sys_days(2025y / November / 22) + 4h + 25min + 10s);
+    EXPECT_EQ(MonthsBefore(sys_days(2028y / February / 29), 12), sys_days(2027y / February / 28));
+    EXPECT_EQ(MonthsBefore(sys_days(2027y / March / 31) + 1h, 1),
+              sys_days(2027y / February / 28) + 1h);
+}
+
+TEST(Moment, OfNowIsThatOfTheClock)
+{
+    const auto before = floor<seconds>(system_clock::now());
+    const Moment now = Now();
+    EXPECT_LE(before, now);
+    EXPECT_LE(now, system_clock::now());
+}
