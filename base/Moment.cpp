@@ -43,7 +43,7 @@ std::optional<Calendar> ReadCalendar(const std::wstring& digits)
 
 std::tm InUtc(Moment moment)
 {
-    const std::time_t time = system_clock::to_time_t(moment);
+    const std::time_t time = moment.time_since_epoch().count();
     std::tm broken{};
     gmtime_r(&time, &broken);
     return broken;
@@ -90,7 +90,7 @@ std::wstring IsoUtc(Moment moment)
 
 std::wstring LocalTime(Moment moment)
 {
-    const std::time_t time = system_clock::to_time_t(moment);
+    const std::time_t time = moment.time_since_epoch().count();
     std::tm broken{};
     localtime_r(&time, &broken);
     return Text(broken, L"%04d-%02d-%02d %02d:%02d:%02d");
@@ -110,7 +110,7 @@ std::optional<Moment> ParseLocalTime(std::wstring_view text)
         broken.tm_min = read->minute;
         broken.tm_sec = read->second;
         broken.tm_isdst = -1;
-        return floor<seconds>(system_clock::from_time_t(std::mktime(&broken)));
+        return Moment(seconds(std::mktime(&broken)));
     }
     return std::nullopt;
 }

@@ -64,9 +64,10 @@ struct Arguments {
     std::string file;
     std::vector<std::string> names;
     bool overwrite = false;
-    bool force = false;   // what the editor refuses
-    bool deleted = false; // those that were removed
-    bool dryRun = false;  // tell what would change
+    bool force = false;                 // what the editor refuses
+    bool deleted = false;               // those that were removed
+    std::optional<std::string> version; // a number, or a local time
+    bool dryRun = false;                // tell what would change
 
     VerifyArguments verify;
 };
@@ -77,6 +78,7 @@ Status RunQuery(const Arguments& arguments, Teller& teller);
 Status RunNew(const Arguments& arguments, Teller& teller);
 Status RunRename(const Arguments& arguments, Teller& teller);
 Status RunRemove(const Arguments& arguments, Teller& teller);
+Status RunHistory(const Arguments& arguments, Teller& teller);
 Status RunRestore(const Arguments& arguments, Teller& teller);
 Status RunDefault(const Arguments& arguments, Teller& teller);
 Status RunApply(const Arguments& arguments, Teller& teller);

@@ -333,13 +333,7 @@ private:
                                  "Delete a specification; its file goes to 规范/已删除"},
                                 RunRemove);
         AddWord(removed, "NAME", m_arguments.name, nameOrId)->required();
-        CLI::App* restored =
-            Add("restore", {"恢复已删除的设计规范", "Bring back a specification that was removed"},
-                RunRestore);
-        AddWord(restored, "NAME", m_arguments.name,
-                {"名称、GUID 或文件名,见 list --deleted",
-                 "Name, GUID or file, as list --deleted shows them"})
-            ->required();
+        AddHistory();
         CLI::App* standard = Add(
             "default", {"显示或设定默认的设计规范", "Show the default specification, or choose it"},
             RunDefault);
@@ -347,6 +341,32 @@ private:
             standard, "NAME", m_arguments.name,
             {"名称或 GUID;不写则显示现在的", "Name or GUID; shows the present one if not given"})
             ->check(NotEmpty);
+    }
+
+    void AddHistory()
+    {
+        CLI::App* history = Add("history",
+                                {"列出设计规范以前的版本: 版本号、时间、保存的人、改了什么",
+                                 "List what a specification was before: version, time, who saved "
+                                 "it, what was changed"},
+                                RunHistory);
+        AddWord(history, "NAME", m_arguments.name,
+                {"名称或 GUID,已删除的也可以;不写则同 --spec",
+                 "Name or GUID, also of one that was removed; as --spec if not given"})
+            ->check(NotEmpty);
+        CLI::App* restored =
+            Add("restore",
+                {"恢复已删除的设计规范,或把设计规范恢复成以前的版本",
+                 "Bring back a specification that was removed, or what one was before"},
+                RunRestore);
+        AddWord(restored, "NAME", m_arguments.name,
+                {"名称、GUID 或文件名,见 list --deleted",
+                 "Name, GUID or file, as list --deleted shows them"})
+            ->required();
+        AddOption(restored, "--version", "V", m_arguments.version,
+                  {"版本号,见 history,或时间: 那时的内容,如 \"2026-11-22 08:30\";不写则为前一版本",
+                   "The number, as history shows it, or a time: what it was then, as in "
+                   "\"2026-11-22 08:30\"; the one before if not given"});
     }
 
     void AddSet()

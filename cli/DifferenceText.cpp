@@ -11,6 +11,13 @@ Json ToJson(const std::optional<CString>& text)
     return text ? ::ToJson(*text) : Json();
 }
 
+CString TextOf(const std::optional<CString>& value)
+{
+    return value.value_or(L"(无)");
+}
+
+} // namespace
+
 Json ToJson(const Difference& one)
 {
     return {{"path", ::ToJson(one.path)},
@@ -19,13 +26,6 @@ Json ToJson(const Difference& one)
             {"left", ToJson(one.left)},
             {"right", ToJson(one.right)}};
 }
-
-CString TextOf(const std::optional<CString>& value)
-{
-    return value.value_or(L"(无)");
-}
-
-} // namespace
 
 void PrintDifferences(const std::vector<Difference>& differences, bool asJson)
 {

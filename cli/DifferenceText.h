@@ -4,6 +4,8 @@
 #include "cli/JsonText.h"
 #include "model/Differences.h"
 
+// Path, label, key, left and right, null where a side has none.
+Json ToJson(const designspec::Difference& difference);
 // One line for each: criterion, value, place in its table, what was and what is; as JSON an array
-// of path, label, key, left and right, null where a side has none.
+// of them.
 void PrintDifferences(const std::vector<designspec::Difference>& differences, bool asJson);

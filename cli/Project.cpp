@@ -80,14 +80,18 @@ CString Project::NamesToChooseFrom() const
     return text;
 }
 
-CDesignSpecification& Project::Find(const std::string& name) const
+CDesignSpecification* Project::FindIfThere(const std::string& name) const
 {
     const CString wide = ToWide(name);
-    if (CDesignSpecification* found = m_folder.Find(wide.c_str())) return *found;
+    if (CDesignSpecification* found = m_folder.Find(wide.c_str())) return found;
     GUID id;
-    if (VMRDPub::ParseGUID(wide, id))
-        if (CDesignSpecification* found = m_folder.Find(id)) return *found;
-    Refuse(Format(L"没有设计规范“%s”。%s", wide, NamesToChooseFrom()));
+    return VMRDPub::ParseGUID(wide, id) ? m_folder.Find(id) : nullptr;
+}
+
+CDesignSpecification& Project::Find(const std::string& name) const
+{
+    if (CDesignSpecification* found = FindIfThere(name)) return *found;
+    Refuse(Format(L"没有设计规范“%s”。%s", ToWide(name), NamesToChooseFrom()));
 }
 
 CDesignSpecification& Project::Chosen(const Arguments& arguments) const

@@ -24,6 +24,8 @@ public:
     const designspec::Problems& LoadProblems() const { return m_loadProblems; }
     // Null when there is none.
     CDesignSpecification* Default() const { return m_default; }
+    // The specification of that name or identity; null when there is none.
+    CDesignSpecification* FindIfThere(const std::string& name) const;
     // The specification of that name or identity; fails with kWrongCall and the names to choose
     // from.
     CDesignSpecification& Find(const std::string& name) const;

@@ -5,6 +5,7 @@
 
 #include "base/Moment.h"
 #include "library/SpecificationFolder.h"
+#include "model/Differences.h"
 
 namespace designspec {
 
@@ -37,6 +38,26 @@ AFX_EXT_API std::optional<SavedBy> LastSaveOf(const SpecificationFolder& folder,
 // whole.
 AFX_EXT_API std::optional<CDesignSpecification> ReadVersion(const SpecificationVersion& version,
                                                             const GUID& id, Problems& problems);
+
+// What a specification was at a time, or is.
+struct SpecificationState {
+    int number = 0;              // of its version; 0: what there is now, or was when removed
+    std::optional<Moment> saved; // when and by whom, as far as that is told
+    CString savedBy;
+    std::optional<Moment> replaced; // of a version
+    CDesignSpecification specification;
+    std::vector<Difference> changes; // from the one before it to this one; none of the oldest one
+};
+
+// What it is now, or was when it was removed, and before that its versions; the newest first. A
+// version that cannot be read is passed over with a note.
+AFX_EXT_API std::vector<SpecificationState> StatesOf(const SpecificationFolder& folder,
+                                                     const GUID& id, Problems& problems);
+
+// Makes the specification of its identity what it was then, under its name of then, or puts it
+// back into the folder. A name that another one has meanwhile gets "(1)", "(2)" … behind it, with a
+// note. What is replaced is a version in turn. Not done: all is as it was.
+AFX_EXT_API Outcome BringBack(SpecificationFolder& folder, const CDesignSpecification& version);
 
 // The identities that there are versions of.
 AFX_EXT_API std::vector<GUID> IdentitiesWithHistory(const SpecificationFolder& folder,

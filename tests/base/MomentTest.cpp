@@ -49,6 +49,13 @@ TEST(Moment, IsReadAsItIsWritten)
     EXPECT_EQ(ParseLocalTime(L"2026-11-22"), sys_days(2026y / November / 21) + 16h);
 }
 
+TEST(Moment, MayBeFarAway)
+{
+    for (const wchar_t* text : {L"00010101T000000Z", L"99991231T235959Z"})
+        EXPECT_EQ(CompactUtc(*ParseCompactUtc(text)), text);
+    EXPECT_EQ(LocalTime(*ParseLocalTime(L"2999-01-01 12:00:00")), L"2999-01-01 12:00:00");
+}
+
 TEST(Moment, IsNothingElse)
 {
     for (const wchar_t* text : {L"", L"20261122T042510", L"20261122T042510Z ", L"20261322T042510Z",

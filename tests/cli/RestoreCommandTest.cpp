@@ -49,7 +49,8 @@ TEST_F(RestoreCommand, BringsBackByNameIdentityOrFile)
 
 TEST_F(RestoreCommand, SaysWhichThereAreWhenItFindsNone)
 {
-    Fails(2, "没有已删除的设计规范\n", {"restore", "城市"});
+    Fails(2, "没有已删除的设计规范\n", {"restore", "乡村"});
+    Fails(2, "“城市”没有以前的版本\n", {"restore", "城市"});
     Remove("城市");
     Fails(2, "没有已删除的设计规范“乡村”。可选:\n  城市  " + m_file, {"restore", "乡村"});
     Fails(2, "缺少 NAME", {"restore"});

@@ -238,6 +238,78 @@ TEST_F(SpecificationHistory, PassesOverABrokenVersion)
     EXPECT_EQ(Versions(a.ID()).size(), 5U);
 }
 
+TEST_F(SpecificationHistory, TellsWhatEachVersionChanged)
+{
+    CDesignSpecification& a = AddTo(m_styles, Make(L"a", 1));
+    EXPECT_TRUE(SaveAs(a, 2));
+    EXPECT_TRUE(m_styles.Rename(a, L"b").done);
+    auto states = StatesOf(m_styles, a.ID(), m_problems);
+    ASSERT_EQ(states.size(), 3U);
+    EXPECT_TRUE(states[0].specification == a);
+    EXPECT_EQ(states[0].number, 0);
+    EXPECT_FALSE(states[0].replaced);
+    EXPECT_TRUE(states[0].saved);
+    ASSERT_EQ(states[0].changes.size(), 1U);
+    EXPECT_EQ(states[0].changes[0].right, L"b");
+    ASSERT_EQ(states[1].changes.size(), 1U);
+    EXPECT_EQ(states[1].changes[0].path, L"BeelineLen.MaxLen");
+    EXPECT_EQ(states[2].number, 1);
+    EXPECT_TRUE(states[2].changes.empty());
+    const CDesignSpecification last = a;
+    EXPECT_TRUE(m_styles.Remove(a).done);
+    states = StatesOf(m_styles, last.ID(), m_problems);
+    ASSERT_EQ(states.size(), 3U);
+    EXPECT_TRUE(states[0].specification == last) << "as it was removed";
+    EXPECT_EQ(m_problems.Text(), L"");
+}
+
+TEST_F(SpecificationHistory, BringsBackAVersion)
+{
+    CDesignSpecification& a = AddTo(m_styles, Make(L"a", 1));
+    const CDesignSpecification first = a;
+    EXPECT_TRUE(SaveAs(a, 2));
+    EXPECT_TRUE(m_styles.Rename(a, L"b").done);
+    EXPECT_TRUE(BringBack(m_styles, first).done);
+    EXPECT_TRUE(a == first);
+    EXPECT_EQ(Marks(a.ID()), L"b=2 a=2 a=1");
+    EXPECT_TRUE(m_styles.Load().done);
+    ASSERT_EQ(m_styles.Count(), 1);
+    EXPECT_TRUE(*m_styles.Item(0) == first);
+    EXPECT_FALSE(fs::exists(m_project.Native("规范/已删除")));
+}
+
+TEST_F(SpecificationHistory, BringsBackAVersionOfARemovedOne)
+{
+    CDesignSpecification& a = AddTo(m_styles, Make(L"a", 1));
+    const CDesignSpecification first = a;
+    EXPECT_TRUE(SaveAs(a, 2));
+    EXPECT_TRUE(m_styles.Remove(a).done);
+    AddTo(m_styles, Make(L"A", 5));
+    const Outcome outcome = BringBack(m_styles, first);
+    EXPECT_TRUE(outcome.done);
+    ASSERT_EQ(outcome.problems.size(), 1U);
+    EXPECT_EQ(outcome.problems[0].text, L"样式“a”重名,改称“a(1)”");
+    const CDesignSpecification* const back = m_styles.Find(first.ID());
+    ASSERT_TRUE(back);
+    EXPECT_EQ(back->Name(), L"a(1)");
+    EXPECT_EQ(back->BeelineLen.MaxLen, 1);
+    EXPECT_EQ(Marks(first.ID()), L"a=2 a=1") << "with what it was when removed";
+    EXPECT_TRUE(LastSaveOf(m_styles, *back));
+}
+
+TEST_F(SpecificationHistory, LeavesAllAsItWasWhereItCannotBringBack)
+{
+    CDesignSpecification& a = AddTo(m_styles, Make(L"a", 1));
+    const CDesignSpecification first = a;
+    EXPECT_TRUE(SaveAs(a, 2));
+    fs::rename(m_project.Native("规范"), m_project.Native("away"));
+    m_project.Write("规范", "no folder");
+    EXPECT_FALSE(BringBack(m_styles, first).done);
+    EXPECT_EQ(a.BeelineLen.MaxLen, 2);
+    EXPECT_FALSE(BringBack(m_styles, Make(L"c", 1)).done);
+    EXPECT_EQ(m_styles.Count(), 1);
+}
+
 TEST_F(SpecificationHistory, GivesBackEachOfRandomSaves)
 {
     RandomSpecification random(4);
