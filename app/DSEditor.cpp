@@ -1,5 +1,6 @@
 #include "app/DSEditor.h"
 
+#include "app/ChangeManyDialog.h"
 #include "app/CompareDialog.h"
 #include "app/DSMainDialog.h"
 #include "app/NameWaitDialog.h"
@@ -14,10 +15,11 @@ IMPLEMENT_DYNAMIC(CDSEditor, CStyleEditor)
 
 namespace {
 
-enum OwnCommand : unsigned { kCompare = kCommandsOfEditor };
+enum OwnCommand : unsigned { kCompare = kCommandsOfEditor, kChangeMany };
 
 constexpr EditorCommand kOwnCommands[] = {
     {kCompare, L"比较…", "Ctrl+Shift+C", 0, 2},
+    {kChangeMany, L"批量修改…", "Ctrl+Shift+B", 1},
 };
 
 // The name that a new specification is proposed; empty when it is taken and stays so.
@@ -109,6 +111,8 @@ CString CDSEditor::RunOwn(unsigned command, const CArray<GUID>& selected)
     switch (command) {
     case kCompare:
         return CompareSpecifications(selected, acedGetAcadFrame());
+    case kChangeMany:
+        return ChangeManySpecifications(selected, acedGetAcadFrame());
     default:
         return {};
     }

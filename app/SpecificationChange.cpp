@@ -2,6 +2,7 @@
 
 #include "app/EditStore.h"
 #include "base/Format.h"
+#include "library/ChangeByOthers.h"
 #include "library/DesignSpecifications.h"
 #include "model/Findings.h"
 #include "platform/mfc/MessageBox.h"
@@ -23,6 +24,22 @@ bool Save(CDesignSpecification& now, const CDesignSpecification& made, CString& 
     if (CDesignSpecifications::GetInstance()->Save(&now)) return true;
     now.CopyCriteria(before);
     return false;
+}
+
+// The first one that is not in the files as it was opened, for people; empty when all are.
+CString WhatHasChanged(const SpecificationFolder& folder,
+                       const std::vector<SpecificationChange>& changes)
+{
+    if (!folder.Files().HasPlace()) return L"项目文件夹已不存在: " + folder.Files().Path();
+    const auto read = ReadIfChanged(folder);
+    const SpecificationFolder& now = read ? *read : folder;
+    for (const SpecificationChange& change : changes) {
+        const CDesignSpecification* const found = now.Find(change.opened.ID());
+        if (!found || !(*found == change.opened))
+            return Format(L"“%s”已被别人修改或删除。请重新加载(F5)之后再试。",
+                          change.opened.Name());
+    }
+    return {};
 }
 
 } // namespace
@@ -54,6 +71,29 @@ bool StoreChanged(const CDesignSpecification& opened, const CDesignSpecification
     if (now && Save(*now, made, cause)) return true;
     MessageBox(owner, Format(L"“%s”没有保存。\n\n%s", made.Name(), cause), L"提示",
                MB_ICONINFORMATION);
+    return false;
+}
+
+bool StoreAllChanged(const std::vector<SpecificationChange>& changes, QWidget* owner)
+{
+    CDesignSpecifications& library = *CDesignSpecifications::GetInstance();
+    SpecificationFolder& folder = library.Folder();
+    Problems problems;
+    std::optional<StyleFolder::Held> held(folder.Hold(problems));
+    TraceProblems(problems);
+    CString cause = *held ? CString() : problems.empty() ? CString() : problems.front().Text();
+    if (*held) cause = WhatHasChanged(folder, changes);
+    std::size_t saved = 0;
+    for (; cause.empty() && saved < changes.size(); ++saved) {
+        CDesignSpecification* const now = library.Item(changes[saved].made.ID());
+        if (!now || !Save(*now, changes[saved].made, cause)) break;
+    }
+    if (*held && cause.empty() && saved == changes.size()) return true;
+    CString unused;
+    while (saved-- > 0)
+        Save(*library.Item(changes[saved].opened.ID()), changes[saved].opened, unused);
+    held.reset();
+    MessageBox(owner, L"一个规范也没有修改。\n\n" + cause, L"提示", MB_ICONINFORMATION);
     return false;
 }
 

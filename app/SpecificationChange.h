@@ -2,6 +2,8 @@
 // the editor would refuse is refused here too, and what others did meanwhile is settled.
 #pragma once
 
+#include <vector>
+
 #include "model/DesignSpecification.h"
 
 class QWidget;
@@ -13,6 +15,14 @@ namespace designspec {
 // be, under its own name and identity.
 bool StoreChanged(const CDesignSpecification& opened, const CDesignSpecification& made,
                   QWidget* owner);
+
+struct SpecificationChange {
+    CDesignSpecification opened;
+    CDesignSpecification made;
+};
+// All of them, or none: where one has become another one meanwhile, or its file resists, the others
+// are what they were. False with a message then.
+bool StoreAllChanged(const std::vector<SpecificationChange>& changes, QWidget* owner);
 
 // What a page of the editor would refuse of it that it would not have refused before, a line each;
 // empty when nothing is.
