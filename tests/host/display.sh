@@ -9,6 +9,9 @@ skip() {
 command -v Xvfb >/dev/null || skip 'Xvfb is not installed'
 command -v xdotool >/dev/null || skip 'xdotool is not installed'
 
+# Titles are searched for as text, not bytes.
+export LC_ALL=C.UTF-8
+
 programs=$1
 source=$2
 work=$(mktemp -d)
