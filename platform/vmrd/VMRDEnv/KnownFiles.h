@@ -2,9 +2,9 @@
 // was written by somebody else.
 #pragma once
 
-#include <map>
 #include <optional>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "platform/mfc/String.h"
@@ -24,7 +24,7 @@ public:
     bool IsGone(const CString& file) const;
     bool Held(const CString& file, std::string_view bytes) const;
     bool Held(const CString& file, const GUID& id) const;
-    // Those that were there.
+    // Those that were there, in no order.
     CStringArray Names() const;
 
 private:
@@ -34,7 +34,8 @@ private:
     };
     const Content* ContentOf(const CString& file) const;
 
-    std::map<CString, std::optional<Content>> m_files; // nothing: there is no such file
+    // Nothing: there is no such file. Each save asks for every name in the folder.
+    std::unordered_map<CString, std::optional<Content>> m_files;
 };
 
 } // namespace designspec
