@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "base/Format.h"
+#include "base/NoCase.h"
 
 namespace designspec {
 
@@ -51,6 +52,40 @@ std::optional<StepText> TakeStep(std::wstring_view& rest)
     return step;
 }
 
+// Those of that label among criteria or fields.
+template <class Range> auto Labelled(const Range& all, const CString& label)
+{
+    std::vector<decltype(all.data())> found;
+    for (const auto& one : all)
+        if (EqualNoCase(one.label, label)) found.push_back(&one);
+    return found;
+}
+
+// By its name, or else by its label, if no other has that.
+const Field* FieldCalled(std::span<const Field> fields, const CString& name)
+{
+    if (const Field* const field = FindField(fields, name)) return field;
+    const auto labelled = Labelled(fields, name);
+    return labelled.size() == 1 ? labelled.front() : nullptr;
+}
+
+const CriterionInfo* CriterionCalled(const CString& name)
+{
+    if (const CriterionInfo* const criterion = FindCriterion(name)) return criterion;
+    const auto labelled = Labelled(Criteria(), name);
+    return labelled.size() == 1 ? labelled.front() : nullptr;
+}
+
+// The paths of the criteria's fields of that label.
+std::vector<ValuePath> FieldsLabelled(const CString& label)
+{
+    std::vector<ValuePath> paths;
+    for (const CriterionInfo& criterion : Criteria())
+        for (const Field* const field : Labelled(criterion.fields, label))
+            paths.push_back({&criterion, {{field}}});
+    return paths;
+}
+
 // Goes one step on; what is wrong with it, or an empty text.
 CString AddStep(ValuePath& path, const StepText& step, bool& isWrongName)
 {
@@ -59,11 +94,32 @@ CString AddStep(ValuePath& path, const StepText& step, bool& isWrongName)
         return Format(L"%s 有多行,请用 [%s] 指定", path.Text(), KeyLabel(*before->field));
     std::span<const Field> fields = path.criterion->fields;
     if (before) fields = before->field->HasRows() ? before->field->RowFields() : fields.first(0);
-    const Field* field = FindField(fields, step.name);
+    const Field* field = FieldCalled(fields, step.name);
     isWrongName = !field;
     if (!field) return Format(L"%s 没有字段“%s”", path.Text(), step.name);
     path.steps.push_back({field});
     return step.key ? path.AddKey(*step.key) : CString();
+}
+
+// The first step: a criterion, or a field whose label no other criterion has.
+void BeginPath(ParsedPath& parsed, std::wstring_view text, const StepText& step)
+{
+    const CriterionInfo* const criterion = CriterionCalled(step.name);
+    if (!step.key) parsed.path.criterion = criterion;
+    if (parsed.path.criterion) return;
+    std::vector<ValuePath> paths;
+    if (!criterion) paths = FieldsLabelled(step.name);
+    if (paths.size() == 1) {
+        parsed.path = paths.front();
+        if (step.key) parsed.problem = parsed.path.AddKey(*step.key);
+        return;
+    }
+    parsed.isWrongName = paths.empty();
+    const CString head(text.substr(0, text.find(L'.')));
+    parsed.problem = paths.empty() ? Format(L"没有条目“%s”", head)
+                                   : Format(L"“%s”不止一个,请写作其中之一:", head);
+    for (const ValuePath& path : paths)
+        parsed.problem += L"\n  " + path.Text();
 }
 
 void AddPaths(std::vector<PathLabel>& paths, const CString& before, std::span<const Field> fields)
@@ -117,11 +173,7 @@ ParsedPath ParseValuePath(std::wstring_view text)
     ParsedPath parsed;
     std::wstring_view rest = text;
     std::optional<StepText> step = TakeStep(rest);
-    if (step && !step->key) parsed.path.criterion = FindCriterion(step->name);
-    if (step && !parsed.path.criterion) {
-        parsed.problem = Format(L"没有条目“%s”", CString(text.substr(0, text.find(L'.'))));
-        parsed.isWrongName = true;
-    }
+    if (step) BeginPath(parsed, text, *step);
     while (step && !rest.empty() && parsed.problem.empty()) {
         step = TakeStep(rest);
         if (step) parsed.problem = AddStep(parsed.path, *step, parsed.isWrongName);

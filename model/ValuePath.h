@@ -2,7 +2,9 @@
 //   CircularCurveRad.MaxRad
 //   CircularCurveRad.SuperelevationMinRad[80]
 //   SuperElevation.definitions[6].rows[80].ranges[200~300].superElev
-// A key is the value that tells a row from the others, two of them joined by "~".
+// A key is the value that tells a row from the others, two of them joined by "~". Criteria and
+// fields may be called by their labels as well, a field without its criterion when no other has
+// that label: 设超高最小半径[80], 圆曲线半径.圆曲线最大半径.
 #pragma once
 
 #include "model/Criteria.h"

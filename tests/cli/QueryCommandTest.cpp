@@ -32,6 +32,15 @@ TEST_F(QueryCommand, PrintsTheBareValueAndNothingElse)
     EXPECT_EQ(Query({"LonGrad.MaxGradRecommendedValues", "--speed", "60"}), "5\n");
 }
 
+TEST_F(QueryCommand, TakesLabelsForNames)
+{
+    EXPECT_EQ(Query({"设超高最小半径", "--speed", "80"}), "250\n");
+    EXPECT_EQ(Query({"设超高最小半径[60]"}), "150\n");
+    EXPECT_EQ(Query({"纵坡坡度.最小纵坡"}), "0.3\n");
+    EXPECT_EQ(Query({"纵坡最大坡长", "--grad", "6", "--speed", "60"}), "400\n");
+    Wrong("“数据来源”不止一个,请写作其中之一:\n  CurveMinLen.Criterion\n", {"数据来源"});
+}
+
 TEST_F(QueryCommand, TakesTheNearestSpeedByDefaultAndTheHigherOneOnATie)
 {
     EXPECT_EQ(Query({kMinRad, "--speed", "69"}), "150\n");

@@ -31,6 +31,32 @@ TEST(ValuePath, IsReadIgnoringCaseAndWrittenInItsOwn)
               L"LonGradMaxLen.rows[5.5].lengths[80]");
 }
 
+TEST(ValuePath, TakesLabelsForNames)
+{
+    for (const auto& [text, path] :
+         {std::pair{L"圆曲线半径", L"CircularCurveRad"},
+          std::pair{L"设超高最小半径", L"CircularCurveRad.SuperelevationMinRad"},
+          std::pair{L"设超高最小半径[80]", L"CircularCurveRad.SuperelevationMinRad[80]"},
+          std::pair{L"圆曲线半径.圆曲线最大半径", L"CircularCurveRad.MaxRad"},
+          std::pair{L"CircularCurveRad.圆曲线最大半径", L"CircularCurveRad.MaxRad"},
+          std::pair{L"纵坡最大坡长.数据来源", L"LonGradMaxLen.Criterion"},
+          std::pair{L"纵坡最大坡长.rows[6].最大坡长[60]", L"LonGradMaxLen.rows[6].lengths[60]"}}) {
+        const ParsedPath parsed = ParseValuePath(text);
+        EXPECT_EQ(parsed.problem, L"");
+        EXPECT_EQ(parsed.path.Text(), path);
+    }
+}
+
+TEST(ValuePath, ALabelOfSeveralIsAskedBack)
+{
+    EXPECT_EQ(ProblemOf(L"平曲线最小长度"), L"“平曲线最小长度”不止一个,请写作其中之一:\n"
+                                            L"  CurveMinLen.HorizontalCurveMinLen\n"
+                                            L"  SmallAngleCurveMinLen.HorizontalCurveMinLen");
+    EXPECT_FALSE(ParseValuePath(L"数据来源").isWrongName);
+    EXPECT_EQ(ProblemOf(L"圆曲线最大半径[80]"), L"CircularCurveRad.MaxRad 没有行");
+    EXPECT_EQ(ProblemOf(L"圆曲线半径[80]"), L"没有条目“圆曲线半径[80]”");
+}
+
 TEST(ValuePath, TakesAnyTextAsAKeyButForABracketBeforeAPoint)
 {
     const ParsedPath parsed = ParseValuePath(L"CurveWidening.ranges[1~2].widenings[a.b[c]d]");
