@@ -11,7 +11,7 @@
 // Exit statuses.
 enum Status : int {
     kDone = 0,       // done or answered
-    kNoAnswer = 1,   // the query has no answer, or there was nothing to do
+    kNoAnswer = 1,   // no answer, nothing to do, or two that are not the same
     kWrongCall = 2,  // the call is wrong, or asks for what the editor refuses
     kFileFailed = 3, // a file or the project could not be read or written
 };
@@ -62,7 +62,9 @@ struct Arguments {
     std::string newName;
     std::optional<std::string> from;
     std::string file;
-    std::vector<std::string> names;
+    std::vector<std::string> names; // further words
+    std::optional<std::string> output;
+    std::optional<std::string> prefer;
     bool overwrite = false;
     bool force = false;                 // what the editor refuses
     bool deleted = false;               // those that were removed
@@ -74,6 +76,8 @@ struct Arguments {
 
 Status RunList(const Arguments& arguments, Teller& teller);
 Status RunShow(const Arguments& arguments, Teller& teller);
+Status RunDiff(const Arguments& arguments, Teller& teller);
+Status RunMerge(const Arguments& arguments, Teller& teller);
 Status RunQuery(const Arguments& arguments, Teller& teller);
 Status RunNew(const Arguments& arguments, Teller& teller);
 Status RunRename(const Arguments& arguments, Teller& teller);

@@ -33,11 +33,13 @@ constexpr HelpText kDescription = {
     "Values go to standard output, everything else to standard error."};
 
 constexpr HelpText kFooter = {
-    "退出状态: 0 完成或有答案; 1 查询没有答案,没有导入任何内容,或检核发现错误;\n"
+    "退出状态: 0 完成或有答案; 1 查询没有答案,没有导入任何内容,两者不同,有冲突,或检核发现错误;\n"
     "2 命令用法有误,或会带入编辑器不接受的值; 3 文件或项目无法读写\n"
     "(库中只要有一个文件无法读取,即使其余部分已有答案,也为 3)。\n\n"
     "例:\n",
-    "Exit status: 0 done or answered; 1 no answer, nothing imported, or an error of a road;\n"
+    "Exit status: 0 done or answered; 1 no answer, nothing imported, two differ or conflict, or an "
+    "error of a "
+    "road;\n"
     "2 the call is wrong, or would bring in what the editor refuses; 3 a file or the project could "
     "not be read or written\n"
     "(one unreadable file of the library is enough, even where the others gave an answer).\n\n"
@@ -50,6 +52,8 @@ constexpr char kExamples[] =
     "  designspec query SuperElevation --max-super 6 --speed 80 --radius 500\n"
     "  designspec query CurveWidening --car 普通汽车 --radius 200\n"
     "  designspec set CircularCurveRad.SuperelevationMinRad --speed 80 260\n"
+    "  designspec diff 城市道路 旧版.hds\n"
+    "  designspec merge 原来.hds 我方.hds 对方.hds -o 合并.hds\n"
     "  designspec verify 路线.xml --speed 60 --car 普通汽车 --report 报告.html";
 
 constexpr HelpText kPathHelp = {
@@ -99,7 +103,8 @@ template <class Function> void ForEachWord(Arguments& arguments, const Function&
     for (std::string* word : {&arguments.project, &arguments.path, &arguments.name,
                               &arguments.newName, &arguments.file})
         function(*word);
-    for (auto* word : {&arguments.spec, &arguments.value, &arguments.from, &arguments.car})
+    for (auto* word :
+         {&arguments.spec, &arguments.value, &arguments.from, &arguments.car, &arguments.output})
         if (*word) function(**word);
     for (auto* words : {&arguments.names, &arguments.verify.files, &arguments.verify.alignments})
         for (std::string& word : *words)
@@ -276,10 +281,44 @@ private:
             "show", {"显示设计规范或其中一个条目", "Show a specification, or one criterion of it"},
             RunShow);
         show->footer([this] { return CriteriaHelp(In({"条目:", "Criteria:"}), false); });
+        AddWord(show, "FILE", m_arguments.file,
+                {"文件、“文件#名称”、名称或 GUID;不写则显示库中的,见 --spec",
+                 "A file, FILE#NAME, name or GUID; of the library (see --spec) if not given"})
+            ->check(NotEmpty);
         AddWord(show, "CRITERION", m_arguments.path,
                 {"条目,例如 CircularCurveRad;不写则显示全部",
                  "The criterion, as in CircularCurveRad; all if not given"})
             ->check(NotEmpty);
+        CLI::App* diff =
+            Add("diff", {"逐值比较两个设计规范", "Compare two specifications, value by value"},
+                RunDiff);
+        AddWord(diff, "A", m_arguments.name,
+                {"名称、GUID、文件,或“文件#名称”;其后没有 B 时与内置限值比较",
+                 "Name, GUID, file, or FILE#NAME; compared with the built-in limits without B"})
+            ->required()
+            ->check(NotEmpty);
+        AddWord(diff, "B", m_arguments.newName, {"同 A", "Likewise"})->check(NotEmpty);
+        CLI::App* merge =
+            Add("merge", {"逐值三方合并 .hds 文件", "Merge three .hds files, value by value"},
+                RunMerge);
+        AddWord(merge, "BASE", m_arguments.name,
+                {"双方修改之前的文件", "The file before both changed it"})
+            ->required()
+            ->check(NotEmpty);
+        AddWord(merge, "OURS", m_arguments.newName,
+                {"我方的文件;没有 -o 时结果写入其中",
+                 "Our file, which the result replaces unless -o is given"})
+            ->required()
+            ->check(NotEmpty);
+        AddWord(merge, "THEIRS", m_arguments.file, {"对方的文件", "Their file"})
+            ->required()
+            ->check(NotEmpty);
+        AddOption(merge, "-o,--output", "FILE", m_arguments.output,
+                  {"结果写入该文件", "The file that the result goes into"})
+            ->check(NotEmpty);
+        AddOption(
+            merge, "--prefer", "SIDE", m_arguments.prefer,
+            {"有冲突时取哪一方的值: ours theirs", "Whose values settle conflicts: ours theirs"});
         Add("check",
             {"检查库中的每个文件和其中的限值,指出异常之处",
              "Say what is wrong or odd in each file of the library and its limits"},

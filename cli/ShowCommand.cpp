@@ -5,6 +5,7 @@
 #include "base/Number.h"
 #include "base/Text.h"
 #include "cli/JsonText.h"
+#include "cli/Operands.h"
 #include "cli/TextTable.h"
 #include "model/FieldValue.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
@@ -206,25 +207,45 @@ std::vector<const CriterionInfo*> ChosenCriteria(const std::string& path)
     return {parsed.criterion};
 }
 
-} // namespace
-
-Status RunShow(const Arguments& arguments, Teller& teller)
+Json JsonOf(CDesignSpecification& specification, const std::vector<const CriterionInfo*>& chosen)
 {
-    const std::vector<const CriterionInfo*> chosen = ChosenCriteria(arguments.path);
-    Project project(arguments, teller);
-    CDesignSpecification& specification = project.Chosen(arguments);
-    if (arguments.json) {
-        Json json = ToJson(specification);
-        for (const CriterionInfo* criterion : chosen)
-            json["criteria"][ToUtf8(criterion->name)] = ToJson(*criterion, specification);
-        PrintJson(json);
-        return kDone;
-    }
+    Json json = ToJson(specification);
+    for (const CriterionInfo* criterion : chosen)
+        json["criteria"][ToUtf8(criterion->name)] = ToJson(*criterion, specification);
+    return json;
+}
+
+void Print(CDesignSpecification& specification, const std::vector<const CriterionInfo*>& chosen)
+{
     PrintLine(
         Format(L"%s  %s", Printable(specification.Name()), VMRDPub::GUIDToStr(specification.ID())));
     for (const CriterionInfo* criterion : chosen) {
         PrintLine(L"");
         PrintCriterion(*criterion, specification);
+    }
+}
+
+} // namespace
+
+Status RunShow(const Arguments& arguments, Teller& teller)
+{
+    // A single word that is no file names a criterion.
+    const bool isFile = !arguments.path.empty() || Operands::IsPath(arguments.file);
+    const auto chosen = ChosenCriteria(isFile ? arguments.path : arguments.file);
+    Operands operands(arguments, teller);
+    const std::vector<CDesignSpecification*> shown =
+        isFile ? operands.FindAll(arguments.file)
+               : std::vector{&operands.Library().Chosen(arguments)};
+    if (arguments.json) {
+        Json all = Json::array();
+        for (CDesignSpecification* const one : shown)
+            all.push_back(JsonOf(*one, chosen));
+        PrintJson(all.size() == 1 ? all.front() : all);
+        return kDone;
+    }
+    for (CDesignSpecification* const one : shown) {
+        if (one != shown.front()) PrintLine(L"");
+        Print(*one, chosen);
     }
     return kDone;
 }

@@ -27,6 +27,11 @@ int DisplayWidth(const CString& text)
     return width;
 }
 
+CString InColour(const CString& text, const wchar_t* colour)
+{
+    return text.empty() ? text : colour + text + L"\x1b[0m";
+}
+
 void TextTable::AddRow(CStringArray cells)
 {
     for (CString& cell : cells)
@@ -54,7 +59,10 @@ CStringArray TextTable::Lines(int indent) const
         for (size_t i = 0; i < row.size(); ++i) {
             const CString padding = Blanks(widths[i] - DisplayWidth(row[i]));
             if (i > 0) line += Blanks(kGap);
-            line += i > 0 && m_alignRight ? padding + row[i] : row[i] + padding;
+            const auto colour = m_colours.find(i);
+            const CString cell =
+                colour == m_colours.end() ? row[i] : InColour(row[i], colour->second);
+            line += i > 0 && m_alignRight ? padding + cell : cell + padding;
         }
         lines.push_back(TrimRight(line, L" "));
     }

@@ -27,4 +27,12 @@ void StyleStore::Store(const CDesignSpecification& specification)
     const_cast<CDesignSpecification&>(specification).DoPropExchange(&section);
 }
 
+void StyleStore::Remove(const GUID& id)
+{
+    const auto found = m_sections.find(VMRDPub::GUIDToStr(id));
+    if (found == m_sections.end()) return;
+    found->second.RemoveSection();
+    m_sections.erase(found);
+}
+
 } // namespace designspec

@@ -19,6 +19,8 @@ public:
 
     // In place of the one of its identity, or behind the others.
     void Store(const CDesignSpecification& specification);
+    // Takes the one of that identity out, if it is there.
+    void Remove(const GUID& id);
 
 private:
     CXTPPropExchangeXMLNode m_root;

@@ -43,8 +43,9 @@ TEST_F(ApplyCommand, ListsTheDifferencesAndLeavesTheFile)
 {
     const std::string before = Stored();
     Document(R"("MinGrad": 0.5, "Criterion": "规范 3.2")");
-    EXPECT_EQ(Done({"apply", "a.json", "--dry-run"}), "纵坡坡度  最小纵坡    0.3% → 0.5%\n"
-                                                      "纵坡坡度  数据来源    (未填) → 规范 3.2\n");
+    EXPECT_EQ(Done({"apply", "a.json", "--dry-run"}), "纵坡坡度\n"
+                                                      "  最小纵坡    0.3%    →  0.5%\n"
+                                                      "  数据来源    (未填)  →  规范 3.2\n");
     const Json json = DoneJson({"apply", "a.json", "--dry-run"});
     ASSERT_EQ(json.size(), 2U);
     EXPECT_EQ(json[0]["path"], "LonGrad.MinGrad");
@@ -72,7 +73,7 @@ TEST_F(ApplyCommand, RefusesWhatTheEditorRefusesUnlessForced)
     Fails(2, "--force", {"apply", "a.json"});
     const ProcessResult listed = Call({"apply", "a.json", "--dry-run"});
     EXPECT_EQ(listed.status, 2);
-    EXPECT_THAT(listed.out, HasSubstr("0.3% → -1%"));
+    EXPECT_THAT(listed.out, HasSubstr("0.3%  →  -1%"));
     EXPECT_EQ(Stored(), before);
     EXPECT_EQ(Call({"apply", "a.json", "--force"}).status, 0);
     EXPECT_EQ(At("LonGrad.MinGrad"), "-1\n");

@@ -146,8 +146,28 @@ TEST_F(ShowCommand, RefusesAFieldAndAnUnknownCriterion)
 {
     Fails(2, "show 只接受条目", {"show", "LonGrad.MinGrad"});
     Fails(2, "没有条目“x”。可选:", {"show", "x"});
-    Fails(2, "CRITERION: 不能为空", {"show", ""});
-    Fails(2, "多余的参数", {"show", "LonGrad", "CurveWidening"});
+    Fails(2, "FILE: 不能为空", {"show", ""});
+    Fails(2, "没有设计规范“LonGrad”", {"show", "LonGrad", "CurveWidening"});
+    Fails(2, "多余的参数", {"show", "城市", "LonGrad", "CurveWidening"});
+}
+
+TEST_F(ShowCommand, ShowsWhatAFileHolds)
+{
+    New("干线");
+    Done({"export", "两个.hds"});
+    const std::string one = Done({"--spec", "城市", "show"});
+    const std::string other = Done({"--spec", "干线", "show"});
+    EXPECT_EQ(Done({"show", "两个.hds"}), one + "\n" + other);
+    EXPECT_EQ(Done({"show", "两个.hds#城市"}), one);
+    EXPECT_EQ(Done({"show", FileOf("干线")}), other);
+    EXPECT_EQ(Done({"show", "干线", "LonGrad"}), Done({"--spec", "干线", "show", "LonGrad"}));
+    EXPECT_EQ(DoneJson({"show", "两个.hds"}).size(), 2U);
+    EXPECT_EQ(DoneJson({"show", "两个.hds#干线", "LonGrad"}),
+              DoneJson({"--spec", "干线", "show", "LonGrad"}));
+    const TemporaryFolder elsewhere;
+    EXPECT_EQ(
+        CallIn(elsewhere.Native(), {"show", m_folder.Native("两个.hds").string() + "#干线"}).out,
+        other);
 }
 
 } // namespace
