@@ -1,9 +1,14 @@
 #include "app/DSEditor.h"
 
+#include <QApplication>
+
 #include "app/ChangeManyDialog.h"
 #include "app/CompareDialog.h"
 #include "app/DSMainDialog.h"
+#include "app/HistoryDialog.h"
 #include "app/NameWaitDialog.h"
+#include "app/SpecificationChange.h"
+#include "base/Format.h"
 #include "library/DesignSpecifications.h"
 #include "platform/arx/Documents.h"
 #include "platform/arx/Frame.h"
@@ -15,11 +20,12 @@ IMPLEMENT_DYNAMIC(CDSEditor, CStyleEditor)
 
 namespace {
 
-enum OwnCommand : unsigned { kCompare = kCommandsOfEditor, kChangeMany };
+enum OwnCommand : unsigned { kCompare = kCommandsOfEditor, kChangeMany, kHistory };
 
 constexpr EditorCommand kOwnCommands[] = {
     {kCompare, L"比较…", "Ctrl+Shift+C", 0, 2},
     {kChangeMany, L"批量修改…", "Ctrl+Shift+B", 1},
+    {kHistory, L"历史…", "Ctrl+Shift+H", 0, 1},
 };
 
 // The name that a new specification is proposed; empty when it is taken and stays so.
@@ -72,12 +78,16 @@ void CDSEditor::Edit(CStyle* style)
     const AcAxDocLock lock;
     const CString name = style->Name();
     const GUID id = style->ID();
+    const auto& library = *CDesignSpecifications::GetInstance();
+    const CDesignSpecification* const opened = library.Item(id);
+    const auto before = opened ? std::optional(*opened) : std::nullopt;
+    m_undo.reset();
     CDSMainDialog dialog(name, false, nullptr, acedGetAcadFrame());
     if (dialog.DoModal() != IDOK) return;
     // The library may have been read anew meanwhile: the object is looked for again.
-    CStyles& library = *GetStyles();
-    const CStyle* const edited = library.Item(id);
-    if (edited && edited->Name() != name) library.Refurbish();
+    const CDesignSpecification* const edited = library.Item(id);
+    if (edited && before && !(*edited == *before)) m_undo.emplace(*before, *edited);
+    if (edited && edited->Name() != name) GetStyles()->Refurbish();
 }
 
 void CDSEditor::SetAsDefaultStyle(CStyle* style)
@@ -106,13 +116,35 @@ std::span<const EditorCommand> CDSEditor::OwnCommands() const
     return kOwnCommands;
 }
 
+CString CDSEditor::UndoText() const
+{
+    return m_undo ? Format(L"已保存“%s”。", m_undo->second.Name()) : CString();
+}
+
+CString CDSEditor::Undo()
+{
+    const auto undo = std::exchange(m_undo, std::nullopt);
+    const AcAxDocLock lock;
+    if (!undo || !StoreChanged(undo->second, undo->first, acedGetAcadFrame())) return {};
+    GetStyles()->Refurbish();
+    return Format(L"已撤销, “%s”恢复到编辑之前。", undo->first.Name());
+}
+
+void CDSEditor::ViewDeleted(const GUID& id)
+{
+    ShowHistory({id}, QApplication::activeModalWidget());
+}
+
 CString CDSEditor::RunOwn(unsigned command, const CArray<GUID>& selected)
 {
+    m_undo.reset();
     switch (command) {
     case kCompare:
         return CompareSpecifications(selected, acedGetAcadFrame());
     case kChangeMany:
         return ChangeManySpecifications(selected, acedGetAcadFrame());
+    case kHistory:
+        return ShowHistory(selected, acedGetAcadFrame());
     default:
         return {};
     }

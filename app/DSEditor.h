@@ -1,6 +1,10 @@
 // What the style manager can do with design specifications.
 #pragma once
 
+#include <optional>
+#include <utility>
+
+#include "model/DesignSpecification.h"
 #include "platform/vmrd/VMRDPrj/StyleEditor.h"
 
 class CDSEditor : public CStyleEditor {
@@ -18,4 +22,12 @@ public:
     bool EnableView() const override { return true; }
     std::span<const designspec::EditorCommand> OwnCommands() const override;
     CString RunOwn(unsigned command, const CArray<GUID>& selected) override;
+    CString UndoText() const override;
+    CString Undo() override;
+    bool EnableViewDeleted() const override { return true; }
+    void ViewDeleted(const GUID& id) override;
+
+private:
+    // Of what was edited last: what it was, and what was saved.
+    std::optional<std::pair<CDesignSpecification, CDesignSpecification>> m_undo;
 };

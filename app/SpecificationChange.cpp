@@ -4,6 +4,7 @@
 #include "base/Format.h"
 #include "library/ChangeByOthers.h"
 #include "library/DesignSpecifications.h"
+#include "library/SpecificationHistory.h"
 #include "model/Findings.h"
 #include "platform/mfc/MessageBox.h"
 #include "platform/vmrd/VmHFCBaseU/Trace.h"
@@ -20,9 +21,18 @@ bool Save(CDesignSpecification& now, const CDesignSpecification& made, CString& 
         if (line.severity == TraceLevel::Error && cause.empty()) cause = line.Text();
     });
     const CDesignSpecification before = now;
-    now.CopyCriteria(made);
-    if (CDesignSpecifications::GetInstance()->Save(&now)) return true;
-    now.CopyCriteria(before);
+    CDesignSpecifications& library = *CDesignSpecifications::GetInstance();
+    now = made;
+    const bool isSaved = before.Name() == made.Name() ? library.Save(&now)
+                                                      : library.SaveRenamed(&now, before.Name());
+    if (!isSaved) now = before;
+    return isSaved;
+}
+
+bool Tell(const CDesignSpecification& made, const CString& cause, QWidget* owner)
+{
+    MessageBox(owner, Format(L"“%s”没有保存。\n\n%s", made.Name(), cause), L"提示",
+               MB_ICONINFORMATION);
     return false;
 }
 
@@ -68,10 +78,20 @@ bool StoreChanged(const CDesignSpecification& opened, const CDesignSpecification
     if (settled != CEditStore::Result::AsUsual) return settled == CEditStore::Result::Done;
     CDesignSpecification* const now = CDesignSpecifications::GetInstance()->Item(made.ID());
     CString cause;
-    if (now && Save(*now, made, cause)) return true;
-    MessageBox(owner, Format(L"“%s”没有保存。\n\n%s", made.Name(), cause), L"提示",
-               MB_ICONINFORMATION);
-    return false;
+    return (now && Save(*now, made, cause)) || Tell(made, cause, owner);
+}
+
+bool PutBack(const CDesignSpecification& specification, QWidget* owner)
+{
+    CDesignSpecifications& library = *CDesignSpecifications::GetInstance();
+    const Outcome outcome = BringBack(library.Folder(), specification);
+    TraceProblems(outcome.problems);
+    library.Refurbish();
+    if (outcome.done) return true;
+    CString cause;
+    for (const Problem& problem : outcome.problems)
+        if (problem.severity == Severity::Error) cause += problem.Text() + L"\n";
+    return Tell(specification, cause, owner);
 }
 
 bool StoreAllChanged(const std::vector<SpecificationChange>& changes, QWidget* owner)

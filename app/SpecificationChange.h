@@ -23,6 +23,9 @@ struct SpecificationChange {
 // All of them, or none: where one has become another one meanwhile, or its file resists, the others
 // are what they were. False with a message then.
 bool StoreAllChanged(const std::vector<SpecificationChange>& changes, QWidget* owner);
+// Puts one into the library that is not there: a version of one that was deleted, or a new one.
+// False with a message, when it was not saved.
+bool PutBack(const CDesignSpecification& specification, QWidget* owner);
 
 // What a page of the editor would refuse of it that it would not have refused before, a line each;
 // empty when nothing is.

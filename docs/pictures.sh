@@ -37,6 +37,19 @@ sed -e 's/Style Name="城市道路"/Style Name="旧城区道路"/' -e 's/D3F3F68
     "$project"/规范/城市道路*.hds \
     >"$project/规范/已删除/旧城区道路7A10C2E5-EA44-451F-A12E-3EA2063C3DA7.hds"
 cp examples/roads/违规.xml "$project"
+# ... and what one was before: as it is now, in the end.
+edit() { "$designspec" --project "$project" --spec 城市道路 set "$@" >/dev/null; }
+edit BeelineLen.MinLenInOneDir 8
+edit CircularCurveRad.SuperelevationMinRad --speed 60 160
+"$designspec" --project "$project" restore 城市道路 --version 1 >/dev/null
+dated() {
+    local file
+    file=$(ls "$project"/规范/历史/*/"$1"-*)
+    mv "$file" "$(sed -e "s/$1-[0-9TZ]*-/$1-$2-/" -e "s/-[^-]*\.hds\$/-$3.hds/" <<<"$file")"
+}
+dated 000001 20261018T013000Z 张工
+dated 000002 20261102T063000Z 李工
+dated 000003 20261120T084500Z 张工
 take "$project" "$work/all" --open "$project/违规.xml" --theirs "$theirs"/规范/城市道路*.hds
 mv "$work/all/道路检核 — 违规.xml.png" "$work/all/道路检核.png"
 

@@ -36,6 +36,7 @@ enum : int {
     // deleted styles
     Deleted = 5401, // list
     BringBack,
+    ViewDeleted,
 };
 
 } // namespace ControlId

@@ -1,12 +1,17 @@
 #include "host/DeletedStylesDialog.h"
 
+#include <algorithm>
+
+#include <QDateTime>
 #include <QDialogButtonBox>
+#include <QFileInfo>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
+#include "base/File.h"
 #include "host/ControlIds.h"
 #include "platform/mfc/Dialog.h"
 #include "platform/mfc/QtText.h"
@@ -22,12 +27,19 @@ QTreeWidget* MakeList()
 {
     auto* list = new QTreeWidget;
     SetControlId(list, ControlId::Deleted);
-    list->setHeaderLabels({QObject::tr("名称"), QObject::tr("文件")});
+    list->setHeaderLabels({QObject::tr("名称"), QObject::tr("删除时间"), QObject::tr("文件")});
     list->setRootIsDecorated(false);
     list->setUniformRowHeights(true);
     list->setTextElideMode(Qt::ElideMiddle);
     list->setSelectionMode(QAbstractItemView::ExtendedSelection);
     return list;
+}
+
+// A file gets its place among the deleted ones when it is deleted.
+QString TimeOf(const CString& path)
+{
+    const QFileInfo file(QString::fromStdString(NativePath(path)));
+    return file.metadataChangeTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"));
 }
 
 } // namespace
@@ -41,6 +53,12 @@ DeletedStylesDialog::DeletedStylesDialog(CStyleEditor& editor, QWidget* parent)
     m_bringBack = buttons->addButton(tr("恢复(&R)"), QDialogButtonBox::ActionRole);
     SetControlId(m_bringBack, ControlId::BringBack);
     m_bringBack->setDefault(true);
+    if (m_editor.EnableViewDeleted()) {
+        m_view = buttons->addButton(tr("查看(&V)…"), QDialogButtonBox::ActionRole);
+        SetControlId(m_view, ControlId::ViewDeleted);
+        connect(m_view, &QPushButton::clicked, this, &DeletedStylesDialog::View);
+        connect(m_list, &QTreeWidget::itemDoubleClicked, this, &DeletedStylesDialog::View);
+    }
     SetControlId(buttons->addButton(tr("关闭(&C)"), QDialogButtonBox::RejectRole), IDCANCEL);
 
     auto* layout = new QVBoxLayout(this);
@@ -64,8 +82,9 @@ void DeletedStylesDialog::Fill()
     m_deleted = styles->Files().Deleted(problems);
     for (const DeletedStyle& deleted : m_deleted) {
         const QString file = ToQString(deleted.file);
-        auto* item = new QTreeWidgetItem(m_list, {ToShown(deleted.name), file});
-        item->setToolTip(1, ToToolTip(file));
+        const CString path = styles->Files().DeletedPath() + L"/" + deleted.file;
+        auto* item = new QTreeWidgetItem(m_list, {ToShown(deleted.name), TimeOf(path), file});
+        item->setToolTip(2, ToToolTip(file));
         if (!styles->Item(deleted.id)) continue;
         item->setDisabled(true);
         item->setText(0, tr("%1  (库中已有)").arg(item->text(0)));
@@ -73,6 +92,7 @@ void DeletedStylesDialog::Fill()
     }
     TraceProblems(problems);
     m_list->header()->resizeSection(0, m_list->fontMetrics().height() * 14);
+    m_list->resizeColumnToContents(1);
     m_list->setCurrentItem(m_list->topLevelItem(0));
     if (m_list->topLevelItemCount() == 0) m_message->setText(tr("没有已删除的样式。"));
     EnableButton();
@@ -81,6 +101,20 @@ void DeletedStylesDialog::Fill()
 void DeletedStylesDialog::EnableButton()
 {
     m_bringBack->setEnabled(!m_list->selectedItems().isEmpty());
+    if (m_view) m_view->setEnabled(m_list->selectedItems().size() == 1);
+}
+
+// The user may have brought it back there.
+void DeletedStylesDialog::View()
+{
+    if (m_list->selectedItems().size() != 1) return;
+    const int row = m_list->indexOfTopLevelItem(m_list->selectedItems().front());
+    const GUID id = m_deleted[static_cast<size_t>(row)].id;
+    m_editor.ViewDeleted(id);
+    Fill();
+    m_list->setCurrentItem(m_list->topLevelItem(std::min(row, m_list->topLevelItemCount() - 1)));
+    const CStyles* const styles = m_editor.GetStyles();
+    if (styles && styles->Item(id)) m_broughtBack.push_back(id);
 }
 
 void DeletedStylesDialog::BringBack()

@@ -23,6 +23,7 @@ private:
     void Fill();
     void EnableButton();
     void BringBack();
+    void View();
 
     CStyleEditor& m_editor;
     std::vector<designspec::DeletedStyle> m_deleted; // as listed
@@ -30,4 +31,5 @@ private:
     QTreeWidget* m_list;
     QLabel* m_message;
     QPushButton* m_bringBack;
+    QPushButton* m_view = nullptr; // only where the editor can show one
 };

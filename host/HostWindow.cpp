@@ -160,6 +160,9 @@ void HostWindow::Connect()
     connect(&m_styles->Commands(), &StyleCommands::ReloadWanted, this, &HostWindow::Reload);
     connect(&m_styles->Commands(), &StyleCommands::Note, this,
             [this](const QString& text) { m_noteBar->Show(text); });
+    connect(&m_styles->Commands(), &StyleCommands::Undoable, this, [this](const QString& text) {
+        m_noteBar->Show(text, tr("撤销(&U)"), [this] { m_styles->Commands().Undo(); });
+    });
     connect(&m_styles->Commands(), &StyleCommands::Failed, this, &HostWindow::ShowFailure);
 }
 

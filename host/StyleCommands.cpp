@@ -86,7 +86,8 @@ void StyleCommands::Run(unsigned command, const Selection& selected)
     case kCommandEditStyle:
     case kCommandRenameStyle: // the name is a field of the editor's dialog
         m_editor->Edit(Only(selected));
-        break;
+        emit Listed();
+        return OfferUndo();
     case kCommandViewStyle:
         return m_editor->View(Only(selected));
     case kCommandDeleteStyle:
@@ -115,6 +116,20 @@ void StyleCommands::Run(unsigned command, const Selection& selected)
 void StyleCommands::RunOwn(unsigned command, const Selection& selected)
 {
     const CString note = m_editor->RunOwn(command, selected);
+    emit Listed();
+    if (!note.empty()) emit Note(ToQString(note));
+}
+
+void StyleCommands::OfferUndo()
+{
+    if (const CString text = m_editor->UndoText(); !text.empty()) emit Undoable(ToQString(text));
+}
+
+void StyleCommands::Undo()
+{
+    if (!m_editor) return;
+    emit Begun();
+    const CString note = m_editor->Undo();
     emit Listed();
     if (!note.empty()) emit Note(ToQString(note));
 }

@@ -28,7 +28,11 @@ public:
     // given.
     void Run(unsigned command, const Selection& selected);
 
+    // Takes back what Undoable told of.
+    void Undo();
+
 signals:
+    void Undoable(const QString& text); // what was saved, and can be taken back
     void Begun();                       // before a command is done
     void Made(const Selection& styles); // new in the list, to be selected
     void Note(const QString& text);
@@ -44,6 +48,7 @@ private:
     const designspec::EditorCommand* FindOwn(unsigned command) const;
     bool IsOwnEnabled(unsigned command, size_t selected) const;
     void RunOwn(unsigned command, const Selection& selected);
+    void OfferUndo();
     void New(CStyle* from);
     void Delete(const Selection& selected);
     bool ConfirmDelete(const Selection& selected) const;

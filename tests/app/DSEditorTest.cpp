@@ -9,6 +9,7 @@
 #include "app/DSMainDialog.h"
 #include "app/DesignSpecificationGroup.h"
 #include "app/NameWaitDialog.h"
+#include "app/OthersChangeDialog.h"
 #include "app/ViewDesignSpecification.h"
 #include "base/Text.h"
 #include "platform/mfc/Menu.h"
@@ -190,6 +191,62 @@ TEST_F(DSEditor, EditTellsTheViewsOfANewName)
     }
     EXPECT_EQ(m_refurbished, 1);
     EXPECT_EQ(Names(), L"乙");
+}
+
+TEST_F(DSEditor, AnEditCanBeTakenBack)
+{
+    CDesignSpecification& edited = AddSaved(Make(L"甲", 7));
+    const GUID id = edited.ID();
+    EXPECT_EQ(m_editor.UndoText(), L"");
+    {
+        const ExpectModal dialog([](QWidget* window) {
+            TypeInto(window, 108, L"乙");
+            Click(window, IDOK);
+        });
+        m_editor.Edit(&edited);
+    }
+    EXPECT_EQ(m_editor.UndoText(), L"已保存“乙”。");
+    EXPECT_EQ(m_editor.Undo(), L"已撤销, “甲”恢复到编辑之前。");
+    EXPECT_EQ(m_refurbished, 2);
+    EXPECT_EQ(m_editor.UndoText(), L"");
+    EXPECT_EQ(m_editor.Undo(), L"") << "only once";
+    Reload();
+    EXPECT_EQ(Names(), L"甲");
+    EXPECT_TRUE(Library().Item(id));
+    EXPECT_EQ(MarkOf(L"甲"), 7);
+}
+
+TEST_F(DSEditor, AnEditThatChangesNothingOrIsCancelledCannotBeTakenBack)
+{
+    CDesignSpecification& edited = AddSaved(Make(L"甲"));
+    for (const int button : {IDOK, IDCANCEL}) {
+        const ExpectModal dialog([button](QWidget* window) { Click(window, button); });
+        m_editor.Edit(&edited);
+        EXPECT_EQ(m_editor.UndoText(), L"");
+    }
+}
+
+// Undo takes back its own change, not theirs.
+TEST_F(DSEditor, UndoKeepsWhatOthersDidSince)
+{
+    CDesignSpecification& edited = AddSaved(Make(L"甲", 7));
+    {
+        const ExpectModal dialog([](QWidget* window) {
+            TypeInto(window, 108, L"乙");
+            Click(window, IDOK);
+        });
+        m_editor.Edit(&edited);
+    }
+    SpecificationFolder theirs(m_project.Path(L"规范"));
+    theirs.Load();
+    theirs.Item(0)->CircularCurveRad.MaxRad = 8000;
+    ASSERT_TRUE(theirs.Save(*theirs.Item(0)).done);
+    const ExpectModal settle(
+        [](QWidget* window) { Click(window, COthersChangeDialog::kAsChosen); });
+    EXPECT_NE(m_editor.Undo(), L"");
+    Reload();
+    EXPECT_EQ(Names(), L"甲");
+    EXPECT_EQ(Library().Item(0)->CircularCurveRad.MaxRad, 8000);
 }
 
 TEST_F(DSEditor, EditTellsTheViewsOfANameInAnotherCase)

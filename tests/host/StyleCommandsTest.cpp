@@ -328,7 +328,11 @@ TEST_F(StyleCommandsTest, ADeletedStyleIsSetAsideAndCanBeBroughtBack)
         auto* const list = Control<QTreeWidget>(window, ControlId::Deleted);
         ASSERT_EQ(list->topLevelItemCount(), 1);
         EXPECT_EQ(FromQString(list->topLevelItem(0)->text(0)), L"a");
-        EXPECT_EQ(FromQString(list->topLevelItem(0)->text(1)), file);
+        const auto deleted = QDateTime::fromString(list->topLevelItem(0)->text(1),
+                                                   QStringLiteral("yyyy-MM-dd HH:mm:ss"));
+        EXPECT_LT(std::abs(deleted.secsTo(QDateTime::currentDateTime())), 60);
+        EXPECT_EQ(FromQString(list->topLevelItem(0)->text(2)), file);
+        EXPECT_EQ(list->window()->findChildren<QPushButton*>().size(), 2) << "not this editor";
         Click(window, ControlId::BringBack);
         EXPECT_EQ(list->topLevelItemCount(), 0);
         Click(window, IDCANCEL);
@@ -336,6 +340,59 @@ TEST_F(StyleCommandsTest, ADeletedStyleIsSetAsideAndCanBeBroughtBack)
     Key(Qt::Key_D, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_EQ(Listed(), (CStringArray{L"a", L"b"}));
     EXPECT_EQ(HdsFiles("规范/已删除"), 0u);
+}
+
+TEST_F(StyleCommandsTest, ADeletedStyleIsLookedAtWhereTheEditorCan)
+{
+    Disable("Own=1\n");
+    Have({L"a"});
+    const CString id = VMRDPub::GUIDToStr(files.Item(L"a")->id);
+    Start();
+    ClickRow(L"a");
+    Delete(L"要删除“a”吗?");
+    ExpectModal dialog([&](QWidget* window) {
+        auto* const list = Control<QTreeWidget>(window, ControlId::Deleted);
+        {
+            const ExpectModal shown([&](QWidget* view) {
+                EXPECT_EQ(view->windowTitle(), QStringLiteral("查看已删除的"));
+                EXPECT_EQ(FromQString(Control<QLineEdit>(view, 108)->text()), id);
+                Click(view, IDCANCEL);
+            });
+            Click(window, ControlId::ViewDeleted);
+        }
+        {
+            const ExpectModal shown([](QWidget* view) { Click(view, IDCANCEL); });
+            const QPoint place = list->visualItemRect(list->topLevelItem(0)).topLeft();
+            QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, place + QPoint(8, 4));
+            QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, place + QPoint(8, 4));
+        }
+        EXPECT_EQ(list->topLevelItemCount(), 1);
+        Click(window, IDCANCEL);
+    });
+    Key(Qt::Key_D, Qt::ControlModifier | Qt::ShiftModifier);
+}
+
+TEST_F(StyleCommandsTest, WhatWasSavedCanBeTakenBackFromTheBar)
+{
+    Disable("Own=1\n");
+    Have({L"甲"});
+    Start();
+    ClickRow(L"甲");
+    {
+        const ExpectModal dialog([](QWidget* window) {
+            TypeInto(window, 108, L"乙");
+            Click(window, IDOK);
+        });
+        Key(Qt::Key_F2);
+    }
+    EXPECT_EQ(Listed(), CStringArray{L"乙"});
+    ASSERT_EQ(BarText(ControlId::NoteBar), L"已保存。");
+    QWidget* const bar = Control(host.get(), ControlId::NoteBar);
+    EXPECT_EQ(Control<QPushButton>(bar, ControlId::BarAction)->text(), QStringLiteral("撤销(&U)"));
+    Click(bar, ControlId::BarAction);
+    EXPECT_EQ(Listed(), CStringArray{L"甲"});
+    EXPECT_EQ(BarText(ControlId::NoteBar), L"已撤销。");
+    EXPECT_FALSE(Control(bar, ControlId::BarAction)->isVisible());
 }
 
 TEST_F(StyleCommandsTest, AStyleThatTheLibraryHasIsNotBroughtBackASecondTime)

@@ -88,6 +88,7 @@ public:
         const AcAxDocLock lock;
         NameDialog dialog(style->Name(), L"编辑");
         if (dialog.exec() != QDialog::Accepted) return;
+        m_edited = {style->ID(), style->Name()};
         m_styles.Rename(static_cast<CFakeStyle&>(*style), dialog.Name());
         m_styles.Refurbish();
     }
@@ -122,6 +123,24 @@ public:
         return kOwn;
     }
 
+    CString UndoText() const override
+    {
+        return Enabled(L"Own", L"0") && !m_edited.second.empty() ? L"已保存。" : L"";
+    }
+    CString Undo() override
+    {
+        m_styles.Rename(*m_styles.Item(m_edited.first), m_edited.second);
+        m_styles.Refurbish();
+        m_edited = {};
+        return L"已撤销。";
+    }
+    bool EnableViewDeleted() const override { return Enabled(L"Own", L"0"); }
+    void ViewDeleted(const GUID& id) override
+    {
+        NameDialog dialog(VMRDPub::GUIDToStr(id), L"查看已删除的");
+        dialog.exec();
+    }
+
     CString RunOwn(unsigned command, const CArray<GUID>& selected) override
     {
         if (command == kCommandsOfEditor) return std::to_wstring(selected.size());
@@ -140,6 +159,7 @@ public:
 
 private:
     mutable CFakeStyles m_styles;
+    std::pair<GUID, CString> m_edited; // and its name before
 };
 
 class CFakeGroup : public CStyleGroup {

@@ -63,4 +63,13 @@ public:
     // Does one of them with the selected styles. What is to be told of it afterwards; often
     // nothing.
     virtual CString RunOwn(unsigned command, const CArray<GUID>& selected);
+
+    // What the last command saved, when it can be taken back; else empty.
+    virtual CString UndoText() const { return {}; }
+    // Takes it back. What is to be told of it; empty when it was not.
+    virtual CString Undo() { return {}; }
+
+    // Shows a style that was deleted, and what it was before.
+    virtual bool EnableViewDeleted() const { return false; }
+    virtual void ViewDeleted(const GUID&) {}
 };
