@@ -3,9 +3,11 @@
 #include <algorithm>
 
 #include <QGridLayout>
+#include <QPushButton>
 #include <QScrollArea>
 #include <QTreeWidget>
 
+#include "app/TakeFromDialog.h"
 #include "base/Format.h"
 #include "base/NoCase.h"
 #include "base/Text.h"
@@ -25,6 +27,7 @@ namespace {
 constexpr UINT kDialogResource = 102;
 constexpr int kTree = 100;
 constexpr int kName = 108;
+constexpr int kTakeFrom = 301;
 
 // What a tree item carries: 0 for a group, the page's place plus one for a page.
 constexpr int kPageRole = Qt::UserRole;
@@ -107,6 +110,8 @@ bool CDSMainDialog::OnInitDialog()
         first->setExpanded(true);
         m_tree->setCurrentItem(first);
     }
+    if (auto* const takeFrom = GetDlgItem<QPushButton>(kTakeFrom))
+        connect(takeFrom, &QPushButton::clicked, this, [this] { TakeFrom(); });
     if (m_viewMode) EnterViewMode();
     return CDialog::OnInitDialog();
 }
@@ -136,7 +141,8 @@ void CDSMainDialog::PlacePages()
         page.window->setSizePolicy(policy);
     }
     // The pages came last; Tab is to pass through them on its way to the buttons.
-    setTabOrder(LastToFocus(area), GetDlgItem(IDOK));
+    setTabOrder(LastToFocus(area), GetDlgItem(kTakeFrom));
+    setTabOrder(GetDlgItem(kTakeFrom), GetDlgItem(IDOK));
     setTabOrder(GetDlgItem(IDOK), GetDlgItem(IDCANCEL));
 }
 
@@ -186,6 +192,7 @@ void CDSMainDialog::SetImage(QTreeWidgetItem* item, Image image) const
 void CDSMainDialog::EnterViewMode()
 {
     DisableReadably(GetDlgItem(kName));
+    ShowWindow(kTakeFrom, false);
     SetWindowText(GetWindowText() + L" - " + m_name + L" -- 查看模式");
     for (int i = 0; i < PageCount(); ++i) {
         if (m_viewPage.find(L'\\') == CString::npos || !EqualNoCase(PagePath(i), m_viewPage))
@@ -232,6 +239,27 @@ void CDSMainDialog::OnSelChanged(const QTreeWidgetItem* selected)
     page.window->show();
     if (m_scroll) m_scroll->ensureVisible(0, 0); // a page opens at its beginning
     page.Callback().OnShow();
+}
+
+const CDSMainDialog::Page* CDSMainDialog::Shown() const
+{
+    for (const Page& page : m_pages)
+        if (!page.window->isHidden()) return &page;
+    return nullptr;
+}
+
+// Nothing is stored: it is as if the user had entered it.
+void CDSMainDialog::TakeFrom()
+{
+    for (const Page& page : m_pages)
+        page.window->CommitGrids();
+    const Page* const shown = Shown();
+    CTakeFromDialog dialog(Entered(Trim(GetDlgItemText(kName))), shown ? shown->label : L"", this);
+    if (dialog.DoModal() != IDOK) return;
+    const CDesignSpecification made = dialog.Made();
+    for (const Page& page : m_pages)
+        page.Callback().TakeFrom(made);
+    if (shown) shown->Callback().OnShow(); // it may show what another page holds
 }
 
 // Also what Tab reaches from outside of the page.

@@ -57,6 +57,8 @@ private:
     void SetImage(QTreeWidgetItem* item, Image image) const;
     void EnterViewMode();
     void OnSelChanged(const QTreeWidgetItem* selected);
+    const Page* Shown() const;
+    void TakeFrom();
 
     bool CheckName(const CString& name);
     bool ValidatePages();

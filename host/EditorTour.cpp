@@ -176,7 +176,16 @@ void EditorTour::ShowEditing(QDialog* dialog, const QString& name)
         ShowPages(dialog, tree);
     else
         Show(dialog, QObject::tr("编辑"));
+    ShowAsking(dialog);
     ShowMessage(dialog, name);
+}
+
+// What the window's own buttons open.
+void EditorTour::ShowAsking(QDialog* dialog)
+{
+    for (QPushButton* button : Usable<QPushButton>(*dialog))
+        if (button->text().endsWith(u'…'))
+            VisitModals([button] { button->click(); }, {ShowByTitle()});
 }
 
 void EditorTour::ShowPages(QDialog* dialog, QTreeWidget* tree)

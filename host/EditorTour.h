@@ -41,6 +41,7 @@ private:
     void ShowMenu(QAbstractItemView* table, const QString& page);
     void ShowInputDialogs(QAbstractItemView* table, const QStringList& items);
     void ShowSource(QDialog* dialog);
+    void ShowAsking(QDialog* dialog);
     void ShowMessage(QDialog* dialog, const QString& name);
 
     // Pictures the window unless there is one of that name.

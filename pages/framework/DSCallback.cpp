@@ -20,3 +20,5 @@ CDesignSpecification* CDSCallback::Specification() const
 {
     return CDesignSpecifications::GetInstance()->Item(m_strName.c_str());
 }
+
+void CDSCallback::TakeFrom(const CDesignSpecification&) {}

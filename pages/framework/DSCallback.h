@@ -32,6 +32,9 @@ public:
     virtual void OnShow();
     // Writes the page as far as it is valid into a specification that needs not be the library's.
     virtual void StoreInto(CDesignSpecification& specification);
+    // Fills the page from a specification that needs not be the library's, as the user could: one
+    // step of undo in each grid. A page that holds the same already stays as it is.
+    virtual void TakeFrom(const CDesignSpecification& specification);
 
     // False until the page is registered with its main dialog.
     bool IsViewMode() const;

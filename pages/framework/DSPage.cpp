@@ -61,6 +61,14 @@ void CDSPage::OpenSource(CString& text)
     if (!readOnly) text = Trim(dialog.GetText());
 }
 
+void CDSPage::InOneStep(const std::function<void()>& change)
+{
+    std::function<void()> all = change;
+    for (CXTPReportControl* const grid : m_grids)
+        all = [grid, inner = std::move(all)] { grid->GetUndo().Step(inner); };
+    all();
+}
+
 void CDSPage::DisableInViewMode(std::initializer_list<int> controls)
 {
     m_locked.insert(m_locked.end(), controls);

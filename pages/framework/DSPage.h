@@ -43,6 +43,8 @@ public:
     void CommitGrids();
     // The same in a store step: false, with what a cell refused as the message.
     bool CommitGrids(CString& message);
+    // What the change does is one step of undo in each grid.
+    void InOneStep(const std::function<void()>& change);
     // Puts the focus where the last Refuse found fault, into the offending cell of a grid.
     void FocusRefused();
 

@@ -125,7 +125,7 @@ CMyRecordItemValue* CHeaderedGrid::Cell(int row, const CXTPReportColumn* column)
 void CHeaderedGrid::ShowLoaded()
 {
     m_control->Populate();
-    m_control->GetUndo().Clear();
+    if (!m_control->GetUndo().IsInStep()) m_control->GetUndo().Clear();
 }
 
 void CHeaderedGrid::GoTo(int row, const CXTPReportColumn* column)

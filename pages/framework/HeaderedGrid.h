@@ -44,7 +44,7 @@ public:
 
     // Empties the grid save for its first column.
     void RemoveRows();
-    // Shows what was loaded; it cannot be undone.
+    // Shows what was loaded; it cannot be undone, unless it is part of a step.
     void ShowLoaded();
 
 protected:

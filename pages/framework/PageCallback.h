@@ -50,6 +50,17 @@ public:
         CriterionPage().StoreStep(specification.*Member, unused);
     }
 
+    void TakeFrom(const CDesignSpecification& specification) override
+    {
+        Criterion now;
+        CString message;
+        const Criterion& wanted = specification.*Member;
+        const bool isWhole =
+            CriterionPage().CommitGrids(message) && CriterionPage().StoreStep(now, message);
+        if (isWhole && now == wanted) return;
+        CriterionPage().InOneStep([&] { CriterionPage().LoadStep(wanted); });
+    }
+
 private:
     CCriterionPage<Criterion>& CriterionPage() const
     {

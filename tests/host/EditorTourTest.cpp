@@ -2,13 +2,14 @@
 
 #include <map>
 
-#include <QTreeWidget>
+#include <QTableView>
 #include <gtest/gtest.h>
 
 #include "base/Text.h"
 #include "platform/arx/Modules.h"
 #include "platform/vmrd/VMRDPrj/PrjManager.h"
 #include "tests/app/AppTest.h"
+#include "tests/gui/Controls.h"
 
 using namespace designspec;
 
@@ -100,9 +101,10 @@ TEST_F(EditorTourTest, ShowsTheWindowAboutAChangeOfOthers)
     CStyleManager& manager = *CPrjManager::GetInstance()->GetStyleManager();
     EditorTour tour(*manager.GetGroup(0)->GetStyles(0), [&](QWidget* window, const QString& title) {
         EXPECT_EQ(title, QStringLiteral("规范已被别人修改"));
-        const auto* const list = window->findChild<QTreeWidget*>();
-        for (int i = 0; list && i < list->topLevelItemCount(); ++i)
-            rows << list->topLevelItem(i)->text(1) + u'|' + list->topLevelItem(i)->text(2);
+        const auto* const values = Control<QTableView>(window, 7004);
+        for (int i = 0; values && i < values->model()->rowCount(); ++i)
+            rows << values->model()->index(i, 2).data().toString() + u'|' +
+                        values->model()->index(i, 4).data().toString();
     });
     tour.ShowOthersChange(&specification,
                           QString::fromStdString(m_project.Native("对方/" + name).string()));
