@@ -242,13 +242,27 @@ protected:
     void Restore(Worker& worker)
     {
         const std::string id = AnyId(worker, false);
+        const std::string file = DeletedFile(id);
+        if (file.empty()) return;
         Span span;
         ProcessResult result;
-        if (!Run(span, result, {"restore", id, "--json", "--wait", "300"})) return;
+        if (!Run(span, result, {"restore", file, "--json", "--wait", "300"})) return;
         const Json restored = Json::parse(result.out);
         EXPECT_EQ(restored["id"], id);
         const std::scoped_lock lock(m_mutex);
         Add(id, restored["name"], span);
+    }
+
+    // One that others may bring back before; empty when there is none. By its identity, one that is
+    // there would become what it was before.
+    std::string DeletedFile(const std::string& id) const
+    {
+        std::error_code gone;
+        for (const auto& entry : fs::directory_iterator(m_folder.Native("规范/已删除"), gone))
+            if (const std::string name = entry.path().filename();
+                name.find(id) != std::string::npos)
+                return name;
+        return {};
     }
 
     void New(Worker& worker)
