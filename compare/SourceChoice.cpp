@@ -11,7 +11,10 @@
 #include <QPushButton>
 
 #include "base/Format.h"
+#include "base/Moment.h"
 #include "compare/ControlIds.h"
+#include "library/SpecificationHistory.h"
+#include "library/SpecificationSource.h"
 #include "platform/mfc/MessageBox.h"
 #include "platform/mfc/QtText.h"
 
@@ -23,26 +26,11 @@ constexpr int kLetters = 16; // of a name are always to be seen
 
 using Folder = std::shared_ptr<SpecificationFolder>;
 
-bool IsFolder(const CString& path)
+// When it came, and by whom, as far as that is told.
+QString VersionText(const SpecificationVersion& version)
 {
-    return QFileInfo(ToQString(path)).isDir();
-}
-
-// The specifications of the project, or the folder that holds them: it is chosen as easily.
-CString LibraryOf(const CString& path)
-{
-    const QDir folder(ToQString(path));
-    const QString name = ToQString(kStylesFolder);
-    const bool isLibrary = folder.dirName() == name && !folder.exists(name);
-    return isLibrary ? path : StylesFolderOf(path);
-}
-
-Folder ReadAll(const CString& path, Problems& problems)
-{
-    const auto folder =
-        std::make_shared<SpecificationFolder>(IsFolder(path) ? LibraryOf(path) : L"");
-    problems = IsFolder(path) ? folder->Load().problems : folder->TakeIn(path, {}, false).problems;
-    return folder;
+    if (!version.saved) return QObject::tr("早于 %1").arg(ToQString(LocalTime(version.replaced)));
+    return ToShown(LocalTime(*version.saved) + L"  " + version.savedBy);
 }
 
 } // namespace
@@ -67,6 +55,8 @@ SourceChoice::SourceChoice(const QString& caption, int id, QWidget* parent)
     auto* const menu = new QMenu(m_more);
     menu->addAction(tr("文件…"), this, &SourceChoice::AskFile);
     menu->addAction(tr("其他项目…"), this, &SourceChoice::AskProject);
+    QMenu* const history = menu->addMenu(tr("历史"));
+    connect(menu, &QMenu::aboutToShow, this, [this, history] { ShowVersions(*history); });
     m_more->setMenu(menu);
     auto* const layout = new QHBoxLayout(this);
     layout->setContentsMargins({});
@@ -118,11 +108,14 @@ void SourceChoice::SelectBuiltIn()
 bool SourceChoice::AddFrom(const CString& path, const CDesignSpecification* like)
 {
     Problems problems;
-    const Folder read = ReadAll(path, problems);
+    const Folder read = ReadSpecificationsAt(path, problems);
     CString text = Format(L"无法从这里读取规范:\n%s", path);
     for (const Problem& problem : problems)
         if (problem.severity == Severity::Error) text += L"\n" + problem.Text();
-    if (read->Count() == 0) return MessageBox(this, text, L"提示", MB_ICONINFORMATION), false;
+    if (!read || read->Count() == 0) {
+        MessageBox(this, text, L"提示", MB_ICONINFORMATION);
+        return false;
+    }
     const QString place = QDir(ToQString(path)).dirName();
     int wanted = static_cast<int>(m_entries.size());
     bool isSame = false;
@@ -136,6 +129,37 @@ bool SourceChoice::AddFrom(const CString& path, const CDesignSpecification* like
     }
     m_list->setCurrentIndex(wanted);
     return true;
+}
+
+// Of what stands on the other side when that is of the library, else of what is chosen here.
+void SourceChoice::ShowVersions(QMenu& menu)
+{
+    menu.clear();
+    const CDesignSpecification* of = m_like ? m_like() : nullptr;
+    if (!of || !m_library->Find(of->ID())) of = Chosen();
+    Problems unread; // there is less to choose from
+    if (of)
+        for (const SpecificationVersion& version : VersionsOf(*m_library, of->ID(), unread))
+            menu.addAction(VersionText(version), this,
+                           [this, version, id = of->ID()] { AddVersion(version, id); });
+    menu.setTitle(of ? tr("“%1”的历史").arg(ToShown(of->Name())) : tr("历史"));
+    menu.setEnabled(!menu.isEmpty());
+}
+
+void SourceChoice::AddVersion(const SpecificationVersion& version, const GUID& id)
+{
+    Problems problems;
+    const auto read = ReadVersion(version, id, problems);
+    if (!read) {
+        const CString cause = problems.empty() ? CString() : problems.front().Text();
+        MessageBox(this, L"无法读取这个版本:\n" + cause, L"提示", MB_ICONINFORMATION);
+        return;
+    }
+    const auto folder = std::make_shared<SpecificationFolder>(L"");
+    const auto& added = folder->Add(std::make_unique<CDesignSpecification>(*read));
+    Add(tr("%1 (%2)").arg(ToShown(added.Name()), VersionText(version)),
+        std::make_shared<Entry>(Entry{id, folder, &added}));
+    m_list->setCurrentIndex(m_list->count() - 1);
 }
 
 void SourceChoice::AskFile()

@@ -1,5 +1,5 @@
-// A choice of one specification: of the library, the built-in limits, or what stands in a file or
-// in another project.
+// A choice of one specification: of the library, the built-in limits, what stands in a file or in
+// another project, or what one was before.
 #pragma once
 
 #include <functional>
@@ -10,9 +10,12 @@
 #include "library/SpecificationFolder.h"
 
 class QComboBox;
+class QMenu;
 class QPushButton;
 
 namespace designspec {
+
+struct SpecificationVersion;
 
 class SourceChoice : public QWidget {
     Q_OBJECT
@@ -51,6 +54,8 @@ private:
     struct Entry;
     void Add(const QString& title, std::shared_ptr<const Entry> entry);
     const Entry* Current() const;
+    void ShowVersions(QMenu& menu);
+    void AddVersion(const SpecificationVersion& version, const GUID& id);
     void AskFile();
     void AskProject();
 

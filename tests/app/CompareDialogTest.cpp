@@ -240,6 +240,49 @@ TEST_F(CompareDialog, AnotherProjectIsReadForOneSide)
     EXPECT_EQ(Stored(L"甲"), 60);
 }
 
+TEST_F(CompareDialog, AnEarlierVersionIsReadForOneSide)
+{
+    S& first = *Library().Item(L"甲");
+    first.BeelineLen.MaxLen = 25;
+    ASSERT_TRUE(Library().Save(&first));
+    Run(
+        [](QWidget* window) {
+            {
+                const ExpectModal menu([](QWidget* shown) {
+                    const ShownMenuItem history = ReadMenu(shown).back();
+                    EXPECT_EQ(history.text, L"“甲”的历史");
+                    ASSERT_EQ(history.subMenu.size(), 1U);
+                    ChooseMenuItem(shown, history.subMenu[0].text);
+                });
+                Click(window, D::kRight + 1);
+            }
+            EXPECT_TRUE(Chosen(window, D::kRight).startsWith(QStringLiteral("甲 (")))
+                << Chosen(window, D::kRight).toStdString();
+            EXPECT_FALSE(Control(window, CompareId::ToRight)->isVisible());
+            EXPECT_EQ(Differing(window), 1);
+            TakeAll(window, CompareId::ToLeft);
+            Click(window, IDOK);
+        },
+        {m_first.ID()});
+    EXPECT_EQ(Stored(L"甲"), 20);
+}
+
+TEST_F(CompareDialog, WithoutVersionsThereIsNoHistoryToChooseFrom)
+{
+    Run(
+        [](QWidget* window) {
+            {
+                const ExpectModal menu([](QWidget* shown) {
+                    EXPECT_FALSE(ReadMenu(shown).back().enabled);
+                    PressKey(shown, Qt::Key_Escape);
+                });
+                Click(window, D::kRight + 1);
+            }
+            Click(window, IDCANCEL);
+        },
+        {m_first.ID()});
+}
+
 TEST_F(CompareDialog, AFileThatCannotBeReadSaysWhy)
 {
     m_project.Write("broken.hds", "<StyleLibrary><Group>");
