@@ -10,12 +10,14 @@ install(TARGETS designspec roadcheck EXPORT designspecTargets
 # base/ stays its own. Their includes of one another say so too.
 set(PUBLIC_HEADERS
     base/Export.h
+    base/Moment.h
     base/NoCase.h
     base/Problem.h
     base/Signal.h
     library/DesignSpecifications.h
     library/LibraryCheck.h
     library/SpecificationFolder.h
+    library/SpecificationHistory.h
     library/StyleName.h
     platform/mfc/Object.h
     platform/mfc/String.h
@@ -24,6 +26,7 @@ set(PUBLIC_HEADERS
     platform/vmrd/VMRDEnv/Style.h
     platform/vmrd/VMRDEnv/StyleFile.h
     platform/vmrd/VMRDEnv/StyleFolder.h
+    platform/vmrd/VMRDEnv/StyleHistory.h
     platform/vmrd/VMRDEnv/Styles.h
     platform/vmrd/VMRDPub/VMRDPub.h
     platform/vmrd/VmHFCBaseU/Trace.h
