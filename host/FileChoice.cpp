@@ -20,6 +20,13 @@ QString AskFileToOpen(QWidget* owner, const QString& title, const QString& filte
     return Run(dialog);
 }
 
+QStringList AskFilesToOpen(QWidget* owner, const QString& title, const QString& filter)
+{
+    QFileDialog dialog(owner, title, {}, filter);
+    dialog.setFileMode(QFileDialog::ExistingFiles);
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles() : QStringList();
+}
+
 QString AskFileToSave(QWidget* owner, const QString& title, const QString& filter,
                       const QString& ending, const QString& proposed)
 {

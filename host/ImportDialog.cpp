@@ -2,6 +2,7 @@
 
 #include <QCheckBox>
 #include <QDialogButtonBox>
+#include <QFileInfo>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
@@ -16,10 +17,11 @@ using namespace designspec;
 
 namespace {
 constexpr int kNameRole = Qt::UserRole;
-}
+constexpr int kFileRole = Qt::UserRole + 1;
+} // namespace
 
-ImportDialog::ImportDialog(const CStyles& styles, const CStringArray& names,
-                           const CArray<GUID>& ids, QWidget* parent)
+ImportDialog::ImportDialog(const CStyles& styles, const std::vector<ImportFile>& files,
+                           QWidget* parent)
     : QDialog(parent), m_list(new QListWidget),
       m_overwrite(new QCheckBox(tr("覆盖库中已有的样式(&O)"))),
       m_buttons(new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel))
@@ -42,7 +44,7 @@ ImportDialog::ImportDialog(const CStyles& styles, const CStringArray& names,
     layout->addWidget(m_overwrite);
     layout->addWidget(m_buttons);
 
-    Fill(styles, names, ids);
+    Fill(styles, files);
     connect(m_list, &QListWidget::itemChanged, this, &ImportDialog::EnableOK);
     connect(m_buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(m_buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
@@ -51,31 +53,42 @@ ImportDialog::ImportDialog(const CStyles& styles, const CStringArray& names,
     new WindowPlace(this, QStringLiteral("dialogs/import"));
 }
 
-void ImportDialog::Fill(const CStyles& styles, const CStringArray& names, const CArray<GUID>& ids)
+void ImportDialog::Fill(const CStyles& styles, const std::vector<ImportFile>& files)
 {
     bool known = false;
-    for (size_t i = 0; i < names.size() && i < ids.size(); ++i) {
-        const QString name = ToQString(names[i]);
-        const bool has = styles.Item(ids[i]) != nullptr;
-        const QString shown = ToShown(names[i]);
-        auto* item = new QListWidgetItem(has ? tr("%1  (库中已有)").arg(shown) : shown, m_list);
-        item->setData(kNameRole, name);
-        item->setCheckState(Qt::Checked);
-        known = known || has;
+    for (size_t file = 0; file < files.size(); ++file) {
+        const auto& [path, names, ids] = files[file];
+        for (size_t i = 0; i < names.size() && i < ids.size(); ++i) {
+            const bool has = styles.Item(ids[i]) != nullptr;
+            QString shown = ToShown(names[i]);
+            if (has) shown = tr("%1  (库中已有)").arg(shown);
+            if (files.size() > 1) shown = tr("%1  — %2").arg(shown, QFileInfo(path).fileName());
+            auto* item = new QListWidgetItem(shown, m_list);
+            item->setData(kNameRole, ToQString(names[i]));
+            item->setData(kFileRole, static_cast<int>(file));
+            item->setToolTip(ToToolTip(path));
+            item->setCheckState(Qt::Checked);
+            known = known || has;
+        }
     }
     m_list->setCurrentRow(0);
     m_overwrite->setEnabled(known);
     m_overwrite->setToolTip(known ? QString() : tr("文件中没有库中已有的样式"));
 }
 
-CStringArray ImportDialog::Names() const
+std::optional<CStringArray> ImportDialog::Names(int file) const
 {
     CStringArray names;
-    for (int i = 0; i < m_list->count(); ++i)
-        if (m_list->item(i)->checkState() == Qt::Checked)
-            names.push_back(FromQString(m_list->item(i)->data(kNameRole).toString()));
-    if (static_cast<int>(names.size()) == m_list->count()) names.clear();
-    return names;
+    bool isAll = true;
+    for (int i = 0; i < m_list->count(); ++i) {
+        const QListWidgetItem& item = *m_list->item(i);
+        if (item.data(kFileRole).toInt() != file) continue;
+        const bool isChecked = item.checkState() == Qt::Checked;
+        isAll = isAll && isChecked;
+        if (isChecked) names.push_back(FromQString(item.data(kNameRole).toString()));
+    }
+    if (names.empty()) return std::nullopt;
+    return isAll ? CStringArray() : names;
 }
 
 bool ImportDialog::Overwrite() const

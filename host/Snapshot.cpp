@@ -112,7 +112,7 @@ void TakeDialogs(CStyleEditor& editor, Album& album)
         names.push_back(styles.Item(i)->Name());
         ids.push_back(styles.Item(i)->ID());
     }
-    ImportDialog importing(styles, names, ids);
+    ImportDialog importing(styles, {{{}, names, ids}});
     album.Take(&importing, QObject::tr("导入"));
     DeletedStylesDialog deleted(editor);
     album.Take(&deleted, QObject::tr("已删除的样式"));

@@ -186,30 +186,51 @@ void StyleCommands::KeepDefault(const std::optional<GUID>& before)
     emit Note(tr("默认样式已删除, 请另设一个默认样式。"));
 }
 
+// Those of the files that hold styles; of the others it is told why they do not count.
+std::vector<ImportFile> StyleCommands::ReadFiles(const QStringList& paths)
+{
+    const CStyles* const styles = Styles();
+    std::vector<ImportFile> files;
+    for (const QString& path : paths) {
+        ImportFile file{path, {}, {}};
+        if (!styles->StyleNames(FromQString(path).c_str(), file.names, file.ids))
+            emit Failed(tr("无法导入: %1").arg(path));
+        else if (file.names.empty())
+            emit Failed(tr("文件中没有“%1”的样式: %2").arg(ToQString(styles->Name()), path));
+        else
+            files.push_back(std::move(file));
+    }
+    return files;
+}
+
 void StyleCommands::Import()
 {
-    CStyles* const styles = Styles();
-    const QString path = AskFileToOpen(m_window, tr("导入样式"), kFilter);
-    if (path.isEmpty()) return;
-    CStringArray names;
-    CArray<GUID> ids;
-    if (!styles->StyleNames(FromQString(path).c_str(), names, ids))
-        return emit Failed(tr("无法导入: %1").arg(path));
-    if (names.empty())
-        return emit Failed(tr("文件中没有“%1”的样式: %2").arg(ToQString(styles->Name()), path));
-
-    ImportDialog dialog(*styles, names, ids, m_window);
+    const auto files =
+        ReadFiles(AskFilesToOpen(m_window, tr("导入样式 (可以选择多个文件)"), kFilter));
+    if (files.empty()) return;
+    ImportDialog dialog(*Styles(), files, m_window);
     if (dialog.exec() != QDialog::Accepted) return;
-    const StyleImport result =
-        styles->ImportAndSave(FromQString(path), dialog.Names(), dialog.Overwrite());
+    StyleImport all;
+    QStringList unread;
+    for (size_t i = 0; i < files.size(); ++i) {
+        const auto names = dialog.Names(static_cast<int>(i));
+        if (!names) continue;
+        const StyleImport one =
+            Styles()->ImportAndSave(FromQString(files[i].path), *names, dialog.Overwrite());
+        if (!one.read) unread << files[i].path;
+        all.added += one.added;
+        all.overwritten += one.overwritten;
+        all.failed += one.failed;
+        all.ids.insert(all.ids.end(), one.ids.begin(), one.ids.end());
+    }
     emit Listed();
-    emit Made(result.ids);
-    if (!result.read)
-        emit Failed(tr("无法导入: %1").arg(path));
-    else if (result.failed > 0)
-        emit Failed(tr("已导入, 但有 %1 个样式没有保存到库中。").arg(result.failed));
+    emit Made(all.ids);
+    if (!unread.isEmpty())
+        emit Failed(tr("无法导入: %1").arg(unread.join(u'、')));
+    else if (all.failed > 0)
+        emit Failed(tr("已导入, 但有 %1 个样式没有保存到库中。").arg(all.failed));
     else
-        emit Note(tr("已导入: 新增 %1 个, 覆盖 %2 个。").arg(result.added).arg(result.overwritten));
+        emit Note(tr("已导入: 新增 %1 个, 覆盖 %2 个。").arg(all.added).arg(all.overwritten));
 }
 
 void StyleCommands::Export(const Selection& selected)

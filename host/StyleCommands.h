@@ -8,6 +8,7 @@
 #include "platform/vmrd/VMRDPrj/StyleEditor.h"
 
 class QWidget;
+struct ImportFile;
 
 class StyleCommands : public QObject {
     Q_OBJECT
@@ -53,6 +54,7 @@ private:
     void Delete(const Selection& selected);
     bool ConfirmDelete(const Selection& selected) const;
     void KeepDefault(const std::optional<GUID>& before);
+    std::vector<ImportFile> ReadFiles(const QStringList& paths);
     void Import();
     void Export(const Selection& selected);
     void SaveAsTemplate();

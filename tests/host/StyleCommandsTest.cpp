@@ -517,6 +517,39 @@ TEST_F(StyleCommandsTest, APointInTheNameIsNoEnding)
     EXPECT_EQ(BarText(ControlId::NoteBar), L"已导出: " + Outside("other.xml"));
 }
 
+TEST_F(StyleCommandsTest, SeveralFilesAreImportedAtOnceAndWhatCameIsSelected)
+{
+    Have({L"a", L"b", L"c"});
+    Start();
+    for (const wchar_t* const name : {L"b", L"c"}) {
+        ClickRow(name);
+        ExpectModal dialog(ChooseFile(Outside((ToUtf8(name) + ".hds").c_str())));
+        Key(Qt::Key_E, Qt::ControlModifier);
+    }
+    Delete(L"要删除“c”吗?");
+    settings.Write("broken.hds", "<x");
+    ExpectModal choice([this](QWidget* window) {
+        auto* const name = window->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        ASSERT_NE(name, nullptr);
+        name->setText(ToQString(L"\"" + Outside("b.hds") + L"\" \"" + Outside("broken.hds") +
+                                L"\" \"" + Outside("c.hds") + L"\""));
+        QTest::keyClick(name, Qt::Key_Return);
+    });
+    ExpectModal dialog([this](QWidget* window) {
+        auto* const list = Control<QListWidget>(window, ControlId::ImportNames);
+        ASSERT_EQ(list->count(), 2);
+        EXPECT_EQ(FromQString(list->item(0)->text()), L"b  (库中已有)  — b.hds");
+        EXPECT_EQ(FromQString(list->item(1)->text()), L"c  — c.hds");
+        EXPECT_TRUE(BarText(ControlId::ErrorBar).find(L"broken.hds") != CString::npos)
+            << "what cannot be read is told";
+        Click(window, ControlId::ImportOverwrite);
+        Click(window, IDOK);
+    });
+    Key(Qt::Key_I, Qt::ControlModifier);
+    EXPECT_EQ(BarText(ControlId::NoteBar), L"已导入: 新增 1 个, 覆盖 1 个。");
+    EXPECT_EQ(Selected(), (CStringArray{L"b", L"c"}));
+}
+
 TEST_F(StyleCommandsTest, WhatIsImportedIsSelected)
 {
     Have({L"a", L"b", L"c"});
