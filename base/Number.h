@@ -21,6 +21,9 @@ bool ParseDouble(std::string_view text, double& value);
 // "true", "false", ignoring case, or a whole number, of which 0 is false; gives 1 or 0.
 bool ParseBool(std::string_view text, int& value);
 
+// True for one or more digits with at most one point among or around them; no sign, no blanks.
+bool IsPlainNumber(std::wstring_view text);
+
 // The shortest text that reads back to the same double.
 std::string DoubleToText(double value);
 

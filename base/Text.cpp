@@ -153,6 +153,14 @@ std::wstring Printable(std::wstring_view text)
     return shown;
 }
 
+int DisplayWidth(std::wstring_view text)
+{
+    int width = 0;
+    for (const wchar_t c : text)
+        width += utf8proc_charwidth(c);
+    return width;
+}
+
 std::vector<std::wstring> SplitText(std::wstring_view text, std::wstring_view separators)
 {
     std::vector<std::wstring> parts;

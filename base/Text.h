@@ -30,6 +30,9 @@ bool IsActing(wchar_t c);
 // such character.
 std::wstring Printable(std::wstring_view text);
 
+// Columns that the text takes where a Chinese character takes two, as on a terminal.
+int DisplayWidth(std::wstring_view text);
+
 // The parts of `text` between any of the characters of `separators`; empty parts are left out.
 std::vector<std::wstring> SplitText(std::wstring_view text, std::wstring_view separators);
 

@@ -4,8 +4,6 @@
 
 #include <algorithm>
 
-#include <utf8proc.h>
-
 using namespace designspec;
 
 namespace {
@@ -18,14 +16,6 @@ CString Blanks(int count)
 }
 
 } // namespace
-
-int DisplayWidth(const CString& text)
-{
-    int width = 0;
-    for (wchar_t c : text)
-        width += utf8proc_charwidth(c);
-    return width;
-}
 
 CString InColour(const CString& text, const wchar_t* colour)
 {

@@ -5,9 +5,6 @@
 
 #include "platform/mfc/String.h"
 
-// Columns that the text takes on a terminal.
-int DisplayWidth(const CString& text);
-
 // Codes of a terminal.
 inline constexpr wchar_t kRed[] = L"\x1b[31m";
 inline constexpr wchar_t kGreen[] = L"\x1b[32m";

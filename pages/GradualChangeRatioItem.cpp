@@ -2,9 +2,9 @@
 
 #include "base/Format.h"
 #include "base/Number.h"
+#include "base/WrittenNumber.h"
 #include "model/Rules.h"
 #include "platform/vmrd/VmHFCBaseU/Text.h"
-#include "platform/xtp/report/PastedTable.h"
 
 using namespace designspec;
 
@@ -21,7 +21,7 @@ CGradualChangeRatioItem::CGradualChangeRatioItem(int value, bool empty)
 
 CString CGradualChangeRatioItem::ReadPasted(const CString& text) const
 {
-    return PastedTable::Ratio(text);
+    return WrittenRatio(text);
 }
 
 CString CGradualChangeRatioItem::TextOf(const Values& values) const

@@ -1,6 +1,7 @@
 #include "pages/MyRecordItemSmallACurveLen.h"
 
-#include "platform/xtp/report/PastedTable.h"
+#include "base/CaptionIndex.h"
+#include "base/WrittenNumber.h"
 
 using namespace designspec;
 
@@ -15,7 +16,7 @@ CString CMyRecordItemSmallACurveLen::ReadPasted(const CString& text) const
 {
     const CString plain = PlainText(text);
     const size_t perAngle = plain.find(L'/');
-    const CString length = PastedTable::Number(plain.substr(0, perAngle), GetUnit());
+    const CString length = WrittenNumber(plain.substr(0, perAngle), GetUnit());
     return perAngle == CString::npos ? length : length + plain.substr(perAngle);
 }
 

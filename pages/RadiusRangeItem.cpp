@@ -3,9 +3,9 @@
 #include <algorithm>
 
 #include "base/Format.h"
+#include "base/WrittenNumber.h"
 #include "pages/RadiusRangeText.h"
 #include "platform/mfc/MessageBox.h"
-#include "platform/xtp/report/PastedTable.h"
 #include "platform/xtp/report/ReportControl.h"
 
 using namespace designspec;
@@ -17,7 +17,7 @@ void CRadiusRangeItem::SetRange(int minRadius, int maxRadius)
 
 CString CRadiusRangeItem::ReadPasted(const CString& text) const
 {
-    return PastedTable::Range(text, GetUnit());
+    return WrittenRange(text, GetUnit());
 }
 
 CString CRadiusRangeItem::TextOf(const Values& values) const

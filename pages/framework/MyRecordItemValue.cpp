@@ -1,7 +1,7 @@
 #include "pages/framework/MyRecordItemValue.h"
 
 #include "base/Text.h"
-#include "platform/xtp/report/PastedTable.h"
+#include "base/WrittenNumber.h"
 
 #include <utility>
 
@@ -14,7 +14,7 @@ void CMyRecordItemValue::OnEditChanged(CXTPReportControl* control, const CString
 
 CString CMyRecordItemValue::ReadPasted(const CString& text) const
 {
-    return PastedTable::Number(text, m_unit);
+    return WrittenNumber(text, m_unit);
 }
 
 void CMyRecordItemValue::SetValues(Values values)

@@ -55,3 +55,23 @@ TEST(Text, SplitsAtAnySeparatorAndLeavesEmptyPartsOut)
     EXPECT_TRUE(SplitText(L"", L"/").empty());
     EXPECT_TRUE(SplitText(L"//", L"/").empty());
 }
+
+TEST(DisplayWidth, CountsTwoColumnsForChineseCharactersAndFullWidthForms)
+{
+    EXPECT_EQ(DisplayWidth(L""), 0);
+    EXPECT_EQ(DisplayWidth(L"km/h"), 4);
+    EXPECT_EQ(DisplayWidth(L"车速"), 4);
+    EXPECT_EQ(DisplayWidth(L"车速(km/h)"), 10);
+    EXPECT_EQ(DisplayWidth(L"２０"), 4);
+    EXPECT_EQ(DisplayWidth(L"《规范》"), 8);
+}
+
+TEST(DisplayWidth, CountsNothingForACombiningMark)
+{
+    EXPECT_EQ(DisplayWidth(L"e\u0301"), 1);
+}
+
+TEST(DisplayWidth, CountsACharacterBeyondTheBasicPlaneOnce)
+{
+    EXPECT_EQ(DisplayWidth(L"\U00020BB7"), 2);
+}

@@ -5,7 +5,6 @@
 
 #include "base/Number.h"
 #include "base/Text.h"
-#include "platform/vmrd/VmHFCBaseU/Text.h"
 
 using namespace designspec;
 
@@ -113,28 +112,6 @@ private:
     CaptionIndex m_usual;
     CString m_corner;
 };
-
-namespace {
-
-// "1,500" and "12,345.6": groups of three behind the first comma.
-bool HasThousands(const CString& text)
-{
-    const size_t first = text.find(L',');
-    if (first == CString::npos || first == 0 || first > 3) return false;
-    const size_t end = std::min(text.find(L'.'), text.size());
-    for (size_t i = 0; i < end; ++i)
-        if ((text[i] == L',') != (i >= first && (i - first) % 4 == 0)) return false;
-    return (end - first) % 4 == 0;
-}
-
-size_t FindRangeSign(const CString& text)
-{
-    const size_t sign = text.find_first_of(L"~至");
-    if (sign != CString::npos) return sign;
-    return text.find(L'-', 1); // one at the front would be a minus
-}
-
-} // namespace
 
 PastedTable::PastedTable(Texts texts) : m_texts(std::move(texts))
 {
@@ -292,35 +269,4 @@ bool PastedTable::IsWords() const
                 words = words || !parts.word.empty();
             }
     return words;
-}
-
-// Values
-
-CString PastedTable::Number(const CString& text, std::wstring_view unit)
-{
-    CString number = PlainText(text);
-    number.erase(0, number.find_first_not_of(L"<>=≤≥ "));
-    for (const std::wstring_view suffix : {unit, std::wstring_view(unit == L"m" ? L"米" : L"")})
-        if (!suffix.empty() && number.ends_with(suffix))
-            number = TrimRight(number.substr(0, number.size() - suffix.size()));
-    if (HasThousands(number)) std::erase(number, L',');
-    return IsNumericText(number) ? number : text;
-}
-
-CString PastedTable::Ratio(const CString& text)
-{
-    const CString plain = PlainText(text);
-    const bool onePer = plain.starts_with(L"1/") || plain.starts_with(L"1:");
-    const CString number = Number(onePer ? plain.substr(2) : plain, {});
-    return IsNumericText(number) ? L"1/" + number : text;
-}
-
-CString PastedTable::Range(const CString& text, std::wstring_view unit)
-{
-    const CString plain = PlainText(text);
-    const size_t sign = FindRangeSign(plain);
-    if (sign == CString::npos) return text;
-    const CString from = Number(plain.substr(0, sign), unit);
-    const CString to = Number(plain.substr(sign + 1), unit);
-    return IsNumericText(from) && IsNumericText(to) ? from + L'~' + to : text;
 }

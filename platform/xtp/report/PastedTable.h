@@ -5,9 +5,9 @@
 #include <functional>
 #include <vector>
 
+#include "base/CaptionIndex.h"
 #include "base/Export.h"
 #include "platform/mfc/String.h"
-#include "platform/xtp/report/CaptionIndex.h"
 
 namespace designspec {
 
@@ -51,14 +51,6 @@ public:
     bool IsEmpty() const { return GetRowCount() == 0 || GetColumnCount() == 0; }
     // Captions or other words alone: there is nothing to enter.
     bool IsWords() const;
-
-    // What a number, a ratio or a range reads without thousands commas, unit, sign of comparison
-    // and full-width forms: "1,500" and "≥1500m" give "1500", "1:125" "1/125", "200至300 m"
-    // "200~300". Another text comes back as it is. `unit` is the one that may stand behind a
-    // number: "5%" is none in metres.
-    static CString Number(const CString& text, std::wstring_view unit);
-    static CString Ratio(const CString& text);
-    static CString Range(const CString& text, std::wstring_view unit);
 
 private:
     explicit PastedTable(Texts texts);

@@ -156,36 +156,3 @@ TEST(PastedTable, IsASingleTextOrWordsOrNothing)
     for (const wchar_t* text : {L"一般值\t5", L"\t\n\t", L"abc\n5", L"—\t—"})
         EXPECT_FALSE(read(text).IsWords()) << ToUtf8(text);
 }
-
-TEST(PastedTable, ReadsNumbersWithUnits)
-{
-    for (const wchar_t* text : {L"1500", L"1,500", L"１，５００", L"1500m", L"1,500 ｍ", L"≥1500",
-                                L">= 1500 m", L"＜1500", L"1500米", L"\u00a01500 "})
-        EXPECT_EQ(PastedTable::Number(text, L"m"), L"1500") << ToUtf8(text);
-    EXPECT_EQ(PastedTable::Number(L"12,345.60", L"m"), L"12345.60");
-    EXPECT_EQ(PastedTable::Number(L"5%", L"%"), L"5");
-    EXPECT_EQ(PastedTable::Number(L"≤ ５．５％", L"%"), L"5.5");
-    for (const wchar_t* text : {L"", L"m", L"abc", L"5%", L"1,5", L"1,50,000", L",500", L"1500,",
-                                L"5km", L"1/125", L"200-300", L"-5", L"1500 m m", L"5 6"})
-        EXPECT_EQ(PastedTable::Number(text, L"m"), text) << ToUtf8(text);
-    EXPECT_EQ(PastedTable::Number(L"250m", L"%"), L"250m");
-}
-
-TEST(PastedTable, ReadsRatios)
-{
-    for (const wchar_t* text : {L"1/125", L"１／１２５", L"1:125", L"1：125", L"125", L"1/ 125"})
-        EXPECT_EQ(PastedTable::Ratio(text), L"1/125") << ToUtf8(text);
-    for (const wchar_t* text : {L"", L"2/125", L"1/125m", L"abc", L"1/1/125"})
-        EXPECT_EQ(PastedTable::Ratio(text), text) << ToUtf8(text);
-}
-
-TEST(PastedTable, ReadsRanges)
-{
-    for (const wchar_t* text : {L"200~300", L"200-300", L"200～300", L"200至300", L"200—300",
-                                L"200 – 300 m", L"200m~300m", L"２００－３００"})
-        EXPECT_EQ(PastedTable::Range(text, L"m"), L"200~300") << ToUtf8(text);
-    EXPECT_EQ(PastedTable::Range(L"1,500-2,000", L"m"), L"1500~2000");
-    for (const wchar_t* text :
-         {L"", L"300", L"250 300", L"250,300", L"-5~300", L"1~2~3", L"1-2-3", L"200~"})
-        EXPECT_EQ(PastedTable::Range(text, L"m"), text) << ToUtf8(text);
-}

@@ -2,24 +2,22 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <unordered_map>
 #include <vector>
-
-#include "base/Export.h"
-#include "platform/mfc/String.h"
 
 namespace designspec {
 
 // A text without full-width forms and without blanks around it: "１，５００ｍ" is "1,500m".
-AFX_EXT_API CString PlainText(std::wstring_view text);
+std::wstring PlainText(std::wstring_view text);
 
 // What a caption or a value consists of. "坡度3%" has the number 3 and the word 坡度; of "250 m",
 // "≥100", "80km/h" and "200~300" all but the numbers is unit or sign, and no word.
-struct AFX_EXT_CLASS CaptionParts {
+struct CaptionParts {
     explicit CaptionParts(std::wstring_view text);
 
-    CString numbers; // in their order, each ended by a semicolon
-    CString word;    // in lower case, without blanks
+    std::wstring numbers; // in their order, each ended by a semicolon
+    std::wstring word;    // in lower case, without blanks
 
     bool IsNumber() const { return !numbers.empty() && word.empty(); }
     // The number of a caption that has just one, and no word but such a part of `words`.
@@ -27,9 +25,9 @@ struct AFX_EXT_CLASS CaptionParts {
 };
 
 // Each search takes the same time, however many captions there are.
-class AFX_EXT_CLASS CaptionIndex {
+class CaptionIndex {
 public:
-    explicit CaptionIndex(const CStringArray& captions);
+    explicit CaptionIndex(const std::vector<std::wstring>& captions);
 
     // The caption that `heading` means: the same but for blanks, line breaks, case, width and a
     // unit in brackets; or the only one with the same numbers whose word has that of the heading
@@ -39,11 +37,11 @@ public:
 private:
     struct Numbered {
         int place;
-        CString word;
+        std::wstring word;
     };
-    std::unordered_map<CString, int> m_whole;
-    std::unordered_map<CString, int> m_withoutUnit;
-    std::unordered_map<CString, std::vector<Numbered>> m_byNumbers;
+    std::unordered_map<std::wstring, int> m_whole;
+    std::unordered_map<std::wstring, int> m_withoutUnit;
+    std::unordered_map<std::wstring, std::vector<Numbered>> m_byNumbers;
 };
 
 } // namespace designspec

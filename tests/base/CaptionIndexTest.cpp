@@ -1,4 +1,4 @@
-#include "platform/xtp/report/CaptionIndex.h"
+#include "base/CaptionIndex.h"
 
 #include <chrono>
 
@@ -73,4 +73,12 @@ TEST(CaptionParts, HaveTheOnlyNumberOfACaption)
         EXPECT_EQ(CaptionParts(text).OnlyNumber(L"纵坡坡度"), 4.5) << ToUtf8(text);
     for (const wchar_t* text : {L"", L"坡度", L"4~5%", L"超高 4%", L"坡长 4"})
         EXPECT_EQ(CaptionParts(text).OnlyNumber(L"纵坡坡度"), std::nullopt) << ToUtf8(text);
+}
+
+TEST(CaptionIndex, TakesAUnitWithBracketsForAUnit)
+{
+    const CaptionIndex limits({L"最大直线长度(倍设计速度(km/h))", L"最小直线长度(m)"});
+    EXPECT_EQ(limits.Find(L"最大直线长度"), 0);
+    EXPECT_EQ(limits.Find(L"最小直线长度（米）"), 1);
+    EXPECT_EQ(limits.Find(L"直线长度"), -1);
 }

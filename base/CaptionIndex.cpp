@@ -1,11 +1,11 @@
-#include "platform/xtp/report/CaptionIndex.h"
+#include "base/CaptionIndex.h"
 
 #include <cwctype>
 
 #include "base/Number.h"
 #include "base/Text.h"
 
-using namespace designspec;
+namespace designspec {
 
 namespace {
 
@@ -50,9 +50,9 @@ wchar_t PlainSign(wchar_t c)
 }
 
 // Without blanks and line breaks, in lower case where that is ASCII.
-CString Compact(std::wstring_view text)
+std::wstring Compact(std::wstring_view text)
 {
-    CString compact;
+    std::wstring compact;
     for (wchar_t c : PlainText(text)) {
         if (std::iswspace(static_cast<wint_t>(c))) continue;
         compact += c >= L'A' && c <= L'Z' ? static_cast<wchar_t>(c - L'A' + L'a') : c;
@@ -60,13 +60,20 @@ CString Compact(std::wstring_view text)
     return compact;
 }
 
-CString WithoutUnit(const CString& compact)
+// Without the brackets at its end and what they hold, brackets too.
+std::wstring WithoutUnit(const std::wstring& compact)
 {
     if (!compact.ends_with(L')')) return compact;
-    return compact.substr(0, compact.rfind(L'('));
+    int open = 0;
+    std::size_t at = compact.size();
+    do {
+        --at;
+        open += compact[at] == L')' ? 1 : compact[at] == L'(' ? -1 : 0;
+    } while (at > 0 && open > 0);
+    return compact.substr(0, at);
 }
 
-void TakeNumber(std::wstring_view& text, CString& numbers)
+void TakeNumber(std::wstring_view& text, std::wstring& numbers)
 {
     size_t length = 0;
     bool point = false;
@@ -83,9 +90,9 @@ void TakeNumber(std::wstring_view& text, CString& numbers)
 
 } // namespace
 
-CString designspec::PlainText(std::wstring_view text)
+std::wstring PlainText(std::wstring_view text)
 {
-    CString plain(text);
+    std::wstring plain(text);
     for (wchar_t& c : plain)
         c = PlainSign(c);
     return Trim(plain);
@@ -93,7 +100,7 @@ CString designspec::PlainText(std::wstring_view text)
 
 CaptionParts::CaptionParts(std::wstring_view text)
 {
-    const CString compact = Compact(text);
+    const std::wstring compact = Compact(text);
     std::wstring_view left = compact;
     while (!left.empty()) {
         if (IsDigit(left.front())) {
@@ -115,11 +122,11 @@ std::optional<double> CaptionParts::OnlyNumber(std::wstring_view words) const
     return Wtof(numbers);
 }
 
-CaptionIndex::CaptionIndex(const CStringArray& captions)
+CaptionIndex::CaptionIndex(const std::vector<std::wstring>& captions)
 {
     int place = 0;
-    for (const CString& caption : captions) {
-        const CString compact = Compact(caption);
+    for (const std::wstring& caption : captions) {
+        const std::wstring compact = Compact(caption);
         m_whole.try_emplace(compact, place);
         m_withoutUnit.try_emplace(WithoutUnit(compact), place);
         const CaptionParts parts(caption);
@@ -130,10 +137,10 @@ CaptionIndex::CaptionIndex(const CStringArray& captions)
 
 int CaptionIndex::Find(std::wstring_view heading) const
 {
-    const CString compact = Compact(heading);
+    const std::wstring compact = Compact(heading);
     if (compact.empty()) return -1;
     if (const auto whole = m_whole.find(compact); whole != m_whole.end()) return whole->second;
-    const CString withoutUnit = WithoutUnit(compact);
+    const std::wstring withoutUnit = WithoutUnit(compact);
     if (const auto same = m_withoutUnit.find(withoutUnit);
         same != m_withoutUnit.end() && !withoutUnit.empty())
         return same->second;
@@ -142,9 +149,11 @@ int CaptionIndex::Find(std::wstring_view heading) const
     if (numbered == m_byNumbers.end()) return -1;
     int found = -1;
     for (const Numbered& one : numbered->second) {
-        if (one.word.find(parts.word) == CString::npos) continue;
+        if (one.word.find(parts.word) == std::wstring::npos) continue;
         if (found >= 0) return -1;
         found = one.place;
     }
     return found;
 }
+
+} // namespace designspec
