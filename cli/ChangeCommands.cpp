@@ -2,22 +2,11 @@
 #include "base/Text.h"
 #include "cli/Faults.h"
 #include "cli/JsonText.h"
-#include "library/StyleName.h"
 #include "model/SpecificationValue.h"
 
 using namespace designspec;
 
 namespace {
-
-// The name that a user gives, by the editor's rules.
-CString NameArgument(const SpecificationFolder& folder, const std::string& text,
-                     const CString& openedName)
-{
-    CString name = Trim(ToWide(text));
-    if (const CString problem = StyleNameProblem(folder, name, openedName); !problem.empty())
-        Refuse(problem);
-    return name;
-}
 
 // The path of the value to set or of the row to take out.
 ValuePath ChangedPath(const Arguments& arguments)

@@ -61,6 +61,7 @@ struct Arguments {
     std::string name;
     std::string newName;
     std::optional<std::string> from;
+    std::optional<std::string> newSpec;
     std::string file;
     std::vector<std::string> names; // further words
     std::optional<std::string> output;
@@ -70,6 +71,8 @@ struct Arguments {
     bool deleted = false;               // those that were removed
     std::optional<std::string> version; // a number, or a local time
     bool dryRun = false;                // tell what would change
+    bool all = false;                   // specifications
+    bool together = false;              // in one workbook
 
     VerifyArguments verify;
 };
@@ -87,6 +90,8 @@ Status RunRestore(const Arguments& arguments, Teller& teller);
 Status RunDefault(const Arguments& arguments, Teller& teller);
 Status RunApply(const Arguments& arguments, Teller& teller);
 Status RunSet(const Arguments& arguments, Teller& teller);
+Status RunSheetWrite(const Arguments& arguments, Teller& teller);
+Status RunSheetRead(const Arguments& arguments, Teller& teller);
 Status RunExport(const Arguments& arguments, Teller& teller);
 Status RunImport(const Arguments& arguments, Teller& teller);
 Status RunNames(const Arguments& arguments, Teller& teller);

@@ -103,8 +103,8 @@ template <class Function> void ForEachWord(Arguments& arguments, const Function&
     for (std::string* word : {&arguments.project, &arguments.path, &arguments.name,
                               &arguments.newName, &arguments.file})
         function(*word);
-    for (auto* word :
-         {&arguments.spec, &arguments.value, &arguments.from, &arguments.car, &arguments.output})
+    for (auto* word : {&arguments.spec, &arguments.value, &arguments.from, &arguments.newSpec,
+                       &arguments.car, &arguments.output})
         if (*word) function(**word);
     for (auto* words : {&arguments.names, &arguments.verify.files, &arguments.verify.alignments})
         for (std::string& word : *words)
@@ -149,6 +149,7 @@ public:
         AddSet();
         AddApply();
         AddFiles();
+        AddSheet();
         AddVerify();
         m_app.footer(In(kFooter) + std::string(kExamples));
     }
@@ -209,8 +210,9 @@ private:
     std::vector<std::string> Options() const
     {
         std::vector<const CLI::App*> apps = {&m_app};
-        for (const CLI::App* command : m_app.get_subcommands())
-            apps.push_back(command);
+        for (std::size_t i = 0; i < apps.size(); ++i) // those of commands of commands too
+            for (const CLI::App* command : apps[i]->get_subcommands())
+                apps.push_back(command);
         std::vector<std::string> names;
         for (const CLI::App* app : apps)
             for (const CLI::Option* option : app->get_options())
@@ -234,17 +236,24 @@ private:
     // The name of the command whose help tells more.
     CString HelpCall() const
     {
-        const auto commands = m_app.get_subcommands();
-        return commands.empty() ? L"designspec"
-                                : L"designspec " + ToWide(commands.front()->get_name());
+        CString call = L"designspec";
+        for (auto commands = m_app.get_subcommands(); !commands.empty();
+             commands = commands.front()->get_subcommands())
+            call += L" " + ToWide(commands.front()->get_name());
+        return call;
     }
 
     CLI::App* Add(const char* name, const HelpText& help, Run run)
     {
-        CLI::App* command = m_app.add_subcommand(name, In(help));
+        CLI::App* command = Add(m_app, name, help);
+        command->callback([this, run] { m_run = run; });
+        return command;
+    }
+    CLI::App* Add(CLI::App& above, const char* name, const HelpText& help)
+    {
+        CLI::App* command = above.add_subcommand(name, In(help));
         command->group(In({"命令", "Commands"}));
         command->get_help_ptr()->group(In({"选项", "Options"}));
-        command->callback([this, run] { m_run = run; });
         return command;
     }
 
@@ -477,6 +486,47 @@ private:
             RunTemplate);
         AddWord(copied, "DIR", m_arguments.file, {"目标文件夹", "The folder to copy to"})
             ->required();
+    }
+
+    void AddSheet()
+    {
+        CLI::App* sheet =
+            Add(m_app, "sheet", {"写出、读入电子表格", "Write and read spreadsheets"});
+        sheet->require_subcommand(1);
+        CLI::App* write =
+            Add(*sheet, "write",
+                {"把设计规范写成电子表格(.xlsx)", "Write specifications as workbooks (.xlsx)"});
+        write->callback([this] { m_run = RunSheetWrite; });
+        write
+            ->add_option("WORDS", m_arguments.names,
+                         In({"[NAME...] FILE: 设计规范的名称或 GUID,不写则同 --spec;"
+                             "然后是 .xlsx 文件,或放置各自文件的文件夹",
+                             "[NAME...] FILE: names or GUIDs of specifications, that of --spec if "
+                             "none is given; then the .xlsx file, or a folder for one each"}))
+            ->type_name("")
+            ->required();
+        write->add_flag("--all", m_arguments.all, In({"全部设计规范", "All specifications"}));
+        write->add_flag(
+            "--together", m_arguments.together,
+            In({"写入一个文件,各规范并列对照", "One workbook with all of them side by side"}));
+        AddSheetRead(sheet);
+    }
+
+    void AddSheetRead(CLI::App* sheet)
+    {
+        CLI::App* read = Add(*sheet, "read",
+                             {"读入电子表格(.xlsx、.ods、.csv),要么全部,要么都不",
+                              "Read a spreadsheet (.xlsx, .ods, .csv), all of it or nothing"});
+        read->callback([this] { m_run = RunSheetRead; });
+        AddWord(read, "FILE", m_arguments.file,
+                {"写出的电子表格,或一页的带标题的表",
+                 "A workbook as it is written, or a table with captions for one page"})
+            ->required();
+        AddOption(read, "--new", "NAME", m_arguments.newSpec,
+                  {"读成这个名称的新设计规范", "Make a new specification of that name of it"});
+        AddDryRun(read);
+        read->add_flag("--force", m_arguments.force,
+                       In({"保存编辑器不接受的值", "Save also what the editor refuses"}));
     }
 
     void AddVerify()

@@ -7,6 +7,7 @@
 #include "base/Number.h"
 #include "base/Text.h"
 #include "cli/TextTable.h"
+#include "library/StyleName.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
 
 using namespace designspec;
@@ -130,6 +131,15 @@ CString FieldList(const CriterionInfo& criterion, int indent)
     for (const CString& line : table.Lines(indent))
         text += L"\n" + line;
     return text;
+}
+
+CString NameArgument(const SpecificationFolder& folder, const std::string& text,
+                     const CString& openedName)
+{
+    CString name = Trim(ToWide(text));
+    if (const CString problem = StyleNameProblem(folder, name, openedName); !problem.empty())
+        Refuse(problem);
+    return name;
 }
 
 int IntArgument(const std::string& text, const wchar_t* what)

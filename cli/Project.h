@@ -57,6 +57,11 @@ designspec::ValuePath ParsePath(const std::string& path);
 // a line break.
 CString FieldList(const designspec::CriterionInfo& criterion, int indent = 2);
 
+// The name that a user gives a specification, by the editor's rules; else kWrongCall. `openedName`
+// is the one that it has, empty for a new one.
+CString NameArgument(const designspec::SpecificationFolder& folder, const std::string& text,
+                     const CString& openedName);
+
 // A whole number or a decimal that the command line gives for the option or value `what`.
 int IntArgument(const std::string& text, const wchar_t* what);
 double DoubleArgument(const std::string& text, const wchar_t* what);

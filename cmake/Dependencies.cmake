@@ -9,6 +9,9 @@ find_package(CLI11 REQUIRED)                       # the command's options and h
 find_package(nlohmann_json REQUIRED)               # --json output
 # road files: reads them as a stream, in every encoding, without what is dangerous in XML
 pkg_check_modules(libxml2 REQUIRED IMPORTED_TARGET libxml-2.0)
+pkg_check_modules(xlsxwriter REQUIRED IMPORTED_TARGET xlsxwriter) # writes workbooks: small, BSD
+pkg_check_modules(orcus REQUIRED IMPORTED_TARGET liborcus-0.17) # reads .csv cell by cell
+pkg_check_modules(libzip REQUIRED IMPORTED_TARGET libzip) # the archives that workbooks are
 
 if(DESIGNSPEC_GUI)
     find_package(Qt6 6.4 REQUIRED COMPONENTS

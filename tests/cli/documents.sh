@@ -61,6 +61,14 @@ offers 公路二级 --project "$project" --spec 公
 offers 城市道路 --project "$project" remove ''
 offers interpolate query LonGradMaxLen --mode i
 offers CurveWidening show C
+offers write sheet w
+offers 公路二级 --project "$project" sheet write 公
+for command in 'sheet write' 'sheet read'; do
+    for option in $(designspec $command --help | grep -o -e '^  --[a-z-]*'); do
+        offers "$option" $command --
+        grep -qF -e "${option//-/\\-}" "$source/cli/designspec.1" || wrong "no $option of $command"
+    done
+done
 offers CircularCurveRad.MaxRad query CircularCurveRad.
 offers LonGrad.MinGrad set LonGrad.Min
 

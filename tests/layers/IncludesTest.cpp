@@ -41,7 +41,9 @@ const std::map<std::string, Folders> kMayInclude = {
      {"base", "model", "platform/vmrd/VMRDEnv", "platform/vmrd/VMRDPub",
       "platform/vmrd/VmHFCBaseU"}},
     {"roads", {"base", "model"}},
-    {"cli", {"base", "library", "model", "platform/mfc", "platform/vmrd/VMRDPub", "roads"}},
+    {"sheets", {"base", "model", "platform/mfc", "platform/vmrd/VMRDPub"}},
+    {"cli",
+     {"base", "library", "model", "platform/mfc", "platform/vmrd/VMRDPub", "roads", "sheets"}},
     {"app/input",
      {"base", "model", "platform/mfc", "platform/vmrd/VMRDControls", "platform/vmrd/VmHFCBaseU"}},
     {"pages/framework",
@@ -62,8 +64,8 @@ const std::map<std::string, Folders> kMayInclude = {
       "platform/vmrd/VMRDPub", "platform/vmrd/VmHFCBaseU"}},
 };
 
-const char* const kTopFolders[] = {"app",   "base",  "cli",      "compare",   "host", "library",
-                                   "model", "pages", "platform", "roadcheck", "roads"};
+const char* const kTopFolders[] = {"app",   "base",  "cli",      "compare",   "host",  "library",
+                                   "model", "pages", "platform", "roadcheck", "roads", "sheets"};
 
 std::string FolderOf(const std::string& path)
 {
