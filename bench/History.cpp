@@ -48,16 +48,23 @@ private:
         const CString id = VMRDPub::GUIDToStr(made.ID());
         const fs::path history = m_folder / "规范/历史" / ToUtf8(id);
         fs::create_directories(history);
+        const fs::path now = m_folder / "规范" / (ToUtf8(name + id) + ".hds");
+        Require(one.Export(ToWide(now.string()), {}).done, "a file could not be written");
+        const std::string bytes = Read(now);
+        const std::string value = "MaxLen=\"20\"";
+        const size_t at = bytes.find(value);
+        Require(at != std::string::npos, "another file");
         for (std::int64_t i = 1; i <= versions; ++i) {
-            one.Item(0)->BeelineLen.MaxLen = static_cast<double>(i);
             const CString file = Format(L"%06d-20990101T000000Z-%016x-%016x-a.hds", i, i, i + 1);
-            Write(one, history / ToUtf8(file));
+            std::string version = bytes;
+            version.replace(at, value.size(), "MaxLen=\"" + std::to_string(100 + i) + "\"");
+            std::ofstream(history / ToUtf8(file)) << version;
         }
-        Write(one, m_folder / "规范" / (ToUtf8(name + id) + ".hds"));
     }
-    static void Write(const SpecificationFolder& folder, const fs::path& path)
+    static std::string Read(const fs::path& path)
     {
-        Require(folder.Export(ToWide(path.string()), {}).done, "a file could not be written");
+        std::ifstream stream(path);
+        return {std::istreambuf_iterator<char>(stream), {}};
     }
 
     fs::path m_folder;
