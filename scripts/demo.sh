@@ -47,4 +47,5 @@ run_demo() {
     show designspec verify "$roads/合格.xml"
     show designspec --spec 公路二级 set CircularCurveRad.SuperelevationMinRad --speed 60 135
     show_differing designspec diff ../before.hds 公路二级
+    show designspec sheet write 公路二级 ../公路二级.xlsx
 }
