@@ -73,7 +73,11 @@ TEST(PageLayout, PutsRangesOfRadiiAboveTheCategories)
                                 {150, 200, {{L"乙", 0.6}, {L"丙", 0.7}}}};
     const TableLayout table = LayOut(one)[12].tables[0];
     EXPECT_EQ(table.columns[0], Value(CString(L"200 < R ≤ 250")));
-    EXPECT_EQ(Captions(table), (CStringArray{L"甲(m)", L"乙(m)", L"丙(m)"}));
+    // What the ranges share stands in their order; of the others either may come first.
+    EXPECT_EQ(Captions(table), (CStringArray{L"乙(m)", L"甲(m)", L"丙(m)"}));
+    using Cells = std::vector<std::optional<Value>>;
+    EXPECT_EQ(table.lines[0].cells, (Cells{std::nullopt, 0.6}));
+    EXPECT_EQ(table.lines[2].cells, (Cells{0.5, 0.7}));
 }
 
 TEST(PageLayout, FindsTheKeyInACaption)
