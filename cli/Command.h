@@ -81,6 +81,7 @@ Status RunList(const Arguments& arguments, Teller& teller);
 Status RunShow(const Arguments& arguments, Teller& teller);
 Status RunDiff(const Arguments& arguments, Teller& teller);
 Status RunMerge(const Arguments& arguments, Teller& teller);
+Status RunReport(const Arguments& arguments, Teller& teller);
 Status RunQuery(const Arguments& arguments, Teller& teller);
 Status RunNew(const Arguments& arguments, Teller& teller);
 Status RunRename(const Arguments& arguments, Teller& teller);

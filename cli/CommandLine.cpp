@@ -53,6 +53,7 @@ constexpr char kExamples[] =
     "  designspec query CurveWidening --car 普通汽车 --radius 200\n"
     "  designspec set CircularCurveRad.SuperelevationMinRad --speed 80 260\n"
     "  designspec diff 城市道路 旧版.hds\n"
+    "  designspec report 公路二级 --compare 城市道路 -o 规范.html\n"
     "  designspec merge 原来.hds 我方.hds 对方.hds -o 合并.hds\n"
     "  designspec verify 路线.xml --speed 60 --car 普通汽车 --report 报告.html";
 
@@ -328,6 +329,22 @@ private:
         AddOption(
             merge, "--prefer", "SIDE", m_arguments.prefer,
             {"有冲突时取哪一方的值: ours theirs", "Whose values settle conflicts: ours theirs"});
+        CLI::App* report = Add("report",
+                               {"把设计规范写成可打印的网页",
+                                "Write specifications as a page that prints well"},
+                               RunReport);
+        report
+            ->add_option("NAME", m_arguments.names,
+                         In({"名称、GUID、文件,或“文件#名称”;不写则为 --spec 的",
+                             "Name, GUID, file, or FILE#NAME; that of --spec if not given"}))
+            ->type_name("");
+        AddOption(report, "-o,--output", "FILE", m_arguments.output,
+                  {"网页文件 .html", "The page, .html"})
+            ->required()
+            ->check(NotEmpty);
+        AddOption(report, "--compare", "NAME", m_arguments.from,
+                  {"标出与这个设计规范不同的值", "Mark the values that differ from this one"})
+            ->check(NotEmpty);
         Add("check",
             {"检查库中的每个文件和其中的限值,指出异常之处",
              "Say what is wrong or odd in each file of the library and its limits"},

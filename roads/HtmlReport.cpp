@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/Format.h"
+#include "base/Html.h"
 #include "base/Text.h"
 #include "roads/AxisTicks.h"
 #include "roads/Checking.h"
@@ -13,30 +14,6 @@ using namespace designspec;
 namespace roadcheck {
 
 namespace {
-
-// As text of a page, wherever it comes from.
-std::wstring Escaped(std::wstring_view text)
-{
-    std::wstring escaped;
-    for (const wchar_t c : Printable(text))
-        switch (c) {
-        case L'&':
-            escaped += L"&amp;";
-            break;
-        case L'<':
-            escaped += L"&lt;";
-            break;
-        case L'>':
-            escaped += L"&gt;";
-            break;
-        case L'"':
-            escaped += L"&quot;";
-            break;
-        default:
-            escaped += c;
-        }
-    return escaped;
-}
 
 constexpr const wchar_t* kSeverityClasses[] = {L"error", L"warning", L"note"};
 
@@ -62,7 +39,7 @@ public:
         m_svg = Format(L"<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 %g %g\" "
                        L"font-family=\"sans-serif\" font-size=\"11\" role=\"img\">\n"
                        L"<title>%s</title>\n",
-                       kWidth, kHeight, Escaped(m_diagram.title));
+                       kWidth, kHeight, HtmlText(m_diagram.title));
         for (const DiagramBand& band : m_diagram.bands)
             m_svg += Format(L"<rect class=\"band\" x=\"%.1f\" y=\"%.1f\" width=\"%.1f\" "
                             L"height=\"%.1f\" fill=\"#2a9d4b\" fill-opacity=\"0.15\"/>\n",
@@ -73,7 +50,7 @@ public:
         for (const auto& line : m_diagram.lines)
             Line(line);
         m_svg += Format(L"<text x=\"%g\" y=\"16\" font-weight=\"bold\">%s (%s)</text>\n</svg>\n",
-                        kLeft, Escaped(m_diagram.title), Escaped(m_diagram.unit));
+                        kLeft, HtmlText(m_diagram.title), HtmlText(m_diagram.unit));
         return m_svg;
     }
 
@@ -124,7 +101,7 @@ private:
                    L"<title>%s</title></rect>\n",
                    X(finding.from), kHeight - kBottom + 2 + kRow * static_cast<double>(severity),
                    std::max(X(finding.to) - X(finding.from), 2.0), kThickness[severity],
-                   std::wstring(kColours[severity]), Escaped(finding.message));
+                   std::wstring(kColours[severity]), HtmlText(finding.message));
     }
 
     void Line(const std::vector<DiagramPoint>& line)
@@ -172,8 +149,8 @@ std::wstring FindingTable(const CheckedRoad& one)
     for (const Finding& f : one.report.findings)
         html += Format(L"<tr>%s<td class=\"%s\">%s</td><td>%s</td><td>%s</td><td>%s</td></tr>\n",
                        Place(one.road, f.from, f.to), std::wstring(ClassOf(f.rule->severity)),
-                       std::wstring(SeverityLabel(f.rule->severity)), Escaped(f.rule->title),
-                       Escaped(f.message), Escaped(f.source));
+                       std::wstring(SeverityLabel(f.rule->severity)), HtmlText(f.rule->title),
+                       HtmlText(f.message), HtmlText(f.source));
     return html + L"</tbody>\n</table>\n";
 }
 
@@ -184,7 +161,7 @@ std::wstring UncheckedTable(const CheckedRoad& one)
                         L"<th>原因</th></tr></thead>\n<tbody>\n";
     for (const Unchecked& u : one.report.unchecked)
         html += Format(L"<tr>%s<td>%s</td><td>%s</td></tr>\n", Place(one.road, u.from, u.to),
-                       Escaped(u.rule ? u.rule->title : L"全部"), Escaped(u.why));
+                       HtmlText(u.rule ? u.rule->title : L"全部"), HtmlText(u.why));
     return html + L"</tbody>\n</table>\n";
 }
 
@@ -201,15 +178,15 @@ std::string HtmlReport(const std::vector<CheckedFile>& files,
     const FindingCounts counts = CountFindings(files);
     std::wstring html = kHead;
     html += Format(L"<p>设计规范: %s。错误 %d, 警告 %d, 提示 %d。</p>\n",
-                   Escaped(specification.Name()), counts.errors, counts.warnings, counts.notes);
+                   HtmlText(specification.Name()), counts.errors, counts.warnings, counts.notes);
     for (const CheckedFile& file : files) {
         for (const Problem& problem : file.problems)
             html += Format(L"<p class=\"%s\">%s</p>\n",
                            std::wstring(problem.severity == Severity::Error ? L"error" : L"note"),
-                           Escaped(problem.Text()));
+                           HtmlText(problem.Text()));
         for (const CheckedRoad& one : file.roads) {
-            html += Format(L"<section>\n<h2>%s: %s</h2>\n<p>%s ~ %s</p>\n", Escaped(file.path),
-                           Escaped(one.road.name), one.road.stations.Text(0),
+            html += Format(L"<section>\n<h2>%s: %s</h2>\n<p>%s ~ %s</p>\n", HtmlText(file.path),
+                           HtmlText(one.road.name), one.road.stations.Text(0),
                            one.road.stations.Text(one.road.length));
             if (one.hasSpeed) {
                 for (const Diagram& diagram :

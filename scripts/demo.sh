@@ -46,6 +46,8 @@ run_demo() {
     show designspec query CurveWidening --car 普通汽车 --radius 120
     show designspec verify "$roads/合格.xml"
     show designspec --spec 公路二级 set CircularCurveRad.SuperelevationMinRad --speed 60 135
+    show designspec report 公路二级 --compare 城市道路 -o report.html
+    echo "$PWD/report.html"
     show_differing designspec diff ../before.hds 公路二级
     show designspec sheet write 公路二级 ../公路二级.xlsx
 }

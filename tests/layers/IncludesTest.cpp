@@ -40,10 +40,12 @@ const std::map<std::string, Folders> kMayInclude = {
     {"library",
      {"base", "model", "platform/vmrd/VMRDEnv", "platform/vmrd/VMRDPub",
       "platform/vmrd/VmHFCBaseU"}},
+    {"report", {"base", "model", "platform/vmrd/VMRDPub"}},
     {"roads", {"base", "model"}},
     {"sheets", {"base", "model", "platform/mfc", "platform/vmrd/VMRDPub"}},
     {"cli",
-     {"base", "library", "model", "platform/mfc", "platform/vmrd/VMRDPub", "roads", "sheets"}},
+     {"base", "library", "model", "platform/mfc", "platform/vmrd/VMRDPub", "report", "roads",
+      "sheets"}},
     {"app/input",
      {"base", "model", "platform/mfc", "platform/vmrd/VMRDControls", "platform/vmrd/VmHFCBaseU"}},
     {"pages/framework",
@@ -64,8 +66,9 @@ const std::map<std::string, Folders> kMayInclude = {
       "platform/vmrd/VMRDPub", "platform/vmrd/VmHFCBaseU"}},
 };
 
-const char* const kTopFolders[] = {"app",   "base",  "cli",      "compare",   "host",  "library",
-                                   "model", "pages", "platform", "roadcheck", "roads", "sheets"};
+const char* const kTopFolders[] = {"app",       "base",  "cli",   "compare",  "host",
+                                   "library",   "model", "pages", "platform", "report",
+                                   "roadcheck", "roads", "sheets"};
 
 std::string FolderOf(const std::string& path)
 {
