@@ -7,6 +7,7 @@
 #include "base/Text.h"
 #include "bench/Bench.h"
 #include "bench/Doubling.h"
+#include "bench/MemoryFolder.h"
 #include "library/SpecificationFolder.h"
 #include "library/SpecificationHistory.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
@@ -24,9 +25,6 @@ class Project {
 public:
     Project(std::int64_t specifications, std::int64_t versions)
     {
-        std::string folder = (fs::temp_directory_path() / "history_bench-XXXXXX").string();
-        Require(mkdtemp(folder.data()) != nullptr, "no temporary folder");
-        m_folder = folder;
         fs::create_directory(m_folder / "规范");
         for (std::int64_t i = 0; i < specifications; ++i)
             Make(Format(L"城市道路设计规范%d", i), versions);
@@ -67,7 +65,7 @@ private:
         return {std::istreambuf_iterator<char>(stream), {}};
     }
 
-    fs::path m_folder;
+    fs::path m_folder = MakeMemoryFolder();
 };
 
 // One that is loaded, of the project.

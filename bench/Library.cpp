@@ -6,6 +6,7 @@
 #include "base/Text.h"
 #include "bench/Bench.h"
 #include "bench/Doubling.h"
+#include "bench/MemoryFolder.h"
 #include "library/SpecificationFolder.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
 
@@ -20,9 +21,6 @@ class Project {
 public:
     explicit Project(std::int64_t specifications)
     {
-        std::string folder = (fs::temp_directory_path() / "library_bench-XXXXXX").string();
-        Require(mkdtemp(folder.data()) != nullptr, "no temporary folder");
-        m_folder = folder;
         fs::create_directory(m_folder / "规范");
         for (std::int64_t i = 0; i < specifications; ++i)
             WriteFile(NameOf(i));
@@ -46,7 +44,7 @@ private:
         Require(file.good(), "a file could not be written");
     }
 
-    fs::path m_folder;
+    fs::path m_folder = MakeMemoryFolder();
 };
 
 void Load(SpecificationFolder& folder, std::int64_t count)
