@@ -43,7 +43,8 @@ struct VerifyArguments {
 // The words of the command line, as they were typed.
 struct Arguments {
     std::string project; // empty: the current folder
-    std::optional<std::string> spec;
+    std::vector<std::string> specs;  // as often as --spec is given
+    std::optional<std::string> spec; // the first of them
     bool json = false;
     std::optional<std::string> wait; // seconds that another program may keep the project
 
@@ -57,6 +58,8 @@ struct Arguments {
     std::optional<std::string> tolerance;
     std::optional<std::string> car;
     bool unset = false;
+    std::optional<std::string> add; // to what stands there
+    std::optional<std::string> scale;
 
     std::string name;
     std::string newName;

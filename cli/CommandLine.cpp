@@ -104,10 +104,11 @@ template <class Function> void ForEachWord(Arguments& arguments, const Function&
     for (std::string* word : {&arguments.project, &arguments.path, &arguments.name,
                               &arguments.newName, &arguments.file})
         function(*word);
-    for (auto* word : {&arguments.spec, &arguments.value, &arguments.from, &arguments.newSpec,
-                       &arguments.car, &arguments.output})
+    for (auto* word :
+         {&arguments.value, &arguments.from, &arguments.newSpec, &arguments.car, &arguments.output})
         if (*word) function(**word);
-    for (auto* words : {&arguments.names, &arguments.verify.files, &arguments.verify.alignments})
+    for (auto* words : {&arguments.names, &arguments.specs, &arguments.verify.files,
+                        &arguments.verify.alignments})
         for (std::string& word : *words)
             function(word);
 }
@@ -132,11 +133,12 @@ public:
             ->type_name("DIR")
             ->check(NotEmpty);
         m_app
-            .add_option("--spec", m_arguments.spec,
+            .add_option("--spec", m_arguments.specs,
                         In({"设计规范的名称或 GUID;不写则用默认的,没有默认的则用唯一的",
                             "Name or GUID of the specification; the default one, or the only one, "
                             "if not given"}))
-            ->type_name("NAME");
+            ->type_name("NAME")
+            ->allow_extra_args(false);
         m_app.add_flag("--json", m_arguments.json, In({"以 JSON 输出", "Print data as JSON"}));
         m_app
             .add_option("--wait", m_arguments.wait,
@@ -162,6 +164,9 @@ public:
             ForEachWord(m_arguments, [](std::string& word) {
                 if (word.starts_with(kAsItStands)) word.erase(0, 1);
             });
+            if (m_arguments.specs.size() > 1 && m_run != &RunSet)
+                return Wrong(L"--spec 只能给一次");
+            if (!m_arguments.specs.empty()) m_arguments.spec = m_arguments.specs.front();
         } catch (const CLI::Success& help) {
             if (m_app.remaining(true).empty()) return m_app.exit(help);
             return Wrong(UnknownWord());
@@ -329,10 +334,10 @@ private:
         AddOption(
             merge, "--prefer", "SIDE", m_arguments.prefer,
             {"有冲突时取哪一方的值: ours theirs", "Whose values settle conflicts: ours theirs"});
-        CLI::App* report = Add("report",
-                               {"把设计规范写成可打印的网页",
-                                "Write specifications as a page that prints well"},
-                               RunReport);
+        CLI::App* report =
+            Add("report",
+                {"把设计规范写成可打印的网页", "Write specifications as a page that prints well"},
+                RunReport);
         report
             ->add_option("NAME", m_arguments.names,
                          In({"名称、GUID、文件,或“文件#名称”;不写则为 --spec 的",
@@ -436,12 +441,24 @@ private:
 
     void AddSet()
     {
-        CLI::App* set = Add("set", {"修改一个值并保存", "Change one value and save"}, RunSet);
+        CLI::App* set = Add("set",
+                            {"修改一个或多个设计规范的一个值并保存,--spec 可重复",
+                             "Change one value of one or, --spec repeated, of several, and save"},
+                            RunSet);
         AddPath(set);
         set->add_option("VALUE", m_arguments.value, In({"新的值", "The new value"}))->type_name("");
         AddOption(
             set, "--speed", "V", m_arguments.speed,
             {"设计车速(km/h),用于表中的值", "The design speed (km/h), for a value of a table"});
+        AddOption(set, "--add", "N", m_arguments.add,
+                  {"加上 N,可为负数;表中不写 --speed 则为所有车速的值",
+                   "Add N, which may be negative; in a table at all speeds without --speed"});
+        AddOption(set, "--scale", "N", m_arguments.scale,
+                  {"乘以 N,同上", "Multiply by N, likewise"});
+        set->add_flag("--all", m_arguments.all,
+                      In({"修改全部设计规范", "Change all specifications"}));
+        set->add_flag("--dry-run", m_arguments.dryRun,
+                      In({"只列出不同之处,不修改", "List what would differ and change nothing"}));
         set->add_flag("--unset", m_arguments.unset,
                       In({"从表中去掉该车速或该行", "Take the speed or the row out of the table"}));
         set->add_flag("--force", m_arguments.force,

@@ -66,8 +66,9 @@ std::vector<Change> ChangesWithoutBase(const CDesignSpecification& mine,
 {
     std::vector<Change> changes;
     for (Difference& one : Differences(mine, theirs)) {
+        DifferingValue& value = one;
         Change& change = changes.emplace_back();
-        static_cast<DifferingValue&>(change) = std::move(one);
+        static_cast<DifferingValue&>(change) = std::move(value);
         change.mine = std::move(one.left);
         change.theirs = std::move(one.right);
     }
@@ -127,19 +128,20 @@ private:
     void MergeWhole(const CDesignSpecification* base, const CDesignSpecification* mine,
                     const CDesignSpecification* theirs)
     {
-        const CDesignSpecification& present = mine ? *mine : *theirs;
+        const CDesignSpecification* const present = mine ? mine : theirs;
+        if (!present) return;
         Change change;
         change.label = L"整个设计规范";
         if (base) change.base = L"有";
         const CString now = base ? L"已修改" : L"有";
         (mine ? change.mine : change.theirs) = now;
-        const bool isChanged = base && !(*base == present);
+        const bool isChanged = base && !(*base == *present);
         if (!isChanged)
             change.by = (mine != nullptr) == (base == nullptr) ? ChangedBy::Me : ChangedBy::Them;
         const bool takesTheirs = SideOf(change, m_prefer) == Side::Theirs;
         if (takesTheirs && theirs) m_store.Store(*theirs);
         if (takesTheirs && mine) m_store.Remove(mine->ID());
-        m_result.push_back({present.Name(), present.ID(), {std::move(change)}});
+        m_result.push_back({present->Name(), present->ID(), {std::move(change)}});
     }
 
     const MergedFile& m_base;

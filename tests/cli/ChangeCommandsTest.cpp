@@ -403,6 +403,67 @@ TEST_F(SetCommand, ChangesNothingElse)
     EXPECT_EQ(DoneJson({"show"}), before);
 }
 
+TEST_F(SetCommand, ChangesSeveralAlike)
+{
+    New("城市");
+    New("干线");
+    New("支路");
+    Done({"--spec", "城市", "--spec", "干线", "--spec", "城市", "set", kMinRad, "--speed", "80",
+          "260"});
+    const auto value = [&](const char* name) {
+        return Done({"--spec", name, "query", kMinRad, "--speed", "80"});
+    };
+    EXPECT_EQ(value("城市"), "260\n");
+    EXPECT_EQ(value("干线"), "260\n");
+    EXPECT_EQ(value("支路"), "250\n");
+    Done({"set", "--all", kMinRad, "--add", "-10"});
+    EXPECT_EQ(value("城市"), "250\n");
+    EXPECT_EQ(value("支路"), "240\n");
+    EXPECT_EQ(Done({"--spec", "支路", "query", kMinRad, "--speed", "60"}), "140\n");
+    Done({"set", "--all", kMinRad, "--speed", "80", "--scale", "1.5"});
+    EXPECT_EQ(value("城市"), "375\n");
+    EXPECT_EQ(Done({"--spec", "城市", "query", kMinRad, "--speed", "60"}), "140\n");
+}
+
+// Of several all or none.
+TEST_F(SetCommand, OneThatCannotTakeItKeepsTheOthersAsTheyAre)
+{
+    New("城市");
+    New("干线");
+    Done({"--spec", "城市", "set", "LonGradMaxLen.rows[9].lengths[60]", "500"});
+    const std::string row = "LonGradMaxLen.rows[9].lengths[60]";
+    const std::string before = m_folder.Read(FileOf("城市"));
+    Fails(2, "“干线”: ", {"set", "--all", row, "--unset"});
+    EXPECT_EQ(m_folder.Read(FileOf("城市")), before);
+}
+
+TEST_F(SetCommand, ListsWhatWouldBeDifferent)
+{
+    New("城市");
+    New("干线");
+    const std::string before = m_folder.Read(FileOf("城市"));
+    EXPECT_EQ(Done({"set", "--all", kMinRad, "--speed", "80", "--add", "5", "--dry-run"}),
+              "“城市”\n圆曲线半径\n  设超高最小半径  车速 80 km/h  250 m  →  255 m\n"
+              "“干线”\n圆曲线半径\n  设超高最小半径  车速 80 km/h  250 m  →  255 m\n");
+    const Json json = DoneJson({"set", "--all", kMinRad, "--scale", "2", "--dry-run"});
+    ASSERT_EQ(json.size(), 2U);
+    EXPECT_EQ(json[1]["name"], "干线");
+    EXPECT_EQ(json[1]["differences"].size(), 6U);
+    EXPECT_EQ(m_folder.Read(FileOf("城市")), before);
+}
+
+TEST_F(SetCommand, RefusesWhatDoesNotGoTogether)
+{
+    New("城市");
+    Wrong("请给出一个值,或用 --unset 去掉它,或用 --add、--scale 改变它",
+          {"set", kMinRad, "--speed", "80", "5", "--add", "1"});
+    Wrong("--add 与 --scale 只能写一个", {"set", kMinRad, "--add", "1", "--scale", "2"});
+    Wrong("--all 与 --spec 只能写一个", {"set", "--all", "--spec", "城市", kMinRad, "--add", "1"});
+    Wrong("--force 不用于 --add 和 --scale", {"set", kMinRad, "--add", "1", "--force"});
+    Wrong("“x”不是数", {"set", kMinRad, "--add", "x"});
+    Wrong("没有设计规范“高速”", {"set", "--spec", "城市", "--spec", "高速", kMinRad, "--add", "1"});
+}
+
 TEST_F(SetCommand, UnsetsTheLastSpeedOfATable)
 {
     New("城市");
