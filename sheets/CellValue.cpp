@@ -22,7 +22,7 @@ CString NumberText(const CString& text, const CString& unit)
     }
     for (const CString& one : {unit, CString(L"m"), CString(L"倍")}) {
         const bool fits = one == unit || unit.starts_with(one);
-        const CString number = fits ? WrittenNumber(text, one) : text;
+        CString number = fits ? WrittenNumber(text, one) : text;
         if (number != text) return number;
     }
     return PlainText(text);
@@ -46,7 +46,7 @@ std::optional<RadiusRange> RangeOf(std::wstring_view from, std::wstring_view to)
 bool IsBlank(const CString& text)
 {
     const CString plain = PlainText(text);
-    return plain.empty() || plain == L"/" || plain.find_first_not_of(L"-") == CString::npos;
+    return plain.empty() || plain == L"/" || plain.find_first_not_of(L'-') == CString::npos;
 }
 
 CString ReadCell(const Field& field, const CString& unit, const CString& text, Value& value)

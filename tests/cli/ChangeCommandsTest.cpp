@@ -430,7 +430,7 @@ TEST_F(SetCommand, OneThatCannotTakeItKeepsTheOthersAsTheyAre)
 {
     New("城市");
     New("干线");
-    Done({"--spec", "城市", "set", "LonGradMaxLen.rows[9].lengths[60]", "500"});
+    Done({"--spec", "城市", "set", "LonGradMaxLen.rows[9].lengths[60]", "200"});
     const std::string row = "LonGradMaxLen.rows[9].lengths[60]";
     const std::string before = m_folder.Read(FileOf("城市"));
     Fails(2, "“干线”: ", {"set", "--all", row, "--unset"});
