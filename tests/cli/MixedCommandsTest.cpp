@@ -1,6 +1,7 @@
 // All that the command can do, at once on one project, each call a process of its own, for ten
 // seconds, or as many as DESIGNSPEC_MIXED_SECONDS says. What was told to be done must be there, or
 // written over by what was told later, or among the deleted ones.
+#include <algorithm>
 #include <cstdlib>
 #include <iostream>
 #include <map>
@@ -243,7 +244,8 @@ protected:
     {
         const std::string id = AnyId(worker, false);
         const std::string file = DeletedFile(id);
-        if (file.empty()) return;
+        // Of one that imports come over, deleted files may hold what it was before.
+        if (file.empty() || std::ranges::find(m_replaced, id) != m_replaced.end()) return;
         Span span;
         ProcessResult result;
         if (!Run(span, result, {"restore", file, "--json", "--wait", "300"})) return;
