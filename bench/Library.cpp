@@ -1,6 +1,7 @@
 // library_bench: what the library spends on many specifications, at sizes that double.
 #include <filesystem>
 #include <fstream>
+#include <unordered_map>
 
 #include "base/Format.h"
 #include "base/Text.h"
@@ -88,6 +89,24 @@ template <class Ask> void FindEach(benchmark::State& state, const char* name, co
     });
 }
 
+// What finding costs at least: the machine's own growth, as the names leave its caches.
+void FindEachInMap(benchmark::State& state)
+{
+    std::unordered_map<CString, std::unique_ptr<CDesignSpecification>> all;
+    std::vector<CString> names;
+    for (std::int64_t i = 0; i < state.range(0); ++i) {
+        names.push_back(Project::NameOf(i));
+        auto made = std::make_unique<CDesignSpecification>();
+        made->SetName(names.back().c_str());
+        all.emplace(names.back(), std::move(made));
+    }
+    const size_t step = 7919; // as above
+    MeasureGrowth(state, "map", [&] {
+        for (size_t i = 0, at = 0; i < names.size(); ++i, at = (at + step) % names.size())
+            Require(all.find(names[at])->second->Name() == names[at], "another one was found");
+    });
+}
+
 void LoadAll(benchmark::State& state)
 {
     const Project project(state.range(0));
@@ -168,7 +187,7 @@ template <class Function> void Register(const char* name, int from, int to, Func
     benchmark::RegisterBenchmark(name, function)
         ->RangeMultiplier(2)
         ->Range(from, to)
-        ->Iterations(3)
+        ->Iterations(5)
         ->Unit(benchmark::kMillisecond);
 }
 
@@ -184,6 +203,7 @@ int main(int argc, char** argv)
             return folder.Find(name.c_str());
         });
     });
+    Register("Library/each found in a map of the standard library", 1024, 16384, FindEachInMap);
     Register("Library/each found by identity", 1024, 16384, [](benchmark::State& state) {
         FindEach(state, "identity", [](const auto& folder, const CString&, const GUID& id) {
             return folder.Find(id);
