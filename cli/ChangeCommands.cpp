@@ -71,9 +71,9 @@ private:
     {
         const auto kind = m_arguments.add ? ManyChange::Kind::Add : ManyChange::Kind::Scale;
         const std::string& operand = m_arguments.add ? *m_arguments.add : *m_arguments.scale;
-        Changed changed = MadeChange(before, {m_path, kind, ToWide(operand)});
+        const Changed changed = MadeChange(before, {m_path, kind, ToWide(operand)});
         if (!changed.problem.empty()) Refuse(changed.problem);
-        return std::move(changed.made);
+        return changed.made;
     }
 
     const Arguments& m_arguments;

@@ -115,7 +115,7 @@ QString DifferenceModel::Text(std::size_t value, int column) const
 // The whole of a text that is too long, and what stood there before something was taken.
 QString DifferenceModel::ToolTip(std::size_t value, int column) const
 {
-    const QString text = Text(value, column);
+    QString text = Text(value, column);
     if (m_choices.IsOfThree() || !IsTaken(m_choices, value, static_cast<Column>(column)))
         return text;
     const Change& one = m_choices.Values()[value];
