@@ -147,6 +147,7 @@ public:
                             "project; 30 if not given"}))
             ->type_name("SECONDS");
         AddReading();
+        AddComparing();
         AddQuery();
         AddChanging();
         AddSet();
@@ -304,6 +305,14 @@ private:
                 {"条目,例如 CircularCurveRad;不写则显示全部",
                  "The criterion, as in CircularCurveRad; all if not given"})
             ->check(NotEmpty);
+        Add("check",
+            {"检查库中的每个文件和其中的限值,指出异常之处",
+             "Say what is wrong or odd in each file of the library and its limits"},
+            RunCheck);
+    }
+
+    void AddComparing()
+    {
         CLI::App* diff =
             Add("diff", {"逐值比较两个设计规范", "Compare two specifications, value by value"},
                 RunDiff);
@@ -350,10 +359,6 @@ private:
         AddOption(report, "--compare", "NAME", m_arguments.from,
                   {"标出与这个设计规范不同的值", "Mark the values that differ from this one"})
             ->check(NotEmpty);
-        Add("check",
-            {"检查库中的每个文件和其中的限值,指出异常之处",
-             "Say what is wrong or odd in each file of the library and its limits"},
-            RunCheck);
     }
 
     void AddQuery()

@@ -8,17 +8,12 @@
 #include "cli/Operands.h"
 #include "cli/TextTable.h"
 #include "model/FieldValue.h"
+#include "model/PageLayout.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
 
 using namespace designspec;
 
 namespace {
-
-CString WithUnit(const Field& field)
-{
-    return *field.unit ? Format(L"%s(%s)", CString(field.label), CString(field.unit))
-                       : CString(field.label);
-}
 
 // A grid as the editor shows it. Columns that are numbers stand highest first, others as they come
 // up. Of several texts for one cell the first one counts.
@@ -88,8 +83,6 @@ private:
     std::vector<Line> m_lines;
 };
 
-constexpr wchar_t kSpeedCorner[] = L"设计车速(km/h)";
-
 void PrintTables(const CriterionInfo& criterion, const void* object)
 {
     Grid grid(kSpeedCorner);
@@ -98,7 +91,7 @@ void PrintTables(const CriterionInfo& criterion, const void* object)
         if (!field.IsTable() || (field.isUsed && !field.isUsed(object))) continue;
         if (field.skipEmpty && field.RowCount(object) == 0) continue;
         any = true;
-        const CString caption = WithUnit(field);
+        const CString caption = PageCaption(field);
         const auto fields = field.RowFields(); // speed and value
         grid.AddLine(caption);
         for (std::int32_t i = 0; i < field.RowCount(object); ++i) {
@@ -166,7 +159,7 @@ void AddRows(Grid& grid, const Field& field, const void* object, const Texts& ar
 // One grid, or one for each heading.
 void PrintRows(const Field& field, const void* object)
 {
-    Grid grid(CornerOf(field, WithUnit(field)));
+    Grid grid(CornerOf(field, PageCaption(field)));
     AddRows(grid, field, object, {});
     const auto fields = field.RowFields();
     const bool hasHeadings = std::any_of(fields.begin(), fields.end(), [](const Field& one) {
@@ -179,8 +172,8 @@ void PrintScalars(const CriterionInfo& criterion, const void* object, bool texts
 {
     for (const Field& field : criterion.fields)
         if (!field.HasRows() && (field.kind == FieldKind::Text) == texts)
-            PrintLine(
-                Format(L"  %s: %s", WithUnit(field), ReadableText(field, GetValue(field, object))));
+            PrintLine(Format(L"  %s: %s", PageCaption(field),
+                             ReadableText(field, GetValue(field, object))));
 }
 
 void PrintCriterion(const CriterionInfo& criterion, CDesignSpecification& specification)

@@ -54,10 +54,7 @@ std::wstring LimitTable(const std::vector<ComparedPage::Limit>& limits)
 // Letters that a text takes, a Chinese one for two.
 std::size_t WidthOf(const CString& text)
 {
-    std::size_t width = 0;
-    for (const wchar_t c : text)
-        width += c < 0x2000 ? 1 : 2;
-    return width;
+    return static_cast<std::size_t>(DisplayWidth(text));
 }
 
 std::size_t WidthOf(const ComparedValue& value)
