@@ -232,13 +232,13 @@ void RoadCheckWindow::Check()
     result->options = m_form.options->Options();
     result->options.speeds = m_form.speeds->Choices();
     m_checking.Start(
-        [result, read = m_read, road](const std::atomic<bool>&) {
+        [result, read = m_read, road](const std::atomic<bool>& cancel) {
             Alignment own = *road;
             // The table shows every speed that holds.
             if (!result->options.speeds.empty()) own.speeds.clear();
             result->road = std::make_shared<const CheckedRoad>(
-                CheckRoad(std::move(own), result->specification, result->options));
-            if (result->road->hasSpeed)
+                CheckRoad(std::move(own), result->specification, result->options, &cancel));
+            if (result->road->hasSpeed && !cancel)
                 result->diagrams = DiagramsOf(result->road->road, result->specification,
                                               result->options, result->road->report);
         },

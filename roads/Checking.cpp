@@ -22,10 +22,11 @@ Checking::Checking(const Alignment& theRoad, const CDesignSpecification& theSpec
     }
 }
 
-AlignmentReport Checking::Run()
+AlignmentReport Checking::Run(const std::atomic<bool>* cancel)
 {
     TellElementsWithoutShape();
     for (const Rule& rule : Rules()) {
+        if (cancel && *cancel) break;
         m_rule = &rule;
         std::wstring why;
         if (CanAsk(rule.need, why))

@@ -1,6 +1,8 @@
 // One road on its way past the rules: what they look at, and where they tell what they find.
 #pragma once
 
+#include <atomic>
+
 #include "model/DesignSpecification.h"
 #include "roads/Curves.h"
 #include "roads/Limit.h"
@@ -31,7 +33,8 @@ public:
     const SpeedStretches speeds;
 
     // Asks every rule that the road's file gives enough for; the others are told as unchecked.
-    AlignmentReport Run();
+    // Asks no further rule once `cancel` is true.
+    AlignmentReport Run(const std::atomic<bool>* cancel = nullptr);
 
     // For the rules. The speed of a stretch; nothing, and the stretch is told as unchecked, when
     // there is none.

@@ -61,13 +61,13 @@ void TellMissing(const std::vector<std::wstring>& names, std::vector<CheckedFile
 } // namespace
 
 CheckedRoad CheckRoad(Alignment road, const CDesignSpecification& specification,
-                      const CheckOptions& options)
+                      const CheckOptions& options, const std::atomic<bool>* cancel)
 {
     CheckedRoad one;
     one.road = std::move(road);
     Checking checking(one.road, specification, options);
     one.hasSpeed = !checking.speeds.IsEmpty();
-    if (one.hasSpeed) one.report = checking.Run();
+    if (one.hasSpeed) one.report = checking.Run(cancel);
     return one;
 }
 
@@ -80,7 +80,8 @@ CheckedFile CheckRoadFile(const std::wstring& path, const std::vector<std::wstri
     for (Alignment& road : read.alignments) {
         const bool isMeant = alignments.empty() || std::find(alignments.begin(), alignments.end(),
                                                              road.name) != alignments.end();
-        if (isMeant) file.roads.push_back(CheckRoad(std::move(road), specification, options));
+        if (isMeant)
+            file.roads.push_back(CheckRoad(std::move(road), specification, options, cancel));
     }
     return file;
 }

@@ -27,9 +27,11 @@ struct FindingCounts {
 AFX_EXT_API FindingCounts CountFindings(const std::vector<Finding>& findings);
 AFX_EXT_API FindingCounts CountFindings(const std::vector<CheckedFile>& files);
 
-// Checks a road; nothing is checked where no design speed holds anywhere on it.
+// Checks a road; nothing is checked where no design speed holds anywhere on it. Asks no further
+// rule once `cancel` is true.
 AFX_EXT_API CheckedRoad CheckRoad(Alignment road, const CDesignSpecification& specification,
-                                  const CheckOptions& options);
+                                  const CheckOptions& options,
+                                  const std::atomic<bool>* cancel = nullptr);
 
 // Reads a file and checks those of its alignments that are named, or all when none is. Ends early
 // once `cancel` is true.

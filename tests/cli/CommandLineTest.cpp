@@ -2,6 +2,7 @@
 
 #include "base/Text.h"
 #include "model/ValuePath.h"
+#include "roads/Rules.h"
 #include "tests/cli/CommandTest.h"
 
 using namespace designspec;
@@ -75,6 +76,13 @@ TEST_F(CommandLine, HelpOfQueryAndSetListsEveryField)
                 HasSubstr("nearest(默认) upper lower interpolate exact"));
     for (const CriterionInfo& criterion : Criteria())
         EXPECT_THAT(Done({"show", "--help"}), HasSubstr("\n  " + ToUtf8(criterion.name) + "  "));
+    const std::string rules = Done({"verify", "--help"});
+    for (const roadcheck::Rule& rule : roadcheck::Rules()) {
+        const std::string id = ToUtf8(rule.id), title = ToUtf8(rule.title);
+        EXPECT_THAT(rules, testing::ContainsRegex("\n  " + id + " +" +
+                                                  ToUtf8(roadcheck::SeverityLabel(rule.severity)) +
+                                                  "  " + title + "\n"));
+    }
 }
 
 TEST_F(CommandLine, TellsItsVersion)

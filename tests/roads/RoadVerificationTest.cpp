@@ -1,0 +1,28 @@
+#include "roads/RoadVerification.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/roads/RoadMaking.h"
+
+namespace roadcheck {
+
+TEST(RoadVerification, AsksNoFurtherRuleWhenItIsCancelled)
+{
+    const Alignment road = RoadOf({Arc(1, 9)});
+    std::atomic<bool> cancel = false;
+    EXPECT_FALSE(CheckRoad(road, {}, AtSpeed(60), &cancel).report.findings.empty());
+    cancel = true;
+    const CheckedRoad checked = CheckRoad(road, {}, AtSpeed(60), &cancel);
+    EXPECT_TRUE(checked.report.findings.empty());
+    EXPECT_TRUE(checked.report.unchecked.empty());
+}
+
+TEST(RoadVerification, ChecksNothingWithoutASpeed)
+{
+    const CheckedRoad checked = CheckRoad(RoadOf({Arc(1, 9)}), {}, {});
+    EXPECT_FALSE(checked.hasSpeed);
+    EXPECT_TRUE(checked.report.findings.empty());
+    EXPECT_TRUE(checked.report.unchecked.empty());
+}
+
+} // namespace roadcheck
