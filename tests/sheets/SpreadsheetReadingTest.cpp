@@ -212,4 +212,47 @@ book.save('formula.xlsx')
     }
 }
 
+TEST_F(SpreadsheetReadingTest, TakesCellsThatAreShownAsPercentages)
+{
+    m_folder.Write("make.py", R"(
+import openpyxl
+book = openpyxl.Workbook()
+sheet = book.active
+sheet.title = '纵坡'
+sheet.append(['设计车速', 80, 60])
+sheet.append(['最大纵坡限制值', 0.07, 6.5])
+sheet.append(['最大纵坡推荐值', 0.0525, 5])
+for cell, look in (('B2', '0%'), ('B3', '0.00%')):
+    sheet[cell].number_format = look
+book.save('a.xlsx')
+)");
+    const auto made = RunProcess({"/usr/bin/python3", "make.py"}, m_folder.Native());
+    ASSERT_EQ(made.status, 0) << made.err;
+    const auto read = Read("a.xlsx");
+    EXPECT_EQ(read.LonGrad.MaxGradLimitedValues, (SpeedToDoubleValues{{80, 7}, {60, 6.5}}));
+    EXPECT_EQ(read.LonGrad.MaxGradRecommendedValues, (SpeedToDoubleValues{{80, 5.25}, {60, 5}}));
+}
+
+TEST_F(SpreadsheetReadingTest, TakesTheParagraphsOfACellAsLines)
+{
+    m_folder.Write("make.py", R"(
+import zipfile
+content = """<?xml version="1.0" encoding="UTF-8"?>
+<office:document-content xmlns:office="urn:oasis:names:tc:opendocument:xmlns:office:1.0"
+ xmlns:table="urn:oasis:names:tc:opendocument:xmlns:table:1.0"
+ xmlns:text="urn:oasis:names:tc:opendocument:xmlns:text:1.0"><office:body><office:spreadsheet>
+<table:table table:name="纵坡最小坡长"><table:table-row>
+<table:table-cell office:value-type="string"><text:p>数据来源</text:p></table:table-cell>
+<table:table-cell office:value-type="string"><text:p>《规范》 <text:span>3.2</text:span></text:p>
+<text:p>第<text:s text:c="2"/>二<text:line-break/>行</text:p><text:p>三</text:p></table:table-cell>
+</table:table-row></table:table></office:spreadsheet></office:body></office:document-content>"""
+with zipfile.ZipFile('a.ods', 'w') as z:
+    z.writestr('mimetype', 'application/vnd.oasis.opendocument.spreadsheet')
+    z.writestr('content.xml', content)
+)");
+    const auto made = RunProcess({"/usr/bin/python3", "make.py"}, m_folder.Native());
+    ASSERT_EQ(made.status, 0) << made.err;
+    EXPECT_EQ(Read("a.ods").LonGradMinLen.Criterion, L"《规范》 3.2\n第  二\n行\n三");
+}
+
 } // namespace
