@@ -42,7 +42,7 @@ struct VerifyArguments {
 
 // The words of the command line, as they were typed.
 struct Arguments {
-    std::string project; // empty: the current folder
+    std::string project;             // empty: the current folder
     std::vector<std::string> specs;  // as often as --spec is given
     std::optional<std::string> spec; // the first of them
     bool json = false;

@@ -4,7 +4,7 @@
 #include "base/Text.h"
 #include "cli/Faults.h"
 #include "cli/JsonText.h"
-#include "cli/TextTable.h"
+#include "cli/Listing.h"
 #include "library/SpecificationReading.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
 
@@ -97,19 +97,13 @@ Status RunNames(const Arguments& arguments, Teller& teller)
         teller.Tell(root.TakeProblems());
         return kFileFailed;
     }
-    TextTable table(false);
-    Json json = Json::array();
+    Listing list;
     for (const StyleEntry& entry : StyleEntries(root, kLibraryName)) {
         const CString id = VMRDPub::GUIDToStr(entry.id);
-        table.AddRow({entry.name, id});
-        json.push_back({{"name", ToJson(entry.name)}, {"id", ToJson(id)}});
+        list.table.AddRow({entry.name, id});
+        list.json.push_back({{"name", ToJson(entry.name)}, {"id", ToJson(id)}});
     }
-    if (arguments.json) {
-        PrintJson(json);
-        return kDone;
-    }
-    for (const CString& line : table.Lines(0))
-        PrintLine(line);
+    list.Print(arguments.json);
     return kDone;
 }
 

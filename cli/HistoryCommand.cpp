@@ -1,7 +1,7 @@
 #include "base/Text.h"
 #include "cli/DifferenceText.h"
 #include "cli/HistoryArgument.h"
-#include "cli/TextTable.h"
+#include "cli/Listing.h"
 #include "model/DifferenceLine.h"
 
 using namespace designspec;
@@ -51,18 +51,12 @@ Status RunHistory(const Arguments& arguments, Teller& teller)
     const std::vector<SpecificationState> states = StatesOf(folder, id, problems);
     teller.Tell(problems);
     const bool isThere = folder.Find(id) != nullptr;
-    TextTable table(false);
-    Json json = Json::array();
+    Listing list;
     for (const SpecificationState& state : states) {
-        table.AddRow(
+        list.table.AddRow(
             {NumberText(state, isThere), TimeText(state), state.savedBy, InOneLine(state.changes)});
-        json.push_back(ToJson(state));
+        list.json.push_back(ToJson(state));
     }
-    if (arguments.json) {
-        PrintJson(json);
-        return kDone;
-    }
-    for (const CString& line : table.Lines(0))
-        PrintLine(line);
+    list.Print(arguments.json);
     return kDone;
 }

@@ -1,20 +1,13 @@
-#include "cli/JsonText.h"
-#include "cli/TextTable.h"
+#include "cli/Listing.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
 
 using namespace designspec;
 
 namespace {
 
-// The rows of a list, for people and for programs.
-struct List {
-    TextTable table{false};
-    Json json = Json::array();
-};
-
-List Specifications(const Project& project)
+Listing Specifications(const Project& project)
 {
-    List list;
+    Listing list;
     const SpecificationFolder& folder = project.Folder();
     for (int i = 0; i < folder.Count(); ++i) {
         const CDesignSpecification& item = *folder.Item(i);
@@ -28,9 +21,9 @@ List Specifications(const Project& project)
     return list;
 }
 
-List Deleted(const Project& project, Teller& teller)
+Listing Deleted(const Project& project, Teller& teller)
 {
-    List list;
+    Listing list;
     Problems problems;
     for (const DeletedStyle& one : project.Folder().Files().Deleted(problems)) {
         const CString id = VMRDPub::GUIDToStr(one.id);
@@ -47,12 +40,7 @@ List Deleted(const Project& project, Teller& teller)
 Status RunList(const Arguments& arguments, Teller& teller)
 {
     const Project project(arguments, teller);
-    const List list = arguments.deleted ? Deleted(project, teller) : Specifications(project);
-    if (arguments.json) {
-        PrintJson(list.json);
-        return kDone;
-    }
-    for (const CString& line : list.table.Lines(0))
-        PrintLine(line);
+    const Listing list = arguments.deleted ? Deleted(project, teller) : Specifications(project);
+    list.Print(arguments.json);
     return kDone;
 }

@@ -1,20 +1,8 @@
 // A JSON document of any bytes for the command apply.
 #include "cli/JsonReading.h"
-#include "fuzz/Fuzz.h"
-#include "platform/xtp/PropExchangeXMLNode.h"
+#include "fuzz/StoredAndLoaded.h"
 
 using namespace designspec;
-
-static CDesignSpecification StoredAndLoaded(CDesignSpecification specification)
-{
-    CXTPPropExchangeXMLNode stored(false, L"Root");
-    specification.DoPropExchange(&stored);
-    CXTPPropExchangeXMLNode loaded(true, L"Root");
-    Require(loaded.LoadFromBytes(stored.SaveToBytes(), L"fuzz.hds"));
-    specification.DoPropExchange(&loaded);
-    Require(loaded.TakeProblems().empty());
-    return specification;
-}
 
 FUZZ(bytes)
 {

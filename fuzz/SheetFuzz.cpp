@@ -2,9 +2,8 @@
 // around it is none of the fuzzer's business.
 #include "base/Text.h"
 #include "base/XmlCheck.h"
-#include "fuzz/Fuzz.h"
+#include "fuzz/StoredAndLoaded.h"
 #include "model/Arrangement.h"
-#include "platform/xtp/PropExchangeXMLNode.h"
 #include "sheets/OdsReading.h"
 #include "sheets/PageReading.h"
 #include "sheets/SpreadsheetReading.h"
@@ -17,17 +16,6 @@ namespace {
 constexpr char kWorkbook[] = "<workbook><sheets><sheet name='a' id='1'/></sheets></workbook>";
 constexpr char kRelations[] =
     "<Relationships><Relationship Id='1' Target='worksheets/1.xml'/></Relationships>";
-
-CDesignSpecification StoredAndLoaded(CDesignSpecification specification)
-{
-    CXTPPropExchangeXMLNode stored(false, L"Root");
-    specification.DoPropExchange(&stored);
-    CXTPPropExchangeXMLNode loaded(true, L"Root");
-    Require(loaded.LoadFromBytes(stored.SaveToBytes(), L"fuzz.hds"));
-    specification.DoPropExchange(&loaded);
-    Require(loaded.TakeProblems().empty());
-    return specification;
-}
 
 // What was read without a problem is what files keep.
 void RequireStorable(const CDesignSpecification& specification)
