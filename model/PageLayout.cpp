@@ -199,6 +199,13 @@ std::vector<PageLayout> LayOut(const CDesignSpecification& specification)
     return pages;
 }
 
+PageLayout LayOut(const CriterionInfo& criterion, const CDesignSpecification& specification)
+{
+    CDesignSpecification arranged = specification;
+    Arrange(arranged);
+    return LayOutPage(criterion, arranged);
+}
+
 CString PageCaption(const Field& field)
 {
     return *field.unit ? Format(L"%s(%s)", CString(field.label), CString(field.unit))

@@ -40,6 +40,9 @@ struct PageLayout {
 
 // All pages. Every value has its place: keys that stand twice have a line or a column each.
 AFX_EXT_API std::vector<PageLayout> LayOut(const CDesignSpecification& specification);
+// The page of one criterion.
+AFX_EXT_API PageLayout LayOut(const CriterionInfo& criterion,
+                              const CDesignSpecification& specification);
 
 // What a value or a table is called on its page: 设超高最小半径(m).
 AFX_EXT_API CString PageCaption(const Field& field);
