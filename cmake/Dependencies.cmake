@@ -11,6 +11,8 @@ find_package(nlohmann_json REQUIRED)               # --json output
 pkg_check_modules(libxml2 REQUIRED IMPORTED_TARGET libxml-2.0)
 pkg_check_modules(xlsxwriter REQUIRED IMPORTED_TARGET xlsxwriter) # writes workbooks: small, BSD
 pkg_check_modules(orcus REQUIRED IMPORTED_TARGET liborcus-0.17) # reads .csv cell by cell
+# how Chinese characters are said, for those who type the first letters; Qt brings it along anyway
+pkg_check_modules(icu REQUIRED IMPORTED_TARGET icu-i18n icu-uc)
 pkg_check_modules(libzip REQUIRED IMPORTED_TARGET libzip) # the archives that workbooks are
 
 if(DESIGNSPEC_GUI)

@@ -29,7 +29,7 @@ class SpeedLines {
 public:
     void Add(CString caption, const Field& table, const void* object)
     {
-        Entries entries{std::move(caption), {}, {}};
+        Entries entries{std::move(caption), {}, {}, &table};
         const auto fields = table.RowFields(); // speed and value
         for (std::int32_t i = 0; i < table.RowCount(object); ++i) {
             const void* row = table.Row(object, i);
@@ -43,9 +43,11 @@ public:
     TableLayout Table() const
     {
         TableLayout table{{}, kSpeedCorner, ValuesOf(m_speeds.Items()), {}};
-        for (const Entries& line : m_lines)
+        for (const Entries& line : m_lines) {
             table.lines.push_back(LineOf(line.caption, table.columns.size(),
                                          m_speeds.Places(line.speeds), line.values));
+            table.lines.back().field = line.field;
+        }
         return table;
     }
 
@@ -54,6 +56,7 @@ private:
         CString caption;
         std::vector<std::int32_t> speeds;
         std::vector<Value> values;
+        const Field* field;
     };
     Lineup<std::int32_t> m_speeds;
     std::vector<Entries> m_lines;
@@ -132,7 +135,8 @@ std::vector<TableLayout> LayOutSuperElevations(const Field& field,
 // A line for each category of vehicles, a column for each range of radii.
 std::vector<TableLayout> LayOutWidenings(const Field& ranges, const CDSCurveWidening& criterion)
 {
-    const Field& category = FieldIn(FieldIn(ranges, L"widenings"), L"carType");
+    const Field& cells = FieldIn(ranges, L"widenings");
+    const Field& category = FieldIn(cells, L"carType");
     TableLayout table{{}, kWideningCorner, {}, {}};
     Lineup<CString> lines;
     std::vector<CStringArray> columns;
@@ -143,8 +147,10 @@ std::vector<TableLayout> LayOutWidenings(const Field& ranges, const CDSCurveWide
             column.push_back(one.carType);
         lines.Add(column);
     }
-    for (const CString& one : lines.Items())
+    for (const CString& one : lines.Items()) {
         table.lines.push_back(LineOf(InForm(category, one), columns.size(), {}, {}));
+        table.lines.back().field = &FieldIn(cells, L"widening");
+    }
     for (std::size_t i = 0; i < columns.size(); ++i) {
         const auto& widenings = criterion.ranges[static_cast<std::int32_t>(i)].widenings;
         const std::vector<std::size_t> places = lines.Places(columns[i]);
@@ -208,8 +214,9 @@ PageLayout LayOut(const CriterionInfo& criterion, const CDesignSpecification& sp
 
 CString PageCaption(const Field& field)
 {
-    return *field.unit ? Format(L"%s(%s)", CString(field.label), CString(field.unit))
-                       : CString(field.label);
+    CString caption = field.label;
+    if (*field.unit) caption.append(L"(").append(field.unit).append(L")");
+    return caption;
 }
 
 CString InForm(const Field& field, const CString& text)

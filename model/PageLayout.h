@@ -14,6 +14,7 @@ struct TableLayout {
     struct Line {
         CString caption;
         std::vector<std::optional<Value>> cells; // one for each column
+        const Field* field = nullptr; // what they are values of; null for texts of two values
     };
 
     CString heading; // 最大超高 6%; mostly empty

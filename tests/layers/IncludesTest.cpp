@@ -42,6 +42,7 @@ const std::map<std::string, Folders> kMayInclude = {
       "platform/vmrd/VmHFCBaseU"}},
     {"report", {"base", "model", "platform/vmrd/VMRDPub"}},
     {"roads", {"base", "model"}},
+    {"search", {"base", "model"}},
     {"sheets", {"base", "model", "platform/mfc", "platform/vmrd/VMRDPub"}},
     {"cli",
      {"base", "library", "model", "platform/mfc", "platform/vmrd/VMRDPub", "report", "roads",
@@ -66,9 +67,9 @@ const std::map<std::string, Folders> kMayInclude = {
       "platform/vmrd/VMRDPub", "platform/vmrd/VmHFCBaseU"}},
 };
 
-const char* const kTopFolders[] = {"app",       "base",  "cli",   "compare",  "host",
-                                   "library",   "model", "pages", "platform", "report",
-                                   "roadcheck", "roads", "sheets"};
+const char* const kTopFolders[] = {"app",       "base",  "cli",    "compare",  "host",
+                                   "library",   "model", "pages",  "platform", "report",
+                                   "roadcheck", "roads", "search", "sheets"};
 
 std::string FolderOf(const std::string& path)
 {
