@@ -3,6 +3,7 @@
 #include <list>
 #include <utility>
 
+#include <QMetaType>
 #include <dlfcn.h>
 
 #include "base/File.h"
@@ -79,8 +80,16 @@ bool Fail(Module& module, const CString& reason)
     return false;
 }
 
+// Qt keeps what it knows of a type where that is used in a variant first. In a module, that would
+// be gone with it.
+void KeepTypesOfModules()
+{
+    qRegisterMetaType<Qt::Alignment>();
+}
+
 bool Load(Module& module)
 {
+    KeepTypesOfModules();
     if (!PathFileExists(module.path)) return Fail(module, L"文件不存在");
     module.handle = dlopen(NativePath(module.path).c_str(), RTLD_NOW | RTLD_LOCAL);
     if (!module.handle) return Fail(module, ToWide(dlerror()));
