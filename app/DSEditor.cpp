@@ -7,14 +7,13 @@
 #include "app/DSMainDialog.h"
 #include "app/HistoryDialog.h"
 #include "app/NameWaitDialog.h"
-#include "app/ReadSheetDialog.h"
 #include "app/SpecificationChange.h"
-#include "app/WriteSheetsDialog.h"
 #include "base/Format.h"
 #include "library/DesignSpecifications.h"
 #include "platform/arx/Documents.h"
 #include "platform/arx/Frame.h"
 #include "platform/mfc/Menu.h"
+#include "print/ReportFile.h"
 
 using namespace designspec;
 
@@ -22,20 +21,12 @@ IMPLEMENT_DYNAMIC(CDSEditor, CStyleEditor)
 
 namespace {
 
-enum OwnCommand : unsigned {
-    kCompare = kCommandsOfEditor,
-    kChangeMany,
-    kHistory,
-    kWriteSheets,
-    kReadSheet,
-};
+enum OwnCommand : unsigned { kCompare = kCommandsOfEditor, kChangeMany, kHistory };
 
 constexpr EditorCommand kOwnCommands[] = {
     {kCompare, L"比较…", "Ctrl+Shift+C", 0, 2},
     {kChangeMany, L"批量修改…", "Ctrl+Shift+B", 1},
     {kHistory, L"历史…", "Ctrl+Shift+H", 0, 1},
-    {kWriteSheets, L"导出到电子表格…", "Ctrl+Shift+E", 1},
-    {kReadSheet, L"从电子表格导入…", "Ctrl+Shift+I", 0, 1},
 };
 
 // The name that a new specification is proposed; empty when it is taken and stays so.
@@ -126,6 +117,18 @@ std::span<const EditorCommand> CDSEditor::OwnCommands() const
     return kOwnCommands;
 }
 
+bool CDSEditor::WriteReport(const CString& path, const CArray<GUID>& styles,
+                            const GUID* comparedWith, Problems& problems)
+{
+    const auto& library = *CDesignSpecifications::GetInstance();
+    std::vector<const CDesignSpecification*> reported;
+    for (const GUID& id : styles)
+        if (const CDesignSpecification* const one = library.Item(id)) reported.push_back(one);
+    ReportOptions options;
+    if (comparedWith) options.comparedWith = library.Item(*comparedWith);
+    return designspec::WriteReport(path, reported, options, problems);
+}
+
 CString CDSEditor::UndoText() const
 {
     return m_undo ? Format(L"已保存“%s”。", m_undo->second.Name()) : CString();
@@ -155,10 +158,6 @@ CString CDSEditor::RunOwn(unsigned command, const CArray<GUID>& selected)
         return ChangeManySpecifications(selected, acedGetAcadFrame());
     case kHistory:
         return ShowHistory(selected, acedGetAcadFrame());
-    case kWriteSheets:
-        return WriteSheets(selected, acedGetAcadFrame());
-    case kReadSheet:
-        return ReadSheet(selected, acedGetAcadFrame());
     default:
         return {};
     }

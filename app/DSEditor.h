@@ -22,6 +22,8 @@ public:
     bool EnableView() const override { return true; }
     std::span<const designspec::EditorCommand> OwnCommands() const override;
     CString RunOwn(unsigned command, const CArray<GUID>& selected) override;
+    bool WriteReport(const CString& path, const CArray<GUID>& styles, const GUID* comparedWith,
+                     designspec::Problems& problems) override;
     CString UndoText() const override;
     CString Undo() override;
     bool EnableViewDeleted() const override { return true; }

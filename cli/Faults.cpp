@@ -13,7 +13,7 @@ bool IsError(const Finding& finding)
 
 bool IsFault(const Finding& finding)
 {
-    return finding.IsRefusedWhenTyped();
+    return IsError(finding) || finding.onlyFromFile;
 }
 
 CString LineOf(const Finding& finding)

@@ -19,7 +19,9 @@ if(DESIGNSPEC_GUI)
     find_package(Qt6 6.4 REQUIRED COMPONENTS
         Widgets                                    # windows, tables, dialogs, undo
         UiTools                                    # dialog resources are forms loaded at run time
+        PrintSupport                               # printers, preview
         Svg)                                       # icons, sharp at every scale
+    find_package(qpdf REQUIRED)                    # links within PDF files, which Qt cannot write
 endif()
 if(DESIGNSPEC_TESTS)
     find_package(GTest REQUIRED)                   # tests

@@ -8,15 +8,13 @@
 #include <QPainter>
 #include <QProgressBar>
 
-#include "base/NoCase.h"
 #include "host/DeletedStylesDialog.h"
 #include "host/EditorTour.h"
 #include "host/HostWindow.h"
 #include "host/ImportDialog.h"
+#include "host/StyleByName.h"
 #include "host/StyleGroupTree.h"
 #include "host/StyleManagerView.h"
-#include "platform/mfc/QtText.h"
-#include "platform/vmrd/VMRDPub/VMRDPub.h"
 
 using namespace designspec;
 
@@ -80,19 +78,6 @@ private:
     int m_number = 0;
     bool m_whole = true;
 };
-
-CStyle* Find(const CStyles& styles, const QString& spec)
-{
-    if (spec.isEmpty()) {
-        CStyle* const standard = styles.DefaultItem();
-        return standard ? standard : styles.Item(0);
-    }
-    GUID id;
-    if (VMRDPub::ParseGUID(FromQString(spec), id)) return styles.Item(id);
-    for (int i = 0; i < styles.Count(); ++i)
-        if (EqualNoCase(styles.Item(i)->Name(), FromQString(spec))) return styles.Item(i);
-    return nullptr;
-}
 
 // The menu of the selected style, and the question before it would be deleted; the answer is no.
 void TakeQuestions(StyleManagerView& view, Album& album)
@@ -164,7 +149,7 @@ int WriteSnapshots(HostWindow& window, const SnapshotOptions& options)
     const auto take = [&album](QWidget* one, const QString& name) { album.Take(one, name); };
     for (CStyleEditor* editor : view.Groups().Editors()) {
         const CStyles* const styles = editor->GetStyles();
-        CStyle* const style = styles ? Find(*styles, options.spec) : nullptr;
+        CStyle* const style = styles ? FindStyle(*styles, options.spec) : nullptr;
         if (!style) continue;
         found = true;
         shown = editor;

@@ -3,7 +3,6 @@
 #include <cstdio>
 #include <initializer_list>
 
-#include <optional>
 #include <string_view>
 
 #include <QCommandLineParser>
@@ -13,10 +12,12 @@
 #include <QTemporaryFile>
 #include <QWindow>
 
+#include "base/Text.h"
 #include "host/Appearance.h"
 #include "host/HostApplication.h"
 #include "host/HostWindow.h"
 #include "host/ProjectFolders.h"
+#include "host/ReportOption.h"
 #include "host/Snapshot.h"
 #include "platform/vmrd/VmHFCBaseU/Trace.h"
 
@@ -25,6 +26,7 @@ using namespace designspec;
 namespace {
 
 constexpr char kSnapshotOption[] = "snapshot";
+constexpr char kReportOption[] = "report";
 constexpr char kDarkOption[] = "dark";
 constexpr char kOpenOption[] = "open";
 
@@ -82,8 +84,16 @@ void AddOptions(QCommandLineParser& parser)
     parser.addOption({QString::fromLatin1(kSnapshotOption),
                       QObject::tr("把每个窗口的图片写入 DIR, 不需要显示器"),
                       QStringLiteral("DIR")});
+    parser.addOption({QString::fromLatin1(kReportOption),
+                      QObject::tr("把样式的报告写入 FILE (.pdf 或 .html), 不需要显示器"),
+                      QStringLiteral("FILE")});
+    parser.addOption({QStringLiteral("compare"),
+                      QObject::tr("报告中标出与此样式不同的值: 名称或标识"),
+                      QStringLiteral("NAME")});
+    parser.addOption({QStringLiteral("project"), QObject::tr("同 PROJECT"), QStringLiteral("DIR")});
     parser.addOption({QString::fromLatin1(kDarkOption), QObject::tr("深色界面")});
-    parser.addOption({QStringLiteral("spec"), QObject::tr("图片中显示的样式: 名称或标识"),
+    parser.addOption({QStringLiteral("spec"),
+                      QObject::tr("图片或报告中的样式: 名称或标识; 报告可有几个"),
                       QStringLiteral("NAME")});
     parser.addOption({QStringLiteral("theirs"), QObject::tr("图片中别人同时存入样式库的文件"),
                       QStringLiteral("FILE")});
@@ -99,14 +109,84 @@ void WaitForFrame(const QWidget& window)
         QApplication::processEvents(QEventLoop::AllEvents, 50);
 }
 
+// Does what needs no user, and gives the status to end with.
+int DoOption(HostWindow& window, const QCommandLineParser& parser)
+{
+    const QStringList specs = parser.values(QStringLiteral("spec"));
+    if (parser.isSet(QString::fromLatin1(kReportOption)))
+        return WriteReport(window, {parser.value(QString::fromLatin1(kReportOption)), specs,
+                                    parser.value(QStringLiteral("compare"))});
+    return WriteSnapshots(window, {parser.value(QString::fromLatin1(kSnapshotOption)),
+                                   specs.value(0), parser.value(QStringLiteral("theirs"))});
+}
+
+QString ProjectOf(const QCommandLineParser& parser)
+{
+    const QString asked =
+        parser.positionalArguments().value(0, parser.value(QStringLiteral("project")));
+    if (!asked.isEmpty()) return asked;
+    if (parser.isSet(QString::fromLatin1(kReportOption))) return QStringLiteral(".");
+    return RecentProjects().List().value(0);
+}
+
+// Without a window, what is wrong with files is told on standard error. True once something was.
+Connection TellErrors(bool& told)
+{
+    return ConnectTrace([&told](const TraceLine& line) {
+        if (line.severity != TraceLevel::Error) return;
+        told = true;
+        std::fprintf(stderr, "%s\n", ToUtf8(line.Text()).c_str());
+    });
+}
+
+int RunWithoutUser(const QCommandLineParser& parser)
+{
+    const QTemporaryDir settings;
+    UseSettingsIn(settings);
+    bool told = false;
+    Connection errors;
+    if (parser.isSet(QString::fromLatin1(kReportOption))) errors = TellErrors(told);
+    HostWindow window;
+    const QString project = ProjectOf(parser);
+    const bool opened = !project.isEmpty() && window.OpenProject(project);
+    window.LoadModules();
+    for (const QString& file : parser.values(QString::fromLatin1(kOpenOption)))
+        window.OpenFile(file);
+    if (!opened) {
+        std::fprintf(stderr, "没有可以打开的项目: %s\n", qUtf8Printable(project));
+        return 3;
+    }
+    const int status = DoOption(window, parser);
+    return status == 0 && told ? 3 : status;
+}
+
+int RunDesktop(const QCommandLineParser& parser, bool hasChineseFont)
+{
+    HostWindow window;
+    if (!hasChineseFont)
+        TraceFile(TraceLevel::Error, {}, 0, L"系统没有中文字体, 请安装一种 (如 fonts-noto-cjk)");
+    const QString project = ProjectOf(parser);
+    if (!project.isEmpty()) window.OpenProject(project);
+    window.LoadModules();
+    const QStringList files = parser.values(QString::fromLatin1(kOpenOption));
+    window.show();
+    if (!files.isEmpty()) WaitForFrame(window);
+    for (const QString& file : files)
+        window.OpenFile(file);
+    return QApplication::exec();
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
-    const bool snapshot = HasOption(argc, argv, {"--snapshot"});
-    if (snapshot || HasOption(argc, argv, {"-h", "--help", "-v", "--version"})) DoWithoutDisplay();
+    const bool needsNoUser = HasOption(argc, argv, {"--snapshot", "--report"});
+    if (needsNoUser || HasOption(argc, argv, {"-h", "--help", "-v", "--version"}))
+        DoWithoutDisplay();
     if (!HasDisplay()) {
-        std::fputs("没有显示器。可以用 --snapshot DIR 输出各窗口的图片。\n", stderr);
+        std::fputs("没有显示器。可以用 --snapshot DIR 输出各窗口的图片, "
+                   "用 --report FILE.pdf 输出报告。\n",
+                   stderr);
         return 2;
     }
     // A write beyond the size limit of files is to fail with a message, not to end the process.
@@ -121,30 +201,5 @@ int main(int argc, char** argv)
     AddOptions(parser);
     parser.process(application);
     if (parser.isSet(QString::fromLatin1(kDarkOption))) UseDarkColours();
-
-    std::optional<QTemporaryDir> settings;
-    if (snapshot) UseSettingsIn(settings.emplace());
-    HostWindow window;
-    if (!chinese)
-        TraceFile(TraceLevel::Error, {}, 0, L"系统没有中文字体, 请安装一种 (如 fonts-noto-cjk)");
-    const QString asked = parser.positionalArguments().value(0);
-    const QString project = asked.isEmpty() ? RecentProjects().List().value(0) : asked;
-    const bool opened = !project.isEmpty() && window.OpenProject(project);
-    window.LoadModules();
-    const QStringList files = parser.values(QString::fromLatin1(kOpenOption));
-    if (!snapshot) window.show();
-    if (!snapshot && !files.isEmpty()) WaitForFrame(window);
-    for (const QString& file : files)
-        window.OpenFile(file);
-
-    if (snapshot) {
-        if (!opened) {
-            std::fprintf(stderr, "没有可以打开的项目: %s\n", qUtf8Printable(project));
-            return 3;
-        }
-        return WriteSnapshots(window, {parser.value(QString::fromLatin1(kSnapshotOption)),
-                                       parser.value(QStringLiteral("spec")),
-                                       parser.value(QStringLiteral("theirs"))});
-    }
-    return QApplication::exec();
+    return needsNoUser ? RunWithoutUser(parser) : RunDesktop(parser, chinese);
 }

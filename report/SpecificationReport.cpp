@@ -1,12 +1,8 @@
 #include "report/SpecificationReport.h"
 
-#include <algorithm>
-
 #include "base/Format.h"
 #include "base/Html.h"
 #include "base/Text.h"
-#include "platform/vmrd/VMRDPub/VMRDPub.h"
-#include "report/PageComparison.h"
 
 namespace designspec {
 
@@ -31,15 +27,13 @@ constexpr const wchar_t* kHead =
     L"th,td.differs{print-color-adjust:exact;-webkit-print-color-adjust:exact}}\n"
     L"</style>\n</head>\n<body>\n<h1>道路设计规范</h1>\n";
 
-constexpr wchar_t kNone[] = L"–";
-
 // The value, and where it differs that of the other one behind it.
 std::wstring Cell(const ComparedValue& value)
 {
-    const std::wstring text = HtmlText(value.value.value_or(value.IsSame() ? L"" : kNone));
+    const std::wstring text = HtmlText(OwnText(value));
     if (value.IsSame()) return L"<td>" + text + L"</td>";
     return Format(L"<td class=\"differs\">%s <small>[%s]</small></td>", text,
-                  HtmlText(value.other.value_or(kNone)));
+                  HtmlText(OtherText(value)));
 }
 
 std::wstring LimitTable(const std::vector<ComparedPage::Limit>& limits)
@@ -51,45 +45,23 @@ std::wstring LimitTable(const std::vector<ComparedPage::Limit>& limits)
     return html + L"</table>\n";
 }
 
-// Letters that a text takes, a Chinese one for two.
-std::size_t WidthOf(const CString& text)
+// In letters, a Chinese one for two, with the rim of a cell.
+SheetMeasure Letters()
 {
-    return static_cast<std::size_t>(DisplayWidth(text));
+    constexpr double kSheet = 107, kRim = 3;
+    return {kSheet, [](const CString& text) { return DisplayWidth(text) + kRim; }};
 }
 
-std::size_t WidthOf(const ComparedValue& value)
+std::wstring Columns(const ComparedTable& table, const ColumnRange& columns)
 {
-    const std::size_t own = value.value ? WidthOf(*value.value) : 0;
-    return value.IsSame() ? own : own + 4 + WidthOf(value.other.value_or(kNone));
-}
-
-// How many columns from `first` on fit on a sheet beside the captions; at least one.
-std::size_t CountFitting(const ComparedTable& table, std::size_t first)
-{
-    constexpr std::size_t kSheet = 104, kRim = 3;
-    std::size_t used = WidthOf(table.corner);
-    for (const ComparedTable::Line& line : table.lines)
-        used = std::max(used, WidthOf(line.caption));
-    std::size_t count = 0;
-    for (std::size_t at = first; at < table.columns.size(); ++at, ++count) {
-        std::size_t width = WidthOf(table.columns[at]);
-        for (const ComparedTable::Line& line : table.lines)
-            width = std::max(width, WidthOf(line.cells[at]));
-        used += width + kRim;
-        if (used > kSheet && count > 0) break;
-    }
-    return count;
-}
-
-std::wstring Columns(const ComparedTable& table, std::size_t first, std::size_t count)
-{
+    const std::size_t end = columns.first + columns.count;
     std::wstring html = L"<table>\n<thead><tr><th>" + HtmlText(table.corner) + L"</th>";
-    for (std::size_t i = first; i < first + count; ++i)
+    for (std::size_t i = columns.first; i < end; ++i)
         html += L"<th>" + HtmlText(table.columns[i]) + L"</th>";
     html += L"</tr></thead>\n<tbody>\n";
     for (const ComparedTable::Line& line : table.lines) {
         html += L"<tr><td>" + HtmlText(line.caption) + L"</td>";
-        for (std::size_t i = first; i < first + count; ++i)
+        for (std::size_t i = columns.first; i < end; ++i)
             html += Cell(line.cells[i]);
         html += L"</tr>\n";
     }
@@ -98,15 +70,12 @@ std::wstring Columns(const ComparedTable& table, std::size_t first, std::size_t 
 
 std::wstring Table(const ComparedTable& table)
 {
+    if (table.lines.empty() && table.heading.empty())
+        return Format(L"<p>%s</p>\n", CString(kNoData));
     std::wstring html;
     if (!table.heading.empty()) html = L"<h4>" + HtmlText(table.heading) + L"</h4>\n";
-    if (table.lines.empty() && table.heading.empty()) return L"<p>(无数据)</p>\n";
-    if (table.columns.empty() && !table.lines.empty()) return html + Columns(table, 0, 0);
-    for (std::size_t first = 0; first < table.columns.size();) {
-        const std::size_t count = CountFitting(table, first);
-        html += Columns(table, first, count);
-        first += count;
-    }
+    for (const ColumnRange& columns : CutColumns(table, Letters()))
+        html += Columns(table, columns);
     return html;
 }
 
@@ -125,36 +94,27 @@ std::wstring Page(const ComparedPage& page, const std::wstring& anchor)
     return html + LimitTable(page.sources) + L"</section>\n";
 }
 
-struct Chapter {
-    const CDesignSpecification* specification;
-    std::vector<ComparedPage> pages;
-};
-
-std::wstring CountText(int differences)
+std::wstring Contents(const std::vector<ReportChapter>& chapters)
 {
-    return differences == 0 ? std::wstring() : Format(L" <small>%d 处不同</small>", differences);
-}
-
-std::wstring Contents(const std::vector<Chapter>& chapters)
-{
-    std::wstring html = L"<nav>\n<h2>目录</h2>\n";
+    std::wstring html = Format(L"<nav>\n<h2>%s</h2>\n", CString(kContentsTitle));
     for (std::size_t i = 0; i < chapters.size(); ++i) {
-        html += Format(L"<p><a href=\"#s%d\">%s</a></p>\n<ul>\n", i + 1,
-                       HtmlText(chapters[i].specification->Name()));
-        for (std::size_t k = 0; k < chapters[i].pages.size(); ++k)
+        html +=
+            Format(L"<p><a href=\"#s%d\">%s</a></p>\n<ul>\n", i + 1, HtmlText(chapters[i].name));
+        for (std::size_t k = 0; k < chapters[i].pages.size(); ++k) {
+            const CString count = CountText(chapters[i].pages[k].CountDifferences());
             html += Format(L"<li><a href=\"#%s\">%s</a>%s</li>\n", Anchor(i, k),
                            HtmlText(chapters[i].pages[k].criterion->label),
-                           CountText(chapters[i].pages[k].CountDifferences()));
+                           count.empty() ? count : L" <small>" + count + L"</small>");
+        }
         html += L"</ul>\n";
     }
     return html + L"</nav>\n";
 }
 
-std::wstring ChapterText(const Chapter& chapter, std::size_t number)
+std::wstring ChapterText(const ReportChapter& chapter, std::size_t number)
 {
-    const CDesignSpecification& one = *chapter.specification;
     std::wstring html = Format(L"<article id=\"s%d\">\n<h2>%s</h2>\n<p>GUID: %s</p>\n", number + 1,
-                               HtmlText(one.Name()), VMRDPub::GUIDToStr(one.ID()));
+                               HtmlText(chapter.name), chapter.id);
     for (std::size_t i = 0; i < chapter.pages.size(); ++i)
         html += Page(chapter.pages[i], Anchor(number, i));
     return html + L"</article>\n";
@@ -165,18 +125,12 @@ std::wstring ChapterText(const Chapter& chapter, std::size_t number)
 std::string HtmlReport(const std::vector<const CDesignSpecification*>& specifications,
                        const ReportOptions& options)
 {
-    std::vector<Chapter> chapters;
-    for (const CDesignSpecification* one : specifications)
-        chapters.push_back({one, ComparePages(*one, options.comparedWith)});
-    std::wstring html = kHead + Format(L"<p>打印时间: %s</p>\n", LocalTime(options.made));
-    if (options.comparedWith)
-        html += Format(L"<p>与“%s”比较: 不同的值有底色,其后方括号中是“%s”的值,"
-                       L"“%s”表示没有。</p>\n",
-                       HtmlText(options.comparedWith->Name()),
-                       HtmlText(options.comparedWith->Name()), std::wstring(kNone));
-    html += Contents(chapters);
-    for (std::size_t i = 0; i < chapters.size(); ++i)
-        html += ChapterText(chapters[i], i);
+    const ReportContents report = ContentsOf(specifications, options);
+    std::wstring html = kHead + Format(L"<p>打印时间: %s</p>\n", report.made);
+    if (!report.comparison.empty()) html += L"<p>" + HtmlText(report.comparison) + L"</p>\n";
+    html += Contents(report.chapters);
+    for (std::size_t i = 0; i < report.chapters.size(); ++i)
+        html += ChapterText(report.chapters[i], i);
     return ToUtf8(html + L"</body>\n</html>\n");
 }
 

@@ -3,15 +3,9 @@
 
 #include <string>
 
-#include "base/Moment.h"
-#include "model/DesignSpecification.h"
+#include "report/ReportContents.h"
 
 namespace designspec {
-
-struct ReportOptions {
-    const CDesignSpecification* comparedWith = nullptr; // whose values stand where they differ
-    Moment made = Now();
-};
 
 // One file of HTML, UTF-8, without anything from elsewhere: a table of contents, then each
 // specification, each on sheets of its own when it is printed (A4, with page numbers where the

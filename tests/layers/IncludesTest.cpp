@@ -56,10 +56,10 @@ const std::map<std::string, Folders> kMayInclude = {
      {"app/input", "base", "model", "pages/framework", "platform/mfc", "platform/xtp/report",
       "platform/vmrd/VmHFCBaseU"}},
     {"compare", {"base", "library", "model", "platform/mfc"}},
+    {"print", {"base", "platform/mfc", "report"}},
     {"app",
      {"base", "compare", "library", "model", "pages", "pages/framework", "platform/arx",
-      "platform/mfc", "platform/vmrd/VMRDPrj", "platform/vmrd/VMRDPub", "platform/vmrd/VmHFCBaseU",
-      "sheets"}},
+      "platform/mfc", "platform/vmrd/VMRDPrj", "platform/vmrd/VmHFCBaseU", "print"}},
     {"roadcheck",
      {"base", "library", "model", "platform/arx", "platform/mfc", "platform/xtp/report",
       "platform/vmrd/VMRDPub", "roads"}},
@@ -68,9 +68,9 @@ const std::map<std::string, Folders> kMayInclude = {
       "platform/vmrd/VMRDPub", "platform/vmrd/VmHFCBaseU"}},
 };
 
-const char* const kTopFolders[] = {"app",       "base",  "cli",    "compare",  "host",
-                                   "library",   "model", "pages",  "platform", "report",
-                                   "roadcheck", "roads", "search", "sheets"};
+const char* const kTopFolders[] = {"app",     "base",      "cli",   "compare",  "host",
+                                   "library", "model",     "pages", "platform", "print",
+                                   "report",  "roadcheck", "roads", "search",   "sheets"};
 
 std::string FolderOf(const std::string& path)
 {

@@ -8,7 +8,9 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "base/File.h"
 #include "base/Profile.h"
+#include "base/Text.h"
 #include "platform/arx/ArxApp.h"
 #include "platform/arx/Documents.h"
 #include "platform/arx/Frame.h"
@@ -147,6 +149,17 @@ public:
         for (const GUID& id : selected)
             m_styles.Rename(*m_styles.Item(id), m_styles.Item(id)->Name() + L"?");
         return {};
+    }
+
+    // A name on each line, and that of the one it is compared with behind a minus.
+    bool WriteReport(const CString& path, const CArray<GUID>& styles, const GUID* comparedWith,
+                     Problems& problems) override
+    {
+        CString text;
+        for (const GUID& id : styles)
+            text += m_styles.Item(id)->Name() + L"\n";
+        if (comparedWith) text += L"-" + m_styles.Item(*comparedWith)->Name() + L"\n";
+        return WriteWholeFile(path, ToUtf8(text), problems);
     }
 
     bool EnableNew() const override { return Enabled(L"New"); }

@@ -52,3 +52,10 @@ CString CStyleEditor::RunOwn(unsigned, const CArray<GUID>&)
 {
     return {};
 }
+
+bool CStyleEditor::WriteReport(const CString& path, const CArray<GUID>&, const GUID*,
+                               designspec::Problems& problems)
+{
+    AddProblem(problems, designspec::Severity::Error, path, 0, L"这种样式没有报告");
+    return false;
+}

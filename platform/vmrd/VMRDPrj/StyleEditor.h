@@ -4,6 +4,7 @@
 #include <span>
 
 #include "base/Export.h"
+#include "base/Problem.h"
 #include "base/Signal.h"
 #include "platform/mfc/String.h"
 #include "platform/vmrd/VMRDEnv/Styles.h"
@@ -68,6 +69,12 @@ public:
     virtual CString UndoText() const { return {}; }
     // Takes it back. What is to be told of it; empty when it was not.
     virtual CString Undo() { return {}; }
+
+    // Writes a report of styles into a file, of the kind that its ending tells; with the values of
+    // another one beside those that differ from them, unless that is null. False, with the cause
+    // among the problems, when it was not written or there are no reports.
+    virtual bool WriteReport(const CString& path, const CArray<GUID>& styles,
+                             const GUID* comparedWith, designspec::Problems& problems);
 
     // Shows a style that was deleted, and what it was before.
     virtual bool EnableViewDeleted() const { return false; }

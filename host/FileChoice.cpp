@@ -1,9 +1,7 @@
-#include "platform/mfc/FileChoice.h"
+#include "host/FileChoice.h"
 
 #include <QFileDialog>
 #include <QRegularExpression>
-
-namespace designspec {
 
 namespace {
 
@@ -30,11 +28,11 @@ QStringList AskFilesToOpen(QWidget* owner, const QString& title, const QString& 
 }
 
 QString AskFileToSave(QWidget* owner, const QString& title, const QString& filter,
-                      const QString& ending, const QString& proposed, IfThere ifThere)
+                      const QString& ending, const QString& proposed)
 {
     QFileDialog dialog(owner, title, {}, filter);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setOption(QFileDialog::DontConfirmOverwrite, ifThere == IfThere::TakeIt);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
     dialog.setDefaultSuffix(ending);
     dialog.selectFile(QString(proposed).replace(u'/', u'-') + u'.' + ending);
     const QString path = Run(dialog);
@@ -50,5 +48,3 @@ QString AskFolder(QWidget* owner, const QString& title, const QString& start)
     dialog.setOption(QFileDialog::ShowDirsOnly);
     return Run(dialog);
 }
-
-} // namespace designspec
