@@ -7,7 +7,9 @@
 #include "app/DSMainDialog.h"
 #include "app/HistoryDialog.h"
 #include "app/NameWaitDialog.h"
+#include "app/ReadSheetDialog.h"
 #include "app/SpecificationChange.h"
+#include "app/WriteSheetsDialog.h"
 #include "base/Format.h"
 #include "library/DesignSpecifications.h"
 #include "platform/arx/Documents.h"
@@ -21,12 +23,20 @@ IMPLEMENT_DYNAMIC(CDSEditor, CStyleEditor)
 
 namespace {
 
-enum OwnCommand : unsigned { kCompare = kCommandsOfEditor, kChangeMany, kHistory };
+enum OwnCommand : unsigned {
+    kCompare = kCommandsOfEditor,
+    kChangeMany,
+    kHistory,
+    kWriteSheets,
+    kReadSheet,
+};
 
 constexpr EditorCommand kOwnCommands[] = {
     {kCompare, L"比较…", "Ctrl+Shift+C", 0, 2},
     {kChangeMany, L"批量修改…", "Ctrl+Shift+B", 1},
     {kHistory, L"历史…", "Ctrl+Shift+H", 0, 1},
+    {kWriteSheets, L"导出到电子表格…", "Ctrl+Shift+E", 1},
+    {kReadSheet, L"从电子表格导入…", "Ctrl+Shift+I", 0, 1},
 };
 
 // The name that a new specification is proposed; empty when it is taken and stays so.
@@ -158,6 +168,10 @@ CString CDSEditor::RunOwn(unsigned command, const CArray<GUID>& selected)
         return ChangeManySpecifications(selected, acedGetAcadFrame());
     case kHistory:
         return ShowHistory(selected, acedGetAcadFrame());
+    case kWriteSheets:
+        return WriteSheets(selected, acedGetAcadFrame());
+    case kReadSheet:
+        return ReadSheet(selected, acedGetAcadFrame());
     default:
         return {};
     }

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include <QDir>
-#include <QFileDialog>
 
 #include "app/OthersChangeDialog.h"
 #include "app/SpecificationChange.h"
@@ -12,6 +11,7 @@
 #include "base/Text.h"
 #include "library/DesignSpecifications.h"
 #include "library/StyleName.h"
+#include "platform/mfc/FileChoice.h"
 #include "platform/mfc/MessageBox.h"
 #include "platform/mfc/QtText.h"
 #include "platform/vmrd/VmHFCBaseU/Trace.h"
@@ -221,24 +221,20 @@ CEditStore::Result CEditStore::SaveElsewhere(const CDesignSpecification& entered
 
 CEditStore::Result CEditStore::SaveAsFile(const CDesignSpecification& entered, QWidget* owner)
 {
-    QFileDialog asking(owner, QStringLiteral("另存为文件"), {},
-                       QStringLiteral("设计规范文件 (*.hds)"));
-    asking.setAcceptMode(QFileDialog::AcceptSave);
-    asking.setDefaultSuffix(QStringLiteral("hds"));
-    asking.selectFile(ToQString(entered.Name()) + QStringLiteral(".hds"));
-    if (asking.exec() != QDialog::Accepted) return Result::Back;
+    const QString path =
+        AskFileToSave(owner, QStringLiteral("另存为文件"), QStringLiteral("设计规范文件 (*.hds)"),
+                      QStringLiteral("hds"), ToQString(entered.Name()), IfThere::Ask);
+    if (path.isEmpty()) return Result::Back;
     SpecificationFolder elsewhere(L"");
     elsewhere.Add(std::make_unique<CDesignSpecification>(entered));
-    return Told(elsewhere.Export(FromQString(asking.selectedFiles().value(0)), {}), owner);
+    return Told(elsewhere.Export(FromQString(path), {}), owner);
 }
 
 CEditStore::Result CEditStore::SaveToProject(const CDesignSpecification& entered, QWidget* owner)
 {
-    QFileDialog asking(owner, QStringLiteral("存入另一个项目: 选择项目文件夹"));
-    asking.setFileMode(QFileDialog::Directory);
-    asking.setOption(QFileDialog::ShowDirsOnly);
-    if (asking.exec() != QDialog::Accepted) return Result::Back;
-    SpecificationFolder folder(LibraryOf(asking.selectedFiles().value(0)));
+    const QString project = AskFolder(owner, QStringLiteral("存入另一个项目: 选择项目文件夹"));
+    if (project.isEmpty()) return Result::Back;
+    SpecificationFolder folder(LibraryOf(project));
     const Result result = Told(PutInto(folder, entered), owner);
     const CDesignSpecification* const put = folder.Find(entered.ID());
     if (result == Result::Done && put)

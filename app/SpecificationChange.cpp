@@ -64,21 +64,34 @@ CString RefusedBy(const CDesignSpecification& before, const CDesignSpecification
     return text;
 }
 
+namespace {
+
+// True with a message.
+bool IsRefused(const CDesignSpecification& before, const CDesignSpecification& made, QWidget* owner)
+{
+    const CString refused = RefusedBy(before, made);
+    if (refused.empty()) return false;
+    MessageBox(owner, Format(L"“%s”没有保存, 编辑窗口不接受其中的值:\n%s", made.Name(), refused),
+               L"提示", MB_ICONINFORMATION);
+    return true;
+}
+
+} // namespace
+
 bool StoreChanged(const CDesignSpecification& opened, const CDesignSpecification& made,
                   QWidget* owner)
 {
-    const CString refused = RefusedBy(opened, made);
-    if (!refused.empty()) {
-        MessageBox(owner,
-                   Format(L"“%s”没有保存, 编辑窗口不接受其中的值:\n%s", made.Name(), refused),
-                   L"提示", MB_ICONINFORMATION);
-        return false;
-    }
+    if (IsRefused(opened, made, owner)) return false;
     const CEditStore::Result settled = CEditStore(opened, opened, made, owner).Settle();
     if (settled != CEditStore::Result::AsUsual) return settled == CEditStore::Result::Done;
     CDesignSpecification* const now = CDesignSpecifications::GetInstance()->Item(made.ID());
     CString cause;
     return (now && Save(*now, made, cause)) || Tell(made, cause, owner);
+}
+
+bool StoreNew(const CDesignSpecification& made, QWidget* owner)
+{
+    return !IsRefused(CDesignSpecification(), made, owner) && PutBack(made, owner);
 }
 
 bool PutBack(const CDesignSpecification& specification, QWidget* owner)

@@ -27,6 +27,9 @@ bool StoreAllChanged(const std::vector<SpecificationChange>& changes, QWidget* o
 // False with a message, when it was not saved.
 bool PutBack(const CDesignSpecification& specification, QWidget* owner);
 
+// The same for a new one, of which the editor is to refuse nothing either.
+bool StoreNew(const CDesignSpecification& made, QWidget* owner);
+
 // What a page of the editor would refuse of it that it would not have refused before, a line each;
 // empty when nothing is.
 CString RefusedBy(const CDesignSpecification& before, const CDesignSpecification& made);

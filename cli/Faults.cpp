@@ -13,7 +13,7 @@ bool IsError(const Finding& finding)
 
 bool IsFault(const Finding& finding)
 {
-    return IsError(finding) || finding.onlyFromFile;
+    return finding.IsRefusedWhenTyped();
 }
 
 CString LineOf(const Finding& finding)

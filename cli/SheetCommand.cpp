@@ -10,15 +10,12 @@ using namespace designspec;
 
 namespace {
 
-constexpr wchar_t kEnding[] = L".xlsx";
-constexpr std::size_t kLargestFile = 64 << 20; // a thousand times what a workbook takes
-
 using Specifications = std::vector<const CDesignSpecification*>;
 
 bool IsWorkbookName(const CString& file)
 {
-    const std::size_t length = std::size(kEnding) - 1;
-    return file.size() > length && EqualNoCase(file.substr(file.size() - length), kEnding);
+    const std::size_t length = std::size(kWorkbookEnding) - 1;
+    return file.size() > length && EqualNoCase(file.substr(file.size() - length), kWorkbookEnding);
 }
 
 // Those that the words before the last one name.
@@ -38,24 +35,12 @@ Specifications Named(const Project& project, const Arguments& arguments)
     return named;
 }
 
-// Where the workbook of one goes in a folder.
-CString FileIn(const CString& folder, const CDesignSpecification& specification)
+// Before anything is written.
+void RefuseBadNames(const CString& folder, const Specifications& specifications)
 {
-    const CString name = specification.Name() + kEnding;
-    if (!IsFileName(name)) Refuse(Format(L"“%s”不能作文件名", Printable(name)));
-    return folder + L"/" + name;
-}
-
-bool WriteEach(const CString& folder, const Specifications& specifications,
-               const WorkbookStamp& stamp, Problems& problems)
-{
-    CStringArray files;
     for (const CDesignSpecification* one : specifications)
-        files.push_back(FileIn(folder, *one));
-    bool written = CreateFolder(folder, problems);
-    for (std::size_t i = 0; written && i < files.size(); ++i)
-        written = WriteWorkbook(files[i], {specifications[i]}, stamp, problems);
-    return written;
+        if (WorkbookIn(folder, *one).empty())
+            Refuse(Format(L"“%s”不能作文件名", Printable(one->Name() + kWorkbookEnding)));
 }
 
 } // namespace
@@ -71,10 +56,11 @@ Status RunSheetWrite(const Arguments& arguments, Teller& teller)
     const bool isFolder =
         !isFile && !arguments.together && (specifications.size() > 1 || PathFileExists(target));
     if (!isFile && !isFolder) Refuse(Format(L"文件“%s”应以 .xlsx 结尾", target));
+    if (isFolder) RefuseBadNames(target, specifications);
     Problems problems;
     const WorkbookStamp stamp = StampOf(ToWide("designspec " DESIGNSPEC_VERSION));
     const bool written = isFile ? WriteWorkbook(target, specifications, stamp, problems)
-                                : WriteEach(target, specifications, stamp, problems);
+                                : WriteWorkbooks(target, specifications, stamp, problems);
     teller.Tell(problems);
     return written ? kDone : kFileFailed;
 }
@@ -83,10 +69,7 @@ Status RunSheetRead(const Arguments& arguments, Teller& teller)
 {
     if (arguments.newSpec && arguments.spec) Refuse(L"--spec 与 --new 只能写一个");
     const CString file = PathArgument(arguments.file);
-    std::string bytes;
-    Problems problems;
-    if (!ReadWholeFile(file, bytes, kLargestFile, problems)) RefuseReading(problems, teller);
-    SpreadsheetReading reading(bytes, file);
+    SpreadsheetReading reading = SpreadsheetReading::OfFile(file);
     if (HasError(reading.Problems())) RefuseReading(reading.Problems(), teller);
 
     const ProjectUse use = arguments.dryRun    ? ProjectUse::Read

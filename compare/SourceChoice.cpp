@@ -4,7 +4,6 @@
 
 #include <QComboBox>
 #include <QDir>
-#include <QFileDialog>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenu>
@@ -15,6 +14,7 @@
 #include "compare/ControlIds.h"
 #include "library/SpecificationHistory.h"
 #include "library/SpecificationSource.h"
+#include "platform/mfc/FileChoice.h"
 #include "platform/mfc/MessageBox.h"
 #include "platform/mfc/QtText.h"
 
@@ -164,19 +164,17 @@ void SourceChoice::AddVersion(const SpecificationVersion& version, const GUID& i
 
 void SourceChoice::AskFile()
 {
-    QFileDialog asking(this, tr("规范文件"), {}, tr("设计规范文件 (*.hds);;所有文件 (*)"));
-    asking.setFileMode(QFileDialog::ExistingFile);
-    if (asking.exec() == QDialog::Accepted)
-        AddFrom(FromQString(asking.selectedFiles().value(0)), m_like ? m_like() : nullptr);
+    AddChosen(AskFileToOpen(this, tr("规范文件"), tr("设计规范文件 (*.hds);;所有文件 (*)")));
 }
 
 void SourceChoice::AskProject()
 {
-    QFileDialog asking(this, tr("项目文件夹"));
-    asking.setFileMode(QFileDialog::Directory);
-    asking.setOption(QFileDialog::ShowDirsOnly);
-    if (asking.exec() == QDialog::Accepted)
-        AddFrom(FromQString(asking.selectedFiles().value(0)), m_like ? m_like() : nullptr);
+    AddChosen(AskFolder(this, tr("项目文件夹")));
+}
+
+void SourceChoice::AddChosen(const QString& path)
+{
+    if (!path.isEmpty()) AddFrom(FromQString(path), m_like ? m_like() : nullptr);
 }
 
 const SourceChoice::Entry* SourceChoice::Current() const

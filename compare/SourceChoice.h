@@ -58,6 +58,7 @@ private:
     void AddVersion(const SpecificationVersion& version, const GUID& id);
     void AskFile();
     void AskProject();
+    void AddChosen(const QString& path);
 
     const SpecificationFolder* m_library = nullptr;
     std::function<const CDesignSpecification*()> m_like;

@@ -50,6 +50,8 @@ dated() {
 dated 000001 20261018T013000Z 张工
 dated 000002 20261102T063000Z 李工
 dated 000003 20261120T084500Z 张工
+# ... and a workbook that a colleague has filled in.
+"$designspec" --project "$theirs" --spec 城市道路 sheet write "$project/城市道路.xlsx"
 take "$project" "$work/all" --open "$project/违规.xml" --theirs "$theirs"/规范/城市道路*.hds
 mv "$work/all/道路检核 — 违规.xml.png" "$work/all/道路检核.png"
 

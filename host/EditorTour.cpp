@@ -5,12 +5,15 @@
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QDialog>
+#include <QDir>
 #include <QFile>
+#include <QFileDialog>
 #include <QFileInfo>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QTableView>
 #include <QTreeWidget>
 
@@ -18,6 +21,7 @@
 #include "platform/mfc/QtText.h"
 #include "platform/vmrd/VMRDEnv/StyleFolder.h"
 #include "platform/vmrd/VMRDPrj/StyleEditor.h"
+#include "platform/vmrd/VMRDPub/VMRDPub.h"
 
 using namespace designspec;
 
@@ -82,6 +86,17 @@ template <class Widget> QList<Widget*> Usable(const QWidget& window)
     return found;
 }
 
+// The first file of the project's folder that the dialog would open; empty when there is none.
+QString FirstFileFor(const QFileDialog& dialog)
+{
+    if (dialog.acceptMode() != QFileDialog::AcceptOpen) return {};
+    static const QRegularExpression kPatterns(QStringLiteral("\\(([^)]*)\\)"));
+    const QString patterns = kPatterns.match(dialog.selectedNameFilter()).captured(1);
+    const QDir project(ToQString(VMRDPub::GetCurPrjPath()));
+    const QStringList files = project.entryList(patterns.split(u' '), QDir::Files, QDir::Name);
+    return files.isEmpty() ? QString() : project.absoluteFilePath(files.first());
+}
+
 // Types into the first value of the first table.
 void EnterNumber(QDialog* dialog)
 {
@@ -131,8 +146,23 @@ void EditorTour::ShowOwnCommands(const CStyle* style)
         for (int i = 0; i < styles.Count() && selected.size() < std::min(command.most, size_t{2});
              ++i)
             if (styles.Item(i) != style) selected.push_back(styles.Item(i)->ID());
-        VisitModals([&] { m_editor.RunOwn(command.id, selected); }, {ShowByTitle()});
+        VisitModals([&] { m_editor.RunOwn(command.id, selected); },
+                    {AnswerOrShow(), ShowByTitle()});
     }
+}
+
+// What asks for a file is no window of the editor's: it gets one, for the window behind it.
+ModalVisit EditorTour::AnswerOrShow()
+{
+    return [this](QWidget* window) {
+        auto* const asking = qobject_cast<QFileDialog*>(window);
+        if (!asking) return Show(window, window->windowTitle());
+        const QString file = FirstFileFor(*asking);
+            auto* const name = asking->findChild<QLineEdit*>();
+        if (file.isEmpty() || !name) return;
+        name->setText(file);
+        static_cast<QDialog*>(asking)->accept();
+    };
 }
 
 void EditorTour::ShowOthersChange(CStyle* style, const QString& theirs)

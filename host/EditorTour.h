@@ -25,8 +25,9 @@ public:
     // The editing window, each page of its tree with the menus and input dialogs of its tables,
     // each kind once; the message about an empty name; the window for looking only; what comes
     // first when a style is to be made, and what the editor's own commands open. Pages are named by
-    // the items of the tree, with "-" between, what they open by its title. Everything is
-    // cancelled.
+    // the items of the tree, with "-" between, what they open by its title; where
+    // that asks for a file first, the first fitting one of the project's folder is chosen.
+    // Everything is cancelled.
     void Run(CStyle* style);
     // The window about a change of others: `theirs`, a file of styles, stands in the place of the
     // library's file of its name while the style is edited. In the end all is as it was. Shows
@@ -48,6 +49,7 @@ private:
     void Show(QWidget* window, const QString& name);
     designspec::ModalVisit ShowAs(const QString& name);
     designspec::ModalVisit ShowByTitle();
+    designspec::ModalVisit AnswerOrShow();
 
     CStyleEditor& m_editor;
     Picture m_picture;

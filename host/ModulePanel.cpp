@@ -11,8 +11,8 @@
 
 #include "base/File.h"
 #include "host/ControlIds.h"
-#include "host/FileChoice.h"
 #include "host/HostModules.h"
+#include "platform/mfc/FileChoice.h"
 #include "platform/mfc/QtText.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
 

@@ -2,9 +2,11 @@
 
 #include <QDir>
 
-#include "host/FileChoice.h"
 #include "host/Icons.h"
 #include "host/ProjectFolders.h"
+#include "platform/mfc/FileChoice.h"
+
+using namespace designspec;
 
 ProjectMenu::ProjectMenu(QWidget* window)
     : QMenu(tr("项目(&P)"), window),

@@ -7,8 +7,8 @@
 
 #include "base/Format.h"
 #include "host/DeletedStylesDialog.h"
-#include "host/FileChoice.h"
 #include "host/ImportDialog.h"
+#include "platform/mfc/FileChoice.h"
 #include "platform/mfc/MessageBox.h"
 #include "platform/mfc/QtText.h"
 #include "platform/vmrd/VmHFCBaseU/Trace.h"
@@ -241,7 +241,7 @@ void StyleCommands::Export(const Selection& selected)
         if (const CStyle* const style = styles->Item(id)) names.push_back(style->Name());
     const CString proposed = names.size() == 1 ? names.front() : styles->Name();
     const QString path = AskFileToSave(m_window, tr("导出样式 (已有的文件保留其他样式)"), kFilter,
-                                       QStringLiteral("hds"), ToQString(proposed));
+                                       QStringLiteral("hds"), ToQString(proposed), IfThere::TakeIt);
     if (path.isEmpty()) return;
     if (!m_editor->Export(FromQString(path).c_str(), names))
         return emit Failed(tr("无法导出: %1").arg(path));

@@ -20,6 +20,8 @@ struct Finding {
     // A note of a value that the editor keeps when a file brings it, and refuses when it is typed.
     bool onlyFromFile = false;
 
+    bool IsRefusedWhenTyped() const { return severity == Severity::Error || onlyFromFile; }
+
     // The text without line breaks.
     AFX_EXT_API std::wstring Line() const;
 

@@ -78,7 +78,7 @@ std::vector<ValuePath> PathsOf(CDesignSpecification& specification, const ValueP
 CString Fault(const CDesignSpecification& before, const CDesignSpecification& after)
 {
     for (const Finding& finding : NewFindings(Findings(before), Findings(after)))
-        if (finding.severity == Severity::Error || finding.onlyFromFile) return finding.Line();
+        if (finding.IsRefusedWhenTyped()) return finding.Line();
     return {};
 }
 

@@ -2,6 +2,7 @@
 
 #include <set>
 
+#include "base/File.h"
 #include "base/Format.h"
 #include "model/Arrangement.h"
 #include "sheets/PageReading.h"
@@ -9,6 +10,21 @@
 #include "sheets/WorkbookWriting.h"
 
 namespace designspec {
+
+namespace {
+constexpr std::size_t kLargestFile = 64 << 20; // a thousand times what a workbook takes
+}
+
+SpreadsheetReading SpreadsheetReading::OfFile(const CString& path)
+{
+    std::string bytes;
+    designspec::Problems problems;
+    if (ReadWholeFile(path, bytes, kLargestFile, problems)) return {bytes, path};
+    SpreadsheetReading reading;
+    reading.m_path = path;
+    reading.m_problems = std::move(problems);
+    return reading;
+}
 
 SpreadsheetReading::SpreadsheetReading(std::string_view bytes, CString path)
     : m_path(std::move(path))

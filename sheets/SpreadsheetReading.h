@@ -14,6 +14,7 @@ class SpreadsheetReading {
 public:
     // Reads the bytes of the file at `path`: .xlsx, .ods or .csv, by content.
     SpreadsheetReading(std::string_view bytes, CString path);
+    static SpreadsheetReading OfFile(const CString& path);
 
     // Of the specification that a workbook was written from; nothing when the file does not say.
     const std::optional<CString>& Name() const { return m_name; }
@@ -27,6 +28,7 @@ public:
     const designspec::Problems& Problems() const { return m_problems; }
 
 private:
+    SpreadsheetReading() = default;
     void ReadFirstSheet(const SheetGrid& sheet);
 
     CString m_path;

@@ -1,5 +1,6 @@
 #include "sheets/WorkbookWriting.h"
 
+#include <algorithm>
 #include <ctime>
 
 #include <sys/mman.h>
@@ -198,6 +199,27 @@ bool WriteWorkbook(const CString& path, const Specifications& specifications,
         return false;
     }
     return ReadWholeFile(file.Path(), bytes, problems) && WriteWholeFile(path, bytes, problems);
+}
+
+CString WorkbookIn(const CString& folder, const CDesignSpecification& specification)
+{
+    const CString name = specification.Name() + kWorkbookEnding;
+    return IsFileName(name) ? folder + L"/" + name : CString();
+}
+
+bool WriteWorkbooks(const CString& folder,
+                    const std::vector<const CDesignSpecification*>& specifications,
+                    const WorkbookStamp& stamp, Problems& problems)
+{
+    if (!CreateFolder(folder, problems)) return false;
+    return std::all_of(specifications.begin(), specifications.end(),
+                       [&](const CDesignSpecification* one) {
+                           const CString path = WorkbookIn(folder, *one);
+                           if (path.empty())
+                               AddProblem(problems, Severity::Error, folder, 0,
+                                          Format(L"“%s”不能作文件名", Printable(one->Name())));
+                           return !path.empty() && WriteWorkbook(path, {one}, stamp, problems);
+                       });
 }
 
 WorkbookStamp StampOf(const CString& program)

@@ -19,9 +19,17 @@ struct WorkbookStamp {
 bool WriteWorkbook(const CString& path,
                    const std::vector<const CDesignSpecification*>& specifications,
                    const WorkbookStamp& stamp, Problems& problems);
+// Where the workbook of a specification goes in a folder; empty when its name cannot be a file's.
+CString WorkbookIn(const CString& folder, const CDesignSpecification& specification);
+// Writes one for each specification there, into a folder that is made when it is not there. False
+// with a problem when one could not be written; those before it are.
+bool WriteWorkbooks(const CString& folder,
+                    const std::vector<const CDesignSpecification*>& specifications,
+                    const WorkbookStamp& stamp, Problems& problems);
 // Today.
 WorkbookStamp StampOf(const CString& program);
 
+inline constexpr wchar_t kWorkbookEnding[] = L".xlsx";
 // What the first sheet and its captions are called.
 inline constexpr wchar_t kFirstSheet[] = L"设计规范";
 inline constexpr wchar_t kTogetherTitle[] = L"设计规范对照";

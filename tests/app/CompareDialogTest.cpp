@@ -3,7 +3,6 @@
 #include <ctime>
 
 #include <QComboBox>
-#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -66,17 +65,6 @@ protected:
         EXPECT_TRUE(folder.Load().done);
         const S* const found = folder.Find(name);
         return found ? found->BeelineLen.MaxLen : -1;
-    }
-    static ModalAction ChooseFile(const CString& path)
-    {
-        return [path](QWidget* window) {
-            auto* const dialog = dynamic_cast<QFileDialog*>(window);
-            ASSERT_NE(dialog, nullptr);
-            auto* const name = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-            ASSERT_NE(name, nullptr);
-            name->setText(ToQString(path));
-            QTest::keyClick(name, Qt::Key_Return);
-        };
     }
     // From the menu beside a list.
     static void ChooseSource(QWidget* window, int button, const CString& item, const CString& path)

@@ -1,7 +1,6 @@
 // Two libraries on one folder: the dialog is open in one, a colleague saves in the other.
 #include "app/EditStore.h"
 
-#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -412,29 +411,12 @@ TEST_F(EditStore, WhatAPageRoundsIsNotMine)
     EXPECT_EQ(Stored().LonGrad.MinGrad, 0.349);
 }
 
-namespace {
-
-ModalAction ChooseFile(const std::filesystem::path& file)
-{
-    return [file](QWidget* window) {
-        auto* const dialog = dynamic_cast<QFileDialog*>(window);
-        ASSERT_NE(dialog, nullptr);
-        auto* const name = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-        ASSERT_NE(name, nullptr);
-        name->setFocus();
-        name->setText(QString::fromStdString(file.string()));
-        QTest::keyClick(name, Qt::Key_Return);
-    };
-}
-
-} // namespace
-
 TEST_F(EditStore, AProjectThatHasGoneIsNotMadeAnew)
 {
     const std::filesystem::path moved = m_project.Native().string() + ".moved";
     const TemporaryFolder elsewhere;
     const auto move = [&] { std::filesystem::rename(m_project.Native(), moved); };
-    EXPECT_EQ(RunEdited(move, Choose(D::kKeepMine), ChooseFile(elsewhere.Native("甲.hds"))), IDOK);
+    EXPECT_EQ(RunEdited(move, Choose(D::kKeepMine), ChooseFile(elsewhere.Path(L"甲.hds"))), IDOK);
     EXPECT_FALSE(std::filesystem::exists(m_project.Native()));
     std::filesystem::rename(moved, m_project.Native());
     EXPECT_EQ(Stored().BeelineLen.MaxLen, 20);
@@ -480,7 +462,7 @@ TEST_F(EditStore, AnotherProjectTakesItWhenTheProjectHasGone)
                   Enter(window, L"25");
                   const Gone gone(m_project);
                   const ExpectModal settle(PressAlt(Qt::Key_P));
-                  const ExpectModal asking(ChooseFile(elsewhere.Native()));
+                  const ExpectModal asking(ChooseFile(elsewhere.Path()));
                   const ExpectMessage told(L"“甲”已存入:\n" +
                                            ToWide(elsewhere.Native("规范").string()) + L"/甲" +
                                            VMRDPub::GUIDToStr(m_opened.ID()) + L".hds");
@@ -512,7 +494,7 @@ TEST_F(EditStore, WhatTheOtherProjectHasIsNotLost)
                   Enter(window, L"25");
                   const Gone gone(m_project);
                   const ExpectModal settle(PressAlt(Qt::Key_P));
-                  const ExpectModal asking(ChooseFile(elsewhere.Native()));
+                  const ExpectModal asking(ChooseFile(elsewhere.Path()));
                   const ExpectMessage told(L"“甲(1)”已存入:\n" +
                                            ToWide(elsewhere.Native("规范").string()) + L"/甲(1)" +
                                            VMRDPub::GUIDToStr(m_opened.ID()) + L".hds");
@@ -541,7 +523,7 @@ TEST_F(EditStore, TheFolderOfSpecificationsStandsForItsProject)
                       Enter(window, L"25");
                       const Gone gone(m_project);
                       const ExpectModal settle(PressAlt(Qt::Key_P));
-                      const ExpectModal asking(ChooseFile(elsewhere.Native("规范")));
+                      const ExpectModal asking(ChooseFile(elsewhere.Path(L"规范")));
                       const ExpectMessage told(L"“甲”已存入:\n" +
                                                ToWide(elsewhere.Native(library).string()) + L"/甲" +
                                                VMRDPub::GUIDToStr(m_opened.ID()) + L".hds");
@@ -564,7 +546,7 @@ TEST_F(EditStore, AProjectThatDoesNotTakeItLeavesTheEditorOpen)
                   const Gone gone(m_project);
                   {
                       const ExpectModal settle(PressAlt(Qt::Key_P));
-                      const ExpectModal asking(ChooseFile(elsewhere.Native()));
+                      const ExpectModal asking(ChooseFile(elsewhere.Path()));
                       const ExpectModal told([](QWidget* box) {
                           EXPECT_TRUE(dynamic_cast<QMessageBox&>(*box).text().startsWith(
                               QStringLiteral("没有保存, 输入的内容还在。\n")));
@@ -590,7 +572,7 @@ TEST_F(EditStore, ANewOneIsSavedElsewhereWhenTheProjectHasGone)
             Enter(window, L"25");
             std::filesystem::rename(m_project.Native(), moved);
             const ExpectModal settle(Choose(D::kKeepMine));
-            const ExpectModal asking(ChooseFile(elsewhere.Native("新.hds")));
+            const ExpectModal asking(ChooseFile(elsewhere.Path(L"新.hds")));
             Click(window, IDOK);
         });
         EXPECT_EQ(dialog.DoModal(), IDCANCEL); // nothing was added to the library

@@ -4,6 +4,8 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QFileDialog>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
 #include <QPointer>
@@ -190,6 +192,20 @@ ShownMessage ReadMessage(QWidget* window)
     for (const QAbstractButton* button : box->buttons())
         shown.buttons.push_back(Caption(button));
     return shown;
+}
+
+ModalAction ChooseFile(const CString& path)
+{
+    return [path](QWidget* window) {
+        auto* const dialog = dynamic_cast<QFileDialog*>(window);
+        ASSERT_NE(dialog, nullptr);
+        auto* const name = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        ASSERT_NE(name, nullptr);
+        name->setFocus();
+        name->selectAll();
+        name->setText(ToQString(path));
+        QTest::keyClick(name, Qt::Key_Return);
+    };
 }
 
 void ClickMessageButton(QWidget* window, const CString& text)

@@ -53,6 +53,9 @@ private:
     ExpectModal m_modal;
 };
 
+// Types the path of a file or folder into a file dialog, and Enter.
+ModalAction ChooseFile(const CString& path);
+
 // Starts to watch for modal windows; the GUI tests' main does it.
 void WatchModals();
 

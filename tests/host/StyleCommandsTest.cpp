@@ -36,19 +36,6 @@ protected:
             Click(window, IDOK);
         };
     }
-    static ModalAction ChooseFile(const CString& path)
-    {
-        return [path](QWidget* window) {
-            auto* const dialog = dynamic_cast<QFileDialog*>(window);
-            ASSERT_NE(dialog, nullptr);
-            auto* const name = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-            ASSERT_NE(name, nullptr);
-            name->setFocus();
-            name->selectAll();
-            name->setText(ToQString(path));
-            QTest::keyClick(name, Qt::Key_Return);
-        };
-    }
     // Deletes the selected styles, answering yes to the question.
     void Delete(const CString& question) const
     {

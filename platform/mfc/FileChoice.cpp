@@ -1,7 +1,9 @@
-#include "host/FileChoice.h"
+#include "platform/mfc/FileChoice.h"
 
 #include <QFileDialog>
 #include <QRegularExpression>
+
+namespace designspec {
 
 namespace {
 
@@ -28,11 +30,11 @@ QStringList AskFilesToOpen(QWidget* owner, const QString& title, const QString& 
 }
 
 QString AskFileToSave(QWidget* owner, const QString& title, const QString& filter,
-                      const QString& ending, const QString& proposed)
+                      const QString& ending, const QString& proposed, IfThere ifThere)
 {
     QFileDialog dialog(owner, title, {}, filter);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite, ifThere == IfThere::TakeIt);
     dialog.setDefaultSuffix(ending);
     dialog.selectFile(QString(proposed).replace(u'/', u'-') + u'.' + ending);
     const QString path = Run(dialog);
@@ -48,3 +50,5 @@ QString AskFolder(QWidget* owner, const QString& title, const QString& start)
     dialog.setOption(QFileDialog::ShowDirsOnly);
     return Run(dialog);
 }
+
+} // namespace designspec
