@@ -3,10 +3,15 @@
 #include <algorithm>
 
 #include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QTreeWidget>
 
+#include "app/PagePlace.h"
+#include "app/SearchPane.h"
+#include "app/ShownPages.h"
 #include "app/TakeFromDialog.h"
 #include "base/Format.h"
 #include "base/NoCase.h"
@@ -28,6 +33,9 @@ constexpr UINT kDialogResource = 102;
 constexpr int kTree = 100;
 constexpr int kName = 108;
 constexpr int kTakeFrom = 301;
+constexpr int kSearch = 302;
+constexpr int kFound = 303;
+constexpr int kFoundNote = 304;
 
 // What a tree item carries: 0 for a group, the page's place plus one for a page.
 constexpr int kPageRole = Qt::UserRole;
@@ -112,6 +120,7 @@ bool CDSMainDialog::OnInitDialog()
     }
     if (auto* const takeFrom = GetDlgItem<QPushButton>(kTakeFrom))
         connect(takeFrom, &QPushButton::clicked, this, [this] { TakeFrom(); });
+    MakeSearch();
     if (m_viewMode) EnterViewMode();
     return CDialog::OnInitDialog();
 }
@@ -260,6 +269,43 @@ void CDSMainDialog::TakeFrom()
     for (const Page& page : m_pages)
         page.Callback().TakeFrom(made);
     if (shown) shown->Callback().OnShow(); // it may show what another page holds
+}
+
+// Search
+
+void CDSMainDialog::MakeSearch()
+{
+    const CSearchPane::Controls controls{GetDlgItem<QLineEdit>(kSearch),
+                                         GetDlgItem<QTreeWidget>(kFound),
+                                         GetDlgItem<QLabel>(kFoundNote), m_tree};
+    new CSearchPane(
+        controls, [this] { return ShownIndex(); },
+        [this](const SearchHit& hit, bool enter) { GoTo(hit, enter); }, this);
+}
+
+// Edits that are not saved yet are as good as others.
+SpecificationIndex CDSMainDialog::ShownIndex() const
+{
+    CString unused;
+    for (const Page& page : m_pages)
+        page.Callback().Validate(unused); // takes in what is entered
+    std::vector<PageLayout> layouts = LayOut(Entered(m_name));
+    for (PageLayout& layout : layouts)
+        for (const Page& page : m_pages)
+            if (page.label == layout.criterion->label)
+                layout = AsShown(*page.window, std::move(layout));
+    return SpecificationIndex(layouts);
+}
+
+void CDSMainDialog::GoTo(const SearchHit& hit, bool enter)
+{
+    for (int i = 0; i < PageCount(); ++i) {
+        const Page& page = m_pages[static_cast<size_t>(i)];
+        if (page.label != hit.page->label) continue;
+        SelectPage(i);
+        QWidget* const place = GoToPlace(*page.window, hit, enter);
+        if (place && m_scroll) m_scroll->ensureWidgetVisible(place);
+    }
 }
 
 // Also what Tab reaches from outside of the page.

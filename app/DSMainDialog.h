@@ -4,6 +4,7 @@
 
 #include "app/EditStore.h"
 #include "pages/PageTable.h"
+#include "search/SpecificationIndex.h"
 
 class QScrollArea;
 class QTreeWidget;
@@ -59,6 +60,9 @@ private:
     void OnSelChanged(const QTreeWidgetItem* selected);
     const Page* Shown() const;
     void TakeFrom();
+    void MakeSearch();
+    designspec::SpecificationIndex ShownIndex() const;
+    void GoTo(const designspec::SearchHit& hit, bool enter);
 
     bool CheckName(const CString& name);
     bool ValidatePages();

@@ -206,8 +206,24 @@ void EditorTour::ShowEditing(QDialog* dialog, const QString& name)
         ShowPages(dialog, tree);
     else
         Show(dialog, QObject::tr("编辑"));
+    ShowSearch(dialog);
     ShowAsking(dialog);
     ShowMessage(dialog, name);
+}
+
+// What a search field finds for letters that characters begin with, and the first of it.
+void EditorTour::ShowSearch(QDialog* dialog)
+{
+    for (QLineEdit* field : Usable<QLineEdit>(*dialog)) {
+        if (!field->placeholderText().contains(QStringLiteral("Ctrl+F"))) continue;
+        field->setFocus();
+        field->setText(QStringLiteral("zxbj"));
+        QKeyEvent down(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier);
+        QApplication::sendEvent(field, &down);
+        Show(dialog, QObject::tr("查找"));
+        field->clear();
+        return;
+    }
 }
 
 // What the window's own buttons open.

@@ -42,6 +42,7 @@ private:
     void ShowMenu(QAbstractItemView* table, const QString& page);
     void ShowInputDialogs(QAbstractItemView* table, const QStringList& items);
     void ShowSource(QDialog* dialog);
+    void ShowSearch(QDialog* dialog);
     void ShowAsking(QDialog* dialog);
     void ShowMessage(QDialog* dialog, const QString& name);
 

@@ -12,7 +12,7 @@ struct BeelineLenRow {
     int sourceButton;
     double CDSBeelineLen::*value;
     CString CDSBeelineLen::*source;
-    const wchar_t* name; // in messages
+    const wchar_t* name; // the field's label; also in messages
 };
 
 namespace {
@@ -34,6 +34,7 @@ CBeelineLenDialog::CBeelineLenDialog() : CCriterionPage(kDialogResource)
     CString* source = m_sources;
     for (const BeelineLenRow& row : kRows) {
         AddSourceButton(row.sourceButton, *source++);
+        AddLimit(row.edit, row.name);
         DisableInViewMode({row.check, row.edit});
     }
 }

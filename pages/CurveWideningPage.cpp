@@ -22,6 +22,7 @@ constexpr int kIncludesMin = 1;
 CCurveWideningPage::CCurveWideningPage() : CCriterionPage(kDialogResource)
 {
     AddSourceButton(kSourceButton, m_source);
+    AddLimit(kMode, L"半径范围含上限、不含下限");
     DisableInViewMode({kMode});
 }
 

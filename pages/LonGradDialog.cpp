@@ -23,7 +23,7 @@ constexpr SpeedTableRow<C, double> kRows[] = {
 struct GradientEdit {
     int edit;
     double C::*value;    // %
-    const wchar_t* name; // in messages
+    const wchar_t* name; // the field's label; also in messages
 };
 // In the order in which they are checked.
 constexpr GradientEdit kEdits[] = {
@@ -37,8 +37,10 @@ constexpr GradientEdit kEdits[] = {
 CLonGradDialog::CLonGradDialog() : CCriterionPage(kDialogResource)
 {
     AddSourceButton(kSourceButton, m_source);
-    for (const GradientEdit& one : kEdits)
+    for (const GradientEdit& one : kEdits) {
+        AddLimit(one.edit, one.name);
         DisableInViewMode({one.edit});
+    }
 }
 
 void CLonGradDialog::InitPage()

@@ -34,6 +34,7 @@ CString WithoutLineBreak(CString text)
 CMaxSuperElevPage::CMaxSuperElevPage() : CCriterionPage(kDialogResource)
 {
     AddSourceButton(kSourceButton, m_source);
+    AddLimit(kSnowEdit, L"积雪冰冻地区最大超高");
     DisableInViewMode({kSnowCheck, kSnowEdit});
 }
 

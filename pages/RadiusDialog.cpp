@@ -28,6 +28,7 @@ CRadiusDialog::CRadiusDialog() : CCriterionPage(kDialogResource)
 {
     AddSourceButton(kMaxRadSource, m_maxRadSource);
     AddSourceButton(kMinRadSource, m_minRadSource);
+    AddLimit(kMaxRadEdit, L"圆曲线最大半径");
     DisableInViewMode({kMaxRadCheck, kMaxRadEdit});
 }
 

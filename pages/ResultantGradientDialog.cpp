@@ -10,7 +10,7 @@ namespace {
 
 constexpr UINT kDialogResource = 108;
 constexpr int kSnowEdit = 108;
-constexpr wchar_t kSnow[] = L"积雪冰冻地区最大合成坡度"; // in messages
+constexpr wchar_t kSnow[] = L"积雪冰冻地区最大合成坡度"; // the field's label; also in messages
 
 using C = CDSMaxResultantGrad;
 
@@ -33,6 +33,7 @@ CString RoadTypeName(const CString& caption)
 CResultantGradientDialog::CResultantGradientDialog() : CCriterionPage(kDialogResource)
 {
     AddSourceButton(kSourceButton, m_source);
+    AddLimit(kSnowEdit, kSnow);
     DisableInViewMode({kSnowEdit});
 }
 

@@ -81,7 +81,7 @@ void CSuperElevationPage::LoadStep(const CDSSuperElevation& criterion)
     m_current = kNone;
     FillList(maxima);
     m_current = SelectedMaximum();
-    ShowTable();
+    ShowCurrent();
 }
 
 bool CSuperElevationPage::StoreStep(CDSSuperElevation& criterion, CString&)
@@ -169,7 +169,7 @@ void CSuperElevationPage::OnSelected()
     if (SelectedMaximum() == m_current) return;
     CommitTable();
     m_current = SelectedMaximum();
-    ShowTable();
+    ShowCurrent();
 }
 
 void CSuperElevationPage::RebuildList()
@@ -187,7 +187,7 @@ void CSuperElevationPage::RebuildList()
 
 // The table in the grid
 
-void CSuperElevationPage::ShowTable()
+void CSuperElevationPage::ShowCurrent()
 {
     m_grid.RemoveRows();
     const Rows rows = m_tables.contains(m_current) ? m_tables[m_current] : Rows();

@@ -32,6 +32,9 @@ public:
     // was called last.
     bool StoreStep(CDSSuperElevation& criterion, CString& message) override;
 
+    // That of a maximum superelevation, %.
+    void ShowTable(int maximum) override { SelectMaximum(maximum); }
+
     // Takes the grid's table over and tells whether all tables in use are there and whole.
     bool Check(CString& message);
     // Brings the list in line with the maximum superelevations in use. Tables that are filled
@@ -54,7 +57,7 @@ private:
     void SelectMaximum(int maximum);
     void OnSelected();
 
-    void ShowTable();
+    void ShowCurrent();
     void SayWhatToDo();
     void CommitTable();
     GrowArray<SuperElevRange> RangesOf(int speed) const;

@@ -22,6 +22,7 @@ constexpr SpeedTableRow<C> kRadiusRows[] = {{&C::NoTCByMinRad, L"最小圆曲线
 CTransitionCurveDialog::CTransitionCurveDialog() : CCriterionPage(kDialogResource)
 {
     AddSourceButton(kSourceButton, m_source);
+    AddLimit(kBySuperelevation, L"不设超高时不设缓和曲线");
     DisableInViewMode({kBySuperelevation, kByMinRad});
     HideInViewMode(kRadiusHint);
 }

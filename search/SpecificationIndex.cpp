@@ -61,7 +61,8 @@ struct Source {
 // Yes or no is what the caption says; a limit that is off has nothing to be found.
 CString LimitText(const Field& field, const Value& value)
 {
-    const bool isOff = field.zeroMeans && ValueText(value) == L"0";
+    const CString text = ValueText(value);
+    const bool isOff = text.empty() || (field.zeroMeans && text == L"0");
     return field.kind == FieldKind::Bool || isOff ? CString()
                                                   : ReadableText(field, value, field.unit);
 }
@@ -200,8 +201,13 @@ CString SearchHit::Place() const
 }
 
 SpecificationIndex::SpecificationIndex(const CDesignSpecification& specification)
+    : SpecificationIndex(LayOut(specification))
 {
-    for (const PageLayout& page : LayOut(specification))
+}
+
+SpecificationIndex::SpecificationIndex(const std::vector<PageLayout>& pages)
+{
+    for (const PageLayout& page : pages)
         m_pages.emplace_back(page);
 }
 

@@ -40,6 +40,7 @@ struct SearchHit {
 class SpecificationIndex {
 public:
     explicit SpecificationIndex(const CDesignSpecification& specification);
+    explicit SpecificationIndex(const std::vector<PageLayout>& pages);
     SpecificationIndex(SpecificationIndex&& other) noexcept;
     SpecificationIndex& operator=(SpecificationIndex&& other) noexcept;
     ~SpecificationIndex();

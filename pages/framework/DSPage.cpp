@@ -28,7 +28,7 @@ CDSPage::CDSPage(UINT nIDTemplate) : CDialog(nIDTemplate), m_bookIcon(FamilyIcon
 
 bool CDSPage::OnInitDialog()
 {
-    for (const SourceButton& source : m_sourceButtons) {
+    for (const Source& source : m_sources) {
         auto* const button = GetDlgItem<QPushButton>(source.id);
         if (!button) continue;
         button->setText(QString());
@@ -47,7 +47,7 @@ bool CDSPage::OnInitDialog()
 
 void CDSPage::AddSourceButton(int button, CString& text)
 {
-    m_sourceButtons.push_back({button, &text});
+    m_sources.push_back({button, &text});
 }
 
 void CDSPage::OpenSource(CString& text)
@@ -59,6 +59,31 @@ void CDSPage::OpenSource(CString& text)
     dialog.DoModal();
     // After Cancel the dialog has the old text; only blanks around it can go then.
     if (!readOnly) text = Trim(dialog.GetText());
+}
+
+const CString& CDSPage::SourceText(int source) const
+{
+    return *m_sources.at(static_cast<size_t>(source)).text;
+}
+
+QWidget* CDSPage::SourceButton(int source) const
+{
+    return GetDlgItem(m_sources.at(static_cast<size_t>(source)).id);
+}
+
+QWidget* CDSPage::LimitControl(const CString& label) const
+{
+    for (const Limit& limit : m_limits)
+        if (label == limit.label) return GetDlgItem(limit.control);
+    return nullptr;
+}
+
+QWidget* CDSPage::CheckOf(const QWidget* control) const
+{
+    for (const Check& check : m_checks)
+        for (const int id : check.controls)
+            if (GetDlgItem(id) == control) return GetDlgItem(check.id);
+    return nullptr;
 }
 
 void CDSPage::InOneStep(const std::function<void()>& change)
@@ -120,6 +145,7 @@ void CDSPage::EnableByCheck(int checkBox, std::initializer_list<int> controls)
         for (int control : controls)
             EnableWindow(control, checked);
     };
+    m_checks.push_back({checkBox, controls});
     connect(button, &QAbstractButton::toggled, this, enable);
     enable(button->isChecked());
 }

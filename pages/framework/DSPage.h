@@ -48,6 +48,19 @@ public:
     // Puts the focus where the last Refuse found fault, into the offending cell of a grid.
     void FocusRefused();
 
+    // For those who lead the user to a place on the page.
+    const std::vector<CXTPReportControl*>& Grids() const { return m_grids; }
+    // The data sources in the order of their buttons, which is that of the criterion's fields.
+    int SourceCount() const { return static_cast<int>(m_sources.size()); }
+    const CString& SourceText(int source) const;
+    QWidget* SourceButton(int source) const;
+    // Where the limit of that label (model/Field.h) is entered; null when the page has none.
+    QWidget* LimitControl(const CString& label) const;
+    // The check box by which the control can be used; null when there is none.
+    QWidget* CheckOf(const QWidget* control) const;
+    // Where a page has several tables: shows the one of that key.
+    virtual void ShowTable(int /*key*/) {}
+
     // A grid in the placeholder's place that can be edited. Its first column holds the row
     // headers.
     CXTPReportControl* CreateGrid(int placeholder, int gridId, const CString& corner,
@@ -57,6 +70,8 @@ protected:
     // A button that shows the book and opens a data source: `text`, which lives as long as the
     // page.
     void AddSourceButton(int button, CString& text);
+    // The control in which the limit of that label is entered, or chosen.
+    void AddLimit(int control, const wchar_t* label) { m_limits.push_back({control, label}); }
     void DisableInViewMode(std::initializer_list<int> controls);
     void HideInViewMode(int hint) { m_hints.push_back(hint); } // beside kHint
 
@@ -72,14 +87,24 @@ protected:
     bool OnInitDialog() override;
 
 private:
-    struct SourceButton {
+    struct Source {
         int id;
         CString* text;
+    };
+    struct Limit {
+        int control;
+        const wchar_t* label;
+    };
+    struct Check {
+        int id;
+        std::vector<int> controls;
     };
     void OpenSource(CString& text);
 
     QIcon m_bookIcon;
-    std::vector<SourceButton> m_sourceButtons;
+    std::vector<Source> m_sources;
+    std::vector<Limit> m_limits;
+    std::vector<Check> m_checks;
     std::vector<CXTPReportControl*> m_grids;
     std::vector<int> m_locked;
     std::vector<int> m_hints{kHint};
