@@ -1,5 +1,8 @@
 #include "app/DSEditor.h"
 
+#include <algorithm>
+#include <utility>
+
 #include <QApplication>
 
 #include "app/ChangeManyDialog.h"
@@ -92,13 +95,15 @@ void CDSEditor::Edit(CStyle* style)
     const auto& library = *CDesignSpecifications::GetInstance();
     const CDesignSpecification* const opened = library.Item(id);
     const auto before = opened ? std::optional(*opened) : std::nullopt;
-    m_undo.reset();
+    BeginUndo();
     CDSMainDialog dialog(name, false, nullptr, acedGetAcadFrame());
-    if (dialog.DoModal() != IDOK) return;
-    // The library may have been read anew meanwhile: the object is looked for again.
-    const CDesignSpecification* const edited = library.Item(id);
-    if (edited && before && !(*edited == *before)) m_undo.emplace(*before, *edited);
-    if (edited && edited->Name() != name) GetStyles()->Refurbish();
+    if (dialog.DoModal() == IDOK) {
+        // The library may have been read anew meanwhile: the object is looked for again.
+        const CDesignSpecification* const edited = library.Item(id);
+        if (edited && before) ChangeLog::Tell(before, *edited);
+        if (edited && edited->Name() != name) GetStyles()->Refurbish();
+    }
+    EndUndo({});
 }
 
 void CDSEditor::SetAsDefaultStyle(CStyle* style)
@@ -139,18 +144,46 @@ bool CDSEditor::WriteReport(const CString& path, const CArray<GUID>& styles,
     return designspec::WriteReport(path, reported, options, problems);
 }
 
-CString CDSEditor::UndoText() const
+// Told of each that is as in the file now and was not before.
+StyleImport CDSEditor::Import(const CString& path, const CStringArray& names, bool overwrite)
 {
-    return m_undo ? Format(L"已保存“%s”。", m_undo->second.Name()) : CString();
+    const auto& library = *CDesignSpecifications::GetInstance();
+    std::vector<CDesignSpecification> before;
+    for (int i = 0; i < library.Count(); ++i)
+        before.push_back(*library.Item(i));
+    const StyleImport import = CStyleEditor::Import(path, names, overwrite);
+    for (const GUID& id : import.ids) {
+        const CDesignSpecification* const taken = library.Item(id);
+        if (!taken) continue;
+        const auto known = std::find_if(before.begin(), before.end(),
+                                        [&](const auto& one) { return one.HasID(id); });
+        ChangeLog::Tell(known == before.end() ? std::nullopt : std::optional(*known), *taken);
+    }
+    return import;
+}
+
+void CDSEditor::BeginUndo()
+{
+    m_undo.clear();
+    m_undoText.clear();
+    m_log.emplace();
+}
+
+void CDSEditor::EndUndo(const CString& text)
+{
+    if (m_log) m_undo = m_log->Changes();
+    m_log.reset();
+    m_undoText = m_undo.empty() || text.empty() ? SavedText(m_undo) : text;
 }
 
 CString CDSEditor::Undo()
 {
-    const auto undo = std::exchange(m_undo, std::nullopt);
+    const auto undo = std::exchange(m_undo, {});
+    m_undoText.clear();
     const AcAxDocLock lock;
-    if (!undo || !StoreChanged(undo->second, undo->first, acedGetAcadFrame())) return {};
+    if (undo.empty() || !TakeBack(undo, acedGetAcadFrame())) return {};
     GetStyles()->Refurbish();
-    return Format(L"已撤销, “%s”恢复到编辑之前。", undo->first.Name());
+    return TakenBackText(undo);
 }
 
 void CDSEditor::ViewDeleted(const GUID& id)
@@ -160,7 +193,14 @@ void CDSEditor::ViewDeleted(const GUID& id)
 
 CString CDSEditor::RunOwn(unsigned command, const CArray<GUID>& selected)
 {
-    m_undo.reset();
+    BeginUndo();
+    const CString note = DoOwn(command, selected);
+    EndUndo(note);
+    return note;
+}
+
+CString CDSEditor::DoOwn(unsigned command, const CArray<GUID>& selected)
+{
     switch (command) {
     case kCompare:
         return CompareSpecifications(selected, acedGetAcadFrame());

@@ -2,9 +2,9 @@
 #pragma once
 
 #include <optional>
-#include <utility>
+#include <vector>
 
-#include "model/DesignSpecification.h"
+#include "app/SavedChanges.h"
 #include "platform/vmrd/VMRDPrj/StyleEditor.h"
 
 class CDSEditor : public CStyleEditor {
@@ -24,12 +24,19 @@ public:
     CString RunOwn(unsigned command, const CArray<GUID>& selected) override;
     bool WriteReport(const CString& path, const CArray<GUID>& styles, const GUID* comparedWith,
                      designspec::Problems& problems) override;
-    CString UndoText() const override;
+    designspec::StyleImport Import(const CString& path, const CStringArray& names,
+                                   bool overwrite) override;
+    void BeginUndo() override;
+    void EndUndo(const CString& text) override;
+    CString UndoText() const override { return m_undoText; }
     CString Undo() override;
     bool EnableViewDeleted() const override { return true; }
     void ViewDeleted(const GUID& id) override;
 
 private:
-    // Of what was edited last: what it was, and what was saved.
-    std::optional<std::pair<CDesignSpecification, CDesignSpecification>> m_undo;
+    CString DoOwn(unsigned command, const CArray<GUID>& selected);
+
+    std::optional<designspec::ChangeLog> m_log;  // while a command is at work
+    std::vector<designspec::SavedChange> m_undo; // by the last one
+    CString m_undoText;
 };

@@ -1,6 +1,7 @@
 #include "app/SpecificationChange.h"
 
 #include "app/EditStore.h"
+#include "app/SavedChanges.h"
 #include "base/Format.h"
 #include "library/ChangeByOthers.h"
 #include "library/DesignSpecifications.h"
@@ -36,10 +37,11 @@ bool Tell(const CDesignSpecification& made, const CString& cause, QWidget* owner
     return false;
 }
 
-// The first one that is not in the files as it was opened, for people; empty when all are.
-CString WhatHasChanged(const SpecificationFolder& folder,
-                       const std::vector<SpecificationChange>& changes)
+} // namespace
+
+CString WhatHasChanged(const std::vector<SpecificationChange>& changes)
 {
+    const SpecificationFolder& folder = CDesignSpecifications::GetInstance()->Folder();
     if (!folder.Files().HasPlace()) return L"项目文件夹已不存在: " + folder.Files().Path();
     const auto read = ReadIfChanged(folder);
     const SpecificationFolder& now = read ? *read : folder;
@@ -51,8 +53,6 @@ CString WhatHasChanged(const SpecificationFolder& folder,
     }
     return {};
 }
-
-} // namespace
 
 CString RefusedBy(const CDesignSpecification& before, const CDesignSpecification& made)
 {
@@ -86,7 +86,10 @@ bool StoreChanged(const CDesignSpecification& opened, const CDesignSpecification
     if (settled != CEditStore::Result::AsUsual) return settled == CEditStore::Result::Done;
     CDesignSpecification* const now = CDesignSpecifications::GetInstance()->Item(made.ID());
     CString cause;
-    return (now && Save(*now, made, cause)) || Tell(made, cause, owner);
+    const CDesignSpecification before = opened; // which may be the one in the library
+    if (!now || !Save(*now, made, cause)) return Tell(made, cause, owner);
+    ChangeLog::Tell(before, *now);
+    return true;
 }
 
 bool StoreNew(const CDesignSpecification& made, QWidget* owner)
@@ -100,7 +103,10 @@ bool PutBack(const CDesignSpecification& specification, QWidget* owner)
     const Outcome outcome = BringBack(library.Folder(), specification);
     TraceProblems(outcome.problems);
     library.Refurbish();
-    if (outcome.done) return true;
+    if (outcome.done) {
+        ChangeLog::Tell(std::nullopt, *library.Item(specification.ID()));
+        return true;
+    }
     CString cause;
     for (const Problem& problem : outcome.problems)
         if (problem.severity == Severity::Error) cause += problem.Text() + L"\n";
@@ -115,13 +121,17 @@ bool StoreAllChanged(const std::vector<SpecificationChange>& changes, QWidget* o
     std::optional<StyleFolder::Held> held(folder.Hold(problems));
     TraceProblems(problems);
     CString cause = *held ? CString() : problems.empty() ? CString() : problems.front().Text();
-    if (*held) cause = WhatHasChanged(folder, changes);
+    if (*held) cause = WhatHasChanged(changes);
     std::size_t saved = 0;
     for (; cause.empty() && saved < changes.size(); ++saved) {
         CDesignSpecification* const now = library.Item(changes[saved].made.ID());
         if (!now || !Save(*now, changes[saved].made, cause)) break;
     }
-    if (*held && cause.empty() && saved == changes.size()) return true;
+    if (*held && cause.empty() && saved == changes.size()) {
+        for (const SpecificationChange& change : changes)
+            ChangeLog::Tell(change.opened, *library.Item(change.made.ID()));
+        return true;
+    }
     CString unused;
     while (saved-- > 0)
         Save(*library.Item(changes[saved].opened.ID()), changes[saved].opened, unused);

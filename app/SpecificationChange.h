@@ -23,6 +23,8 @@ struct SpecificationChange {
 // All of them, or none: where one has become another one meanwhile, or its file resists, the others
 // are what they were. False with a message then.
 bool StoreAllChanged(const std::vector<SpecificationChange>& changes, QWidget* owner);
+// The first one that is not in the files as it was opened, for people; empty when all are.
+CString WhatHasChanged(const std::vector<SpecificationChange>& changes);
 // Puts one into the library that is not there: a version of one that was deleted, or a new one.
 // False with a message, when it was not saved.
 bool PutBack(const CDesignSpecification& specification, QWidget* owner);

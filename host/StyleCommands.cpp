@@ -117,7 +117,14 @@ void StyleCommands::RunOwn(unsigned command, const Selection& selected)
 {
     const CString note = m_editor->RunOwn(command, selected);
     emit Listed();
-    if (!note.empty()) emit Note(ToQString(note));
+    TellDone(ToQString(note));
+}
+
+// What can be taken back is told with the way to do so.
+void StyleCommands::TellDone(const QString& note)
+{
+    if (!m_editor->UndoText().empty()) return OfferUndo();
+    if (!note.isEmpty()) emit Note(note);
 }
 
 void StyleCommands::OfferUndo()
@@ -210,19 +217,22 @@ void StyleCommands::Import()
     if (files.empty()) return;
     ImportDialog dialog(*Styles(), files, m_window);
     if (dialog.exec() != QDialog::Accepted) return;
+    m_editor->BeginUndo();
     StyleImport all;
     QStringList unread;
     for (size_t i = 0; i < files.size(); ++i) {
         const auto names = dialog.Names(static_cast<int>(i));
         if (!names) continue;
         const StyleImport one =
-            Styles()->ImportAndSave(FromQString(files[i].path), *names, dialog.Overwrite());
+            m_editor->Import(FromQString(files[i].path), *names, dialog.Overwrite());
         if (!one.read) unread << files[i].path;
         all.added += one.added;
         all.overwritten += one.overwritten;
         all.failed += one.failed;
         all.ids.insert(all.ids.end(), one.ids.begin(), one.ids.end());
     }
+    const QString told = tr("已导入: 新增 %1 个, 覆盖 %2 个。").arg(all.added).arg(all.overwritten);
+    m_editor->EndUndo(FromQString(told));
     emit Listed();
     emit Made(all.ids);
     if (!unread.isEmpty())
@@ -230,7 +240,7 @@ void StyleCommands::Import()
     else if (all.failed > 0)
         emit Failed(tr("已导入, 但有 %1 个样式没有保存到库中。").arg(all.failed));
     else
-        emit Note(tr("已导入: 新增 %1 个, 覆盖 %2 个。").arg(all.added).arg(all.overwritten));
+        TellDone(told);
 }
 
 void StyleCommands::Export(const Selection& selected)

@@ -49,6 +49,7 @@ private:
     const designspec::EditorCommand* FindOwn(unsigned command) const;
     bool IsOwnEnabled(unsigned command, size_t selected) const;
     void RunOwn(unsigned command, const Selection& selected);
+    void TellDone(const QString& note);
     void OfferUndo();
     void New(CStyle* from);
     void Delete(const Selection& selected);

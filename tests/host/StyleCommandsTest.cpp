@@ -382,6 +382,28 @@ TEST_F(StyleCommandsTest, WhatWasSavedCanBeTakenBackFromTheBar)
     EXPECT_FALSE(Control(bar, ControlId::BarAction)->isVisible());
 }
 
+TEST_F(StyleCommandsTest, AnImportCanBeTakenBackFromTheBar)
+{
+    Disable("Own=1\n");
+    Have({L"a"});
+    CFakeStyles other;
+    other.Update();
+    const CString file = Outside("in.hds");
+    ASSERT_TRUE(other.Export(file.c_str(), {L"a"}, nullptr));
+    Start();
+    {
+        const ExpectModal choice(ChooseFile(file));
+        const ExpectModal dialog([](QWidget* window) {
+            Click(window, ControlId::ImportOverwrite);
+            Click(window, IDOK);
+        });
+        Key(Qt::Key_I, Qt::ControlModifier);
+    }
+    ASSERT_EQ(BarText(ControlId::NoteBar), L"已导入: 新增 0 个, 覆盖 1 个。");
+    Click(Control(host.get(), ControlId::NoteBar), ControlId::BarAction);
+    EXPECT_EQ(BarText(ControlId::NoteBar), L"已撤销导入。");
+}
+
 TEST_F(StyleCommandsTest, AStyleThatTheLibraryHasIsNotBroughtBackASecondTime)
 {
     Have({L"a"});

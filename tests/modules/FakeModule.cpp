@@ -2,6 +2,8 @@
 //
 // FakeModule.ini beside the programs says what its editor refuses: Enable/KEY=0. Commands of its
 // own it has with Enable/Own=1.
+#include <utility>
+
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QLineEdit>
@@ -125,12 +127,20 @@ public:
         return kOwn;
     }
 
+    // Only tells what it was told.
+    void BeginUndo() override { m_imported.clear(); }
+    void EndUndo(const CString& text) override
+    {
+        if (Enabled(L"Own", L"0")) m_imported = text;
+    }
     CString UndoText() const override
     {
+        if (!m_imported.empty()) return m_imported;
         return Enabled(L"Own", L"0") && !m_edited.second.empty() ? L"已保存。" : L"";
     }
     CString Undo() override
     {
+        if (!std::exchange(m_imported, {}).empty()) return L"已撤销导入。";
         m_styles.Rename(*m_styles.Item(m_edited.first), m_edited.second);
         m_styles.Refurbish();
         m_edited = {};
@@ -172,7 +182,8 @@ public:
 
 private:
     mutable CFakeStyles m_styles;
-    std::pair<GUID, CString> m_edited; // and its name before
+    std::pair<GUID, CString> m_edited;
+    CString m_imported; // and its name before
 };
 
 class CFakeGroup : public CStyleGroup {

@@ -59,3 +59,10 @@ bool CStyleEditor::WriteReport(const CString& path, const CArray<GUID>&, const G
     AddProblem(problems, designspec::Severity::Error, path, 0, L"这种样式没有报告");
     return false;
 }
+
+designspec::StyleImport CStyleEditor::Import(const CString& path, const CStringArray& names,
+                                             bool overwrite)
+{
+    CStyles* styles = GetStyles();
+    return styles ? styles->ImportAndSave(path, names, overwrite) : designspec::StyleImport();
+}

@@ -65,6 +65,14 @@ public:
     // nothing.
     virtual CString RunOwn(unsigned command, const CArray<GUID>& selected);
 
+    // Takes styles of a file into the library, as CStyles::ImportAndSave.
+    virtual designspec::StyleImport Import(const CString& path, const CStringArray& names,
+                                           bool overwrite);
+
+    // What is imported between these two can be taken back as one; `text` tells of it. What an
+    // editor edits and its own commands save it takes down by itself.
+    virtual void BeginUndo() {}
+    virtual void EndUndo(const CString&) {}
     // What the last command saved, when it can be taken back; else empty.
     virtual CString UndoText() const { return {}; }
     // Takes it back. What is to be told of it; empty when it was not.
