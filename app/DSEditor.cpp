@@ -11,6 +11,7 @@
 #include "app/HistoryDialog.h"
 #include "app/NameWaitDialog.h"
 #include "app/ReadSheetDialog.h"
+#include "app/ReportCommands.h"
 #include "app/SpecificationChange.h"
 #include "app/WriteSheetsDialog.h"
 #include "base/Format.h"
@@ -32,6 +33,9 @@ enum OwnCommand : unsigned {
     kHistory,
     kWriteSheets,
     kReadSheet,
+    kPreview,
+    kPrint,
+    kExportReport,
 };
 
 constexpr EditorCommand kOwnCommands[] = {
@@ -40,7 +44,19 @@ constexpr EditorCommand kOwnCommands[] = {
     {kHistory, L"历史…", "Ctrl+Shift+H", 0, 1},
     {kWriteSheets, L"导出到电子表格…", "Ctrl+Shift+E", 1},
     {kReadSheet, L"从电子表格导入…", "Ctrl+Shift+I", 0, 1},
+    {kPreview, L"打印预览…", "Ctrl+Shift+P", 1},
+    {kPrint, L"打印…", "Ctrl+P", 1},
+    {kExportReport, L"导出报告…", "Ctrl+Shift+R", 1},
 };
+
+std::vector<CDesignSpecification> CopiesOf(const CArray<GUID>& ids)
+{
+    std::vector<CDesignSpecification> copies;
+    for (const GUID& id : ids)
+        if (const auto* const one = CDesignSpecifications::GetInstance()->Item(id))
+            copies.push_back(*one);
+    return copies;
+}
 
 // The name that a new specification is proposed; empty when it is taken and stays so.
 CString NameForNew(const CStyle* from)
@@ -212,6 +228,12 @@ CString CDSEditor::DoOwn(unsigned command, const CArray<GUID>& selected)
         return WriteSheets(selected, acedGetAcadFrame());
     case kReadSheet:
         return ReadSheet(selected, acedGetAcadFrame());
+    case kPreview:
+        return PreviewReport(CopiesOf(selected), acedGetAcadFrame());
+    case kPrint:
+        return PrintReport(CopiesOf(selected), {}, acedGetAcadFrame());
+    case kExportReport:
+        return ExportReport(CopiesOf(selected), {}, acedGetAcadFrame());
     default:
         return {};
     }

@@ -60,7 +60,7 @@ const std::map<std::string, Folders> kMayInclude = {
     {"app",
      {"base", "compare", "library", "model", "pages", "pages/framework", "platform/arx",
       "platform/mfc", "platform/vmrd/VMRDPrj", "platform/vmrd/VMRDPub", "platform/vmrd/VmHFCBaseU",
-      "platform/xtp/report", "print", "search", "sheets"}},
+      "platform/xtp/report", "print", "report", "search", "sheets"}},
     {"roadcheck",
      {"base", "library", "model", "platform/arx", "platform/mfc", "platform/xtp/report",
       "platform/vmrd/VMRDPub", "roads"}},
