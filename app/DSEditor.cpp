@@ -13,6 +13,7 @@
 #include "app/ReadSheetDialog.h"
 #include "app/ReportCommands.h"
 #include "app/SpecificationChange.h"
+#include "app/StyleColumns.h"
 #include "app/WriteSheetsDialog.h"
 #include "base/Format.h"
 #include "library/DesignSpecifications.h"
@@ -158,6 +159,24 @@ bool CDSEditor::WriteReport(const CString& path, const CArray<GUID>& styles,
     ReportOptions options;
     if (comparedWith) options.comparedWith = library.Item(*comparedWith);
     return designspec::WriteReport(path, reported, options, problems);
+}
+
+std::span<const StyleColumn> CDSEditor::Columns() const
+{
+    return SpecificationColumns();
+}
+
+CStringArray CDSEditor::ColumnTexts(const CStyle& style) const
+{
+    const auto* const specification = CDesignSpecifications::GetInstance()->Item(style.ID());
+    return specification ? SpecificationColumnTexts(*specification) : CStringArray();
+}
+
+std::optional<CString> CDSEditor::Find(const CStyle& style, const CString& told,
+                                       const CString& words)
+{
+    const auto* const specification = CDesignSpecifications::GetInstance()->Item(style.ID());
+    return specification ? m_search.Find(*specification, told, words) : std::nullopt;
 }
 
 // Told of each that is as in the file now and was not before.

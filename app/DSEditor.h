@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "app/SavedChanges.h"
+#include "app/SpecificationSearch.h"
 #include "platform/vmrd/VMRDPrj/StyleEditor.h"
 
 class CDSEditor : public CStyleEditor {
@@ -24,6 +25,10 @@ public:
     CString RunOwn(unsigned command, const CArray<GUID>& selected) override;
     bool WriteReport(const CString& path, const CArray<GUID>& styles, const GUID* comparedWith,
                      designspec::Problems& problems) override;
+    std::span<const designspec::StyleColumn> Columns() const override;
+    CStringArray ColumnTexts(const CStyle& style) const override;
+    std::optional<CString> Find(const CStyle& style, const CString& told,
+                                const CString& words) override;
     designspec::StyleImport Import(const CString& path, const CStringArray& names,
                                    bool overwrite) override;
     void BeginUndo() override;
@@ -34,6 +39,7 @@ public:
     void ViewDeleted(const GUID& id) override;
 
 private:
+    designspec::SpecificationSearch m_search;
     CString DoOwn(unsigned command, const CArray<GUID>& selected);
 
     std::optional<designspec::ChangeLog> m_log;  // while a command is at work

@@ -4,6 +4,7 @@
 #include <fstream>
 
 #include <QApplication>
+#include <QLineEdit>
 #include <QSettings>
 #include <QTableView>
 #include <QTemporaryDir>
@@ -96,6 +97,35 @@ void RefreshWithEverythingSelected(benchmark::State& state)
     Require(std::ssize(window.Styles().Selected()) == state.range(0), "not all are selected");
 }
 
+// From a letter in the field to the list that is drawn: five hundred whole specifications.
+void TypeIntoTheFilter(benchmark::State& state)
+{
+    const Project project(500, kWhole);
+    HostWindow window;
+    Open(window, project);
+    QTableView& table = Table(window, ControlId::Styles);
+    QLineEdit* field = nullptr;
+    for (QLineEdit* one : window.findChildren<QLineEdit*>())
+        if (one->property("controlId") == ControlId::Filter) field = one;
+    Require(field, "there is no filter");
+    const auto type = [&](const QString& text) {
+        field->setText(text);
+        QApplication::processEvents();
+        benchmark::DoNotOptimize(window.grab());
+    };
+    window.activateWindow();
+    field->setFocus();
+    QApplication::processEvents();
+    const bool isFirst = state.range(0) == 0;
+    const QString words[] = {QStringLiteral("z"), QStringLiteral("250"), QStringLiteral("cgzx 60"),
+                             QStringLiteral("没有")};
+    if (!isFirst) type(words[0]);
+    std::size_t next = 0;
+    for (auto _ : state)
+        type(words[isFirst ? 0 : next++ % std::size(words)]);
+    Require(!isFirst || table.model()->rowCount() == 500, "not all are found");
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -104,5 +134,12 @@ int main(int argc, char** argv)
         RegisterGrowth("Host/broken files opened", 1000, 16000, OpenBrokenFiles);
         RegisterGrowth("Host/everything selected and refreshed", 1000, 16000,
                        RefreshWithEverythingSelected);
+        benchmark::RegisterBenchmark("Host/first keystroke of the filter, 500", TypeIntoTheFilter)
+            ->Arg(0)
+            ->Iterations(1)
+            ->Unit(benchmark::kMillisecond);
+        benchmark::RegisterBenchmark("Host/keystroke of the filter, 500", TypeIntoTheFilter)
+            ->Arg(1)
+            ->Unit(benchmark::kMillisecond);
     });
 }

@@ -50,6 +50,9 @@ dated() {
 dated 000001 20261018T013000Z 张工
 dated 000002 20261102T063000Z 李工
 dated 000003 20261120T084500Z 张工
+# The list of styles tells when each was changed.
+touch -d '2026-10-18 09:30' "$project"/规范/*.hds
+touch -d '2026-11-20 16:45' "$project"/规范/城市道路*.hds
 # ... and a workbook that a colleague has filled in.
 "$designspec" --project "$theirs" --spec 城市道路 sheet write "$project/城市道路.xlsx"
 take "$project" "$work/all" --open "$project/违规.xml" --theirs "$theirs"/规范/城市道路*.hds

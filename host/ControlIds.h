@@ -11,6 +11,8 @@ enum : int {
     Groups = 5001, // tree of groups
     Styles,        // table of styles
     Filter,        // edit field
+    FilterGroup,   // list: one of the groups by which styles are sorted
+    FilterCount,   // label
     Hint,          // label in place of the table
     HintButton,    // what the hint suggests
     ToolBar,

@@ -72,7 +72,7 @@ HostWindow::HostWindow()
     ShowNoProject();
     const int line = fontMetrics().height();
     resize(
-        QSize(line * 58, line * 38).boundedTo(screen()->availableSize() - QSize(line, line * 3)));
+        QSize(line * 74, line * 38).boundedTo(screen()->availableSize() - QSize(line, line * 3)));
     const QSettings settings;
     restoreGeometry(settings.value(kGeometryKey).toByteArray());
     restoreState(settings.value(kStateKey).toByteArray());

@@ -7,7 +7,6 @@
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QSettings>
 #include <QSplitter>
@@ -17,6 +16,7 @@
 #include <QVBoxLayout>
 
 #include "host/ControlIds.h"
+#include "host/StyleFilterBar.h"
 #include "host/StyleGroupTree.h"
 #include "host/StyleListModel.h"
 #include "platform/vmrd/VMRDPrj/PrjManager.h"
@@ -26,7 +26,7 @@ using namespace designspec;
 namespace {
 
 const QString kSplitterKey = QStringLiteral("styleManager/splitter");
-const QString kColumnsKey = QStringLiteral("styleManager/columns");
+const QString kColumnsKey = QStringLiteral("styleManager/columns%1"); // of so many
 
 struct Less {
     bool operator()(const GUID& a, const GUID& b) const
@@ -40,31 +40,32 @@ struct Less {
 StyleManagerView::StyleManagerView(QWidget* parent)
     : QWidget(parent), m_list(new StyleListModel(this)), m_shown(new StyleSortFilter(this)),
       m_commands(new StyleCommands(this)), m_actions(new StyleActions(*m_commands, this)),
-      m_groups(new StyleGroupTree), m_table(new QTableView), m_filter(new QLineEdit),
+      m_groups(new StyleGroupTree), m_table(new QTableView), m_filter(new StyleFilterBar),
       m_stack(new QStackedWidget), m_splitter(new QSplitter), m_hint(new QLabel),
       m_hintButton(new QPushButton)
 {
     m_shown->setSourceModel(m_list);
     MakeTable();
-    MakeFilter();
+    MakeFindKey();
     m_splitter->addWidget(m_groups);
     m_splitter->addWidget(MakeRight());
     m_splitter->setStretchFactor(1, 1);
     m_splitter->setChildrenCollapsible(false);
     const int line = fontMetrics().height();
-    m_splitter->setSizes({line * 12, line * 44});
+    m_splitter->setSizes({line * 10, line * 62});
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->addWidget(m_splitter);
-    RestoreLayout();
+    m_splitter->restoreState(QSettings().value(kSplitterKey).toByteArray());
     Connect();
     ShowGroups();
 }
 
 StyleManagerView::~StyleManagerView()
 {
-    SaveLayout();
+    QSettings().setValue(kSplitterKey, m_splitter->saveState());
+    SaveColumns();
 }
 
 void StyleManagerView::MakeTable()
@@ -87,28 +88,18 @@ void StyleManagerView::MakeTable()
     header->setHighlightSections(false);
     header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     header->setStretchLastSection(true);
-    const int line = m_table->fontMetrics().height();
-    header->resizeSection(StyleListModel::NameColumn, line * 20);
-    header->resizeSection(StyleListModel::DefaultColumn, line * 5);
+    header->setSectionsMovable(true);
     for (QAction* action :
          {m_actions->Action(kCommandEditStyle), m_actions->Action(kCommandDeleteStyle)})
         m_table->addAction(action);
     m_table->installEventFilter(this);
 }
 
-void StyleManagerView::MakeFilter()
+void StyleManagerView::MakeFindKey()
 {
-    SetControlId(m_filter, ControlId::Filter);
-    m_filter->setPlaceholderText(tr("按名称筛选 (Ctrl+F)"));
-    m_filter->setAccessibleName(tr("按名称筛选"));
-    m_filter->setClearButtonEnabled(true);
-    m_filter->installEventFilter(this);
     auto* find = new QAction(this);
     find->setShortcut(QKeySequence::Find);
-    connect(find, &QAction::triggered, this, [this] {
-        m_filter->setFocus(Qt::ShortcutFocusReason);
-        m_filter->selectAll();
-    });
+    connect(find, &QAction::triggered, m_filter, &StyleFilterBar::Begin);
     addAction(find);
 }
 
@@ -144,11 +135,10 @@ QWidget* StyleManagerView::MakeRight()
 void StyleManagerView::Connect()
 {
     connect(m_groups, &StyleGroupTree::CurrentEditorChanged, this, &StyleManagerView::ShowEditor);
-    connect(m_filter, &QLineEdit::textChanged, this, [this](const QString& text) {
-        m_shown->setFilterFixedString(text);
-        ShowHint();
-        Adjust();
-    });
+    connect(m_filter, &StyleFilterBar::Changed, this, &StyleManagerView::Filter);
+    connect(m_filter, &StyleFilterBar::Entered, this,
+            [this] { StyleFilterBar::Prepare(*m_list, m_commands->Editor()); });
+    connect(m_filter, &StyleFilterBar::Left, this, &StyleManagerView::GoToList);
     connect(m_table, &QTableView::doubleClicked, this,
             [this] { m_commands->Run(kCommandEditStyle, Selected()); });
     connect(m_table->selectionModel(), &QItemSelectionModel::selectionChanged, this,
@@ -181,11 +171,27 @@ void StyleManagerView::Refresh()
 {
     const StyleCommands::Selection selected = Selected();
     const std::optional<GUID> current = Current();
-    const CStyleEditor* const editor = m_commands->Editor();
-    m_list->Show(editor ? editor->GetStyles() : nullptr);
+    const bool isOther = StyleListModel::CountColumns(m_commands->Editor()) != m_columns;
+    if (isOther) SaveColumns();
+    m_shown->SetAccepted({});
+    m_list->Show(m_commands->Editor());
+    if (isOther) RestoreColumns();
+    Filter();
     SelectAll(selected, current);
+    Adjust();
+}
+
+void StyleManagerView::Filter()
+{
+    m_shown->SetAccepted(m_filter->Accept(*m_list, m_commands->Editor()));
     ShowHint();
     Adjust();
+}
+
+void StyleManagerView::GoToList()
+{
+    if (Selected().empty() && m_shown->rowCount() > 0) m_table->selectRow(0);
+    m_table->setFocus(Qt::TabFocusReason);
 }
 
 GUID StyleManagerView::IdAt(const QModelIndex& shown) const
@@ -240,8 +246,8 @@ void StyleManagerView::Select(const StyleCommands::Selection& ids)
 {
     if (ids.empty()) return;
     SelectAll(ids, ids.front());
-    if (m_filter->text().isEmpty() || Selected().size() == ids.size()) return;
-    m_filter->clear();
+    if (m_filter->IsEmpty() || Selected().size() == ids.size()) return;
+    m_filter->Clear();
     SelectAll(ids, ids.front());
 }
 
@@ -276,9 +282,11 @@ void StyleManagerView::ShowHint()
         caption = m_commands->IsEnabled(kCommandNewStyle, {}) ? tr("新建(&W)") : QString();
         action = [this] { m_commands->Run(kCommandNewStyle, {}); };
     } else if (text.isEmpty() && m_shown->rowCount() == 0) {
-        text = tr("没有名称含“%1”的样式。").arg(m_filter->text());
+        text =
+            tr("没有样式的名称、数据来源或值含“%1”。\n可以少写几个字、写拼音首字母, 或者清除筛选。")
+                .arg(m_filter->Text());
         caption = tr("清除筛选(&F)");
-        action = [this] { m_filter->clear(); };
+        action = [this] { m_filter->Clear(); };
     }
     m_hint->setText(text);
     m_hintButton->setText(caption);
@@ -307,15 +315,6 @@ bool StyleManagerView::eventFilter(QObject* watched, QEvent* event)
         ShowContextMenu(static_cast<QContextMenuEvent*>(event)->globalPos());
         return true;
     }
-    if (watched == m_filter && event->type() == QEvent::KeyPress) {
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        if (key == Qt::Key_Escape) m_filter->clear();
-        const bool toList = key == Qt::Key_Down || key == Qt::Key_Escape || key == Qt::Key_Return ||
-                            key == Qt::Key_Enter;
-        if (toList && Selected().empty() && m_shown->rowCount() > 0) m_table->selectRow(0);
-        if (toList) m_table->setFocus(Qt::TabFocusReason);
-        return toList;
-    }
     return QWidget::eventFilter(watched, event);
 }
 
@@ -325,18 +324,25 @@ void StyleManagerView::changeEvent(QEvent* event)
     if (event->type() == QEvent::PaletteChange) m_actions->RenewIcons();
 }
 
-void StyleManagerView::RestoreLayout()
+// Columns are as they were left with as many; at first the identity stands last.
+void StyleManagerView::RestoreColumns()
 {
-    const QSettings settings;
-    m_splitter->restoreState(settings.value(kSplitterKey).toByteArray());
-    m_table->horizontalHeader()->restoreState(settings.value(kColumnsKey).toByteArray());
-    const QHeaderView* const header = m_table->horizontalHeader();
-    m_table->sortByColumn(header->sortIndicatorSection(), header->sortIndicatorOrder());
+    m_columns = m_list->columnCount();
+    QHeaderView* const header = m_table->horizontalHeader();
+    const int line = m_table->fontMetrics().height();
+    header->resizeSection(StyleListModel::NameColumn, line * 16);
+    header->resizeSection(StyleListModel::DefaultColumn, line * 4);
+    for (int column = StyleListModel::ColumnCount; column < m_columns; ++column)
+        header->resizeSection(column, line * m_list->CharactersOf(column) * 2 / 3);
+    header->moveSection(header->visualIndex(StyleListModel::IdColumn), m_columns - 1);
+    header->restoreState(QSettings().value(kColumnsKey.arg(m_columns)).toByteArray());
+    const int sorted = header->sortIndicatorSection();
+    m_table->sortByColumn(sorted < m_columns ? sorted : StyleListModel::NameColumn,
+                          header->sortIndicatorOrder());
 }
 
-void StyleManagerView::SaveLayout() const
+void StyleManagerView::SaveColumns() const
 {
-    QSettings settings;
-    settings.setValue(kSplitterKey, m_splitter->saveState());
-    settings.setValue(kColumnsKey, m_table->horizontalHeader()->saveState());
+    if (m_columns == 0) return;
+    QSettings().setValue(kColumnsKey.arg(m_columns), m_table->horizontalHeader()->saveState());
 }

@@ -10,11 +10,11 @@
 #include "platform/vmrd/VMRDPrj/StyleManager.h"
 
 class QLabel;
-class QLineEdit;
 class QPushButton;
 class QSplitter;
 class QStackedWidget;
 class QTableView;
+class StyleFilterBar;
 class StyleGroupTree;
 class StyleListModel;
 class StyleSortFilter;
@@ -51,28 +51,31 @@ protected:
 private:
     QWidget* MakeRight();
     void MakeTable();
-    void MakeFilter();
+    void MakeFindKey();
     QWidget* MakeHint();
     void Connect();
 
     void ShowGroups();
     void ShowEditor(CStyleEditor* editor);
     void Refresh();
+    void Filter();
+    void GoToList();
     void SelectAll(const StyleCommands::Selection& ids, const std::optional<GUID>& current);
     std::optional<GUID> Current() const;
     GUID IdAt(const QModelIndex& shown) const;
     void ShowHint();
     void Adjust();
-    void RestoreLayout();
-    void SaveLayout() const;
+    void RestoreColumns();
+    void SaveColumns() const;
 
     StyleListModel* m_list;
+    int m_columns = 0; // whose layout is that of the table
     StyleSortFilter* m_shown;
     StyleCommands* m_commands;
     StyleActions* m_actions;
     StyleGroupTree* m_groups;
     QTableView* m_table;
-    QLineEdit* m_filter;
+    StyleFilterBar* m_filter;
     QStackedWidget* m_stack;
     QSplitter* m_splitter;
     QLabel* m_hint;

@@ -4,14 +4,13 @@ namespace designspec {
 
 const SpecificationIndex& SpecificationIndexes::Of(const CDesignSpecification& specification)
 {
-    // Another one that has come to the same place is noticed as a change is.
-    auto found = m_entries.find(&specification);
+    const GUID id = specification.ID();
+    auto found = m_entries.find(id);
     if (found != m_entries.end() && !(found->second.made == specification)) {
         m_entries.erase(found);
         found = m_entries.end();
     }
-    if (found == m_entries.end())
-        found = m_entries.try_emplace(&specification, specification).first;
+    if (found == m_entries.end()) found = m_entries.try_emplace(id, specification).first;
     return found->second.index;
 }
 

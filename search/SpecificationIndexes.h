@@ -3,12 +3,14 @@
 
 #include <unordered_map>
 
+#include "platform/windows/GuidHash.h"
 #include "search/SpecificationIndex.h"
 
 namespace designspec {
 
-// Keeps what it has made of each specification for the next search, as long as that has not
-// changed; an empty one lets go of all. For one thread at a time.
+// Keeps what it has made of each specification, by its identity, for the next search, as long as
+// that has not changed; also when it was read anew. An empty one lets go of all. For one thread at
+// a time.
 class SpecificationIndexes {
 public:
     // Good until the next call.
@@ -32,7 +34,7 @@ private:
         SpecificationIndex index;
     };
 
-    std::unordered_map<const CDesignSpecification*, Entry> m_entries;
+    std::unordered_map<GUID, Entry, GuidHash> m_entries;
 };
 
 } // namespace designspec

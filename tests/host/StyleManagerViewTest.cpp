@@ -69,7 +69,8 @@ TEST_F(StyleManagerViewTest, TheFilterKeepsWhatHoldsItsTextInAnyCase)
     Filter(L"路");
     EXPECT_EQ(Listed(), CStringArray{L"山区公路"});
     Filter(L"[");
-    EXPECT_EQ(Hint(), L"没有名称含“[”的样式。");
+    EXPECT_EQ(Hint(),
+              L"没有样式的名称、数据来源或值含“[”。\n可以少写几个字、写拼音首字母, 或者清除筛选。");
     Click(host.get(), ControlId::HintButton);
     EXPECT_EQ(Listed().size(), 3u);
     EXPECT_EQ(Hint(), L"");

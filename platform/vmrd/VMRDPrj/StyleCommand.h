@@ -1,5 +1,5 @@
-// The style manager's commands, by the numbers under which its context menu knows them, and those
-// that an editor brings.
+// The style manager's commands, by the numbers under which its context menu knows them, and what
+// an editor brings for it: commands and columns.
 #pragma once
 
 #include <cstddef>
@@ -20,6 +20,15 @@ enum StyleCommand : unsigned {
     kCommandDeletedStyles = 4111,
     kCommandReload = 4112,
     kCommandsOfEditor = 4201, // and those above
+};
+
+// A column that an editor brings for the list of the style manager.
+struct StyleColumn {
+    const wchar_t* caption;
+    int characters; // about so many are in it
+    // What its texts name, with 、 between, sorts the styles: the style manager offers to show
+    // those of one alone.
+    bool isGroup = false;
 };
 
 // A command of an editor's own, for menu and keys of the style manager.

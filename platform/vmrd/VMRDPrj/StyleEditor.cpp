@@ -48,6 +48,11 @@ designspec::Signal<const GUID&>& CStyleEditor::SelectWanted()
 
 void CStyleEditor::View(CStyle*) {}
 
+std::optional<CString> CStyleEditor::Find(const CStyle&, const CString&, const CString&)
+{
+    return std::nullopt;
+}
+
 CString CStyleEditor::RunOwn(unsigned, const CArray<GUID>&)
 {
     return {};

@@ -1,6 +1,7 @@
 // What the style manager can do with the styles of one library.
 #pragma once
 
+#include <optional>
 #include <span>
 
 #include "base/Export.h"
@@ -65,6 +66,14 @@ public:
     // nothing.
     virtual CString RunOwn(unsigned command, const CArray<GUID>& selected);
 
+    // What the style manager tells of each style besides the name: a text for each of the columns.
+    virtual std::span<const designspec::StyleColumn> Columns() const { return {}; }
+    virtual CStringArray ColumnTexts(const CStyle&) const { return {}; }
+    // Looks for words in the style; some of them may be in `told`, its name and those texts. Where
+    // it found them, for people; nothing where one of them is nowhere. Called for every style at
+    // each key, and once before the first.
+    virtual std::optional<CString> Find(const CStyle&, const CString& told, const CString& words);
+
     // Takes styles of a file into the library, as CStyles::ImportAndSave.
     virtual designspec::StyleImport Import(const CString& path, const CStringArray& names,
                                            bool overwrite);
@@ -73,6 +82,7 @@ public:
     // editor edits and its own commands save it takes down by itself.
     virtual void BeginUndo() {}
     virtual void EndUndo(const CString&) {}
+
     // What the last command saved, when it can be taken back; else empty.
     virtual CString UndoText() const { return {}; }
     // Takes it back. What is to be told of it; empty when it was not.
