@@ -14,6 +14,7 @@
 #include "base/Text.h"
 #include "library/DesignSpecifications.h"
 #include "platform/arx/Documents.h"
+#include "platform/mfc/GuideSection.h"
 #include "platform/mfc/QtText.h"
 
 using namespace designspec;
@@ -54,6 +55,7 @@ CChangeManyDialog::CChangeManyDialog(const CArray<GUID>& selected, QWidget* pare
       m_preview(WithId(new QTreeWidget, kPreview)), m_notice(WithId(new QLabel, kNotice))
 {
     setWindowTitle(QStringLiteral("批量修改"));
+    SetGuideSection(this, L"批量修改");
     for (const GUID& id : selected)
         if (const auto* one = CDesignSpecifications::GetInstance()->Item(id))
             m_opened.push_back(*one);

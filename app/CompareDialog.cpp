@@ -11,6 +11,7 @@
 #include "compare/SourceChoice.h"
 #include "library/DesignSpecifications.h"
 #include "platform/arx/Documents.h"
+#include "platform/mfc/GuideSection.h"
 #include "platform/mfc/MessageBox.h"
 
 using namespace designspec;
@@ -35,6 +36,7 @@ CCompareDialog::CCompareDialog(QWidget* parent)
       m_right(new SourceChoice(QStringLiteral("右边(&2):"), kRight)), m_view(new DifferenceView)
 {
     setWindowTitle(QStringLiteral("比较规范"));
+    SetGuideSection(this, L"比较规范");
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     auto* const layout = new QVBoxLayout(GetDlgItem(kPlace));
     layout->setContentsMargins({});

@@ -39,9 +39,9 @@ public:
     void ViewDeleted(const GUID& id) override;
 
 private:
-    designspec::SpecificationSearch m_search;
     CString DoOwn(unsigned command, const CArray<GUID>& selected);
 
+    designspec::SpecificationSearch m_search;
     std::optional<designspec::ChangeLog> m_log;  // while a command is at work
     std::vector<designspec::SavedChange> m_undo; // by the last one
     CString m_undoText;

@@ -21,6 +21,7 @@
 #include "pages/framework/ReadOnlyLook.h"
 #include "platform/arx/Documents.h"
 #include "platform/arx/Frame.h"
+#include "platform/mfc/GuideSection.h"
 #include "platform/mfc/MessageBox.h"
 #include "platform/mfc/QtText.h"
 #include "platform/vmrd/VmHFCBaseU/Trace.h"
@@ -244,6 +245,7 @@ void CDSMainDialog::OnSelChanged(const QTreeWidgetItem* selected)
         if (!shown) page.window->hide();
     }
     const Page& page = m_pages.at(static_cast<size_t>(PageOf(selected)) - 1);
+    SetGuideSection(this, page.label.c_str());
     if (!page.window->isHidden()) return;
     page.window->show();
     if (m_scroll) m_scroll->ensureVisible(0, 0); // a page opens at its beginning

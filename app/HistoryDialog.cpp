@@ -18,6 +18,7 @@
 #include "library/DesignSpecifications.h"
 #include "model/DifferenceLine.h"
 #include "platform/arx/Documents.h"
+#include "platform/mfc/GuideSection.h"
 #include "platform/mfc/MessageBox.h"
 #include "platform/mfc/QtText.h"
 #include "platform/vmrd/VmHFCBaseU/Trace.h"
@@ -103,6 +104,7 @@ CHistoryDialog::CHistoryDialog(QWidget* parent)
       m_view(new DifferenceView)
 {
     setWindowTitle(QStringLiteral("历史"));
+    SetGuideSection(this, L"历史");
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     MakeControls();
     ShowWindow(IDOK, false);

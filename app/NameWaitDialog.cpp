@@ -4,6 +4,7 @@
 
 #include "base/Format.h"
 #include "library/DesignSpecifications.h"
+#include "platform/mfc/GuideSection.h"
 
 using namespace designspec;
 
@@ -18,6 +19,7 @@ constexpr int kInterval = 100; // milliseconds
 CNameWaitDialog::CNameWaitDialog(const CString& name, QWidget* parent)
     : CDialog(kDialogResource, parent), m_name(name)
 {
+    SetGuideSection(this, L"新建与复制");
     connect(&m_timer, &QTimer::timeout, this, [this] {
         if (!IsTaken(m_name)) EndDialog(IDOK);
     });

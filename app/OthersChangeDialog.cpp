@@ -4,6 +4,7 @@
 #include <QVBoxLayout>
 
 #include "compare/DifferenceView.h"
+#include "platform/mfc/GuideSection.h"
 #include "platform/mfc/MessageBox.h"
 
 using namespace designspec;
@@ -19,6 +20,7 @@ constexpr int kChoices[] = {COthersChangeDialog::kAsChosen, COthersChangeDialog:
 COthersChangeDialog::COthersChangeDialog(const CString& notice, QWidget* parent)
     : CDialog(kDialogResource, parent), m_notice(notice), m_view(new DifferenceView)
 {
+    SetGuideSection(this, L"别人同时改了同一个规范");
     auto* const layout = new QVBoxLayout(GetDlgItem(kPlace));
     layout->setContentsMargins({});
     layout->addWidget(m_view);

@@ -21,6 +21,7 @@
 #include "model/Findings.h"
 #include "platform/arx/Documents.h"
 #include "platform/mfc/FileChoice.h"
+#include "platform/mfc/GuideSection.h"
 #include "platform/mfc/MessageBox.h"
 #include "platform/mfc/QtText.h"
 #include "platform/vmrd/VMRDPrj/StyleEditor.h"
@@ -67,6 +68,7 @@ CReadSheetDialog::CReadSheetDialog(const CString& path, const CArray<GUID>& sele
       m_problems(new QPlainTextEdit)
 {
     setWindowTitle(QStringLiteral("从电子表格导入"));
+    SetGuideSection(this, L"电子表格");
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     auto* const notice = new QLabel;
     notice->setTextFormat(Qt::PlainText);

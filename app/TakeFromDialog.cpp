@@ -7,6 +7,7 @@
 #include "compare/DifferenceView.h"
 #include "compare/SourceChoice.h"
 #include "library/DesignSpecifications.h"
+#include "platform/mfc/GuideSection.h"
 #include "platform/mfc/QtText.h"
 
 using namespace designspec;
@@ -35,6 +36,7 @@ CTakeFromDialog::CTakeFromDialog(const CDesignSpecification& entered, const CStr
       m_view(new DifferenceView)
 {
     setWindowTitle(QStringLiteral("从其他规范取值"));
+    SetGuideSection(this, L"从其他规范取");
     for (const CriterionInfo& one : Criteria())
         if (one.label == page) m_page = &one;
     m_range->setProperty(kControlIdProperty, kRange);

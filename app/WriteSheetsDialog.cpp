@@ -10,6 +10,7 @@
 #include "library/DesignSpecifications.h"
 #include "platform/arx/Documents.h"
 #include "platform/mfc/FileChoice.h"
+#include "platform/mfc/GuideSection.h"
 #include "platform/mfc/MessageBox.h"
 #include "platform/mfc/QtText.h"
 #include "sheets/WorkbookWriting.h"
@@ -97,6 +98,7 @@ CWriteSheetsDialog::CWriteSheetsDialog(std::size_t count, QWidget* parent)
     : CDialog(kDialogResource, parent)
 {
     setWindowTitle(QStringLiteral("导出到电子表格"));
+    SetGuideSection(this, L"电子表格");
     auto* const layout = new QVBoxLayout(GetDlgItem(kPlace));
     layout->setContentsMargins({});
     layout->addWidget(new QLabel(QStringLiteral("选中 %1 个规范, 导出为:").arg(count)));

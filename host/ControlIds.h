@@ -35,6 +35,13 @@ enum : int {
     // import
     ImportNames = 5301, // list with check marks
     ImportOverwrite,
+    // the user's guide
+    GuideText = 5501,
+    GuideContents, // tree of headings
+    GuideSearch,   // edit field
+    GuideFound,    // label: which place of how many
+    GuideBefore,
+    GuideNext,
     // deleted styles
     Deleted = 5401, // list
     BringBack,

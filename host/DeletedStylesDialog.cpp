@@ -14,6 +14,7 @@
 #include "base/File.h"
 #include "host/ControlIds.h"
 #include "platform/mfc/Dialog.h"
+#include "platform/mfc/GuideSection.h"
 #include "platform/mfc/QtText.h"
 #include "platform/mfc/WindowPlace.h"
 #include "platform/vmrd/VMRDPrj/StyleEditor.h"
@@ -48,6 +49,7 @@ DeletedStylesDialog::DeletedStylesDialog(CStyleEditor& editor, QWidget* parent)
     : QDialog(parent), m_editor(editor), m_list(MakeList()), m_message(new QLabel)
 {
     setWindowTitle(tr("已删除的样式"));
+    SetGuideSection(this, L"删除与恢复");
     m_message->setWordWrap(true);
     auto* buttons = new QDialogButtonBox;
     m_bringBack = buttons->addButton(tr("恢复(&R)"), QDialogButtonBox::ActionRole);

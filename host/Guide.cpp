@@ -4,7 +4,6 @@
 #include <QDir>
 #include <QKeyEvent>
 
-#include "host/GuideWindow.h"
 #include "platform/mfc/GuideSection.h"
 
 using namespace designspec;

@@ -4,8 +4,7 @@
 #include <QObject>
 #include <QPointer>
 
-class GuideWindow;
-class QWidget;
+#include "host/GuideWindow.h"
 
 class Guide : public QObject {
     Q_OBJECT

@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr int kWidestPicture = 720;
+constexpr int kWidestPicture = 660;
 
 // What links to a heading say behind #: blanks are hyphens there, and marks are left out.
 QString Anchor(const QString& heading)
@@ -78,9 +78,8 @@ int GuideBrowser::Shown() const
 {
     const int line = fontMetrics().height();
     const int position = cursorForPosition(QPoint(line, line)).position();
-    const auto behind =
-        std::find_if(m_headings.begin(), m_headings.end(),
-                     [&](const Heading& one) { return one.position > position; });
+    const auto behind = std::find_if(m_headings.begin(), m_headings.end(),
+                                     [&](const Heading& one) { return one.position > position; });
     return static_cast<int>(behind - m_headings.begin()) - 1;
 }
 
@@ -90,9 +89,8 @@ void GuideBrowser::Follow(const QUrl& link)
     for (const Heading& one : m_headings)
         if (link.path().isEmpty() && Anchor(one.text) == anchor) return GoTo(one.position);
     if (link.path().isEmpty()) return;
-    QDesktopServices::openUrl(link.isRelative()
-                                  ? QUrl::fromLocalFile(QDir(m_folder).filePath(link.path()))
-                                  : link);
+    QDesktopServices::openUrl(
+        link.isRelative() ? QUrl::fromLocalFile(QDir(m_folder).filePath(link.path())) : link);
 }
 
 int GuideBrowser::Find(const QString& text, bool backwards)

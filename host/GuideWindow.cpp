@@ -36,7 +36,7 @@ GuideWindow::GuideWindow(QWidget* owner)
     parts->setStretchFactor(1, 1);
     parts->setChildrenCollapsible(false);
     const int line = fontMetrics().height();
-    parts->setSizes({line * 14, line * 46});
+    parts->setSizes({line * 15, line * 45});
     auto* const layout = new QVBoxLayout(this);
     layout->addWidget(MakeSearch());
     layout->addWidget(parts, 1);
@@ -45,7 +45,7 @@ GuideWindow::GuideWindow(QWidget* owner)
     connect(m_contents, &QTreeWidget::itemActivated, this,
             [this](QTreeWidgetItem* item) { m_browser->GoTo(item->text(0)); });
     connect(m_browser, &GuideBrowser::Moved, this, &GuideWindow::ShowPlace);
-    resize(line * 62, line * 46);
+    resize(line * 60, line * 46);
     new WindowPlace(this, QStringLiteral("windows/guide"));
 }
 

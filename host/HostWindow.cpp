@@ -24,6 +24,7 @@
 #include "host/TracePanel.h"
 #include "platform/arx/Commands.h"
 #include "platform/arx/Frame.h"
+#include "platform/mfc/GuideSection.h"
 #include "platform/mfc/MessageBox.h"
 #include "platform/mfc/QtText.h"
 #include "platform/vmrd/VMRDEnv/Styles.h"
@@ -62,6 +63,8 @@ QStringList OpenableFiles(const QMimeData& dragged)
 HostWindow::HostWindow()
 {
     SetFrame(this);
+    SetGuideSection(this, L"样式管理器");
+    m_guide = new Guide(this);
     setWindowTitle(kTitle);
     setAcceptDrops(true);
     setCentralWidget(MakeCenter());
@@ -102,6 +105,7 @@ QDockWidget* HostWindow::MakePanel(const QString& title, const QString& name, QW
                                    Qt::DockWidgetArea area)
 {
     auto* dock = new QDockWidget(title, this);
+    SetGuideSection(dock, L"提示条、跟踪面板、模块面板");
     dock->setObjectName(name);
     dock->setWidget(panel);
     addDockWidget(area, dock);
@@ -145,6 +149,10 @@ void HostWindow::MakeMenus()
             if (shown) panel->raise();
         });
     menuBar()->addMenu(new ToolMenu(this));
+    // The key is the guide's own: it is one of every window.
+    menuBar()->addMenu(tr("帮助(&H)"))->addAction(tr("使用指南(&G)\tF1"), this, [this] {
+        m_guide->Show(GuideSectionOf(this));
+    });
 }
 
 void HostWindow::Connect()
@@ -154,6 +162,8 @@ void HostWindow::Connect()
         m_changeUntold = true;
         ShowChange();
     });
+    connect(m_guide, &Guide::Missing, this,
+            [this](const QString& file) { m_errorBar->Show(tr("找不到使用指南: %1").arg(file)); });
     connect(m_projects, &ProjectMenu::Open, this, &HostWindow::OpenProject);
     connect(m_projects, &ProjectMenu::New, this, &HostWindow::NewProject);
     connect(&m_styles->Commands(), &StyleCommands::Begun, this, &HostWindow::BeginCommand);

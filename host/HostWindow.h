@@ -3,6 +3,7 @@
 
 #include <QMainWindow>
 
+#include "host/Guide.h"
 #include "host/HostModules.h"
 #include "host/LibraryWatcher.h"
 #include "host/TraceLog.h"
@@ -29,6 +30,7 @@ public:
     // none.
     void OpenFile(const QString& path);
 
+    Guide& Help() { return *m_guide; }
     StyleManagerView& Styles() { return *m_styles; }
     void ShowTrace();
     void ShowModules();
@@ -65,6 +67,7 @@ private:
     bool m_errorsLast = false;   // they are true until the files are read anew
     QString m_cause;             // the last error since a command was begun
 
+    Guide* m_guide = nullptr;
     StyleManagerView* m_styles = nullptr;
     MessageBar* m_errorBar = nullptr;
     MessageBar* m_changeBar = nullptr;

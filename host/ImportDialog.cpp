@@ -10,6 +10,7 @@
 
 #include "host/ControlIds.h"
 #include "platform/mfc/Dialog.h"
+#include "platform/mfc/GuideSection.h"
 #include "platform/mfc/QtText.h"
 #include "platform/mfc/WindowPlace.h"
 
@@ -27,6 +28,7 @@ ImportDialog::ImportDialog(const CStyles& styles, const std::vector<ImportFile>&
       m_buttons(new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel))
 {
     setWindowTitle(tr("导入"));
+    SetGuideSection(this, L"导入、导出、模板");
     SetControlId(m_list, ControlId::ImportNames);
     SetControlId(m_overwrite, ControlId::ImportOverwrite);
     QPushButton* const ok = m_buttons->button(QDialogButtonBox::Ok);

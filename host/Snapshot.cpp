@@ -166,6 +166,7 @@ int WriteSnapshots(HostWindow& window, const SnapshotOptions& options)
     album.Take(&window, QObject::tr("跟踪"));
     window.ShowModules();
     album.Take(&window, QObject::tr("模块"));
+    window.Help().Show(QObject::tr("样式管理器"));
     TakeOthers(window, album);
     // Last: the host's window tells of it.
     if (shown && !options.theirs.isEmpty())

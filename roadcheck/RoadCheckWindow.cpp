@@ -14,6 +14,7 @@
 
 #include "base/File.h"
 #include "platform/arx/Frame.h"
+#include "platform/mfc/GuideSection.h"
 #include "platform/mfc/MessageBox.h"
 #include "platform/mfc/QtText.h"
 #include "platform/mfc/WindowPlace.h"
@@ -62,6 +63,7 @@ QString FirstError(const Problems& problems)
 RoadCheckWindow::RoadCheckWindow()
 {
     setWindowTitle(kTitle);
+    SetGuideSection(this, L"道路检核");
     // The host ends with its own window.
     setAttribute(Qt::WA_QuitOnClose, false);
     ConnectInputs();

@@ -1,5 +1,7 @@
 #include "app/input/InputTextDialog.h"
 
+#include "platform/mfc/GuideSection.h"
+
 #include <limits>
 
 #include <QLineEdit>
@@ -15,12 +17,14 @@ constexpr int kLabel = 119;
 CInputTextDialog::CInputTextDialog(const CString& title, const CString& label, QWidget* parent)
     : CDialog(kDialogResource, parent), m_title(title), m_label(label)
 {
+    designspec::SetGuideSection(this, L"数据来源");
 }
 
 bool CInputTextDialog::OnInitDialog()
 {
     auto* const edit = GetDlgItem<QLineEdit>(kEdit);
-    if (edit) edit->setMaxLength(std::numeric_limits<int>::max()); // a note may quote a whole chapter
+    if (edit)
+        edit->setMaxLength(std::numeric_limits<int>::max()); // a note may quote a whole chapter
     SetDlgItemText(kEdit, m_text);
     SetWindowText(m_title);
     SetDlgItemText(kLabel, m_label);

@@ -199,6 +199,23 @@ TEST(UserGuide, LinksPicturesFilesAndSectionsThatAreThere)
     }
 }
 
+// F1 opens the guide there.
+TEST(UserGuide, HasTheSectionOfEachWindow)
+{
+    const auto headings = FindAll(Read(kGuide), "\n##+ ([^\n]+)");
+    size_t windows = 0;
+    for (const char* folder : {"app", "app/input", "host", "pages", "roadcheck"})
+        for (const auto& entry : std::filesystem::directory_iterator(kSource / folder)) {
+            if (entry.path().extension() != ".cpp") continue;
+            for (const std::string& section :
+                 FindAll(Read(entry.path()), "SetGuideSection\\([^;\"]*L\"([^\"]+)\"\\);")) {
+                EXPECT_TRUE(Contains(headings, section)) << entry.path() << ' ' << section;
+                ++windows;
+            }
+        }
+    EXPECT_GT(windows, 12U);
+}
+
 TEST(UserGuide, ShowsEachPictureThatIsKept)
 {
     const std::string guide = Read(kGuide);

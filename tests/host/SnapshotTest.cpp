@@ -31,7 +31,7 @@ TEST_F(SnapshotTest, EveryWindowOfHostAndEditorGetsItsPicture)
                            QStringLiteral("05-已删除的样式.png"), QStringLiteral("06-编辑.png"),
                            QStringLiteral("07-提示.png"), QStringLiteral("08-查看模式.png"),
                            QStringLiteral("09-新建.png"), QStringLiteral("10-跟踪.png"),
-                           QStringLiteral("11-模块.png")}));
+                           QStringLiteral("11-模块.png"), QStringLiteral("12-使用指南.png")}));
     for (const QString& file : Pictures()) {
         const QImage picture(QDir(Folder()).filePath(file));
         EXPECT_GT(picture.width(), 50) << file.toStdString();

@@ -57,6 +57,9 @@ for file in share/man/man1/designspec.1 share/man/zh_CN/man1/designspec.1 \
 done
 # The modules come with their host.
 if [ -e "$work/moved/bin/roadhost" ]; then
+    for file in user-guide.zh-CN.md pictures/样式管理器.png; do
+        [ -s "$work/moved/share/doc/designspec/$file" ] || { echo "not installed: $file"; exit 1; }
+    done
     for file in DesignSpecification.arx RoadCheck.arx VMRDPrj.arx; do
         [ -s "$work/moved/bin/$file" ] || { echo "not installed: $file"; exit 1; }
     done
