@@ -3,12 +3,14 @@
 #include <algorithm>
 
 #include <QGridLayout>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QTreeWidget>
 
+#include "app/BuiltInMarks.h"
 #include "app/PagePlace.h"
 #include "app/SearchPane.h"
 #include "app/ShownPages.h"
@@ -37,6 +39,7 @@ constexpr int kTakeFrom = 301;
 constexpr int kSearch = 302;
 constexpr int kFound = 303;
 constexpr int kFoundNote = 304;
+constexpr int kPageLine = 305;
 
 // What a tree item carries: 0 for a group, the page's place plus one for a page.
 constexpr int kPageRole = Qt::UserRole;
@@ -115,6 +118,7 @@ bool CDSMainDialog::OnInitDialog()
     PlacePages();
     LoadPages();
     BuildTree();
+    MarkBuiltIn();
     if (QTreeWidgetItem* const first = m_tree->topLevelItem(0)) {
         first->setExpanded(true);
         m_tree->setCurrentItem(first);
@@ -179,6 +183,20 @@ void CDSMainDialog::BuildTree()
         else
             GroupItem(page.group)->addChild(page.item);
     }
+}
+
+void CDSMainDialog::MarkBuiltIn()
+{
+    auto* const line = GetDlgItem<QLabel>(kPageLine);
+    if (!line) return;
+    m_tree->setColumnCount(2); // the mark stands in the second one
+    m_tree->header()->setStretchLastSection(false);
+    m_tree->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+    m_tree->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
+    std::vector<CBuiltInMarks::Page> pages;
+    for (const Page& page : m_pages)
+        pages.push_back({page.window.get(), page.item});
+    m_marks = new CBuiltInMarks(std::move(pages), line, this);
 }
 
 QTreeWidgetItem* CDSMainDialog::GroupItem(const CString& label)
@@ -246,6 +264,7 @@ void CDSMainDialog::OnSelChanged(const QTreeWidgetItem* selected)
     }
     const Page& page = m_pages.at(static_cast<size_t>(PageOf(selected)) - 1);
     SetGuideSection(this, page.label.c_str());
+    if (m_marks) m_marks->Show(page.window.get());
     if (!page.window->isHidden()) return;
     page.window->show();
     if (m_scroll) m_scroll->ensureVisible(0, 0); // a page opens at its beginning

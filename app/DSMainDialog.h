@@ -6,6 +6,7 @@
 #include "pages/PageTable.h"
 #include "search/SpecificationIndex.h"
 
+class CBuiltInMarks;
 class QScrollArea;
 class QTreeWidget;
 class QTreeWidgetItem;
@@ -54,6 +55,7 @@ private:
     void LoadPages();
     bool IsChanged() const;
     void BuildTree();
+    void MarkBuiltIn();
     QTreeWidgetItem* GroupItem(const CString& label);
     void SetImage(QTreeWidgetItem* item, Image image) const;
     void EnterViewMode();
@@ -83,6 +85,7 @@ private:
     CString m_viewPage;
     QTreeWidget* m_tree = nullptr;
     QScrollArea* m_scroll = nullptr;
+    CBuiltInMarks* m_marks = nullptr;
     QIcon m_images[3];
     std::vector<Page> m_pages;
 };

@@ -83,7 +83,7 @@ void CSearchPane::Search()
     if (m_isMore) m_hits.pop_back();
     Fill();
     SayHowMany();
-    m_controls.found->setVisible(!m_hits.empty());
+    m_controls.found->setVisible(!words.IsEmpty());
     m_controls.note->setVisible(!words.IsEmpty());
     m_controls.tree->setVisible(words.IsEmpty());
 }

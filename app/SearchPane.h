@@ -23,7 +23,7 @@ public:
     struct Controls {
         QLineEdit* field;
         QTreeWidget* found;
-        QLabel* note; // below what is found
+        QLabel* note; // above what is found
         QWidget* tree;
     };
     // What is to be searched, as it is now.

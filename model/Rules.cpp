@@ -47,7 +47,8 @@ int GradientTenths(double percent)
 
 std::wstring MaxSuperElevText(int speed, const std::wstring& name)
 {
-    return Format(L"设计车速 %d 对应的 %s 值不合法, 必须在0~20之间!", speed, name);
+    return Format(L"设计车速 %d 对应的 %s 值不合法, %s!", speed, name,
+                  std::wstring(kMaxSuperElevRange));
 }
 
 std::wstring NoValueAtSpeedText(int speed, const std::wstring& name)

@@ -69,6 +69,7 @@ constexpr bool IsMaxSuperElev(int percent)
 {
     return percent >= 1 && percent <= 19;
 }
+inline constexpr wchar_t kMaxSuperElevRange[] = L"必须在0~20之间";
 AFX_EXT_API std::wstring MaxSuperElevText(int speed, const std::wstring& name);
 // In snowy and frozen regions; below 1 there is none.
 constexpr bool IsSnowSuperElev(int percent)

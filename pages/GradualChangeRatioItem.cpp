@@ -24,6 +24,11 @@ CString CGradualChangeRatioItem::ReadPasted(const CString& text) const
     return WrittenRatio(text);
 }
 
+CString CGradualChangeRatioItem::GetRule() const
+{
+    return RangeText(L"1/n 的 n", kLeastRunoff, kMostRunoff);
+}
+
 CString CGradualChangeRatioItem::TextOf(const Values& values) const
 {
     return Format(L"1/%d", static_cast<int>(values.front()));

@@ -11,6 +11,8 @@ public:
     void SetValue(int value) { SetNumber(value); }
 
     CString ReadPasted(const CString& text) const override;
+    CString GetReadableText() const override { return GetExactText(); }
+    CString GetRule() const override;
 
 protected:
     CString TextOf(const Values& values) const override;

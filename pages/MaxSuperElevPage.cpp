@@ -83,6 +83,11 @@ bool CMaxSuperElevPage::StoreSpeed(int speed, CDSMaxSuperElevation& criterion, C
     return true;
 }
 
+CString CMaxSuperElevPage::RuleOf(const CMyRecordItemValue& cell, const QModelIndex& index) const
+{
+    return index.row() == kMaxRow ? kMaxSuperElevRange : CCriterionPage::RuleOf(cell, index);
+}
+
 bool CMaxSuperElevPage::StoreSnow(CDSMaxSuperElevation& criterion, CString& message)
 {
     int snow = 0;

@@ -22,6 +22,7 @@ public:
     bool StoreStep(CDSMaxSuperElevation& criterion, CString& message) override;
 
 protected:
+    CString RuleOf(const CMyRecordItemValue& cell, const QModelIndex& index) const override;
     void InitPage() override;
 
 private:

@@ -4,6 +4,7 @@
 
 #include "base/Format.h"
 #include "base/WrittenNumber.h"
+#include "model/Rules.h"
 #include "pages/RadiusRangeText.h"
 #include "platform/mfc/MessageBox.h"
 #include "platform/xtp/report/ReportControl.h"
@@ -18,6 +19,11 @@ void CRadiusRangeItem::SetRange(int minRadius, int maxRadius)
 CString CRadiusRangeItem::ReadPasted(const CString& text) const
 {
     return WrittenRange(text, GetUnit());
+}
+
+CString CRadiusRangeItem::GetRule() const
+{
+    return kRadiusText;
 }
 
 CString CRadiusRangeItem::TextOf(const Values& values) const

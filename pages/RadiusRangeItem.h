@@ -11,6 +11,7 @@ public:
     void SetRange(int minRadius, int maxRadius);
 
     CString ReadPasted(const CString& text) const override;
+    CString GetRule() const override;
 
 protected:
     CString TextOf(const Values& values) const override;

@@ -46,6 +46,12 @@ void CSuperElevationPageCallback::OnShow()
     CDSPageCallback::OnShow();
 }
 
+bool CSuperElevationPageCallback::IsBuiltIn()
+{
+    m_page->TakeTable();
+    return CDSPageCallback::IsBuiltIn();
+}
+
 CSuperElevationPage::CSuperElevationPage(const CMaxSuperElevPage* maxPage)
     : CCriterionPage(kDialogResource), m_maxPage(maxPage)
 {
@@ -222,6 +228,11 @@ void CSuperElevationPage::SayWhatToDo()
 void CSuperElevationPage::CommitTable()
 {
     CommitGrids();
+    TakeTable();
+}
+
+void CSuperElevationPage::TakeTable()
+{
     if (m_current < 1) return;
     Rows rows;
     for (int speed : m_grid.Speeds())

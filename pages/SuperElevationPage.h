@@ -16,6 +16,7 @@ public:
 
     bool Validate(CString& message) override;
     void OnShow() override;
+    bool IsBuiltIn() override;
 
 private:
     CSuperElevationPage* m_page;
@@ -37,6 +38,8 @@ public:
 
     // Takes the grid's table over and tells whether all tables in use are there and whole.
     bool Check(CString& message);
+    // Takes the grid's table over; a cell that is being edited counts as it was before.
+    void TakeTable();
     // Brings the list in line with the maximum superelevations in use. Tables that are filled
     // stay in the list.
     void RebuildList();

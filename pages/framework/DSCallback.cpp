@@ -9,6 +9,11 @@ void CDSCallback::Activate()
 
 void CDSCallback::OnShow() {}
 
+bool CDSCallback::IsBuiltIn()
+{
+    return false;
+}
+
 void CDSCallback::StoreInto(CDesignSpecification&) {}
 
 bool CDSCallback::IsViewMode() const

@@ -35,6 +35,8 @@ public:
     // Fills the page from a specification that needs not be the library's, as the user could: one
     // step of undo in each grid. A page that holds the same already stays as it is.
     virtual void TakeFrom(const CDesignSpecification& specification);
+    // Whether the page's values are the built-in ones as yet, whatever its data sources.
+    virtual bool IsBuiltIn();
 
     // False until the page is registered with its main dialog.
     bool IsViewMode() const;

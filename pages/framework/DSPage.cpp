@@ -8,7 +8,9 @@
 #include "app/input/InputTextDialog.h"
 #include "app/input/NumberText.h"
 #include "base/Text.h"
+#include "pages/framework/CellToolTip.h"
 #include "pages/framework/FamilyIcon.h"
+#include "pages/framework/FilledIcon.h"
 #include "pages/framework/ReadOnlyLook.h"
 #include "pages/framework/WheelGuard.h"
 #include "platform/mfc/QtText.h"
@@ -18,11 +20,19 @@ using namespace designspec;
 namespace {
 
 constexpr wchar_t kSource[] = L"数据来源";
+constexpr wchar_t kNone[] = L"未填";
 constexpr QSize kSmallestGrid(260, 110); // a header and three rows
+
+CString SourceLine(const CString& source)
+{
+    return CString(kSource) + L": " + (source.empty() ? kNone : Printable(source));
+}
 
 } // namespace
 
-CDSPage::CDSPage(UINT nIDTemplate) : CDialog(nIDTemplate), m_bookIcon(FamilyIcon(L"IDI_ICON_BOOK"))
+CDSPage::CDSPage(UINT nIDTemplate)
+    : CDialog(nIDTemplate), m_bookIcon(FamilyIcon(L"IDI_ICON_BOOK")),
+      m_filledBook(FilledIcon(m_bookIcon))
 {
 }
 
@@ -32,14 +42,14 @@ bool CDSPage::OnInitDialog()
         auto* const button = GetDlgItem<QPushButton>(source.id);
         if (!button) continue;
         button->setText(QString());
-        button->setIcon(m_bookIcon);
         button->setIconSize({kFamilyIconSize, kFamilyIconSize});
+        button->setIcon(m_bookIcon); // its size counts
         button->setFixedWidth(button->sizeHint().height());
-        button->setToolTip(ToQString(kSource));
         button->setAccessibleName(ToQString(kSource));
         connect(button, &QAbstractButton::clicked, this,
                 [this, text = source.text] { OpenSource(*text); });
     }
+    ShowSources();
     for (QComboBox* combo : findChildren<QComboBox*>())
         new CWheelGuard(combo);
     return CDialog::OnInitDialog();
@@ -59,6 +69,34 @@ void CDSPage::OpenSource(CString& text)
     dialog.DoModal();
     // After Cancel the dialog has the old text; only blanks around it can go then.
     if (!readOnly) text = Trim(dialog.GetText());
+    ShowSources();
+}
+
+void CDSPage::ShowSources()
+{
+    for (const Source& source : m_sources) {
+        auto* const button = GetDlgItem<QPushButton>(source.id);
+        if (!button) continue;
+        const CString told = SourceLine(*source.text);
+        button->setIcon(source.text->empty() ? m_bookIcon : m_filledBook);
+        button->setToolTip(ToToolTip(ToQString(told)));
+        button->setAccessibleDescription(ToQString(told));
+    }
+}
+
+CString CDSPage::Explain(const CXTPReportControl& grid, const QModelIndex& index) const
+{
+    const auto* const cell = dynamic_cast<const CMyRecordItemValue*>(grid.ItemAt(index));
+    if (!cell) return {};
+    CString text = cell->IsEmpty() ? CString(kNone) : cell->GetReadableText();
+    if (!m_sources.empty()) text += L'\n' + SourceLine(*m_sources.back().text);
+    if (grid.IsAllowEdit()) text += L'\n' + RuleOf(*cell, index);
+    return text;
+}
+
+CString CDSPage::RuleOf(const CMyRecordItemValue& cell, const QModelIndex&) const
+{
+    return cell.GetRule();
 }
 
 const CString& CDSPage::SourceText(int source) const
@@ -134,6 +172,7 @@ CXTPReportControl* CDSPage::CreateGrid(int placeholder, int gridId, const CStrin
     grid->AllowEdit(true);
     grid->GetColumns().Add(new CXTPReportColumn(0, corner, headerWidth));
     m_grids.push_back(grid);
+    new CCellToolTip(grid, [this, grid](const QModelIndex& cell) { return Explain(*grid, cell); });
     return grid;
 }
 

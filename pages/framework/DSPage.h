@@ -19,6 +19,7 @@
 #include <QIcon>
 
 #include "pages/framework/DSCallback.h"
+#include "pages/framework/MyRecordItemValue.h"
 #include "platform/mfc/Dialog.h"
 #include "platform/xtp/report/ReportControl.h"
 
@@ -45,6 +46,8 @@ public:
     bool CommitGrids(CString& message);
     // What the change does is one step of undo in each grid.
     void InOneStep(const std::function<void()>& change);
+    // The buttons of the data sources tell whether there is one, and which.
+    void ShowSources();
     // Puts the focus where the last Refuse found fault, into the offending cell of a grid.
     void FocusRefused();
 
@@ -68,7 +71,7 @@ public:
 
 protected:
     // A button that shows the book and opens a data source: `text`, which lives as long as the
-    // page.
+    // page. The last one that is added is that of the page's grids.
     void AddSourceButton(int button, CString& text);
     // The control in which the limit of that label is entered, or chosen.
     void AddLimit(int control, const wchar_t* label) { m_limits.push_back({control, label}); }
@@ -83,6 +86,9 @@ protected:
     // into view when the focus goes to the control.
     bool Refuse(CString& message, const CString& text, int control,
                 std::function<void()> goThere = {});
+
+    // What a value of that cell must be for 确定, in the words that refuse another one.
+    virtual CString RuleOf(const CMyRecordItemValue& cell, const QModelIndex& index) const;
 
     bool OnInitDialog() override;
 
@@ -100,8 +106,10 @@ private:
         std::vector<int> controls;
     };
     void OpenSource(CString& text);
+    CString Explain(const CXTPReportControl& grid, const QModelIndex& index) const;
 
     QIcon m_bookIcon;
+    QIcon m_filledBook;
     std::vector<Source> m_sources;
     std::vector<Limit> m_limits;
     std::vector<Check> m_checks;

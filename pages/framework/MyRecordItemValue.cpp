@@ -2,6 +2,7 @@
 
 #include "base/Text.h"
 #include "base/WrittenNumber.h"
+#include "model/Rules.h"
 
 #include <utility>
 
@@ -15,6 +16,18 @@ void CMyRecordItemValue::OnEditChanged(CXTPReportControl* control, const CString
 CString CMyRecordItemValue::ReadPasted(const CString& text) const
 {
     return WrittenNumber(text, m_unit);
+}
+
+CString CMyRecordItemValue::GetReadableText() const
+{
+    if (IsEmpty()) return {};
+    const CString unit = m_unit;
+    return GetExactText() + (unit == L"%" ? L"" : L" ") + unit;
+}
+
+CString CMyRecordItemValue::GetRule() const
+{
+    return kTableValueText;
 }
 
 void CMyRecordItemValue::SetValues(Values values)

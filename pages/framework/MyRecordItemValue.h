@@ -22,6 +22,12 @@ public:
     void SetUnit(const wchar_t* unit) { m_unit = unit; }
     CString ReadPasted(const CString& text) const override;
 
+    // The value with all its decimals and its unit, for people: 4.26%, 250 m; empty for an empty
+    // cell.
+    virtual CString GetReadableText() const;
+    // What a value must be here, in the words that refuse one that is not.
+    virtual CString GetRule() const;
+
     designspec::ReportItemState SaveState() const override;
     void RestoreState(const designspec::ReportItemState& state) override;
 

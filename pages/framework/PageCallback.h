@@ -15,6 +15,7 @@ public:
         m_strName = name;
         if (const CDesignSpecification* found = Specification())
             CriterionPage().LoadStep(found->*Member);
+        CriterionPage().ShowSources();
     }
 
     void Rename(const wchar_t* name) override { m_strName = name; }
@@ -59,6 +60,19 @@ public:
             CriterionPage().CommitGrids(message) && CriterionPage().StoreStep(now, message);
         if (isWhole && now == wanted) return;
         CriterionPage().InOneStep([&] { CriterionPage().LoadStep(wanted); });
+        CriterionPage().ShowSources();
+    }
+
+    bool IsBuiltIn() override
+    {
+        Criterion now;
+        CString unused;
+        const bool isWhole = CriterionPage().StoreStep(now, unused);
+        Criterion builtIn;
+        for (const designspec::Field& field : Criterion::Fields())
+            if (field.kind == designspec::FieldKind::Text) // a data source
+                field.Of<CString>(&builtIn) = field.Of<CString>(&now);
+        return isWhole && now == builtIn;
     }
 
 private:

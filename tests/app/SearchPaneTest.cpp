@@ -77,6 +77,7 @@ TEST_F(SearchPane, ListsWhatIsFoundByPageAsOneTypes)
     one.MaxSuperElev.GradualChangeRatio1 = {{60, 777}};
     Run(one, [&](QWidget* window) {
         EXPECT_TRUE(IsTree());
+        const int width = Tree(window)->width();
         Search(L"77");
         EXPECT_TRUE(IsListed());
         EXPECT_EQ(Lines(), (std::vector<std::string>{
@@ -88,6 +89,7 @@ TEST_F(SearchPane, ListsWhatIsFoundByPageAsOneTypes)
         PressKey(window, Qt::Key_Backspace);
         PressKey(window, Qt::Key_Backspace);
         EXPECT_EQ(Lines().size(), 4U);
+        EXPECT_EQ(Found()->width(), width) << "the page stays where it is";
         PressKey(window, Qt::Key_Escape);
         EXPECT_TRUE(IsTree());
     });
@@ -192,8 +194,8 @@ TEST_F(SearchPane, SaysWhatToDoWhenNothingIsFound)
 {
     Run(Make(L"甲"), [&](QWidget* window) {
         Search(L" 没有的 ");
-        EXPECT_FALSE(Found()->isVisible());
-        EXPECT_FALSE(Tree(window)->isVisible());
+        EXPECT_TRUE(IsListed());
+        EXPECT_TRUE(Lines().empty());
         EXPECT_TRUE(Control(window, kNote)->isVisible());
         EXPECT_TRUE(Note().starts_with("没有找到“没有的”。\n\n可以查页名、行名、数值和数据来源。"))
             << Note();

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "base/Text.h"
+#include "platform/mfc/QtText.h"
 #include "tests/pages/CellKeys.h"
 #include "tests/pages/PageTest.h"
 
@@ -46,6 +47,27 @@ TEST_F(LonGradDialog, ShowsTheBuiltInLimitsBeforeAnythingIsLoaded)
     EXPECT_EQ(TabOrder(), "10001 118 110 104 109");
     EXPECT_EQ(TheGrid()->ShownColumn(0)->GetWidth(), 130);
     EXPECT_EQ(TheGrid()->ShownColumn(1)->GetWidth(), 40);
+}
+
+TEST_F(LonGradDialog, ACellTellsItsExactValueItsSourceAndWhatItTakes)
+{
+    CDSLonGrad criterion;
+    criterion.MaxGradLimitedValues = {{80, 4.26}};
+    criterion.Criterion = L"第3章\t<b>";
+    Load(criterion);
+    Show();
+    EXPECT_EQ(CellText(TheGrid(), 1, 1), L"4.3");
+    EXPECT_EQ(
+        ToolTipOf(TheGrid(), 1, 1),
+        ToToolTip(QStringLiteral("4.26%\n数据来源: 第3章\\t<b>\n值不能小于 0")).toStdString());
+}
+
+TEST_F(LonGradDialog, InViewModeACellTellsNotWhatItTakes)
+{
+    Show(true);
+    const std::string told = ToolTipOf(TheGrid(), 1, 1);
+    EXPECT_NE(told.find("%\n数据来源: "), std::string::npos) << told;
+    EXPECT_EQ(told.find("值不能"), std::string::npos);
 }
 
 TEST_F(LonGradDialog, TheFieldsStandBelowTheGridInTheOrderOfTheirChecks)

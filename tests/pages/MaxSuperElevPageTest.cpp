@@ -47,6 +47,17 @@ TEST_F(MaxSuperElevPage, ShowsTheBuiltInLimitsBeforeAnythingIsLoaded)
     EXPECT_FALSE(IsEnabled(120));
 }
 
+TEST_F(MaxSuperElevPage, ItsCellsTellWhatTheyTake)
+{
+    Show();
+    EXPECT_EQ(ToolTipOf(TheGrid(), 2, 1), "6%\n数据来源: 未填\n必须在0~20之间");
+    EXPECT_EQ(ToolTipOf(TheGrid(), 0, 1),
+              "1/150\n数据来源: 未填\n1/n 的 n 必须大于等于 2 并且小于等于 999");
+    EditCell(TheGrid(), 0, 1, L"1");
+    EXPECT_EQ(ToolTipOf(TheGrid(), 0, 1),
+              "未填\n数据来源: 未填\n1/n 的 n 必须大于等于 2 并且小于等于 999");
+}
+
 TEST_F(MaxSuperElevPage, HasItsCaptions)
 {
     Show();

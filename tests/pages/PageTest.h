@@ -5,8 +5,10 @@
 
 #include <QApplication>
 #include <QGroupBox>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QTest>
+#include <QToolTip>
 #include <QVBoxLayout>
 
 #include "base/Text.h"
@@ -63,6 +65,18 @@ protected:
     bool IsEnabled(int id) { return Control(&m_page, id)->isEnabled(); }
     bool IsShown(int id) { return Control(&m_page, id)->isVisible(); }
     std::string TextOf(int id) { return ToUtf8(m_page.GetDlgItemText(id)); }
+
+    // What the mouse tells over a cell, as plain text.
+    static std::string ToolTipOf(CXTPReportControl* grid, int row, int column)
+    {
+        const QPoint place = grid->visualRect(grid->IndexOf(row, column)).center();
+        QToolTip::hideText();
+        QHelpEvent help(QEvent::ToolTip, place, grid->viewport()->mapToGlobal(place));
+        QApplication::sendEvent(grid->viewport(), &help);
+        const std::string told = QToolTip::text().toStdString();
+        QToolTip::hideText();
+        return told;
+    }
 
     // The captions of labels and groups that have no id, joined by bars.
     std::string Labels()

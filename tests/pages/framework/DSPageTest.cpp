@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "pages/framework/FamilyIcon.h"
+#include "platform/mfc/QtText.h"
 #include "tests/pages/PageTest.h"
 
 namespace {
@@ -73,6 +74,30 @@ TEST_F(DSPage, ItsSourceButtonsShowTheBook)
     EXPECT_FALSE(Button()->icon().isNull());
     EXPECT_EQ(Button()->iconSize(), QSize(16, 16));
     EXPECT_EQ(Button()->accessibleName(), QStringLiteral("数据来源"));
+}
+
+TEST_F(DSPage, TheBookIsFilledWhileThereIsASource)
+{
+    Show();
+    const auto isFilled = [this] {
+        const QImage book = FamilyIcon(L"IDI_ICON_BOOK").pixmap(16, 16).toImage();
+        return Button()->icon().pixmap(16, 16).toImage() != book;
+    };
+    EXPECT_TRUE(isFilled());
+    EXPECT_EQ(Button()->toolTip(), QStringLiteral("数据来源: 来源"));
+    OpenSource([](QWidget* window) {
+        TypeInto(window, 108, L" ");
+        Click(window, IDOK);
+    });
+    EXPECT_FALSE(isFilled());
+    EXPECT_EQ(Button()->toolTip(), QStringLiteral("数据来源: 未填"));
+    OpenSource([](QWidget* window) {
+        TypeInto(window, 108, L"<b>第3章");
+        Click(window, IDOK);
+    });
+    EXPECT_TRUE(isFilled());
+    EXPECT_EQ(Button()->toolTip(), ToToolTip(QStringLiteral("数据来源: <b>第3章")));
+    EXPECT_EQ(Button()->accessibleDescription(), QStringLiteral("数据来源: <b>第3章"));
 }
 
 TEST_F(DSPage, ASourceIsEditedInATextDialog)
