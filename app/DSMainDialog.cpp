@@ -158,6 +158,9 @@ void CDSMainDialog::PlacePages()
     setTabOrder(LastToFocus(area), GetDlgItem(kTakeFrom));
     setTabOrder(GetDlgItem(kTakeFrom), GetDlgItem(IDOK));
     setTabOrder(GetDlgItem(IDOK), GetDlgItem(IDCANCEL));
+    // Behind them what Ctrl+F is for: from the name on Tab goes to the tree.
+    setTabOrder(GetDlgItem(IDCANCEL), GetDlgItem(kSearch));
+    setTabOrder(GetDlgItem(kSearch), GetDlgItem(kFound));
 }
 
 void CDSMainDialog::LoadPages()

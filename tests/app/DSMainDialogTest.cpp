@@ -205,7 +205,9 @@ TEST_F(DSMainDialog, TabGoesFromTheTreeThroughThePageToTheButtons)
     RunPages(
         [](QWidget* window) {
             auto* const area = window->findChild<QWidget*>(QStringLiteral("pageArea"));
-            Control(window, 100)->setFocus();
+            Control(window, 108)->setFocus();
+            QTest::keyClick(window->focusWidget(), Qt::Key_Tab);
+            EXPECT_EQ(window->focusWidget(), Control(window, 100));
             int onThePage = 0;
             for (; onThePage < 50; ++onThePage) {
                 QTest::keyClick(window->focusWidget(), Qt::Key_Tab);
@@ -216,6 +218,7 @@ TEST_F(DSMainDialog, TabGoesFromTheTreeThroughThePageToTheButtons)
                 EXPECT_EQ(window->focusWidget(), Control(window, button));
                 QTest::keyClick(window->focusWidget(), Qt::Key_Tab);
             }
+            EXPECT_EQ(window->focusWidget(), Control(window, 302)); // the search field
             Cancel(window);
         },
         L"甲");
