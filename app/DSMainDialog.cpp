@@ -19,6 +19,7 @@
 #include "base/NoCase.h"
 #include "base/Text.h"
 #include "library/StyleName.h"
+#include "model/Differences.h"
 #include "pages/framework/FamilyIcon.h"
 #include "pages/framework/ReadOnlyLook.h"
 #include "platform/arx/Documents.h"
@@ -40,6 +41,7 @@ constexpr int kSearch = 302;
 constexpr int kFound = 303;
 constexpr int kFoundNote = 304;
 constexpr int kPageLine = 305;
+constexpr int kUndoTake = 309;
 
 // What a tree item carries: 0 for a group, the page's place plus one for a page.
 constexpr int kPageRole = Qt::UserRole;
@@ -125,6 +127,8 @@ bool CDSMainDialog::OnInitDialog()
     }
     if (auto* const takeFrom = GetDlgItem<QPushButton>(kTakeFrom))
         connect(takeFrom, &QPushButton::clicked, this, [this] { TakeFrom(); });
+    if (auto* const undo = GetDlgItem<QPushButton>(kUndoTake))
+        connect(undo, &QPushButton::clicked, this, [this] { UndoTake(); });
     MakeSearch();
     if (m_viewMode) EnterViewMode();
     return CDialog::OnInitDialog();
@@ -156,7 +160,8 @@ void CDSMainDialog::PlacePages()
     }
     // The pages came last; Tab is to pass through them on its way to the buttons.
     setTabOrder(LastToFocus(area), GetDlgItem(kTakeFrom));
-    setTabOrder(GetDlgItem(kTakeFrom), GetDlgItem(IDOK));
+    setTabOrder(GetDlgItem(kTakeFrom), GetDlgItem(kUndoTake));
+    setTabOrder(GetDlgItem(kUndoTake), GetDlgItem(IDOK));
     setTabOrder(GetDlgItem(IDOK), GetDlgItem(IDCANCEL));
     // Behind them what Ctrl+F is for: from the name on Tab goes to the tree.
     setTabOrder(GetDlgItem(IDCANCEL), GetDlgItem(kSearch));
@@ -287,12 +292,33 @@ void CDSMainDialog::TakeFrom()
     for (const Page& page : m_pages)
         page.window->CommitGrids();
     const Page* const shown = Shown();
-    CTakeFromDialog dialog(Entered(Trim(GetDlgItemText(kName))), shown ? shown->label : L"", this);
+    const CDesignSpecification before = Entered(Trim(GetDlgItemText(kName)));
+    CTakeFromDialog dialog(before, shown ? shown->label : L"", this);
     if (dialog.DoModal() != IDOK) return;
-    const CDesignSpecification made = dialog.Made();
+    Fill(dialog.Made());
+    m_taken.emplace_back(before, dialog.Made());
+    ShowWindow(kUndoTake, true);
+}
+
+void CDSMainDialog::Fill(const CDesignSpecification& values)
+{
     for (const Page& page : m_pages)
-        page.Callback().TakeFrom(made);
-    if (shown) shown->Callback().OnShow(); // it may show what another page holds
+        page.Callback().TakeFrom(values);
+    // It may show what another page holds.
+    if (const Page* const shown = Shown()) shown->Callback().OnShow();
+}
+
+// What was entered since is as good as what others have entered: it stays.
+void CDSMainDialog::UndoTake()
+{
+    if (m_taken.empty()) return;
+    for (const Page& page : m_pages)
+        page.window->CommitGrids();
+    const auto [before, made] = m_taken.back();
+    m_taken.pop_back();
+    Fill(Merged(made, Entered(before.Name()), before));
+    ShowWindow(kUndoTake, !m_taken.empty());
+    if (m_taken.empty()) GetDlgItem(kTakeFrom)->setFocus();
 }
 
 // Search

@@ -62,6 +62,8 @@ private:
     void OnSelChanged(const QTreeWidgetItem* selected);
     const Page* Shown() const;
     void TakeFrom();
+    void Fill(const CDesignSpecification& values);
+    void UndoTake();
     void MakeSearch();
     designspec::SpecificationIndex ShownIndex() const;
     void GoTo(const designspec::SearchHit& hit, bool enter);
@@ -81,6 +83,8 @@ private:
     // The specification that is edited, as the dialog opened with it, and what the pages showed
     // then.
     std::optional<CDesignSpecification> m_opened, m_filled;
+    // What was taken from other specifications: as it was before, and with the values taken.
+    std::vector<std::pair<CDesignSpecification, CDesignSpecification>> m_taken;
     bool m_viewMode = false;
     CString m_viewPage;
     QTreeWidget* m_tree = nullptr;

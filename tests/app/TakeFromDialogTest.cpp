@@ -19,6 +19,7 @@ using D = CTakeFromDialog;
 using S = CDesignSpecification;
 
 constexpr int kTakeFrom = 301;
+constexpr int kUndoTake = 309;
 constexpr int kRadii = 1001; // the grid of radii
 enum Range { kThisPage, kItsGroup, kEverything };
 
@@ -72,10 +73,7 @@ protected:
         ADD_FAILURE() << "no page is shown";
         return editor;
     }
-    static CXTPReportControl* Radii(QWidget* editor)
-    {
-        return Grid(PageOf(editor), kRadii);
-    }
+    static CXTPReportControl* Radii(QWidget* editor) { return Grid(PageOf(editor), kRadii); }
     static int Listed(QWidget* window)
     {
         return Control<QTableView>(window, CompareId::Values)->model()->rowCount();
@@ -161,6 +159,64 @@ TEST_F(TakeFromDialog, IsOneStepOfUndoInTheGrid)
         PressKey(window, Qt::Key_Z, Qt::ControlModifier);
         PressKey(window, Qt::Key_Z, Qt::ControlModifier);
         EXPECT_EQ(CellText(Radii(window), 2, 1), L"250") << "what was entered before, as well";
+        Click(window, IDCANCEL);
+    });
+}
+
+// Fields, data sources and tables that no grid shows are taken back as well.
+TEST_F(TakeFromDialog, IsTakenBackWhole)
+{
+    S source = Make(L"丙", 30);
+    source.LonGrad.MinGrad = 0.7;
+    source.LonGrad.Criterion = L"别的规范";
+    for (int i = 0; i < 2; ++i)
+        source.SuperElevation.definitions[i].rows[0].ranges[0].minRadius += 3;
+    AddSaved(source);
+    const S before = m_edited;
+    ASSERT_GT(Differences(before, source).size(), 5U);
+    Edit("超高", [](QWidget* window) {
+        EXPECT_FALSE(Control(window, kUndoTake)->isVisible());
+        Take(window, [](QWidget* dialog) {
+            auto* const sources = Control<QComboBox>(dialog, D::kSource);
+            sources->setCurrentIndex(sources->findText(QStringLiteral("丙")));
+            Choose(dialog, kEverything);
+            Click(dialog, IDOK);
+        });
+        EXPECT_TRUE(Control(window, kUndoTake)->isVisible());
+        Click(window, kUndoTake);
+        EXPECT_FALSE(Control(window, kUndoTake)->isVisible());
+        Click(window, IDOK);
+    });
+    Reload();
+    EXPECT_EQ(Differences(before, *Library().Item(L"甲")), std::vector<Difference>());
+}
+
+TEST_F(TakeFromDialog, TakingBackKeepsWhatWasEnteredSince)
+{
+    Edit("圆曲线半径", [](QWidget* window) {
+        Take(window, TakeAll(kThisPage));
+        EXPECT_EQ(CellText(Radii(window), 2, 1), L"270");
+        EditCell(Radii(window), 2, 2, L"999");
+        Click(window, kUndoTake);
+        EXPECT_EQ(CellText(Radii(window), 2, 1), L"250");
+        EXPECT_EQ(CellText(Radii(window), 2, 2), L"999");
+        Click(window, IDCANCEL);
+    });
+}
+
+TEST_F(TakeFromDialog, TwoAreTakenBackOneByOne)
+{
+    Edit("圆曲线半径", [](QWidget* window) {
+        Take(window, TakeAll(kThisPage));
+        EditCell(Radii(window), 2, 1, L"260");
+        Take(window, TakeAll(kThisPage));
+        EXPECT_EQ(CellText(Radii(window), 2, 1), L"270");
+        Click(window, kUndoTake);
+        EXPECT_EQ(CellText(Radii(window), 2, 1), L"260");
+        Click(window, kUndoTake);
+        EXPECT_EQ(CellText(Radii(window), 2, 1), L"260") << "was entered since";
+        EXPECT_EQ(CellText(Radii(window), 2, 2), L"150");
+        EXPECT_FALSE(Control(window, kUndoTake)->isVisible());
         Click(window, IDCANCEL);
     });
 }

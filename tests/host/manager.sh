@@ -20,3 +20,25 @@ start_manager() {
     has_manager() { xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 'window id'; }
     wait_until 'the window manager' has_manager
 }
+
+# Where windows are; `width` and `height` are those of the screen.
+
+# place WINDOW: sets X, Y, WIDTH and HEIGHT of what is inside its frame.
+place() {
+    eval "$(xwininfo -id "$1" | sed -n \
+        -e 's/^ *Absolute upper-left X: */X=/p' -e 's/^ *Absolute upper-left Y: */Y=/p' \
+        -e 's/^ *Width: */WIDTH=/p' -e 's/^ *Height: */HEIGHT=/p')"
+}
+# is_on_the_screen TITLE: with its frame, left, right, top and bottom of which the manager tells.
+is_on_the_screen() {
+    local window frame
+    window=$(window_of "$1")
+    frame=$(xprop -id "$window" _NET_FRAME_EXTENTS | sed -n 's/.*= //p' | tr -d ,)
+    [ -n "$frame" ] || return 1
+    set -- $frame
+    place "$window"
+    [ $((X - $1)) -ge 0 ] && [ $((X + WIDTH + $2)) -le "$width" ] &&
+        [ $((Y - $3)) -ge 0 ] && [ $((Y + HEIGHT + $4)) -le "$height" ]
+}
+# The window manager takes a moment.
+expect_on_the_screen() { wait_until "'$1' on the screen" is_on_the_screen "$1"; }

@@ -11,25 +11,6 @@ readonly width=1280 height=720
 export QT_SCALE_FACTOR=1.5
 editor='^设计规范'
 
-# place WINDOW: sets X, Y, WIDTH and HEIGHT of what is inside its frame.
-place() {
-    eval "$(xwininfo -id "$1" | sed -n \
-        -e 's/^ *Absolute upper-left X: */X=/p' -e 's/^ *Absolute upper-left Y: */Y=/p' \
-        -e 's/^ *Width: */WIDTH=/p' -e 's/^ *Height: */HEIGHT=/p')"
-}
-# is_on_the_screen TITLE: with its frame, left, right, top and bottom of which the manager tells.
-is_on_the_screen() {
-    local window frame
-    window=$(window_of "$1")
-    frame=$(xprop -id "$window" _NET_FRAME_EXTENTS | sed -n 's/.*= //p' | tr -d ,)
-    [ -n "$frame" ] || return 1
-    set -- $frame
-    place "$window"
-    [ $((X - $1)) -ge 0 ] && [ $((X + WIDTH + $2)) -le "$width" ] &&
-        [ $((Y - $3)) -ge 0 ] && [ $((Y + HEIGHT + $4)) -le "$height" ]
-}
-# The window manager takes a moment.
-expect_on_the_screen() { wait_until "'$1' on the screen" is_on_the_screen "$1"; }
 # Pixels of the screen are parts of those that windows count in.
 near() { [ "$1" -ge $(($2 - $3)) ] && [ "$1" -le $(($2 + $3)) ]; }
 has_size() { # WINDOW WIDTH HEIGHT
