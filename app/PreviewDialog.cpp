@@ -13,6 +13,7 @@
 #include "app/ReportCommands.h"
 #include "compare/SourceChoice.h"
 #include "library/DesignSpecifications.h"
+#include "platform/mfc/GuideSection.h"
 #include "print/ReportPrinter.h"
 
 using namespace designspec;
@@ -39,6 +40,7 @@ CPreviewDialog::CPreviewDialog(std::vector<CDesignSpecification> specifications,
       m_number(new QLabel)
 {
     setWindowTitle(QStringLiteral("打印预览"));
+    SetGuideSection(this, L"打印与报告");
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     m_printer.setPageSize(QPageSize(QPageSize::A4));
     MakeControls();
