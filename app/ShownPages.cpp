@@ -1,6 +1,7 @@
 #include "app/ShownPages.h"
 
 #include <algorithm>
+#include <utility>
 
 #include <QLineEdit>
 
@@ -18,12 +19,13 @@ TableLayout TableOf(const CXTPReportControl& grid)
     for (const CString& column : captions.columns)
         table.columns.emplace_back(OneLine(column));
     for (int row = 0; const CString& caption : captions.rows) {
-        TableLayout::Line& line = table.lines.emplace_back(OneLine(caption));
+        TableLayout::Line line{OneLine(caption), {}};
         for (int column = 1; column <= std::ssize(captions.columns); ++column) {
             const CXTPReportRecordItem* const item = grid.ItemAt(grid.IndexOf(row, column));
             auto& cell = line.cells.emplace_back();
             if (item && !item->GetCaption().empty()) cell = item->GetCaption();
         }
+        table.lines.push_back(std::move(line));
         ++row;
     }
     return table;
