@@ -9,6 +9,7 @@
 #include "app/CompareDialog.h"
 #include "app/DSMainDialog.h"
 #include "app/HistoryDialog.h"
+#include "app/ImportChanges.h"
 #include "app/NameWaitDialog.h"
 #include "app/ReadSheetDialog.h"
 #include "app/ReportCommands.h"
@@ -177,6 +178,12 @@ std::optional<CString> CDSEditor::Find(const CStyle& style, const CString& told,
 {
     const auto* const specification = CDesignSpecifications::GetInstance()->Item(style.ID());
     return specification ? m_search.Find(*specification, told, words) : std::nullopt;
+}
+
+std::vector<std::optional<StyleChanges>> CDSEditor::ChangesFrom(const CString& path,
+                                                                const CArray<GUID>& ids)
+{
+    return ChangesOfImport(CDesignSpecifications::GetInstance()->Folder(), path, ids);
 }
 
 // Told of each that is as in the file now and was not before.

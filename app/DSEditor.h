@@ -29,6 +29,8 @@ public:
     CStringArray ColumnTexts(const CStyle& style) const override;
     std::optional<CString> Find(const CStyle& style, const CString& told,
                                 const CString& words) override;
+    std::vector<std::optional<designspec::StyleChanges>>
+    ChangesFrom(const CString& path, const CArray<GUID>& ids) override;
     designspec::StyleImport Import(const CString& path, const CStringArray& names,
                                    bool overwrite) override;
     void BeginUndo() override;

@@ -35,6 +35,7 @@ enum : int {
     // import
     ImportNames = 5301, // list with check marks
     ImportOverwrite,
+    ImportChanges, // text: what the selected one would change
     // the user's guide
     GuideText = 5501,
     GuideContents, // tree of headings

@@ -1,11 +1,16 @@
 #include "host/ImportDialog.h"
 
+#include <algorithm>
+
 #include <QCheckBox>
 #include <QDialogButtonBox>
 #include <QFileInfo>
 #include <QLabel>
 #include <QListWidget>
+#include <QPlainTextEdit>
 #include <QPushButton>
+#include <QRegularExpression>
+#include <QSplitter>
 #include <QVBoxLayout>
 
 #include "host/ControlIds.h"
@@ -19,11 +24,30 @@ using namespace designspec;
 namespace {
 constexpr int kNameRole = Qt::UserRole;
 constexpr int kFileRole = Qt::UserRole + 1;
+
+// What of the file's name tells more than the style's: files of a project are called as the style,
+// with its identity behind.
+QString FileLabel(const QString& path, const QString& style)
+{
+    static const QRegularExpression kIdentity(
+        QStringLiteral("[0-9A-Fa-f]{8}(-[0-9A-Fa-f]{4}){3}-[0-9A-Fa-f]{12}$"));
+    const QFileInfo file(path);
+    QString name = file.completeBaseName();
+    name.remove(kIdentity);
+    return name == style || name.isEmpty() ? QString() : name + u'.' + file.suffix();
+}
+
+QString ChangeText(const std::optional<StyleChanges>& changes)
+{
+    if (!changes) return QObject::tr("库中已有");
+    if (changes->inOneLine.empty()) return QObject::tr("库中已有, 相同");
+    return QObject::tr("库中已有, 覆盖改变 %1").arg(ToShown(changes->inOneLine));
+}
 } // namespace
 
 ImportDialog::ImportDialog(const CStyles& styles, const std::vector<ImportFile>& files,
                            QWidget* parent)
-    : QDialog(parent), m_list(new QListWidget),
+    : QDialog(parent), m_list(new QListWidget), m_shown(new QPlainTextEdit),
       m_overwrite(new QCheckBox(tr("覆盖库中已有的样式(&O)"))),
       m_buttons(new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel))
 {
@@ -31,6 +55,11 @@ ImportDialog::ImportDialog(const CStyles& styles, const std::vector<ImportFile>&
     SetGuideSection(this, L"导入、导出、模板");
     SetControlId(m_list, ControlId::ImportNames);
     SetControlId(m_overwrite, ControlId::ImportOverwrite);
+    SetControlId(m_shown, ControlId::ImportChanges);
+    m_shown->setReadOnly(true);
+    m_shown->setTabChangesFocus(true);
+    m_shown->setAccessibleName(tr("覆盖会改变的值"));
+    m_shown->setPlaceholderText(tr("选中的样式库中没有, 或者相同。"));
     QPushButton* const ok = m_buttons->button(QDialogButtonBox::Ok);
     ok->setText(tr("导入(&I)"));
     SetControlId(ok, IDOK);
@@ -42,7 +71,13 @@ ImportDialog::ImportDialog(const CStyles& styles, const std::vector<ImportFile>&
     label->setBuddy(m_list);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(label);
-    layout->addWidget(m_list);
+    auto* parts = new QSplitter(Qt::Vertical);
+    parts->addWidget(m_list);
+    parts->addWidget(m_shown);
+    parts->setStretchFactor(0, 3);
+    parts->setStretchFactor(1, 2);
+    parts->setChildrenCollapsible(false);
+    layout->addWidget(parts, 1);
     layout->addWidget(m_overwrite);
     layout->addWidget(m_buttons);
 
@@ -50,8 +85,10 @@ ImportDialog::ImportDialog(const CStyles& styles, const std::vector<ImportFile>&
     connect(m_list, &QListWidget::itemChanged, this, &ImportDialog::EnableOK);
     connect(m_buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(m_buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    connect(m_list, &QListWidget::currentItemChanged, this, &ImportDialog::ShowChanges);
+    ShowChanges();
     EnableOK();
-    resize(fontMetrics().height() * 28, fontMetrics().height() * 22);
+    resize(fontMetrics().height() * 40, fontMetrics().height() * 30);
     new WindowPlace(this, QStringLiteral("dialogs/import"));
 }
 
@@ -59,12 +96,14 @@ void ImportDialog::Fill(const CStyles& styles, const std::vector<ImportFile>& fi
 {
     bool known = false;
     for (size_t file = 0; file < files.size(); ++file) {
-        const auto& [path, names, ids] = files[file];
+        const auto& [path, names, ids, changes] = files[file];
         for (size_t i = 0; i < names.size() && i < ids.size(); ++i) {
             const bool has = styles.Item(ids[i]) != nullptr;
             QString shown = ToShown(names[i]);
-            if (has) shown = tr("%1  (库中已有)").arg(shown);
-            if (files.size() > 1) shown = tr("%1  — %2").arg(shown, QFileInfo(path).fileName());
+            m_changes.push_back(i < changes.size() ? changes[i] : std::nullopt);
+            if (has) shown = tr("%1  (%2)").arg(shown, ChangeText(m_changes.back()));
+            const QString label = FileLabel(path, ToQString(names[i]));
+            if (files.size() > 1 && !label.isEmpty()) shown = tr("%1  — %2").arg(shown, label);
             auto* item = new QListWidgetItem(shown, m_list);
             item->setData(kNameRole, ToQString(names[i]));
             item->setData(kFileRole, static_cast<int>(file));
@@ -73,7 +112,10 @@ void ImportDialog::Fill(const CStyles& styles, const std::vector<ImportFile>& fi
             known = known || has;
         }
     }
-    m_list->setCurrentRow(0);
+    const auto changing = std::find_if(m_changes.begin(), m_changes.end(),
+                                       [](const auto& one) { return one && !one->all.empty(); });
+    m_list->setCurrentRow(
+        changing == m_changes.end() ? 0 : static_cast<int>(changing - m_changes.begin()));
     m_overwrite->setEnabled(known);
     m_overwrite->setToolTip(known ? QString() : tr("文件中没有库中已有的样式"));
 }
@@ -96,6 +138,16 @@ std::optional<CStringArray> ImportDialog::Names(int file) const
 bool ImportDialog::Overwrite() const
 {
     return m_overwrite->isChecked();
+}
+
+void ImportDialog::ShowChanges()
+{
+    const int row = m_list->currentRow();
+    QStringList lines;
+    if (row >= 0 && m_changes[static_cast<size_t>(row)])
+        for (const CString& line : m_changes[static_cast<size_t>(row)]->all)
+            lines << ToShown(line);
+    m_shown->setPlainText(lines.join(u'\n'));
 }
 
 void ImportDialog::EnableOK()

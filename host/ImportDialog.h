@@ -5,24 +5,28 @@
 
 #include <QDialog>
 
-#include "platform/vmrd/VMRDEnv/Styles.h"
+#include "platform/vmrd/VMRDPrj/StyleEditor.h"
 
 class QCheckBox;
 class QDialogButtonBox;
 class QListWidget;
+class QPlainTextEdit;
 
 struct ImportFile {
     QString path;
     CStringArray names; // of the styles that it holds
     CArray<GUID> ids;
+    // For each of them what it would change in the library's one; may be shorter.
+    std::vector<std::optional<designspec::StyleChanges>> changes = {};
 };
 
 class ImportDialog : public QDialog {
     Q_OBJECT
 
 public:
-    // Lists the styles that the files hold, those of several with the file's name; those that
-    // `styles` has are marked so.
+    // Lists the styles that the files hold, those of several with the file's name unless it is the
+    // style's; with those that `styles` has, what they would change, in a line, and below the list
+    // each value of the one that is selected.
     ImportDialog(const CStyles& styles, const std::vector<ImportFile>& files,
                  QWidget* parent = nullptr);
 
@@ -33,9 +37,12 @@ public:
 
 private:
     void Fill(const CStyles& styles, const std::vector<ImportFile>& files);
+    void ShowChanges();
     void EnableOK();
 
+    std::vector<std::optional<designspec::StyleChanges>> m_changes; // as they are listed
     QListWidget* m_list;
+    QPlainTextEdit* m_shown;
     QCheckBox* m_overwrite;
     QDialogButtonBox* m_buttons;
 };

@@ -15,6 +15,7 @@
 #include "host/StyleByName.h"
 #include "host/StyleGroupTree.h"
 #include "host/StyleManagerView.h"
+#include "platform/mfc/QtText.h"
 
 using namespace designspec;
 
@@ -88,7 +89,8 @@ void TakeQuestions(StyleManagerView& view, Album& album)
                 {[&album](QWidget* box) { album.Take(box, QObject::tr("删除")); }});
 }
 
-void TakeDialogs(CStyleEditor& editor, Album& album)
+// With `theirs` the import tells what that file would change.
+void TakeDialogs(CStyleEditor& editor, const QString& theirs, Album& album)
 {
     const CStyles& styles = *editor.GetStyles();
     CStringArray names;
@@ -97,7 +99,8 @@ void TakeDialogs(CStyleEditor& editor, Album& album)
         names.push_back(styles.Item(i)->Name());
         ids.push_back(styles.Item(i)->ID());
     }
-    ImportDialog importing(styles, {{{}, names, ids}});
+    const auto changes = editor.ChangesFrom(FromQString(theirs), ids);
+    ImportDialog importing(styles, {{{}, names, ids, changes}});
     album.Take(&importing, QObject::tr("导入"));
     DeletedStylesDialog deleted(editor);
     album.Take(&deleted, QObject::tr("已删除的样式"));
@@ -158,7 +161,7 @@ int WriteSnapshots(HostWindow& window, const SnapshotOptions& options)
         view.Select({style->ID()});
         album.Take(&window, QObject::tr("样式管理器"));
         TakeQuestions(view, album);
-        TakeDialogs(*editor, album);
+        TakeDialogs(*editor, options.theirs, album);
         EditorTour(*editor, take).Run(style);
     }
     if (!shown) album.Take(&window, QObject::tr("样式管理器"));

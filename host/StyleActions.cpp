@@ -32,6 +32,7 @@ constexpr Command kCommands[] = {
     {0},
     {kCommandsOfEditor},
     {kCommandImportStyles, L"导入…", "Ctrl+I", "import", true},
+    {kCommandImportProject, L"从项目导入…", "Ctrl+Shift+J", nullptr, false},
     {kCommandExportStyles, L"导出…", "Ctrl+E", "export", true},
     {kCommandSaveAsTemplate, L"另存为模板…", "Ctrl+Shift+S", "template", false},
     {0},

@@ -17,6 +17,7 @@ using namespace designspec;
 
 namespace {
 
+const QString kStyleFiles = QStringLiteral("*.hds");
 const QString kFilter = QObject::tr("样式文件 (*.hds);;所有文件 (*)");
 
 } // namespace
@@ -96,7 +97,9 @@ void StyleCommands::Run(unsigned command, const Selection& selected)
         m_editor->SetAsDefaultStyle(Only(selected));
         break;
     case kCommandImportStyles:
-        return Import();
+        return ImportFiles();
+    case kCommandImportProject:
+        return ImportProject();
     case kCommandExportStyles:
         return Export(selected);
     case kCommandSaveAsTemplate:
@@ -199,21 +202,41 @@ std::vector<ImportFile> StyleCommands::ReadFiles(const QStringList& paths)
     const CStyles* const styles = Styles();
     std::vector<ImportFile> files;
     for (const QString& path : paths) {
-        ImportFile file{path, {}, {}};
+        ImportFile file{path, {}, {}, {}};
         if (!styles->StyleNames(FromQString(path).c_str(), file.names, file.ids))
             emit Failed(tr("无法导入: %1").arg(path));
         else if (file.names.empty())
             emit Failed(tr("文件中没有“%1”的样式: %2").arg(ToQString(styles->Name()), path));
-        else
+        else {
+            file.changes = m_editor->ChangesFrom(FromQString(path), file.ids);
             files.push_back(std::move(file));
+        }
     }
     return files;
 }
 
-void StyleCommands::Import()
+void StyleCommands::ImportFiles()
 {
-    const auto files =
-        ReadFiles(AskFilesToOpen(m_window, tr("导入样式 (可以选择多个文件)"), kFilter));
+    Import(AskFilesToOpen(m_window, tr("导入样式 (可以选择多个文件)"), kFilter));
+}
+
+// The folder of the styles themselves is chosen as easily as the project's.
+void StyleCommands::ImportProject()
+{
+    const QString chosen = AskFolder(m_window, tr("从项目导入样式: 选择项目文件夹"));
+    if (chosen.isEmpty()) return;
+    QDir folder(chosen);
+    folder.cd(ToQString(kStylesFolder)); // stays where it is when there is none
+    QStringList paths;
+    for (const QFileInfo& file : folder.entryInfoList({kStyleFiles}, QDir::Files, QDir::Name))
+        paths << file.absoluteFilePath();
+    if (paths.isEmpty()) return emit Failed(tr("文件夹中没有样式文件: %1").arg(chosen));
+    Import(paths);
+}
+
+void StyleCommands::Import(const QStringList& paths)
+{
+    const auto files = ReadFiles(paths);
     if (files.empty()) return;
     ImportDialog dialog(*Styles(), files, m_window);
     if (dialog.exec() != QDialog::Accepted) return;

@@ -56,7 +56,9 @@ private:
     bool ConfirmDelete(const Selection& selected) const;
     void KeepDefault(const std::optional<GUID>& before);
     std::vector<ImportFile> ReadFiles(const QStringList& paths);
-    void Import();
+    void ImportFiles();
+    void ImportProject();
+    void Import(const QStringList& paths);
     void Export(const Selection& selected);
     void SaveAsTemplate();
     void ShowDeleted();

@@ -56,8 +56,9 @@ TEST_F(StyleCommandsTest, TheMenuOffersWhatTheEditorEnables)
             MenuLines(window),
             (CStringArray{L"新建\tCtrl+N", L"复制新建\tCtrl+Shift+N", L"---", L"编辑\tEnter",
                           L"查看\tF4", L"重命名\tF2", L"删除\tDel", L"---", L"设为默认试验\tCtrl+D",
-                          L"---", L"导入…\tCtrl+I", L"导出…\tCtrl+E", L"另存为模板…\tCtrl+Shift+S",
-                          L"---", L"已删除…\tCtrl+Shift+D", L"重新加载\tF5", L"试验命令"}));
+                          L"---", L"导入…\tCtrl+I", L"从项目导入…\tCtrl+Shift+J", L"导出…\tCtrl+E",
+                          L"另存为模板…\tCtrl+Shift+S", L"---", L"已删除…\tCtrl+Shift+D",
+                          L"重新加载\tF5", L"试验命令"}));
         PressKey(window, Qt::Key_Escape);
     });
     OpenContextMenu();
@@ -72,9 +73,10 @@ TEST_F(StyleCommandsTest, WithoutASelectionOnlyTheLibrarysCommandsAreEnabled)
         CStringArray enabled;
         for (const ShownMenuItem& item : ReadMenu(window))
             if (item.enabled && !item.separator) enabled.push_back(item.text);
-        EXPECT_EQ(enabled, (CStringArray{L"新建\tCtrl+N", L"导入…\tCtrl+I", L"导出…\tCtrl+E",
-                                         L"另存为模板…\tCtrl+Shift+S", L"已删除…\tCtrl+Shift+D",
-                                         L"重新加载\tF5", L"试验命令"}));
+        EXPECT_EQ(enabled,
+                  (CStringArray{L"新建\tCtrl+N", L"导入…\tCtrl+I", L"从项目导入…\tCtrl+Shift+J",
+                                L"导出…\tCtrl+E", L"另存为模板…\tCtrl+Shift+S",
+                                L"已删除…\tCtrl+Shift+D", L"重新加载\tF5", L"试验命令"}));
         PressKey(window, Qt::Key_Escape);
     });
     OpenContextMenu();
@@ -90,8 +92,9 @@ TEST_F(StyleCommandsTest, WhatTheEditorRefusesIsGrey)
         CStringArray enabled;
         for (const ShownMenuItem& item : ReadMenu(window))
             if (item.enabled && !item.separator) enabled.push_back(item.text);
-        EXPECT_EQ(enabled, (CStringArray{L"导入…\tCtrl+I", L"另存为模板…\tCtrl+Shift+S",
-                                         L"已删除…\tCtrl+Shift+D", L"重新加载\tF5", L"试验命令"}));
+        EXPECT_EQ(enabled, (CStringArray{L"导入…\tCtrl+I", L"从项目导入…\tCtrl+Shift+J",
+                                         L"另存为模板…\tCtrl+Shift+S", L"已删除…\tCtrl+Shift+D",
+                                         L"重新加载\tF5", L"试验命令"}));
         PressKey(window, Qt::Key_Escape);
     });
     OpenContextMenu();
@@ -547,8 +550,8 @@ TEST_F(StyleCommandsTest, SeveralFilesAreImportedAtOnceAndWhatCameIsSelected)
     ExpectModal dialog([this](QWidget* window) {
         auto* const list = Control<QListWidget>(window, ControlId::ImportNames);
         ASSERT_EQ(list->count(), 2);
-        EXPECT_EQ(FromQString(list->item(0)->text()), L"b  (库中已有)  — b.hds");
-        EXPECT_EQ(FromQString(list->item(1)->text()), L"c  — c.hds");
+        EXPECT_EQ(FromQString(list->item(0)->text()), L"b  (库中已有)");
+        EXPECT_EQ(FromQString(list->item(1)->text()), L"c");
         EXPECT_TRUE(BarText(ControlId::ErrorBar).find(L"broken.hds") != CString::npos)
             << "what cannot be read is told";
         Click(window, ControlId::ImportOverwrite);
@@ -557,6 +560,42 @@ TEST_F(StyleCommandsTest, SeveralFilesAreImportedAtOnceAndWhatCameIsSelected)
     Key(Qt::Key_I, Qt::ControlModifier);
     EXPECT_EQ(BarText(ControlId::NoteBar), L"已导入: 新增 1 个, 覆盖 1 个。");
     EXPECT_EQ(Selected(), (CStringArray{L"b", L"c"}));
+}
+
+TEST_F(StyleCommandsTest, AProjectsFolderIsImportedWhole)
+{
+    Have({L"a"});
+    const TemporaryFolder elsewhere;
+    VMRDPub::SetCurPrjPath(elsewhere.Path());
+    {
+        CFakeStyles others;
+        others.Add(L"b");
+        others.Add(L"c");
+    }
+    VMRDPub::SetCurPrjPath(project.Path());
+    Start();
+    const auto import = [&](const CString& folder, const ModalAction& answer) {
+        const ExpectModal choice(ChooseFile(folder));
+        const ExpectModal dialog(answer);
+        Key(Qt::Key_J, Qt::ControlModifier | Qt::ShiftModifier);
+    };
+    import(elsewhere.Path(L"规范"), [](QWidget* window) {
+        EXPECT_EQ(Control<QListWidget>(window, ControlId::ImportNames)->count(), 2);
+    Click(window, IDCANCEL);
+});
+    import(elsewhere.Path(), [](QWidget* window) {
+        const auto* const list = Control<QListWidget>(window, ControlId::ImportNames);
+    ASSERT_EQ(list->count(), 2);
+    EXPECT_EQ(FromQString(list->item(0)->text()), L"b") << "without its identity";
+    Click(window, IDOK);
+    } // namespace
+);
+EXPECT_EQ(Listed(), (CStringArray{L"a", L"b", L"c"}));
+EXPECT_EQ(Selected(), (CStringArray{L"b", L"c"}));
+const TemporaryFolder empty;
+const ExpectModal choice(ChooseFile(empty.Path()));
+Key(Qt::Key_J, Qt::ControlModifier | Qt::ShiftModifier);
+EXPECT_EQ(BarText(ControlId::ErrorBar), L"文件夹中没有样式文件: " + empty.Path());
 }
 
 TEST_F(StyleCommandsTest, WhatIsImportedIsSelected)

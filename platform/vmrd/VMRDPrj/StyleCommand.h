@@ -19,7 +19,8 @@ enum StyleCommand : unsigned {
     kCommandSaveAsTemplate = 4110,
     kCommandDeletedStyles = 4111,
     kCommandReload = 4112,
-    kCommandsOfEditor = 4201, // and those above
+    kCommandImportProject = 4113, // all styles of another project's folder
+    kCommandsOfEditor = 4201,     // and those above
 };
 
 // A column that an editor brings for the list of the style manager.

@@ -53,6 +53,12 @@ std::optional<CString> CStyleEditor::Find(const CStyle&, const CString&, const C
     return std::nullopt;
 }
 
+std::vector<std::optional<designspec::StyleChanges>>
+CStyleEditor::ChangesFrom(const CString&, const CArray<GUID>& ids)
+{
+    return std::vector<std::optional<designspec::StyleChanges>>(ids.size());
+}
+
 CString CStyleEditor::RunOwn(unsigned, const CArray<GUID>&)
 {
     return {};

@@ -13,6 +13,16 @@
 
 class CMenu;
 
+namespace designspec {
+
+// What a style of a file would change in the library's one of its identity, for people.
+struct StyleChanges {
+    CString inOneLine; // empty: nothing
+    CStringArray all;  // a line for each value
+};
+
+} // namespace designspec
+
 class AFX_EXT_CLASS CStyleEditor : public CObject {
     DECLARE_DYNAMIC(CStyleEditor)
 
@@ -82,6 +92,11 @@ public:
     // editor edits and its own commands save it takes down by itself.
     virtual void BeginUndo() {}
     virtual void EndUndo(const CString&) {}
+
+    // For each of the file's styles of those identities; nothing for one that the library has not,
+    // and where the editor cannot tell.
+    virtual std::vector<std::optional<designspec::StyleChanges>>
+    ChangesFrom(const CString& path, const CArray<GUID>& ids);
 
     // What the last command saved, when it can be taken back; else empty.
     virtual CString UndoText() const { return {}; }
