@@ -1,21 +1,14 @@
-// The colours of diagrams, made of those of the window.
+// The colours of diagrams.
 #pragma once
 
-#include <QColor>
-#include <QPalette>
+#include "platform/drawing/DrawingColours.h"
 
 namespace roadcheck {
 
-struct DiagramColours {
+struct DiagramColours : designspec::DrawingColours {
     explicit DiagramColours(const QPalette& palette);
 
-    QColor ground, text, hint;
-    QColor grid, zero;     // lines at round numbers, and that at 0
     QColor band, bandEdge; // what the limits leave
-    QColor highlight, highlightedText;
 };
-
-// Those of paper, for pictures that are put into documents.
-QPalette PaperPalette();
 
 } // namespace roadcheck

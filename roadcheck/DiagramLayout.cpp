@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "base/AxisTicks.h"
 #include "platform/mfc/QtText.h"
-#include "roads/AxisTicks.h"
 #include "roads/Checking.h"
 
 using namespace designspec;

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/AxisTicks.h"
 #include "platform/mfc/QtText.h"
-#include "roads/AxisTicks.h"
 
 using namespace designspec;
 

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/AxisTicks.h"
 #include "platform/mfc/QtText.h"
 #include "roadcheck/SeverityMark.h"
 #include "roadcheck/ThinnedLines.h"
-#include "roads/AxisTicks.h"
 
 using namespace designspec;
 

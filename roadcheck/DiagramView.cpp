@@ -4,17 +4,14 @@
 #include <cmath>
 
 #include <QApplication>
-#include <QBuffer>
-#include <QFontInfo>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QSvgGenerator>
 #include <QToolTip>
 #include <QWheelEvent>
 
-#include "base/File.h"
+#include "platform/drawing/PictureFile.h"
 #include "platform/mfc/QtText.h"
 #include "roadcheck/DiagramPicture.h"
 
@@ -294,47 +291,10 @@ void DiagramView::keyPressEvent(QKeyEvent* event)
 
 bool DiagramView::SavePicture(const QString& file)
 {
-    const bool isSvg = file.endsWith(QStringLiteral(".svg"), Qt::CaseInsensitive);
-    const bool isPng = file.endsWith(QStringLiteral(".png"), Qt::CaseInsensitive);
-    if (!isSvg && !isPng) return false;
-    const QByteArray bytes = isSvg ? SvgPicture() : PngPicture();
-    Problems problems;
-    return !bytes.isEmpty() &&
-           WriteWholeFile(FromQString(file), {bytes.constData(), static_cast<size_t>(bytes.size())},
-                          problems);
-}
-
-// Twice as fine as the screen: it is printed.
-QByteArray DiagramView::PngPicture() const
-{
-    const double scale = 2 * devicePixelRatioF();
-    QImage image((QSizeF(size()) * scale).toSize(), QImage::Format_RGB32);
-    image.setDevicePixelRatio(scale);
-    {
-        QPainter painter(&image);
-        DiagramPicture(m_content, m_range, size(), font(), PaperPalette()).Paint(painter);
-    }
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    return image.save(&buffer, "PNG") ? bytes : QByteArray();
-}
-
-QByteArray DiagramView::SvgPicture() const
-{
-    QFont inPixels = font(); // whatever the resolution of the file
-    inPixels.setPixelSize(QFontInfo(font()).pixelSize());
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    QSvgGenerator generator;
-    generator.setOutputDevice(&buffer);
-    generator.setSize(size());
-    generator.setViewBox(rect());
-    generator.setResolution(logicalDpiX());
-    QPainter painter(&generator);
-    DiagramPicture(m_content, m_range, size(), inPixels, PaperPalette()).Paint(painter);
-    return painter.end() ? bytes : QByteArray();
+    const auto draw = [this](QPainter& painter, const QFont& font) {
+        DiagramPicture(m_content, m_range, size(), font, PaperPalette()).Paint(painter);
+    };
+    return PictureFile(*this, draw).Save(file);
 }
 
 } // namespace roadcheck

@@ -69,8 +69,6 @@ private:
     void SetCursorPlace(std::optional<QPointF> point);
     bool ShowMarkToolTip(const QPoint& point, const QPoint& global);
     std::optional<double> CursorPlace(const DiagramPicture& picture) const;
-    QByteArray PngPicture() const;
-    QByteArray SvgPicture() const;
 
     DiagramContent m_content;
     StationRange m_range;

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
+#include "base/AxisTicks.h"
 #include "base/Format.h"
 #include "base/Html.h"
 #include "base/Text.h"
-#include "roads/AxisTicks.h"
 #include "roads/Checking.h"
 #include "roads/Diagram.h"
 

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/AxisTicks.h"
 #include "base/Format.h"
 #include "base/Number.h"
 #include "base/Text.h"
-#include "roads/AxisTicks.h"
 
 using namespace designspec;
 

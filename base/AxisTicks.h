@@ -3,17 +3,15 @@
 
 #include <vector>
 
-#include "base/Export.h"
-
-namespace roadcheck {
+namespace designspec {
 
 // The least distance of round numbers, 1, 2 or 5 times a power of ten, of which no more than `most`
 // (1 when less) fit into the range (above 0).
-AFX_EXT_API double StepOf(double range, double most);
+double StepOf(double range, double most);
 // The multiples of the step (above 0) between both, in order. One that is off by a millionth of a
 // step, as sums are, counts.
-AFX_EXT_API std::vector<double> MultiplesOf(double step, double low, double high);
+std::vector<double> MultiplesOf(double step, double low, double high);
 // How many decimals tell the multiples of the step apart.
-AFX_EXT_API int DecimalsOf(double step);
+int DecimalsOf(double step);
 
-} // namespace roadcheck
+} // namespace designspec

@@ -1,11 +1,11 @@
-#include "roads/AxisTicks.h"
+#include "base/AxisTicks.h"
 
 #include <cmath>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-namespace roadcheck {
+namespace designspec {
 
 using testing::DoubleEq;
 using testing::ElementsAre;
@@ -38,4 +38,4 @@ TEST(AxisTicks, AreToldApartByTheirDecimals)
     EXPECT_EQ(DecimalsOf(0.02), 2);
 }
 
-} // namespace roadcheck
+} // namespace designspec

@@ -1,9 +1,9 @@
-#include "roads/AxisTicks.h"
+#include "base/AxisTicks.h"
 
 #include <algorithm>
 #include <cmath>
 
-namespace roadcheck {
+namespace designspec {
 
 double StepOf(double range, double most)
 {
@@ -29,4 +29,4 @@ int DecimalsOf(double step)
     return std::max(0, static_cast<int>(-std::floor(std::log10(step) + 1e-9)));
 }
 
-} // namespace roadcheck
+} // namespace designspec
