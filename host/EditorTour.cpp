@@ -248,9 +248,21 @@ void EditorTour::ShowPages(QDialog* dialog, QTreeWidget* tree)
 void EditorTour::ShowPage(QDialog* dialog, const QString& page)
 {
     Show(dialog, page);
+    ShowSwitched(dialog, page);
     for (QTableView* table : Usable<QTableView>(*dialog))
         ShowMenu(table, page);
     ShowSource(dialog);
+}
+
+// What buttons show while they are down.
+void EditorTour::ShowSwitched(QDialog* dialog, const QString& page)
+{
+    for (QPushButton* button : Usable<QPushButton>(*dialog)) {
+        if (!button->isCheckable() || button->isChecked()) continue;
+        button->click();
+        Show(dialog, page + u'-' + button->text().section(u'(', 0, 0));
+        button->click();
+    }
 }
 
 void EditorTour::ShowMenu(QAbstractItemView* table, const QString& page)

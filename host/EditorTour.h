@@ -39,6 +39,7 @@ private:
     void ShowEditing(QDialog* dialog, const QString& name);
     void ShowPages(QDialog* dialog, QTreeWidget* tree);
     void ShowPage(QDialog* dialog, const QString& page);
+    void ShowSwitched(QDialog* dialog, const QString& page);
     void ShowMenu(QAbstractItemView* table, const QString& page);
     void ShowInputDialogs(QAbstractItemView* table, const QStringList& items);
     void ShowSource(QDialog* dialog);

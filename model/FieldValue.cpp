@@ -54,9 +54,14 @@ CString ReadableText(const Field& field, const Value& value, const CString& unit
     if (field.kind == FieldKind::Bool) return text == L"0" ? L"否" : L"是";
     if (text.empty()) return L"(未填)";
     if (text == L"0" && field.zeroMeans) return Format(L"0 (%s)", CString(field.zeroMeans));
-    if (unit.empty()) return text;
-    if (unit == L"1/n") return L"1/" + text;
-    return text + (unit == L"%" ? L"" : L" ") + unit;
+    return WithUnit(text, unit);
+}
+
+CString WithUnit(const CString& number, const CString& unit)
+{
+    if (unit.empty()) return number;
+    if (unit == L"1/n") return L"1/" + number;
+    return number + (unit == L"%" ? L"" : L" ") + unit;
 }
 
 CString ParseValue(const Field& field, const CString& text, const CString& what, Value& value)

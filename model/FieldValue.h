@@ -22,6 +22,9 @@ AFX_EXT_API CString ValueText(const Field& field, const void* object);
 AFX_EXT_API CString ReadableText(const Field& field, const Value& value);
 AFX_EXT_API CString ReadableText(const Field& field, const Value& value, const CString& unit);
 
+// A number with its unit: 250 m, 6%, 1/150.
+AFX_EXT_API CString WithUnit(const CString& number, const CString& unit);
+
 // Reads a value of the field's kind. Returns what is wrong with the text, for people, who know the
 // value as `what`; an empty text when `value` was read. Texts are trimmed, save for keys.
 AFX_EXT_API CString ParseValue(const Field& field, const CString& text, const CString& what,

@@ -8,6 +8,7 @@
 #include "base/CaptionIndex.h"
 #include "base/Format.h"
 #include "base/Number.h"
+#include "base/Text.h"
 #include "model/Outliers.h"
 
 namespace designspec {
@@ -125,6 +126,12 @@ Numbers NumbersOf(const Value& value)
     return numbers;
 }
 
+// What is beyond is no limit, and no axis could show it beside others.
+bool IsDrawable(double number)
+{
+    return std::abs(number) < 1e15;
+}
+
 // Makes the curves of one table.
 class CurveMaking {
 public:
@@ -210,7 +217,7 @@ private:
         const Numbers up = At(m_form.up, line, column);
         if (across.size() != (m_form.isSteps ? 2U : 1U) || up.size() != 1) return;
         const auto [from, to] = std::minmax(across.front(), across.back());
-        if (std::isfinite(from) && std::isfinite(to) && std::isfinite(up.front()))
+        if (IsDrawable(from) && IsDrawable(to) && IsDrawable(up.front()))
             points.push_back({from, to, up.front(), line, column});
     }
 
@@ -303,6 +310,11 @@ std::vector<CurveChart> Marked(const CriterionInfo& criterion, std::vector<Curve
 CString CurveAxis::Title() const
 {
     return unit.empty() ? quantity : Format(L"%s(%s)", quantity, unit);
+}
+
+CString CurveAxis::Text(double value) const
+{
+    return WithUnit(ToWide(DoubleToText(value)), unit);
 }
 
 std::vector<CurveChart> ChartsOf(const CriterionInfo& criterion, const TableLayout& table)

@@ -23,7 +23,8 @@ struct CurveAxis {
     CString quantity; // 半径
     CString unit;     // m
 
-    AFX_EXT_API CString Title() const; // 半径(m)
+    AFX_EXT_API CString Title() const;            // 半径(m)
+    AFX_EXT_API CString Text(double value) const; // 250 m
     bool operator==(const CurveAxis&) const = default;
 };
 
@@ -36,11 +37,15 @@ struct CurveChart {
     std::vector<Curve> curves;
 };
 
+// What is said of a point that is odd.
+inline constexpr wchar_t kOddValueText[] = L"与前后的值走向不符, 可能输错";
+
 // A table of a criterion's page, as it is laid out or as the page itself shows it: captions are
 // found however they are written, and a cell may be empty. By design speed there is a curve for
 // each line, and a chart for each quantity that the lines have; grade lengths stand over the
 // gradient and superelevations over the radius, with a curve for each speed, widenings over the
-// radius with a curve for each category of vehicles. Curves without a point are there as well.
+// radius with a curve for each category of vehicles. Curves without a point are there as well;
+// numbers of 1e15 and more give none.
 AFX_EXT_API std::vector<CurveChart> ChartsOf(const CriterionInfo& criterion,
                                              const TableLayout& table);
 // Those of all tables that the criterion's page has. None for a page without tables.

@@ -3,6 +3,8 @@
 #include <algorithm>
 
 #include "base/Format.h"
+#include "base/HalfWidth.h"
+#include "base/Text.h"
 #include "base/WrittenNumber.h"
 #include "model/Rules.h"
 #include "pages/RadiusRangeText.h"
@@ -10,6 +12,24 @@
 #include "platform/xtp/report/ReportControl.h"
 
 using namespace designspec;
+
+namespace {
+
+// Blanks and commas stand for the sign between the ends where there is none. Returns what is wrong.
+CString ReadTypedRange(CString text, RadiusRange& range)
+{
+    if (text.find(L'~') == CString::npos)
+        std::replace_if(
+            text.begin(), text.end(), [](wchar_t c) { return c == L' ' || c == L','; }, L'~');
+    return ReadRadiusRange(text, range);
+}
+
+CMyRecordItemValue::Values ValuesOf(const RadiusRange& range)
+{
+    return {static_cast<double>(range.min), static_cast<double>(range.max)};
+}
+
+} // namespace
 
 void CRadiusRangeItem::SetRange(int minRadius, int maxRadius)
 {
@@ -31,22 +51,23 @@ CString CRadiusRangeItem::TextOf(const Values& values) const
     return Format(L"%d~%d", static_cast<int>(values.front()), static_cast<int>(values.back()));
 }
 
+CMyRecordItemValue::Values CRadiusRangeItem::ValuesFor(const CString& text) const
+{
+    RadiusRange range;
+    const bool isRange = ReadTypedRange(Trim(ToHalfWidth(text)), range).empty();
+    return isRange ? ValuesOf(range) : Values();
+}
+
 CMyRecordItemValue::Values CRadiusRangeItem::Read(CXTPReportControl* control,
                                                   const CString& text) const
 {
     if (text.empty()) return {};
-    CString joined = text;
-    if (joined.find(L'~') == CString::npos)
-        std::replace_if(
-            joined.begin(), joined.end(), [](wchar_t c) { return c == L' ' || c == L','; }, L'~');
     RadiusRange range;
-    const CString fault = ReadRadiusRange(joined, range);
-    if (!fault.empty()) {
-        if (control)
-            control->Tell(fault);
-        else
-            MessageBox(nullptr, fault, L"提示", MB_ICONINFORMATION);
-        return {};
-    }
-    return {static_cast<double>(range.min), static_cast<double>(range.max)};
+    const CString fault = ReadTypedRange(text, range);
+    if (fault.empty()) return ValuesOf(range);
+    if (control)
+        control->Tell(fault);
+    else
+        MessageBox(nullptr, fault, L"提示", MB_ICONINFORMATION);
+    return {};
 }

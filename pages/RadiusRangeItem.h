@@ -10,6 +10,7 @@ public:
     int GetMaxRadius() const { return IsEmpty() ? 0 : static_cast<int>(GetValues().back()); }
     void SetRange(int minRadius, int maxRadius);
 
+    Values ValuesFor(const CString& text) const override;
     CString ReadPasted(const CString& text) const override;
     CString GetRule() const override;
 

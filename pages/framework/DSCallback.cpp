@@ -1,5 +1,7 @@
 #include "pages/framework/DSCallback.h"
 
+using namespace designspec;
+
 CDSCallback::~CDSCallback() = default;
 
 void CDSCallback::Activate()
@@ -27,3 +29,8 @@ CDesignSpecification* CDSCallback::Specification() const
 }
 
 void CDSCallback::TakeFrom(const CDesignSpecification&) {}
+
+const CriterionInfo* CDSCallback::Info() const
+{
+    return nullptr;
+}

@@ -6,6 +6,12 @@
 
 class CDSPage;
 
+namespace designspec {
+
+struct CriterionInfo;
+
+} // namespace designspec
+
 // Lives in its page. The order of the virtual functions is the order in which they are called on
 // from outside; it stays.
 class CDSCallback {
@@ -37,6 +43,8 @@ public:
     virtual void TakeFrom(const CDesignSpecification& specification);
     // Whether the page's values are the built-in ones as yet, whatever its data sources.
     virtual bool IsBuiltIn();
+    // What the page is for; null when that is no single criterion.
+    virtual const designspec::CriterionInfo* Info() const;
 
     // False until the page is registered with its main dialog.
     bool IsViewMode() const;

@@ -1,16 +1,21 @@
 #include "pages/framework/DSPage.h"
 
 #include <QAbstractButton>
+#include <QBoxLayout>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
+#include <QSettings>
 
 #include "app/input/InputTextDialog.h"
 #include "app/input/NumberText.h"
 #include "base/Text.h"
 #include "pages/framework/CellToolTip.h"
+#include "pages/framework/CurveView.h"
 #include "pages/framework/FamilyIcon.h"
 #include "pages/framework/FilledIcon.h"
+#include "pages/framework/GridCurves.h"
 #include "pages/framework/ReadOnlyLook.h"
 #include "pages/framework/WheelGuard.h"
 #include "platform/mfc/QtText.h"
@@ -22,6 +27,30 @@ namespace {
 constexpr wchar_t kSource[] = L"数据来源";
 constexpr wchar_t kNone[] = L"未填";
 constexpr QSize kSmallestGrid(260, 110); // a header and three rows
+const QString kCurvesText = QStringLiteral("图(&G)");
+constexpr char kCurvesShown[] = "DSMainDialog/curves"; // in the settings, for all pages
+
+// The layout that holds a widget, in `layout` or below it; null when none does.
+QBoxLayout* BoxOf(QWidget* widget, QLayout* layout)
+{
+    if (!layout) return nullptr;
+    if (layout->indexOf(widget) >= 0) return qobject_cast<QBoxLayout*>(layout);
+    for (int i = 0; i < layout->count(); ++i)
+        if (QBoxLayout* const found = BoxOf(widget, layout->itemAt(i)->layout())) return found;
+    return nullptr;
+}
+
+// What Tab comes to last in that part of a layout; null when there is nothing.
+QWidget* LastToFocus(const QLayoutItem* item)
+{
+    if (auto* const curves = qobject_cast<GridCurves*>(item->widget())) return &curves->View();
+    if (QWidget* const widget = item->widget())
+        return widget->focusPolicy() == Qt::NoFocus ? nullptr : widget;
+    const QLayout* const layout = const_cast<QLayoutItem*>(item)->layout();
+    for (int i = layout ? layout->count() : 0; i > 0; --i)
+        if (QWidget* const last = LastToFocus(layout->itemAt(i - 1))) return last;
+    return nullptr;
+}
 
 CString SourceLine(const CString& source)
 {
@@ -91,6 +120,7 @@ CString CDSPage::Explain(const CXTPReportControl& grid, const QModelIndex& index
     CString text = cell->IsEmpty() ? CString(kNone) : cell->GetReadableText();
     if (!m_sources.empty()) text += L'\n' + SourceLine(*m_sources.back().text);
     if (grid.IsAllowEdit()) text += L'\n' + RuleOf(*cell, index);
+    if (!cell->GetMark().empty()) text += L'\n' + cell->GetMark();
     return text;
 }
 
@@ -173,7 +203,84 @@ CXTPReportControl* CDSPage::CreateGrid(int placeholder, int gridId, const CStrin
     grid->GetColumns().Add(new CXTPReportColumn(0, corner, headerWidth));
     m_grids.push_back(grid);
     new CCellToolTip(grid, [this, grid](const QModelIndex& cell) { return Explain(*grid, cell); });
+    AddCurves(*grid);
     return grid;
+}
+
+void CDSPage::AddCurves(CXTPReportControl& grid)
+{
+    const CriterionInfo* const criterion = Callback().Info();
+    if (!criterion) return;
+    m_curves.push_back(new GridCurves(grid, *criterion));
+    if (!m_curvesButton) AddCurvesButton();
+    if (m_curvesButton)
+        connect(m_curvesButton, &QPushButton::toggled, m_curves.back(), &GridCurves::SetWanted);
+}
+
+// Behind the hint, in its row.
+void CDSPage::AddCurvesButton()
+{
+    QWidget* const hint = GetDlgItem(kHint);
+    QBoxLayout* box = hint ? BoxOf(hint, hint->parentWidget()->layout()) : nullptr;
+    if (!box) return;
+    QWidget* before = hint; // in the order of Tab
+    int place = box->indexOf(hint);
+    if (box->direction() == QBoxLayout::TopToBottom) {
+        auto* const row = new QHBoxLayout;
+        delete box->takeAt(place);
+        box->insertLayout(place, row);
+        row->addWidget(hint);
+        row->addStretch();
+        // Forms make what stands in no row first.
+        if (QWidget* const above = place > 0 ? LastToFocus(box->itemAt(place - 1)) : nullptr)
+            before = above;
+        box = row;
+        place = 0;
+    }
+    m_curvesButton = new QPushButton(kCurvesText, hint->parentWidget());
+    m_curvesButton->setProperty(kControlIdProperty, kCurves);
+    m_curvesButton->setCheckable(true);
+    m_curvesButton->setAutoDefault(false);
+    m_curvesButton->setFixedWidth(m_curvesButton->fontMetrics().horizontalAdvance(kCurvesText) +
+                                  m_curvesButton->sizeHint().height());
+    m_curvesButton->setToolTip(QStringLiteral("在表格旁画出它的曲线; 窗口放不下时不显示"));
+    box->insertWidget(place + 1, m_curvesButton);
+    const Qt::FocusPolicy policy = before->focusPolicy();
+    before->setFocusPolicy(Qt::TabFocus); // what takes no focus has no place in the order
+    setTabOrder(before, m_curvesButton);
+    before->setFocusPolicy(policy);
+    connect(m_curvesButton, &QPushButton::clicked, this, [this](bool checked) {
+        QSettings().setValue(kCurvesShown, checked);
+        MakeRoomForCurves();
+    });
+}
+
+// The window gets higher where the screen has room for that.
+void CDSPage::MakeRoomForCurves()
+{
+    int missing = 0;
+    for (const GridCurves* curves : m_curves)
+        missing += curves->MissingHeight();
+    QWidget* const all = window();
+    const QRect free = all->screen()->availableGeometry();
+    const QRect outer = all->frameGeometry();
+    if (missing == 0 || !isVisible() || all->isMaximized() ||
+        outer.height() + missing > free.height())
+        return;
+    all->resize(all->width(), all->height() + missing);
+    const int beyond = outer.bottom() + missing - free.bottom();
+    if (beyond > 0) all->move(all->x(), all->y() - beyond);
+}
+
+// As it was left on whatever page.
+void CDSPage::showEvent(QShowEvent* event)
+{
+    CDialog::showEvent(event);
+    if (!m_curvesButton) return;
+    m_curvesButton->setChecked(QSettings().value(kCurvesShown).toBool());
+    // Not before the page has its size.
+    QMetaObject::invokeMethod(
+        this, [this] { MakeRoomForCurves(); }, Qt::QueuedConnection);
 }
 
 void CDSPage::EnableByCheck(int checkBox, std::initializer_list<int> controls)

@@ -23,6 +23,14 @@
 #include "platform/mfc/Dialog.h"
 #include "platform/xtp/report/ReportControl.h"
 
+class QPushButton;
+
+namespace designspec {
+
+class GridCurves;
+
+} // namespace designspec
+
 class CDSPage : public CDialog {
 public:
     // Controls that most pages with a grid have.
@@ -30,6 +38,7 @@ public:
     static constexpr int kSourceButton = 118;
     static constexpr int kHint = 119;
     static constexpr int kGrid = 10001;
+    static constexpr int kCurves = 130; // 图, which pages with tables get beside their hint
 
     explicit CDSPage(UINT nIDTemplate);
 
@@ -91,6 +100,7 @@ protected:
     virtual CString RuleOf(const CMyRecordItemValue& cell, const QModelIndex& index) const;
 
     bool OnInitDialog() override;
+    void showEvent(QShowEvent* event) override;
 
 private:
     struct Source {
@@ -107,6 +117,9 @@ private:
     };
     void OpenSource(CString& text);
     CString Explain(const CXTPReportControl& grid, const QModelIndex& index) const;
+    void AddCurves(CXTPReportControl& grid);
+    void AddCurvesButton();
+    void MakeRoomForCurves();
 
     QIcon m_bookIcon;
     QIcon m_filledBook;
@@ -114,6 +127,8 @@ private:
     std::vector<Limit> m_limits;
     std::vector<Check> m_checks;
     std::vector<CXTPReportControl*> m_grids;
+    std::vector<designspec::GridCurves*> m_curves;
+    QPushButton* m_curvesButton = nullptr; // null without tables
     std::vector<int> m_locked;
     std::vector<int> m_hints{kHint};
     int m_refused = 0;

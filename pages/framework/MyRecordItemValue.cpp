@@ -1,5 +1,6 @@
 #include "pages/framework/MyRecordItemValue.h"
 
+#include "base/HalfWidth.h"
 #include "base/Text.h"
 #include "base/WrittenNumber.h"
 #include "model/Rules.h"
@@ -11,6 +12,11 @@ using namespace designspec;
 void CMyRecordItemValue::OnEditChanged(CXTPReportControl* control, const CString& newText)
 {
     SetValues(Read(control, Trim(newText)));
+}
+
+CMyRecordItemValue::Values CMyRecordItemValue::ValuesFor(const CString& text) const
+{
+    return Read(nullptr, Trim(ToHalfWidth(text)));
 }
 
 CString CMyRecordItemValue::ReadPasted(const CString& text) const

@@ -18,6 +18,10 @@ public:
     // Bad input empties the cell, without a word unless Read has one.
     void OnEditChanged(CXTPReportControl* control, const CString& newText) override;
 
+    const Values& GetValues() const { return m_values; }
+    // The values that the cell would have from such a text; nobody is told what is wrong with it.
+    virtual Values ValuesFor(const CString& text) const;
+
     // The unit that may stand behind a pasted number; metres until it is said.
     void SetUnit(const wchar_t* unit) { m_unit = unit; }
     CString ReadPasted(const CString& text) const override;
@@ -33,7 +37,6 @@ public:
 
 protected:
     void SetValues(Values values);
-    const Values& GetValues() const { return m_values; }
     const wchar_t* GetUnit() const { return m_unit; }
 
     // The text that shows the values; it is only asked when there are some.

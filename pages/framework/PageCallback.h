@@ -1,6 +1,7 @@
 // The callback of a page whose criterion is one member of a specification.
 #pragma once
 
+#include "model/Criteria.h"
 #include "pages/framework/CriterionPage.h"
 
 template <auto Member> class CDSPageCallback;
@@ -73,6 +74,17 @@ public:
             if (field.kind == designspec::FieldKind::Text) // a data source
                 field.Of<CString>(&builtIn) = field.Of<CString>(&now);
         return isWhole && now == builtIn;
+    }
+
+    const designspec::CriterionInfo* Info() const override
+    {
+        std::size_t place = 0, own = 0;
+        designspec::ForEachCriterion([&](const auto& one) {
+            if constexpr (std::is_same_v<decltype(one.member), Criterion CDesignSpecification::*>)
+                if (one.member == Member) own = place;
+            ++place;
+        });
+        return &designspec::Criteria()[own];
     }
 
 private:

@@ -41,13 +41,15 @@ protected:
         EXPECT_TRUE(titles.try_emplace(name, window->windowTitle().toStdString()).second) << name;
         if (window->windowTitle() != QStringLiteral("设计规范") || name == "新建" || name == "查找")
             return;
-        pages.push_back(name);
-        EXPECT_TRUE(name.ends_with("-" + SelectedItem(window))) << name;
+        const bool isSwitched = name.ends_with("-图");
+        (isSwitched ? curves : pages).push_back(name);
+        const std::string page = "-" + SelectedItem(window) + (isSwitched ? "-图" : "");
+        EXPECT_TRUE(name.ends_with(page)) << name;
     }
 
     std::string file; // of the specification, before the tour
     std::map<std::string, std::string> titles;
-    std::vector<std::string> pages;
+    std::vector<std::string> pages, curves;
 };
 
 TEST_F(EditorTourTest, ShowsEachPageAsItIsEdited)
@@ -59,6 +61,8 @@ TEST_F(EditorTourTest, ShowsEachPageAsItIsEdited)
                          "纵断-最大合成坡度", "纵断-纵坡最大坡长", "纵断-纵坡最小坡长",
                          "纵断-竖曲线最小半径和长度", "超高加宽-超高规范", "超高加宽-超高",
                          "超高加宽-加宽"}));
+    EXPECT_EQ(curves.size(), 12U); // all but that of straight lines have tables
+    EXPECT_EQ(curves.front(), "平面-圆曲线半径-图");
 }
 
 TEST_F(EditorTourTest, ShowsASearch)

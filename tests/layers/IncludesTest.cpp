@@ -52,7 +52,7 @@ const std::map<std::string, Folders> kMayInclude = {
      {"base", "model", "platform/mfc", "platform/vmrd/VMRDControls", "platform/vmrd/VmHFCBaseU"}},
     {"pages/framework",
      {"app/input", "base", "library", "model", "platform/mfc", "platform/windows/gui",
-      "platform/xtp/report", "platform/vmrd/VMRDPub",
+      "platform/drawing", "platform/xtp/report", "platform/vmrd/VMRDPub",
       "platform/vmrd/VmHFCBaseU"}},
     {"pages",
      {"app/input", "base", "model", "pages/framework", "platform/mfc", "platform/xtp/report",

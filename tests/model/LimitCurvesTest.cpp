@@ -61,6 +61,7 @@ TEST(LimitCurves, StandOverTheDesignSpeedForEachLine)
     ASSERT_THAT(charts, SizeIs(1));
     EXPECT_EQ(charts[0].across.Title(), L"设计车速(km/h)");
     EXPECT_EQ(charts[0].up.Title(), L"半径(m)");
+    EXPECT_EQ(charts[0].up.Text(250), L"250 m");
     EXPECT_FALSE(charts[0].isSteps);
     EXPECT_EQ(Names(charts[0]),
               (CStringArray{L"不设超高最小半径", L"设超高推荐半径", L"设超高最小半径"}));
@@ -85,6 +86,8 @@ TEST(LimitCurves, HaveAChartForEachQuantity)
     ASSERT_THAT(maxima, SizeIs(2));
     EXPECT_EQ(maxima[0].up.Title(), L"超高(%)");
     EXPECT_EQ(maxima[1].up.Title(), L"渐变率(1/n)");
+    EXPECT_EQ(maxima[0].up.Text(6), L"6%");
+    EXPECT_EQ(maxima[1].up.Text(150), L"1/150");
     EXPECT_THAT(maxima[1].curves, SizeIs(2));
 }
 

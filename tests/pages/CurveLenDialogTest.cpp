@@ -34,7 +34,7 @@ TEST_F(CurveLenDialog, ShowsTheBuiltInLimitsBeforeAnythingIsLoaded)
     EXPECT_EQ(TextOf(118), "");
     EXPECT_FALSE(IsShown(106));
     EXPECT_EQ(TheGrid()->GetRecords().GetCount(), 2);
-    EXPECT_EQ(TabOrder(), "10001 118");
+    EXPECT_EQ(TabOrder(), "10001 130 118");
     EXPECT_EQ(TheGrid()->ShownColumn(0)->GetWidth(), 120);
     EXPECT_EQ(TheGrid()->ShownColumn(1)->GetWidth(), 40);
 }

@@ -44,7 +44,7 @@ TEST_F(LonGradDialog, ShowsTheBuiltInLimitsBeforeAnythingIsLoaded)
     EXPECT_EQ(TextOf(119), "在右键菜单中添加或删除车速");
     EXPECT_EQ(TextOf(118), "");
     EXPECT_FALSE(IsShown(106));
-    EXPECT_EQ(TabOrder(), "10001 118 110 104 109");
+    EXPECT_EQ(TabOrder(), "10001 130 118 110 104 109");
     EXPECT_EQ(TheGrid()->ShownColumn(0)->GetWidth(), 130);
     EXPECT_EQ(TheGrid()->ShownColumn(1)->GetWidth(), 40);
 }

@@ -93,7 +93,7 @@ TEST_F(LonGradLenDialog, ShowsTheBuiltInLimitsBeforeAnythingIsLoaded)
     EXPECT_TRUE(HasLabel("最大坡长(m):"));
     EXPECT_EQ(TextOf(119), "在右键菜单中添加或删除车速和坡度");
     EXPECT_FALSE(IsShown(106));
-    EXPECT_EQ(TabOrder(), "10001 118");
+    EXPECT_EQ(TabOrder(), "10001 130 118");
     EXPECT_EQ(TheGrid()->ShownColumn(0)->GetWidth(), 120);
     EXPECT_EQ(TheGrid()->ShownColumn(1)->GetWidth(), 40);
 }

@@ -207,7 +207,7 @@ TEST_F(MaxSuperElevPage, TheSnowValueIsAPlainPositiveWholeNumber)
     Load(TwoSpeeds());
     Click(&m_page, 121);
     EXPECT_TRUE(IsEnabled(120));
-    EXPECT_EQ(TabOrder(), "118 10001 121 120");
+    EXPECT_EQ(TabOrder(), "118 10001 121 120 130");
     for (const wchar_t* text : {L"06", L"+6", L"6.0", L"0", L"", L"-6", L"6a"}) {
         TypeInto(&m_page, 120, text);
         EXPECT_EQ(Fault(), "积雪冰冻地区最大超高必须为大于0的正整数!") << ToUtf8(text);

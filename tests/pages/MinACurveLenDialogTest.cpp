@@ -31,7 +31,7 @@ TEST_F(MinACurveLenDialog, ShowsTheBuiltInLimitsBeforeAnythingIsLoaded)
     EXPECT_EQ(TheGrid()->GetRecords().GetCount(), 1);
     EXPECT_EQ(TextOf(118), "");
     EXPECT_FALSE(IsShown(106));
-    EXPECT_EQ(TabOrder(), "10001 118");
+    EXPECT_EQ(TabOrder(), "10001 130 118");
     EXPECT_EQ(TheGrid()->ShownColumn(0)->GetWidth(), 95);
     EXPECT_EQ(TheGrid()->ShownColumn(1)->GetWidth(), 50);
 }

@@ -105,6 +105,8 @@ signals:
     void RowRightClick(CXTPReportRecord* record, CXTPReportColumn* column, QPoint globalPos);
     // Right button on the header; null right of the last column.
     void HeaderRightClick(CXTPReportColumn* column, QPoint globalPos);
+    // The text in a cell's editor is another one; the cell does not have it yet.
+    void Typing(const QModelIndex& cell, const QString& text);
     // A step was undone or redone; the grid is populated.
     void UndoDone();
 

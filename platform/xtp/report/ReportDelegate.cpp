@@ -22,6 +22,17 @@ void GrowWithText(QLineEdit* editor)
     if (wanted > editor->width()) editor->resize(std::min(wanted, room), editor->height());
 }
 
+// In the upper right corner, like a note in a spreadsheet.
+void DrawMark(QPainter* painter, const QRect& cell, const QFontMetrics& font)
+{
+    const int side = font.height() / 2;
+    const QPoint corner = cell.topRight() + QPoint(1, 0);
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(QColor(213, 94, 0)); // stands out of light and dark cells
+    painter->drawPolygon(QPolygon({corner - QPoint(side, 0), corner, corner + QPoint(0, side)}));
+}
+
 QPalette::ColorGroup GroupOf(const QStyleOptionViewItem& option)
 {
     if (!(option.state & QStyle::State_Enabled)) return QPalette::Disabled;
@@ -57,10 +68,12 @@ void ReportDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
 
     painter->save();
     painter->setFont(option.font);
-    if (const auto* item = m_control->ItemAt(index))
+    if (const auto* item = m_control->ItemAt(index)) {
         item->Draw(*painter, rect, palette, selected);
-    else
+        if (!item->GetMark().empty()) DrawMark(painter, rect, option.fontMetrics);
+    } else {
         painter->fillRect(rect, selected ? palette.highlight() : palette.base());
+    }
     painter->restore();
 
     painter->save();
@@ -73,7 +86,7 @@ void ReportDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
 }
 
 QWidget* ReportDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&,
-                                      const QModelIndex&) const
+                                      const QModelIndex& index) const
 {
     auto* const editor = new QLineEdit(parent);
     editor->setFrame(false);
@@ -81,6 +94,10 @@ QWidget* ReportDelegate::createEditor(QWidget* parent, const QStyleOptionViewIte
     editor->setTextMargins(kEditorMargin, 0, kEditorMargin, 0);
     editor->setContextMenuPolicy(Qt::NoContextMenu); // a right click is for the grid
     connect(editor, &QLineEdit::textChanged, editor, [editor] { GrowWithText(editor); });
+    connect(editor, &QLineEdit::textEdited, m_control,
+            [control = m_control, cell = QPersistentModelIndex(index)](const QString& text) {
+                emit control->Typing(cell, text);
+            });
     // Back from another window by a click on something else, the editor has no focus to lose.
     m_leftOpen = false;
     connect(qApp, &QApplication::focusChanged, editor, [this, editor](QWidget*, QWidget* now) {

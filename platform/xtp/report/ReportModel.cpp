@@ -16,6 +16,12 @@ QString ShownLines(const CString& text)
     return lines.join(u'\n');
 }
 
+CString TipOf(const CXTPReportRecordItem& item)
+{
+    const CString& mark = item.GetMark();
+    return mark.empty() ? item.GetExactText() : item.GetExactText() + L"\n" + mark;
+}
+
 } // namespace
 
 ReportModel::ReportModel(CXTPReportControl* control)
@@ -70,7 +76,8 @@ QVariant ReportModel::data(const QModelIndex& index, int role) const
     const CXTPReportRecordItem* const item = Item(index);
     if (!item) return {};
     // The tool tip shows in full what the column may be too narrow for.
-    if (role == Qt::ToolTipRole) return ToToolTip(ShownLines(item->GetExactText()));
+    if (role == Qt::ToolTipRole) return ToToolTip(ShownLines(TipOf(*item)));
+    if (role == Qt::AccessibleDescriptionRole) return ToQString(item->GetMark());
     if (role == Qt::DisplayRole || role == Qt::EditRole) return ToQString(item->GetCaption());
     return {};
 }

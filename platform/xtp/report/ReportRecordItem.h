@@ -45,6 +45,11 @@ public:
     bool IsEditable() const { return m_editable; }
     void SetEditable(bool editable) { m_editable = editable; }
 
+    // What may be wrong with the value, for people: a corner of the cell shows that there is
+    // something, and the tool tip what. Empty: nothing. No part of the state that undo keeps.
+    const CString& GetMark() const { return m_mark; }
+    void SetMark(const CString& mark) { m_mark = mark; }
+
     // The user has entered `newText`, by editing, pasting or deleting; full-width digits and
     // signs are ASCII already. The cell decides what becomes of it; here it is the caption.
     virtual void OnEditChanged(CXTPReportControl* control, const CString& newText);
@@ -64,6 +69,7 @@ public:
 
 private:
     CString m_caption;
+    CString m_mark;
     unsigned m_itemData = 0;
     bool m_editable = true;
 };
