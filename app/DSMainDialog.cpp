@@ -11,6 +11,7 @@
 #include <QTreeWidget>
 
 #include "app/BuiltInMarks.h"
+#include "app/CompareCurvesDialog.h"
 #include "app/PagePlace.h"
 #include "app/SearchPane.h"
 #include "app/ShownPages.h"
@@ -356,6 +357,15 @@ void CDSMainDialog::GoTo(const SearchHit& hit, bool enter)
         QWidget* const place = GoToPlace(*page.window, hit, enter);
         if (place && m_scroll) m_scroll->ensureWidgetVisible(place);
     }
+}
+
+void CDSMainDialog::AskCompared(bool wanted)
+{
+    const CDesignSpecification edited = Entered(Trim(GetDlgItemText(kName)));
+    CCompareCurvesDialog dialog(edited, this);
+    if (wanted && dialog.DoModal() != IDOK) return;
+    for (const Page& page : m_pages)
+        page.window->CompareCurves(wanted ? dialog.Chosen() : nullptr, dialog.Title());
 }
 
 // Also what Tab reaches from outside of the page.

@@ -25,6 +25,7 @@ public:
 
     bool IsViewMode() const override { return m_viewMode; }
     void SelectPage(const CDSCallback* callback) override;
+    void AskCompared(bool wanted) override;
 
     // Esc and the window's own button: asks when something was changed; 取消 is meant as it is.
     void reject() override;

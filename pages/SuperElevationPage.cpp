@@ -7,6 +7,7 @@
 
 #include "base/Format.h"
 #include "base/Number.h"
+#include "model/PageLayout.h"
 #include "model/Rules.h"
 #include "pages/RadiusRangeItem.h"
 #include "platform/mfc/QtText.h"
@@ -71,6 +72,12 @@ void CSuperElevationPage::InitPage()
          }});
     m_list = GetDlgItem<QListWidget>(kList);
     connect(m_list, &QListWidget::currentRowChanged, this, [this] { OnSelected(); });
+}
+
+CString CSuperElevationPage::TableHeading() const
+{
+    const Field& tables = *FindField(CDSSuperElevation::Fields(), L"definitions");
+    return InForm(*FindField(tables.RowFields(), L"maxSuperElev"), Format(L"%d", m_current));
 }
 
 // Load and store

@@ -46,6 +46,7 @@ public:
 
 protected:
     void InitPage() override;
+    CString TableHeading() const override;
 
 private:
     using Rows = GrowArray<SuperElevSpeedRow>;

@@ -14,6 +14,7 @@
 
 #include "base/File.h"
 #include "platform/arx/Frame.h"
+#include "platform/mfc/FileChoice.h"
 #include "platform/mfc/GuideSection.h"
 #include "platform/mfc/MessageBox.h"
 #include "platform/mfc/QtText.h"
@@ -349,16 +350,11 @@ void RoadCheckWindow::ShowLimit(int finding)
 // Filters with one ending each; the file gets that of the chosen one unless its name has another.
 QString RoadCheckWindow::AskFileToSave(const QString& title, const QStringList& filters) const
 {
-    const auto endingOf = [](const QString& filter) {
-        return filter.section(QStringLiteral("*."), 1).chopped(1);
-    };
     const QFileInfo file(m_path);
     QFileDialog asking(window(), title, file.path(), filters.join(QStringLiteral(";;")));
     asking.setAcceptMode(QFileDialog::AcceptSave);
-    asking.setDefaultSuffix(endingOf(filters.front()));
+    TakeEndingOfFilter(asking);
     asking.selectFile(file.completeBaseName());
-    connect(&asking, &QFileDialog::filterSelected, &asking,
-            [&](const QString& filter) { asking.setDefaultSuffix(endingOf(filter)); });
     return asking.exec() == QDialog::Accepted ? asking.selectedFiles().value(0) : QString();
 }
 

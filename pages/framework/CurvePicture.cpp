@@ -12,6 +12,8 @@ namespace {
 
 constexpr double kLineWidth = 1.5; // of the lines that letters are made of
 constexpr int kShapes = 4;
+constexpr double kLeastLines = 6; // of text, in the height of a picture
+constexpr double kRoomyLines = 8; // from here on the axis across has a line for its title
 
 // Told apart also by those who see few colours.
 constexpr QRgb kColours[] = {0x0072B2, 0xD55E00, 0x009E73, 0xCC79A7,
@@ -31,6 +33,15 @@ std::pair<double, double> Widened(double low, double high, double part)
     return {low - room, high + room};
 }
 
+// What a curve has at a place; null when that is nothing. Of several points the last one counts.
+const CurvePoint* PointOver(const Curve& curve, double at, bool isSteps)
+{
+    const CurvePoint* over = nullptr;
+    for (const CurvePoint& point : curve.points)
+        if (isSteps ? point.at <= at && at < point.end : point.at == at) over = &point;
+    return over;
+}
+
 double Distance(const QPointF& a, const QPointF& b)
 {
     return std::hypot(a.x() - b.x(), a.y() - b.y());
@@ -46,6 +57,8 @@ CurvePicture::CurvePicture(const CurveContent& content, const QSizeF& size, cons
     for (const CurveChart& chart : content.charts) {
         Place& place = m_places.emplace_back();
         place.chart = &chart;
+        for (const CurveChart& one : content.compared)
+            if (one.up == chart.up) place.compared = &one;
         for (const Curve& curve : chart.curves) {
             place.legend.push_back({&curve, index++, {}});
             m_isEmpty = m_isEmpty && curve.points.empty();
@@ -60,17 +73,26 @@ CurvePicture::CurvePicture(const CurveContent& content, const QSizeF& size, cons
 
 QSizeF CurvePicture::LeastSize(const QFontMetricsF& font)
 {
-    return {font.averageCharWidth() * 24, font.height() * 8.5};
+    return {font.averageCharWidth() * 20, font.height() * kLeastLines};
 }
 
 // Ranges of the axes
+
+std::vector<const Curve*> CurvePicture::CurvesOf(const Place& place)
+{
+    std::vector<const Curve*> curves;
+    for (const CurveChart* const chart : {place.chart, place.compared})
+        for (std::size_t i = 0; chart && i < chart->curves.size(); ++i)
+            curves.push_back(&chart->curves[i]);
+    return curves;
+}
 
 void CurvePicture::SpanAcross()
 {
     double low = HUGE_VAL, high = -HUGE_VAL;
     for (const Place& place : m_places)
-        for (const Curve& curve : place.chart->curves)
-            for (const CurvePoint& point : curve.points) {
+        for (const Curve* const curve : CurvesOf(place))
+            for (const CurvePoint& point : curve->points) {
                 low = std::min(low, point.at);
                 high = std::max(high, point.end);
             }
@@ -81,8 +103,8 @@ void CurvePicture::SpanAcross()
 void CurvePicture::SpanUp(Place& place) const
 {
     double low = HUGE_VAL, high = -HUGE_VAL;
-    for (const Curve& curve : place.chart->curves)
-        for (const CurvePoint& point : curve.points) {
+    for (const Curve* const curve : CurvesOf(place))
+        for (const CurvePoint& point : curve->points) {
             low = std::min(low, point.value);
             high = std::max(high, point.value);
         }
@@ -109,22 +131,26 @@ void CurvePicture::LayOutHeaders()
 {
     const double row = m_metrics.height() * 1.15;
     const double marker = m_metrics.height();
+    QFont bold = m_font;
+    bold.setBold(true);
+    const QFontMetricsF title(bold);
     for (Place& place : m_places) {
-        QFont bold = m_font;
-        bold.setBold(true);
-        double x = m_left + QFontMetricsF(bold).horizontalAdvance(
-                                ToQString(place.chart->up.Title() + L"  "));
+        double x = m_left + title.horizontalAdvance(ToQString(place.chart->up.Title() + L"  "));
         double y = 0;
-        for (Entry& entry : place.legend) {
+        const auto put = [&](const CString& name) {
             const double wanted =
-                marker + m_metrics.horizontalAdvance(ToQString(entry.curve->name)) + marker / 2;
+                marker + m_metrics.horizontalAdvance(ToQString(name)) + marker / 2;
             if (x + wanted > m_right + marker / 2 && x > m_left) {
                 x = m_left;
                 y += row;
             }
-            entry.place = QRectF(x, y, std::min(wanted, m_right - x), row);
+            const QRectF entry(x, y, std::min(wanted, m_right - x), row);
             x += wanted;
-        }
+            return entry;
+        };
+        for (Entry& entry : place.legend)
+            entry.place = put(entry.curve->name);
+        if (place.compared) place.comparedEntry = put(m_content.comparedName);
         place.header = QRectF(m_left, 0, m_right - m_left, y + row);
     }
 }
@@ -133,7 +159,9 @@ void CurvePicture::LayOutPlots()
 {
     const double line = m_metrics.height();
     const double gap = line * 0.4;
-    m_axis = QRectF(0, m_size.height() - line * 2.2, m_size.width(), line * 2.2);
+    m_isRoomy = m_size.height() >= kRoomyLines * line;
+    const double axis = line * (m_isRoomy ? 2.2 : 1.2);
+    m_axis = QRectF(0, m_size.height() - axis, m_size.width(), axis);
     m_right = m_size.width() - 2 * gap;
     double labels = 0; // the width depends on the step, the step hardly on the width
     for (Place& place : m_places) {
@@ -156,6 +184,7 @@ void CurvePicture::LayOutPlots()
         place.header.moveTop(top);
         for (Entry& entry : place.legend)
             entry.place.translate(0, top);
+        place.comparedEntry.translate(0, top);
         place.plot = QRectF(m_left, place.header.bottom() + gap / 2, m_right - m_left, height);
         top = place.plot.bottom() + gap / 2;
     }
@@ -185,6 +214,7 @@ void CurvePicture::Paint(QPainter& painter) const
     }
     PaintAxis(painter);
     for (const Place& place : m_places) {
+        if (place.compared) PaintCompared(painter, place);
         for (const Entry& entry : place.legend)
             PaintCurve(painter, place, entry);
         for (const Entry& entry : place.legend)
@@ -205,18 +235,24 @@ void CurvePicture::PaintHeader(QPainter& painter, const Place& place) const
         QRectF(place.header.topLeft(), QSizeF(place.header.width(), m_metrics.height() * 1.15)),
         Qt::AlignLeft | Qt::AlignVCenter, ToQString(place.chart->up.Title()));
     painter.setFont(m_font);
-    for (const Entry& entry : place.legend) {
-        const double side = m_metrics.height();
-        const QPointF middle(entry.place.left() + side / 2, entry.place.center().y());
-        painter.setPen(QPen(ColourOf(entry.index), kLineWidth * m_metrics.lineWidth()));
+    const double side = m_metrics.height();
+    const auto paint = [&](const QRectF& room, const QPen& pen, const CString& name) {
+        const QPointF middle(room.left() + side / 2, room.center().y());
+        painter.setPen(pen);
         painter.drawLine(middle - QPointF(side * 0.45, 0), middle + QPointF(side * 0.45, 0));
-        if (!place.chart->isSteps) PaintMarker(painter, middle, entry.index);
+        const QRectF text = room.adjusted(side * 1.1, 0, 0, 0);
         painter.setPen(m_colours.text);
-        const QRectF text = entry.place.adjusted(side * 1.1, 0, 0, 0);
-        painter.drawText(
-            text, Qt::AlignLeft | Qt::AlignVCenter,
-            m_metrics.elidedText(ToQString(entry.curve->name), Qt::ElideRight, text.width()));
+        painter.drawText(text, Qt::AlignLeft | Qt::AlignVCenter,
+                         m_metrics.elidedText(ToQString(name), Qt::ElideRight, text.width()));
+        return middle;
+    };
+    for (const Entry& entry : place.legend) {
+        const QPen pen(ColourOf(entry.index), kLineWidth * m_metrics.lineWidth());
+        const QPointF middle = paint(entry.place, pen, entry.curve->name);
+        if (!place.chart->isSteps) PaintMarker(painter, middle, entry.index);
     }
+    if (place.compared)
+        paint(place.comparedEntry, QPen(m_colours.hint, 1, Qt::DashLine), m_content.comparedName);
 }
 
 // At round values.
@@ -250,7 +286,11 @@ double CurvePicture::StepAcross() const
 // Lines through all charts, below them the numbers and what they are.
 void CurvePicture::PaintAxis(QPainter& painter) const
 {
-    const double line = m_metrics.height();
+    const double line = m_metrics.height() * 1.1;
+    const QString title = ToQString(m_places.front().chart->across.Title());
+    QRectF titlePlace(m_left, m_axis.top() + (m_isRoomy ? line - 2 : 0), m_right - m_left, line);
+    if (!m_isRoomy) // behind the numbers, the last of which give way
+        titlePlace.setLeft(m_right - m_metrics.horizontalAdvance(title) - line / 2);
     const double step = StepAcross();
     for (const double at : MultiplesOf(step, m_from, m_to)) {
         const double x = std::round(X(at));
@@ -260,29 +300,48 @@ void CurvePicture::PaintAxis(QPainter& painter) const
         painter.setPen(m_colours.hint);
         const QString text = NumberText(at, step);
         const double width = m_metrics.horizontalAdvance(text) + 2;
-        painter.drawText(QRectF(x - width / 2, m_axis.top(), width, line * 1.1), Qt::AlignCenter,
-                         text);
+        const QRectF place(x - width / 2, m_axis.top(), width, line);
+        if (m_isRoomy || place.right() < titlePlace.left())
+            painter.drawText(place, Qt::AlignCenter, text);
     }
     painter.setPen(m_colours.text);
-    painter.drawText(QRectF(m_left, m_axis.top() + line, m_right - m_left, line * 1.1),
-                     Qt::AlignCenter, ToQString(m_places.front().chart->across.Title()));
+    constexpr int kMiddle = Qt::AlignCenter, kEnd = Qt::AlignRight | Qt::AlignVCenter;
+    painter.drawText(titlePlace, m_isRoomy ? kMiddle : kEnd, title);
 }
 
 void CurvePicture::PaintCurve(QPainter& painter, const Place& place, const Entry& entry) const
 {
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing, !place.chart->isSteps);
     painter.setPen(QPen(ColourOf(entry.index), kLineWidth * m_metrics.lineWidth()));
+    PaintPath(painter, place, *entry.curve);
+    if (place.chart->isSteps) return;
+    for (const CurvePoint& point : entry.curve->points)
+        PaintMarker(painter, {X(point.at), place.Y(point.value)}, entry.index);
+}
+
+// In the colour of the curve of the same name.
+void CurvePicture::PaintCompared(QPainter& painter, const Place& place) const
+{
+    for (const Curve& curve : place.compared->curves) {
+        QColor colour = m_colours.hint;
+        for (const Entry& entry : place.legend)
+            if (entry.curve->name == curve.name) colour = ColourOf(entry.index);
+        painter.setPen(QPen(colour, m_metrics.lineWidth(), Qt::DashLine));
+        PaintPath(painter, place, curve);
+    }
+}
+
+void CurvePicture::PaintPath(QPainter& painter, const Place& place, const Curve& curve) const
+{
+    painter.save();
     painter.setBrush(Qt::NoBrush);
+    painter.setRenderHint(QPainter::Antialiasing, !place.chart->isSteps);
     if (place.chart->isSteps) {
-        PaintSteps(painter, place, *entry.curve);
+        PaintSteps(painter, place, curve);
     } else {
         QPolygonF line;
-        for (const CurvePoint& point : entry.curve->points)
+        for (const CurvePoint& point : curve.points)
             line << QPointF(X(point.at), place.Y(point.value));
         painter.drawPolyline(line);
-        for (const QPointF& point : line)
-            PaintMarker(painter, point, entry.index);
     }
     painter.restore();
 }
@@ -362,8 +421,8 @@ std::optional<double> CurvePicture::ShownAt(double x) const
     if (m_places.front().chart->isSteps) return std::round(at);
     std::optional<double> nearest;
     for (const Place& place : m_places)
-        for (const Curve& curve : place.chart->curves)
-            for (const CurvePoint& point : curve.points)
+        for (const Curve* const curve : CurvesOf(place))
+            for (const CurvePoint& point : curve->points)
                 if (!nearest || std::abs(point.at - at) < std::abs(*nearest - at))
                     nearest = point.at;
     return nearest;
@@ -373,18 +432,38 @@ std::vector<CurvePicture::Line> CurvePicture::Lines(double at) const
 {
     const CurveAxis& across = m_places.front().chart->across;
     std::vector<Line> lines{{ToQString(across.quantity + L" " + across.Text(at)), -1}};
-    for (const Place& place : m_places)
-        for (const Entry& entry : place.legend)
-            for (const CurvePoint& point : entry.curve->points) {
-                const bool isHere =
-                    place.chart->isSteps ? point.at <= at && at < point.end : point.at == at;
-                if (!isHere) continue;
-                const CString value = place.chart->up.Text(point.value);
-                const CString slip = point.isOdd ? L" (可能输错)" : L"";
-                lines.push_back({ToQString(entry.curve->name + L": " + value + slip),
-                                 static_cast<int>(entry.index)});
-            }
+    for (const Place& place : m_places) {
+        for (const Entry& entry : place.legend) {
+            const CurvePoint* const point = PointOver(*entry.curve, at, place.chart->isSteps);
+            const CString other = ComparedValue(place, entry.curve->name, at);
+            if (!point && other.empty()) continue;
+            CString text = entry.curve->name + L": ";
+            text += point ? place.chart->up.Text(point->value) : L"—";
+            if (point && point->isOdd) text += L" (可能输错)";
+            lines.push_back({ToQString(text + other), static_cast<int>(entry.index)});
+        }
+        for (std::size_t i = 0; place.compared && i < place.compared->curves.size(); ++i) {
+            const CString& name = place.compared->curves[i].name;
+            const CString other = ComparedValue(place, name, at);
+            const bool isAlone =
+                std::none_of(place.legend.begin(), place.legend.end(),
+                             [&name](const Entry& entry) { return entry.curve->name == name; });
+            if (isAlone && !other.empty()) lines.push_back({ToQString(name + L": —" + other), -1});
+        }
+    }
     return lines;
+}
+
+// Behind the own value; empty when there is none.
+CString CurvePicture::ComparedValue(const Place& place, const CString& name, double at) const
+{
+    if (!place.compared) return {};
+    for (const Curve& curve : place.compared->curves) {
+        const CurvePoint* const point = PointOver(curve, at, place.chart->isSteps);
+        if (curve.name == name && point)
+            return L"，" + m_content.comparedName + L": " + place.chart->up.Text(point->value);
+    }
+    return {};
 }
 
 QString CurvePicture::Readout(double x) const

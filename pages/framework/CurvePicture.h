@@ -22,7 +22,10 @@ struct CurveCell {
 
 struct CurveContent {
     std::vector<CurveChart> charts;
-    std::optional<CurveCell> current; // the cell that keys act on
+    std::optional<CurveCell> current = {}; // the cell that keys act on
+    // The same table of another specification, dashed behind; none without a name.
+    std::vector<CurveChart> compared = {};
+    CString comparedName = {};
 };
 
 class CurvePicture {
@@ -56,7 +59,9 @@ private:
     };
     struct Place {
         const CurveChart* chart;
+        const CurveChart* compared = nullptr; // of the same quantity
         std::vector<Entry> legend;
+        QRectF comparedEntry = {}; // of the legend too
         QRectF header, plot;
         double low = 0, high = 1, step = 1;
 
@@ -70,6 +75,7 @@ private:
         int index; // of a curve's colour; -1: none
     };
 
+    static std::vector<const Curve*> CurvesOf(const Place& place); // those compared with as well
     void SpanAcross();
     void SpanUp(Place& place) const;
     void LayOutHeaders();
@@ -86,6 +92,9 @@ private:
     void PaintAxis(QPainter& painter) const;
     void PaintCurve(QPainter& painter, const Place& place, const Entry& entry) const;
     void PaintSteps(QPainter& painter, const Place& place, const Curve& curve) const;
+    void PaintPath(QPainter& painter, const Place& place, const Curve& curve) const;
+    void PaintCompared(QPainter& painter, const Place& place) const;
+    CString ComparedValue(const Place& place, const CString& name, double at) const;
     void PaintMarks(QPainter& painter, const Place& place, const Entry& entry) const;
     void PaintMarker(QPainter& painter, const QPointF& middle, std::size_t index) const;
     bool IsCurrent(const CurvePoint& point) const;
@@ -96,6 +105,7 @@ private:
     const QFontMetricsF m_metrics;
     const DrawingColours m_colours;
     bool m_isEmpty = true;
+    bool m_isRoomy = true;
     double m_from = 0, m_to = 1; // across
     double m_left = 0, m_right = 1;
     QRectF m_axis;

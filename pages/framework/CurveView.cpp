@@ -3,11 +3,18 @@
 #include <algorithm>
 #include <cmath>
 
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
 #include <QHelpEvent>
 #include <QKeyEvent>
+#include <QMenu>
+#include <QMimeData>
 #include <QMouseEvent>
 #include <QToolTip>
 
+#include "platform/mfc/FileChoice.h"
+#include "platform/mfc/MessageBox.h"
 #include "platform/mfc/QtText.h"
 
 namespace designspec {
@@ -175,7 +182,9 @@ void CurveView::keyPressEvent(QKeyEvent* event)
 {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     const bool isPlain = !(event->modifiers() & ~Qt::KeypadModifier);
-    if (isPlain && enter && Find(FilledCurves(m_content), m_content.current))
+    if (event->matches(QKeySequence::Copy))
+        CopyPicture();
+    else if (isPlain && enter && Find(FilledCurves(m_content), m_content.current))
         emit Chosen(*m_content.current);
     else if (!isPlain || !Move(event->key()))
         QWidget::keyPressEvent(event);
@@ -198,6 +207,56 @@ bool CurveView::Move(int key)
     setAccessibleDescription(Readout());
     emit Moved(cell);
     return true;
+}
+
+// Pictures
+
+PictureFile CurveView::File() const
+{
+    CurveContent content = m_content;
+    content.current.reset(); // nobody works on paper
+    return PictureFile(*this, [this, content](QPainter& painter, const QFont& inFont) {
+        CurvePicture(content, size(), inFont, PaperPalette()).Paint(painter);
+    });
+}
+
+bool CurveView::SavePicture(const QString& file) const
+{
+    return File().Save(file);
+}
+
+void CurveView::CopyPicture() const
+{
+    auto* const both = new QMimeData;
+    both->setImageData(File().Image());
+    both->setData(QStringLiteral("image/svg+xml"), File().Svg());
+    QApplication::clipboard()->setMimeData(both);
+}
+
+void CurveView::AskAndSave()
+{
+    const QString path = AskFileToSave(this, QStringLiteral("保存图"),
+                                       QStringLiteral("图片 (*.png);;矢量图 (*.svg)"),
+                                       QStringLiteral("png"), m_fileName, IfThere::Ask);
+    if (!path.isEmpty() && !SavePicture(path))
+        MessageBox(this, L"图没有写入: " + FromQString(path), L"提示", MB_ICONERROR);
+}
+
+void CurveView::contextMenuEvent(QContextMenuEvent* event)
+{
+    QMenu menu(this);
+    const bool isCompared = !m_content.comparedName.empty();
+    menu.addAction(QStringLiteral("与其他规范比较…"), this, [this] { emit CompareWanted(true); });
+    menu.addAction(QStringLiteral("不再比较"), this, [this] { emit CompareWanted(false); })
+        ->setEnabled(isCompared);
+    menu.addSeparator();
+    menu.addAction(QStringLiteral("复制图"), QKeySequence(QKeySequence::Copy), this,
+                   [this] { CopyPicture(); });
+    menu.addAction(QStringLiteral("保存图…"), this, [this] { AskAndSave(); });
+    const bool isByKey = event->reason() == QContextMenuEvent::Keyboard;
+    m_cursor.reset(); // the mouse goes elsewhere
+    update();
+    menu.exec(isByKey ? mapToGlobal(rect().center()) : event->globalPos());
 }
 
 void CurveView::focusInEvent(QFocusEvent* event)

@@ -4,6 +4,7 @@
 #include <QWidget>
 
 #include "pages/framework/CurvePicture.h"
+#include "platform/drawing/PictureFile.h"
 
 namespace designspec {
 
@@ -25,7 +26,17 @@ public:
     QSize sizeHint() const override { return minimumSizeHint(); }
     QSize minimumSizeHint() const override;
 
+    // What is shown, on white, as .png or .svg by the ending of the name. False when it could not
+    // be written.
+    bool SavePicture(const QString& file) const;
+    // The same onto the clipboard, in both forms.
+    void CopyPicture() const;
+    // A name for its file; that of the page.
+    void SetFileName(const QString& name) { m_fileName = name; }
+
 signals:
+    // The person wants to compare with another specification, or no more.
+    void CompareWanted(bool wanted);
     // Keys have gone to the point of that cell.
     void Moved(CurveCell cell);
     // The person wants to see the cell.
@@ -37,6 +48,7 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void leaveEvent(QEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
@@ -46,9 +58,12 @@ private:
     std::optional<double> ReadAt(const CurvePicture& picture) const;
     bool ShowToolTipAt(const QPoint& place, const QPoint& global);
     bool Move(int key);
+    PictureFile File() const;
+    void AskAndSave();
 
     CurveContent m_content;
     std::optional<QPointF> m_cursor; // of the mouse
+    QString m_fileName;
 };
 
 } // namespace designspec

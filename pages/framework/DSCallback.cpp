@@ -34,3 +34,8 @@ const CriterionInfo* CDSCallback::Info() const
 {
     return nullptr;
 }
+
+void CDSCallback::AskCompared(bool wanted)
+{
+    if (m_pMainDialog) m_pMainDialog->AskCompared(wanted);
+}

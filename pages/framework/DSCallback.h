@@ -48,6 +48,8 @@ public:
 
     // False until the page is registered with its main dialog.
     bool IsViewMode() const;
+    // The user wants curves to be compared with another specification, or no more.
+    void AskCompared(bool wanted);
     void SetMainDialog(CPageHost* mainDialog) { m_pMainDialog = mainDialog; }
 
 protected:

@@ -211,10 +211,18 @@ void CDSPage::AddCurves(CXTPReportControl& grid)
 {
     const CriterionInfo* const criterion = Callback().Info();
     if (!criterion) return;
-    m_curves.push_back(new GridCurves(grid, *criterion));
+    m_curves.push_back(new GridCurves(grid, *criterion, [this] { return TableHeading(); }));
+    connect(&m_curves.back()->View(), &CurveView::CompareWanted, this,
+            [this](bool wanted) { Callback().AskCompared(wanted); });
     if (!m_curvesButton) AddCurvesButton();
     if (m_curvesButton)
         connect(m_curvesButton, &QPushButton::toggled, m_curves.back(), &GridCurves::SetWanted);
+}
+
+void CDSPage::CompareCurves(const CDesignSpecification* other, const CString& name)
+{
+    for (GridCurves* curves : m_curves)
+        curves->Compare(other, name);
 }
 
 // Behind the hint, in its row.

@@ -57,6 +57,8 @@ public:
     void InOneStep(const std::function<void()>& change);
     // The buttons of the data sources tell whether there is one, and which.
     void ShowSources();
+    // Draws the curves of that specification dashed behind those of the page; null: none.
+    void CompareCurves(const CDesignSpecification* other, const CString& name);
     // Puts the focus where the last Refuse found fault, into the offending cell of a grid.
     void FocusRefused();
 
@@ -98,6 +100,8 @@ protected:
 
     // What a value of that cell must be for 确定, in the words that refuse another one.
     virtual CString RuleOf(const CMyRecordItemValue& cell, const QModelIndex& index) const;
+    // Of the table that the grid shows, where the page has several; as it is laid out.
+    virtual CString TableHeading() const { return {}; }
 
     bool OnInitDialog() override;
     void showEvent(QShowEvent* event) override;

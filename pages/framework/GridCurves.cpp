@@ -29,9 +29,10 @@ std::optional<Value> ToValue(const CMyRecordItemValue::Values& values)
 
 } // namespace
 
-GridCurves::GridCurves(CXTPReportControl& grid, const CriterionInfo& criterion)
+GridCurves::GridCurves(CXTPReportControl& grid, const CriterionInfo& criterion,
+                       std::function<CString()> heading)
     : QWidget(grid.parentWidget()), m_grid(grid), m_criterion(criterion),
-      m_view(new CurveView(this))
+      m_heading(std::move(heading)), m_view(new CurveView(this))
 {
     setSizePolicy(grid.sizePolicy());
     setMinimumSize(grid.minimumSize());
@@ -41,6 +42,7 @@ GridCurves::GridCurves(CXTPReportControl& grid, const CriterionInfo& criterion)
     grid.setParent(this);
     grid.installEventFilter(this);
     setTabOrder(&grid, m_view);
+    m_view->SetFileName(ToQString(criterion.label));
     m_view->hide();
     Follow();
     show();
@@ -157,12 +159,22 @@ void GridCurves::OnChanged()
 
 void GridCurves::Show(const std::vector<CurveChart>& charts)
 {
-    CurveContent content{charts, {}};
+    CurveContent content{charts};
+    for (const CurveChart& chart : m_compared)
+        if (chart.heading == m_heading()) content.compared.push_back(chart);
+    content.comparedName = m_comparedName;
     const QModelIndex current = m_grid.currentIndex();
     if (current.isValid() && current.column() > 0)
         content.current = {static_cast<std::size_t>(current.row()),
                            static_cast<std::size_t>(current.column()) - 1};
     m_view->Show(std::move(content));
+}
+
+void GridCurves::Compare(const CDesignSpecification* other, const CString& name)
+{
+    m_compared = other ? ChartsOf(m_criterion, *other) : std::vector<CurveChart>();
+    m_comparedName = other ? name : CString();
+    ShowCurrent();
 }
 
 void GridCurves::ShowCurrent()
@@ -199,6 +211,7 @@ TableLayout GridCurves::Table() const
 {
     const QAbstractItemModel& model = *m_grid.model();
     TableLayout table;
+    table.heading = m_heading();
     for (int column = 1; column < model.columnCount(); ++column)
         table.columns.emplace_back(m_grid.ShownColumn(column)->GetCaption());
     for (int row = 0; row < model.rowCount(); ++row) {

@@ -2,6 +2,8 @@
 // grid than it needs for all its cells.
 #pragma once
 
+#include <functional>
+
 #include <QPersistentModelIndex>
 #include <QWidget>
 
@@ -20,8 +22,12 @@ class GridCurves : public QWidget {
 
 public:
     // Takes the grid's place in the layout that holds it, and the grid.
-    GridCurves(CXTPReportControl& grid, const CriterionInfo& criterion);
+    // `heading` tells which of several tables the grid shows, as they are laid out.
+    GridCurves(CXTPReportControl& grid, const CriterionInfo& criterion,
+               std::function<CString()> heading);
 
+    // Draws the same table of that specification dashed behind; null: none.
+    void Compare(const CDesignSpecification* other, const CString& name);
     // Whether curves are to be shown, where there is room for them.
     void SetWanted(bool wanted);
     // How much higher this has to be to show the curves that are wanted; 0 when they are shown.
@@ -50,7 +56,10 @@ private:
 
     CXTPReportControl& m_grid;
     const CriterionInfo& m_criterion;
+    const std::function<CString()> m_heading;
     CurveView* m_view;
+    std::vector<CurveChart> m_compared; // of all tables of the page
+    CString m_comparedName;
     bool m_isWanted = false;
     QPersistentModelIndex m_typedCell; // whose text is being typed
     CString m_typed;

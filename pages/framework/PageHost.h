@@ -10,6 +10,10 @@ public:
     // Selects the tree item of the page that the callback belongs to.
     virtual void SelectPage(const CDSCallback* callback) = 0;
 
+    // Lets the user choose the specification that curves of all pages are compared with; not
+    // wanted: there is none from now on.
+    virtual void AskCompared(bool /*wanted*/) {}
+
 protected:
     ~CPageHost() = default;
 };

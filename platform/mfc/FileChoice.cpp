@@ -36,11 +36,22 @@ QString AskFileToSave(QWidget* owner, const QString& title, const QString& filte
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setOption(QFileDialog::DontConfirmOverwrite, ifThere == IfThere::TakeIt);
     dialog.setDefaultSuffix(ending);
+    if (filter.contains(QStringLiteral(";;"))) TakeEndingOfFilter(dialog);
     dialog.selectFile(QString(proposed).replace(u'/', u'-') + u'.' + ending);
     const QString path = Run(dialog);
     // Of a name like 规范1.5 the part behind the point is no ending.
     static const QRegularExpression kHasEnding(QStringLiteral("\\.[A-Za-z][A-Za-z0-9]*$"));
-    return path.isEmpty() || path.contains(kHasEnding) ? path : path + u'.' + ending;
+    return path.isEmpty() || path.contains(kHasEnding) ? path
+                                                       : path + u'.' + dialog.defaultSuffix();
+}
+
+void TakeEndingOfFilter(QFileDialog& dialog)
+{
+    const auto take = [&dialog](const QString& filter) {
+        dialog.setDefaultSuffix(filter.section(QStringLiteral("*."), 1).chopped(1));
+    };
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, take);
+    take(dialog.selectedNameFilter());
 }
 
 QString AskFolder(QWidget* owner, const QString& title, const QString& start)

@@ -1,7 +1,11 @@
 // Mouse and keys on the curves of a small table, and what is shown then.
 #include "pages/framework/CurveView.h"
 
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
 #include <QHelpEvent>
+#include <QMimeData>
 #include <QSignalSpy>
 #include <QTest>
 #include <QToolTip>
@@ -9,6 +13,8 @@
 #include <gtest/gtest.h>
 
 #include "platform/mfc/QtText.h"
+#include "tests/gui/Modal.h"
+#include "tests/support/TemporaryFolder.h"
 
 using namespace designspec;
 
@@ -181,6 +187,96 @@ TEST_F(CurveViewTest, SaysThatThereIsNothing)
     Press(Qt::Key_Left);
     EXPECT_TRUE(moved.empty());
     EXPECT_NE(view.grab().toImage(), full);
+}
+
+// The same table elsewhere, with a curve that this one has not.
+CurveContent Compared()
+{
+    CurveContent content = Radii();
+    content.comparedName = L"乙";
+    content.compared = {content.charts[0]};
+    content.compared[0].curves[0].points[2].value = 170;
+    content.compared[0].curves[1].name = L"其他";
+    return content;
+}
+
+TEST_F(CurveViewTest, DrawsAnotherSpecificationBehind)
+{
+    const QImage alone = view.grab().toImage();
+    view.Show(Compared());
+    EXPECT_NE(view.grab().toImage(), alone);
+    QTest::mouseMove(&view, view.PlaceOf({0, 0}));
+    EXPECT_EQ(Read(), "设计车速 80 km/h\n一般: 100 m，乙: 170 m\n极限: 60 m\n其他: —，乙: 60 m");
+    // Its values have room too.
+    EXPECT_GT(view.PlaceOf({0, 1}).y(), view.PlaceOf({2, 1}).y() - view.height());
+    view.Show(Radii());
+    EXPECT_EQ(Read(), "设计车速 80 km/h\n一般: 100 m\n极限: 60 m");
+}
+
+TEST_F(CurveViewTest, SavesWhatItShowsOnWhite)
+{
+    QPalette dark;
+    dark.setColor(QPalette::Base, Qt::black);
+    dark.setColor(QPalette::Text, Qt::white);
+    view.setPalette(dark);
+    const TemporaryFolder folder;
+    const auto path = [&folder](const wchar_t* name) { return ToQString(folder.Path(name)); };
+    ASSERT_TRUE(view.SavePicture(path(L"图.png")));
+    const QImage png(path(L"图.png"));
+    EXPECT_EQ(png.size(), view.size() * 2 * view.devicePixelRatioF());
+    EXPECT_EQ(png.pixelColor(3, 3), QColor(Qt::white));
+    ASSERT_TRUE(view.SavePicture(path(L"图.svg")));
+    const std::string svg = folder.Read("图.svg");
+    EXPECT_NE(svg.find("<svg"), std::string::npos);
+    EXPECT_NE(svg.find("<text"), std::string::npos); // as text, not as lines
+    EXPECT_FALSE(view.SavePicture(path(L"图.gif")));
+    EXPECT_FALSE(view.SavePicture(path(L"没有/图.png")));
+}
+
+TEST_F(CurveViewTest, CopiesWhatItShows)
+{
+    QTest::keyClick(&view, Qt::Key_C, Qt::ControlModifier);
+    const QMimeData* const data = QApplication::clipboard()->mimeData();
+    EXPECT_EQ(data->imageData().value<QImage>().size(), view.size() * 2 * view.devicePixelRatioF());
+    EXPECT_TRUE(data->data(QStringLiteral("image/svg+xml")).contains("<svg"));
+}
+
+TEST_F(CurveViewTest, HasAMenuOfWhatElseCanBeDone)
+{
+    QSignalSpy wanted(&view, &CurveView::CompareWanted);
+    const auto choose = [this](const ModalAction& action) {
+        const ExpectModal menu(action);
+        QContextMenuEvent event(QContextMenuEvent::Mouse, {50, 50},
+                                view.mapToGlobal(QPoint(50, 50)));
+        QApplication::sendEvent(&view, &event);
+    };
+    choose([](QWidget* menu) {
+        EXPECT_EQ(MenuLines(menu),
+                  (CStringArray{L"与其他规范比较…", L"(不再比较)", L"---", L"复制图", L"保存图…"}));
+        ChooseMenuItem(menu, L"与其他规范比较…");
+    });
+    view.Show(Compared());
+    choose([](QWidget* menu) { ChooseMenuItem(menu, L"不再比较"); });
+    ASSERT_EQ(wanted.size(), 2);
+    EXPECT_TRUE(wanted[0][0].toBool());
+    EXPECT_FALSE(wanted[1][0].toBool());
+
+    const TemporaryFolder folder;
+    view.SetFileName(QStringLiteral("圆曲线半径"));
+    {
+        const ExpectModal menu([](QWidget* window) { ChooseMenuItem(window, L"保存图…"); });
+        const ExpectModal file(ChooseFile(folder.Path(L"a")));
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
+        QApplication::sendEvent(&view, &event);
+    }
+    EXPECT_FALSE(QImage(ToQString(folder.Path(L"a.png"))).isNull());
+    {
+        const ExpectModal menu([](QWidget* window) { ChooseMenuItem(window, L"保存图…"); });
+        const ExpectModal file(ChooseFile(folder.Path(L"a.gif")));
+        const ExpectMessage box(L"图没有写入: " + folder.Path(L"a.gif"), L"提示", MB_ICONERROR);
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
+        QApplication::sendEvent(&view, &event);
+    }
 }
 
 // One value, equal ones, huge ones: each has a place within the view.

@@ -307,6 +307,24 @@ TEST_F(CurvesOfSuperElevation, FollowTheTableThatIsChosenAndRangesThatAreTyped)
     EXPECT_EQ(Values(L"50 km/h"), "4 3 2");
 }
 
+TEST_F(CurvesOfSuperElevation, AreComparedWithTheSameTable)
+{
+    Show();
+    CDesignSpecification other;
+    other.SuperElevation.definitions[1].rows[0].ranges[0].maxRadius = 500;
+    m_page.CompareCurves(&other, L"乙");
+    ASSERT_EQ(View()->Content().compared.size(), 1U);
+    EXPECT_EQ(View()->Content().compared[0].heading, L"最大超高 6%");
+    QListWidget* const list = m_page.findChild<QListWidget*>();
+    list->setFocus();
+    PressKey(list, Qt::Key_Down);
+    ASSERT_EQ(View()->Content().compared.size(), 1U);
+    EXPECT_EQ(View()->Content().compared[0].heading, L"最大超高 4%");
+    EXPECT_EQ(View()->Content().compared[0].curves[0].points[0].end, 500);
+    m_page.CompareCurves(nullptr, L"");
+    EXPECT_TRUE(View()->Content().compared.empty());
+}
+
 // Every page with tables has the button, and its curves say what they are.
 TEST(GridCurves, AreOnEveryPageWithTables)
 {
