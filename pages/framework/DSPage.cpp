@@ -59,10 +59,17 @@ CString SourceLine(const CString& source)
 
 } // namespace
 
-CDSPage::CDSPage(UINT nIDTemplate)
-    : CDialog(nIDTemplate), m_bookIcon(FamilyIcon(L"IDI_ICON_BOOK")),
-      m_filledBook(FilledIcon(m_bookIcon))
+CDSPage::CDSPage(UINT nIDTemplate) : CDialog(nIDTemplate) {}
+
+std::shared_ptr<const CDSPage::Books> CDSPage::SharedBooks()
 {
+    static std::weak_ptr<const Books> shared;
+    std::shared_ptr<const Books> books = shared.lock();
+    if (books) return books;
+    const QIcon empty = FamilyIcon(L"IDI_ICON_BOOK");
+    books = std::make_shared<const Books>(Books{empty, FilledIcon(empty)});
+    shared = books;
+    return books;
 }
 
 bool CDSPage::OnInitDialog()
@@ -72,7 +79,7 @@ bool CDSPage::OnInitDialog()
         if (!button) continue;
         button->setText(QString());
         button->setIconSize({kFamilyIconSize, kFamilyIconSize});
-        button->setIcon(m_bookIcon); // its size counts
+        button->setIcon(m_books->empty); // its size counts
         button->setFixedWidth(button->sizeHint().height());
         button->setAccessibleName(ToQString(kSource));
         connect(button, &QAbstractButton::clicked, this,
@@ -107,7 +114,7 @@ void CDSPage::ShowSources()
         auto* const button = GetDlgItem<QPushButton>(source.id);
         if (!button) continue;
         const CString told = SourceLine(*source.text);
-        button->setIcon(source.text->empty() ? m_bookIcon : m_filledBook);
+        button->setIcon(source.text->empty() ? m_books->empty : m_books->filled);
         button->setToolTip(ToToolTip(ToQString(told)));
         button->setAccessibleDescription(ToQString(told));
     }

@@ -15,6 +15,7 @@
 
 #include <functional>
 #include <initializer_list>
+#include <memory>
 
 #include <QIcon>
 
@@ -125,8 +126,13 @@ private:
     void AddCurvesButton();
     void MakeRoomForCurves();
 
-    QIcon m_bookIcon;
-    QIcon m_filledBook;
+    // Drawn once for all pages that there are: each that is drawn anew stays in Qt's cache.
+    struct Books {
+        QIcon empty, filled;
+    };
+    static std::shared_ptr<const Books> SharedBooks();
+
+    std::shared_ptr<const Books> m_books = SharedBooks();
     std::vector<Source> m_sources;
     std::vector<Limit> m_limits;
     std::vector<Check> m_checks;
