@@ -3,7 +3,7 @@ include(CMakePackageConfigHelpers)
 
 set(DESIGNSPEC_PACKAGE ${CMAKE_INSTALL_LIBDIR}/cmake/designspec)
 
-install(TARGETS designspec roadcheck EXPORT designspecTargets
+install(TARGETS designspec designspec_c roadcheck EXPORT designspecTargets
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
 
 # The headers that other modules are promised, below designspec/ so that a program's own model/ or
@@ -51,6 +51,13 @@ list(APPEND PUBLIC_HEADERS ${MODEL_HEADERS}
 list(JOIN PUBLIC_HEADERS " " PUBLIC_HEADER_LIST)
 configure_file(cmake/InstallHeaders.cmake.in ${CMAKE_BINARY_DIR}/InstallHeaders.cmake @ONLY)
 install(SCRIPT ${CMAKE_BINARY_DIR}/InstallHeaders.cmake)
+
+# For programs in C.
+install(FILES c/designspec.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+file(RELATIVE_PATH UP /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
+set(PC_INCLUDE "\${pcfiledir}/${UP}${CMAKE_INSTALL_INCLUDEDIR}")
+configure_file(cmake/designspec-c.pc.in ${CMAKE_BINARY_DIR}/designspec-c.pc @ONLY)
+install(FILES ${CMAKE_BINARY_DIR}/designspec-c.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 
 install(EXPORT designspecTargets NAMESPACE designspec:: DESTINATION ${DESIGNSPEC_PACKAGE})
 configure_package_config_file(cmake/designspecConfig.cmake.in

@@ -217,38 +217,61 @@ Outcome SpecificationFolder::Export(const CString& path, const CStringArray& nam
     return outcome;
 }
 
+namespace {
+
+ImportOutcome Unread(CXTPPropExchangeXMLNode& root)
+{
+    ImportOutcome outcome;
+    outcome.problems = root.TakeProblems();
+    return outcome;
+}
+
+CString AnyName(const CString&)
+{
+    return {};
+}
+
+} // namespace
+
 ImportOutcome SpecificationFolder::TakeIn(const CString& path, const CStringArray& names,
                                           bool overwrite)
 {
-    return TakeIn(path, names, overwrite, [](const CString&) { return CString(); });
+    CXTPPropExchangeXMLNode root(true, kStyleLibraryRoot);
+    if (!root.LoadFromFile(path.c_str())) return Unread(root);
+    return TakeIn(root, path, names, overwrite, &AnyName);
 }
 
-ImportOutcome SpecificationFolder::TakeIn(const CString& path, const CStringArray& names,
-                                          bool overwrite, CString (*nameProblem)(const CString&))
+ImportOutcome SpecificationFolder::TakeInText(std::string_view text, const CString& name)
+{
+    CXTPPropExchangeXMLNode root(true, kStyleLibraryRoot);
+    if (!root.LoadFromBytes(text, name)) return Unread(root);
+    return TakeIn(root, name, {}, true, &AnyName);
+}
+
+ImportOutcome SpecificationFolder::TakeIn(CXTPPropExchangeXMLNode& root, const CString& path,
+                                          const CStringArray& names, bool overwrite,
+                                          CString (*nameProblem)(const CString&))
 {
     ImportOutcome outcome;
-    CXTPPropExchangeXMLNode root(true, kStyleLibraryRoot);
-    outcome.read = outcome.done = root.LoadFromFile(path.c_str());
-    if (outcome.read) {
-        std::unordered_set<NoCaseKey, NoCaseKey::Hash> chosen;
-        for (const CString& name : names)
-            chosen.emplace(name);
-        const auto wanted = [&](const CString& name) {
-            return names.empty() || chosen.contains(NoCaseKey(name));
-        };
-        for (auto& one : ReadSpecifications(root, path, wanted, outcome.problems).specifications) {
-            const CString name = one.specification->Name();
-            // One without a name gets one.
-            const CString problem = name.empty() ? CString() : nameProblem(name);
-            if (!problem.empty()) {
-                AddProblem(outcome.problems, Severity::Error, path, one.line,
-                           Format(L"样式“%s”未导入: %s", name, problem));
-                outcome.done = false;
-                continue;
-            }
-            outcome.specifications.push_back(
-                TakeIn(std::move(one), path, overwrite, Severity::Note, outcome.problems));
+    outcome.read = outcome.done = true;
+    std::unordered_set<NoCaseKey, NoCaseKey::Hash> chosen;
+    for (const CString& name : names)
+        chosen.emplace(name);
+    const auto wanted = [&](const CString& name) {
+        return names.empty() || chosen.contains(NoCaseKey(name));
+    };
+    for (auto& one : ReadSpecifications(root, path, wanted, outcome.problems).specifications) {
+        const CString name = one.specification->Name();
+        // One without a name gets one.
+        const CString problem = name.empty() ? CString() : nameProblem(name);
+        if (!problem.empty()) {
+            AddProblem(outcome.problems, Severity::Error, path, one.line,
+                       Format(L"样式“%s”未导入: %s", name, problem));
+            outcome.done = false;
+            continue;
         }
+        outcome.specifications.push_back(
+            TakeIn(std::move(one), path, overwrite, Severity::Note, outcome.problems));
     }
     Append(outcome.problems, root.TakeProblems());
     return outcome;
@@ -289,7 +312,9 @@ ImportOutcome SpecificationFolder::Import(const CString& path, const CStringArra
     ImportOutcome refused;
     const auto held = Hold(refused.problems);
     if (!held) return refused;
-    ImportOutcome outcome = TakeIn(path, names, overwrite, &StyleNameProblem);
+    CXTPPropExchangeXMLNode root(true, kStyleLibraryRoot);
+    if (!root.LoadFromFile(path.c_str())) return Unread(root);
+    ImportOutcome outcome = TakeIn(root, path, names, overwrite, &StyleNameProblem);
     for (TakenSpecification& taken : outcome.specifications) {
         taken.saved = SaveTaken(taken, outcome.problems);
         outcome.done = outcome.done && taken.saved;

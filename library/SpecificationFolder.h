@@ -111,7 +111,9 @@ public:
     // there only when `overwrite` is set. Not saved. One of which a value cannot be read is not
     // taken.
     ImportOutcome TakeIn(const CString& path, const CStringArray& names, bool overwrite);
-    // The same, and saves what was added or overwritten; what a file held that is overwritten is
+    // The same of the text of such a file, which is called `name`.
+    ImportOutcome TakeInText(std::string_view text, const CString& name);
+    // As TakeIn, and saves what was added or overwritten; what a file held that is overwritten is
     // set aside. One whose name the editor would not take is not taken either. Done when all of
     // that was.
     ImportOutcome Import(const CString& path, const CStringArray& names, bool overwrite);
@@ -131,8 +133,9 @@ public:
 
 private:
     AFX_EXT_PRIVATE Outcome Read(CStringArray& files);
-    AFX_EXT_PRIVATE ImportOutcome TakeIn(const CString& path, const CStringArray& names,
-                                         bool overwrite, CString (*nameProblem)(const CString&));
+    AFX_EXT_PRIVATE ImportOutcome TakeIn(CXTPPropExchangeXMLNode& root, const CString& path,
+                                         const CStringArray& names, bool overwrite,
+                                         CString (*nameProblem)(const CString&));
     AFX_EXT_PRIVATE TakenSpecification TakeIn(ReadSpecification read, const CString& path,
                                               bool overwrite, Severity odd, Problems& problems);
     AFX_EXT_PRIVATE bool SaveTaken(const TakenSpecification& taken, Problems& problems);

@@ -5,7 +5,7 @@
 #include "base/File.h"
 #include "base/Format.h"
 #include "library/SpecificationReading.h"
-#include "library/StyleStore.h"
+#include "library/SpecificationSource.h"
 
 namespace designspec {
 
@@ -91,9 +91,7 @@ void KeepRemoved(const SpecificationFolder& folder, const CDesignSpecification& 
 {
     const CString file = RemovedFile(folder, next.ID());
     if (file.empty()) return;
-    StyleStore store;
-    store.Store(next);
-    folder.Files().KeepVersions({next.ID(), {file}}, store.Root().SaveToBytes(), problems);
+    folder.Files().KeepVersions({next.ID(), {file}}, FileTextOf(next), problems);
 }
 
 void AddNow(const SpecificationFolder& folder, const GUID& id,

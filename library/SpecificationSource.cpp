@@ -4,6 +4,7 @@
 
 #include "base/File.h"
 #include "base/Text.h"
+#include "library/StyleStore.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
 
 namespace designspec {
@@ -43,6 +44,22 @@ std::unique_ptr<SpecificationFolder> ReadSpecificationsAt(const CString& path, P
     ImportOutcome outcome = folder->TakeIn(path, {}, true);
     Append(problems, std::move(outcome.problems));
     return outcome.read ? std::move(folder) : nullptr;
+}
+
+std::unique_ptr<SpecificationFolder> ReadSpecificationsIn(std::string_view text,
+                                                          const CString& name, Problems& problems)
+{
+    auto folder = std::make_unique<SpecificationFolder>(CString());
+    ImportOutcome outcome = folder->TakeInText(text, name);
+    Append(problems, std::move(outcome.problems));
+    return outcome.read ? std::move(folder) : nullptr;
+}
+
+std::string FileTextOf(const CDesignSpecification& specification)
+{
+    StyleStore store;
+    store.Store(specification);
+    return store.Root().SaveToBytes();
 }
 
 CDesignSpecification* FindSpecification(const SpecificationFolder& folder, const CString& nameOrId)

@@ -12,6 +12,13 @@ namespace designspec {
 AFX_EXT_API std::unique_ptr<SpecificationFolder> ReadSpecificationsAt(const CString& path,
                                                                       Problems& problems);
 
+// The same of the text of a file of styles, which is called `name` where something is wrong.
+AFX_EXT_API std::unique_ptr<SpecificationFolder>
+ReadSpecificationsIn(std::string_view text, const CString& name, Problems& problems);
+
+// The text of a file of styles that holds the specification alone.
+AFX_EXT_API std::string FileTextOf(const CDesignSpecification& specification);
+
 // The specification of that name or identity; when the name is empty, the only one or the default
 // one. Null when there is none.
 AFX_EXT_API CDesignSpecification* FindSpecification(const SpecificationFolder& folder,

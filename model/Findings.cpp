@@ -70,6 +70,13 @@ std::vector<Finding> NewFindings(const std::vector<Finding>& before, std::vector
     return after;
 }
 
+std::wstring NewFault(const CDesignSpecification& before, const CDesignSpecification& after)
+{
+    for (const Finding& finding : NewFindings(Findings(before), Findings(after)))
+        if (finding.IsRefusedWhenTyped()) return finding.Line();
+    return {};
+}
+
 std::vector<Finding> Findings(const CDesignSpecification& specification)
 {
     FindingList found;

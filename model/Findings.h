@@ -41,4 +41,9 @@ AFX_EXT_API std::vector<Finding> Findings(const CDesignSpecification& specificat
 AFX_EXT_API std::vector<Finding> NewFindings(const std::vector<Finding>& before,
                                              std::vector<Finding> after);
 
+// The first fault that a change brings in, as Line() gives it: what a page of the editor would not
+// take. Empty when there is none.
+AFX_EXT_API std::wstring NewFault(const CDesignSpecification& before,
+                                  const CDesignSpecification& after);
+
 } // namespace designspec

@@ -74,14 +74,6 @@ std::vector<ValuePath> PathsOf(CDesignSpecification& specification, const ValueP
     return paths;
 }
 
-// What the editor would not take of it, and did not say before.
-CString Fault(const CDesignSpecification& before, const CDesignSpecification& after)
-{
-    for (const Finding& finding : NewFindings(Findings(before), Findings(after)))
-        if (finding.IsRefusedWhenTyped()) return finding.Line();
-    return {};
-}
-
 } // namespace
 
 Changed MadeChange(const CDesignSpecification& specification, const ManyChange& change)
@@ -90,7 +82,7 @@ Changed MadeChange(const CDesignSpecification& specification, const ManyChange& 
     for (const ValuePath& path : PathsOf(result.made, change.path)) {
         if (result.problem = ChangeValue(result.made, change, path); !result.problem.empty()) break;
     }
-    if (result.problem.empty()) result.problem = Fault(specification, result.made);
+    if (result.problem.empty()) result.problem = NewFault(specification, result.made);
     if (result.problem.empty())
         result.differences = Differences(specification, result.made);
     else

@@ -129,7 +129,7 @@ void AddPaths(std::vector<PathLabel>& paths, const CString& before, std::span<co
         if (field.kind == FieldKind::Rows)
             AddPaths(paths, path + L"[" + KeyLabel(field) + L"]", field.RowFields());
         else if (!field.isKey)
-            paths.push_back({path, field.label});
+            paths.push_back({path, field.label, &field});
     }
 }
 

@@ -44,6 +44,7 @@ AFX_EXT_API ParsedPath ParseValuePath(std::wstring_view text);
 struct PathLabel {
     CString path;
     CString label;
+    const Field* field;
 };
 AFX_EXT_API std::vector<PathLabel> PathsOf(const CriterionInfo& criterion);
 

@@ -44,6 +44,7 @@ const std::map<std::string, Folders> kMayInclude = {
     {"report", {"base", "model", "platform/vmrd/VMRDPub"}},
     {"roads", {"base", "model"}},
     {"search", {"base", "model", "platform/windows"}},
+    {"c", {"base", "library", "model", "platform/mfc", "platform/vmrd/VMRDPub", "roads"}},
     {"sheets", {"base", "model", "platform/mfc", "platform/vmrd/VMRDPub"}},
     {"cli",
      {"base", "library", "model", "platform/mfc", "platform/vmrd/VMRDPub", "report", "roads",
@@ -71,9 +72,9 @@ const std::map<std::string, Folders> kMayInclude = {
       "platform/vmrd/VMRDPub", "platform/vmrd/VmHFCBaseU"}},
 };
 
-const char* const kTopFolders[] = {"app",     "base",      "cli",   "compare",  "host",
-                                   "library", "model",     "pages", "platform", "print",
-                                   "report",  "roadcheck", "roads", "search",   "sheets"};
+const char* const kTopFolders[] = {"app",       "base",  "c",      "cli",      "compare", "host",
+                                   "library",   "model", "pages",  "platform", "print",   "report",
+                                   "roadcheck", "roads", "search", "sheets"};
 
 std::string FolderOf(const std::string& path)
 {

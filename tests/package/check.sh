@@ -46,6 +46,20 @@ SuperElevation.QuerySuperElevation: 4
 CurveWidening.QueryWidening: 0.55
 ANSWERS
 
+# A program in C needs the header and the library alone.
+libraries=$(dirname "$(find "$prefix" -name libdesignspec-c.so)")
+read -ra use < <(PKG_CONFIG_PATH=$libraries/pkgconfig pkg-config --cflags --libs designspec-c)
+# shellcheck disable=SC2086
+cc -std=c99 -Wall -Wextra -Wpedantic -Werror $flags "$source/examples/consumer-c/main.c" \
+    "${use[@]}" -Wl,-rpath,"$libraries" -o "$work/consumer-c"
+"$work/consumer-c" "$source/examples/project" >"$work/answers"
+diff -u - "$work/answers" <<'ANSWERS'
+20 km/h: 20 m
+55 km/h: 150 m
+80 km/h: 250 m
+120 km/h: no answer
+ANSWERS
+
 # The command finds the library beside it, wherever both have been put.
 mv "$prefix" "$work/moved"
 answer=$("$work/moved/bin/designspec" --project "$source/examples/project" \
