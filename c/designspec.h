@@ -266,8 +266,8 @@ DESIGNSPEC_API designspec_status designspec_table_set(designspec_table* table,
 
 /*
  * The limit for a design speed (km/h). Outside the table's speeds the nearest end answers, save
- * that UPPER has no answer above them and LOWER none below; an empty table has none. WRONG_CALL for
- * a table of the other kind.
+ * that UPPER has no answer above them, LOWER none below and EXACT neither; an empty table has none.
+ * WRONG_CALL for a table of the other kind.
  */
 DESIGNSPEC_API designspec_status designspec_query_integer(const designspec_table* table,
                                                           int32_t speed, designspec_mode mode,

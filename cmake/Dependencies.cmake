@@ -23,6 +23,12 @@ if(DESIGNSPEC_GUI)
         Svg)                                       # icons, sharp at every scale
     find_package(qpdf REQUIRED)                    # links within PDF files, which Qt cannot write
 endif()
+if(DESIGNSPEC_PYTHON)
+    # Debian's own, which finds Debian's NumPy and pandas.
+    find_program(Python_EXECUTABLE python3 PATHS /usr/bin NO_DEFAULT_PATH)
+    find_package(Python 3.11 REQUIRED COMPONENTS Interpreter Development.Module)
+    find_package(pybind11 REQUIRED)                # the Python package over the core
+endif()
 if(DESIGNSPEC_TESTS)
     find_package(GTest REQUIRED)                   # tests
     include(GoogleTest)
