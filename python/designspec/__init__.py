@@ -15,6 +15,7 @@ from ._library import Library
 from ._specification import MODES, Finding, Specification, read
 from ._table import SpeedTable
 from ._verify import ROAD_TYPES, RoadFinding, RoadReport, Unchecked, verify
+from ._work import RoadOutcome, RoadWork, outcomes_frame, road_works
 
 __all__ = [
     "MODES",
@@ -29,13 +30,17 @@ __all__ = [
     "Problem",
     "RefusedError",
     "RoadFinding",
+    "RoadOutcome",
     "RoadReport",
+    "RoadWork",
     "SpeedTable",
     "Specification",
     "Unchecked",
     "__version__",
     "apply",
     "diff",
+    "outcomes_frame",
     "read",
+    "road_works",
     "verify",
 ]

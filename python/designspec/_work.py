@@ -1,0 +1,87 @@
+"""Many roads against many specifications: pieces of work that any engine can spread."""
+
+from __future__ import annotations
+
+import os
+from dataclasses import dataclass, field
+from typing import TYPE_CHECKING, Any, Dict, Iterable, List, Mapping, Union
+
+from ._errors import Error, FileError
+from ._specification import Specification
+from ._verify import RoadReport, verify
+
+if TYPE_CHECKING:
+    import pandas
+
+
+@dataclass(frozen=True)
+class RoadWork:
+    """One road file against one specification: a plain value without a project's folder, which
+    goes to any process on any machine that can read the file."""
+
+    file: str
+    specification: bytes
+    """The text of a file (.hds) that holds it alone."""
+    options: Mapping[str, Any] = field(default_factory=dict)
+    """What verify takes besides: speed, mode, ..."""
+
+    def run(self) -> RoadOutcome:
+        """Holds the road against the specification. Raises nothing for a file that cannot be read,
+        or a call that is refused: that is the outcome."""
+        limits = Specification.from_text(self.specification)
+        try:
+            return RoadOutcome(self, limits.name, verify(self.file, limits, **self.options))
+        except FileError as error:
+            return RoadOutcome(self, limits.name, cause=str(error))
+        except Error as error:
+            return RoadOutcome(self, limits.name, cause=f"{self.file}: {error}")
+
+
+@dataclass(frozen=True)
+class RoadOutcome:
+    """What became of a piece of work."""
+
+    work: RoadWork
+    specification: str
+    """Its name."""
+    report: Union[RoadReport, None] = None
+    cause: str = ""
+    """Why there is no report; empty: there is one."""
+
+    def counts(self) -> Dict[str, int]:
+        """How many findings there are, by rule."""
+        counts: Dict[str, int] = {}
+        for one in self.report.findings if self.report else ():
+            counts[one.rule] = counts.get(one.rule, 0) + 1
+        return counts
+
+
+def road_works(
+    files: Iterable[Union[str, os.PathLike[str]]],
+    specifications: Iterable[Specification],
+    **options: Any,
+) -> List[RoadWork]:
+    """A piece of work for each file and each specification."""
+    texts = [one.to_text() for one in specifications]
+    return [RoadWork(os.fspath(file), text, options) for file in files for text in texts]
+
+
+def outcomes_frame(outcomes: Iterable[RoadOutcome]) -> pandas.DataFrame:
+    """A row for each: file, specification, errors, cause, and a column for each rule that was told
+    of any, with its count."""
+    import pandas
+
+    rows = []
+    for one in outcomes:
+        errors = one.report.errors if one.report else 0
+        row: Dict[str, Any] = {
+            "file": one.work.file,
+            "specification": one.specification,
+            "errors": errors,
+            "cause": one.cause,
+        }
+        rows.append({**row, **one.counts()})
+    frame = pandas.DataFrame(rows, columns=None if rows else ["file", "specification", "errors", "cause"])
+    rules = [one for one in frame.columns if one not in ("file", "specification", "errors", "cause")]
+    frame[rules] = frame[rules].fillna(0).astype(int)
+    return frame
