@@ -5,6 +5,7 @@
 #include "base/Format.h"
 #include "c/Objects.h"
 #include "model/Rules.h"
+#include "model/SpeedArrays.h"
 
 using namespace designspec;
 
@@ -67,16 +68,6 @@ void Fill(GrowArray<SpeedEntry<T>>& table, const int32_t* speeds, const double* 
     for (int i = 1; i < table.count; ++i)
         if (table[i - 1].speed == table[i].speed)
             RefuseCall(Format(L"车速“%d”有两次", table[i].speed));
-}
-
-template <class Answer> void Ask(size_t count, double* values, uint8_t* found, Answer answer)
-{
-    for (size_t i = 0; i < count; ++i) {
-        double value = 0;
-        const bool isFound = answer(i, value);
-        values[i] = isFound ? value : 0;
-        if (found) found[i] = isFound;
-    }
 }
 
 } // namespace
@@ -187,19 +178,11 @@ designspec_status designspec_query_many(const designspec_table* table, const int
         if (count > 0) NeedAll(speeds, values);
         const ValuePlace place = ObjectOf<TableObject>(table)->Get();
         const QueryValue::QueryMode wanted = ModeOf(mode);
-        if (const SpeedToIntValues* const whole = IntTable(place)) {
-            Ask(count, values, found, [&](size_t i, double& value) {
-                int one = 0;
-                const bool is = QueryValue::QueryIntValBySpeed(whole, speeds[i], wanted, one);
-                value = one;
-                return is;
-            });
-        } else {
-            const SpeedToDoubleValues* const decimal = DoubleTable(place);
-            Ask(count, values, found, [&](size_t i, double& value) {
-                return QueryValue::QueryDoubleValBySpeed(decimal, speeds[i], wanted, value);
-            });
-        }
+        const std::span all(speeds, count);
+        if (const SpeedToIntValues* const whole = IntTable(place))
+            QueryMany(*whole, all, wanted, 0, values, found);
+        else
+            QueryMany(*DoubleTable(place), all, wanted, 0, values, found);
     });
 }
 

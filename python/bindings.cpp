@@ -19,6 +19,7 @@
 #include "model/PageLayout.h"
 #include "model/Rules.h"
 #include "model/SpecificationValue.h"
+#include "model/SpeedArrays.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
 #include "roads/RoadJson.h"
 
@@ -289,31 +290,24 @@ constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
 
 // NaN where there is no answer. The table is copied, so that other threads may go on meanwhile.
 py::array_t<double>
-QueryMany(CDesignSpecification& specification, const std::string& path,
-          const py::array_t<std::int32_t, py::array::c_style | py::array::forcecast>& speeds,
-          int mode)
+QueryArray(CDesignSpecification& specification, const std::string& path,
+           const py::array_t<std::int32_t, py::array::c_style | py::array::forcecast>& speeds,
+           int mode)
 {
     const ValuePlace table = TablePlace(specification, path);
     const QueryValue::QueryMode wanted = ModeOf(mode);
     py::array_t<double> values(
         std::vector<py::ssize_t>(speeds.shape(), speeds.shape() + speeds.ndim()));
-    const std::int32_t* const from = speeds.data();
+    const std::span all(speeds.data(), static_cast<std::size_t>(speeds.size()));
     double* const to = values.mutable_data();
-    const py::ssize_t count = speeds.size();
     if (table.field->kind == FieldKind::IntTable) {
         const SpeedToIntValues own = table.field->Of<SpeedToIntValues>(table.object);
         const py::gil_scoped_release others;
-        for (py::ssize_t i = 0; i < count; ++i) {
-            int value = 0;
-            to[i] = QueryValue::QueryIntValBySpeed(&own, from[i], wanted, value) ? value : kNone;
-        }
+        designspec::QueryMany(own, all, wanted, kNone, to, nullptr);
     } else {
         const SpeedToDoubleValues own = table.field->Of<SpeedToDoubleValues>(table.object);
         const py::gil_scoped_release others;
-        for (py::ssize_t i = 0; i < count; ++i) {
-            double value = 0;
-            to[i] = QueryValue::QueryDoubleValBySpeed(&own, from[i], wanted, value) ? value : kNone;
-        }
+        designspec::QueryMany(own, all, wanted, kNone, to, nullptr);
     }
     return values;
 }
@@ -648,7 +642,7 @@ PYBIND11_MODULE(_designspec, module)
         .def("get", &GetValueAt)
         .def("set", &SetValueAt)
         .def("query", &QueryTable)
-        .def("query_many", &QueryMany)
+        .def("query_many", &QueryArray)
         .def("query_grade_length", &QueryGradeLength)
         .def("query_superelevation", &QuerySuperElevation)
         .def("query_widening", &QueryWidening)
