@@ -56,7 +56,7 @@ change_radius() {
     to_window '^设计规范'
     local dialog
     dialog=$(window_of '^设计规范')
-    keys Tab Tab Down Down
+    keys Tab Down Down
     click "$dialog" 425 143
     keys ctrl+a
     xdotool type --delay 20 "$2"

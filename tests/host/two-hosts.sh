@@ -63,9 +63,9 @@ open_editor() {
     keys Down Return
     to_window "$editor"
 }
-# The page of straights is the first: name, search, tree, then a check box, a number and a button for each.
-enter_longest() { enter_behind 4 "$1"; }
-enter_shortest() { enter_behind 7 "$1"; }
+# The page of straights is the first: name, tree, then a check box, a number and a button for each.
+enter_longest() { enter_behind 3 "$1"; }
+enter_shortest() { enter_behind 6 "$1"; }
 enter_behind() { # TABS NUMBER
     local i
     for ((i = 0; i < $1; i++)); do keys Tab; done

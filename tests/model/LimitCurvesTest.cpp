@@ -231,6 +231,14 @@ TEST(LimitCurves, TakeNoBuiltInLimitForASlip)
                 ElementsAre(L"城市道路 80"));
 }
 
+// A limit that an axis can show.
+bool IsDrawn(const std::optional<Value>& cell)
+{
+    if (!cell) return false;
+    const auto* const decimal = std::get_if<double>(&*cell);
+    return !decimal || std::abs(*decimal) < 1e15;
+}
+
 TEST(LimitCurves, HaveEachValueOfATableOnce)
 {
     RandomSpecification random(7);
@@ -251,12 +259,12 @@ TEST(LimitCurves, HaveEachValueOfATableOnce)
                             ASSERT_TRUE(table.lines[point.line].cells[point.column]);
                         }
                     }
-                if (!HasSpeedTables(*page.criterion)) continue; // which say a number of all captions
+                if (!HasSpeedTables(*page.criterion))
+                    continue; // which say a number of all captions
                 std::size_t values = 0;
                 for (const TableLayout::Line& line : table.lines)
                     values += static_cast<std::size_t>(
-                        std::count_if(line.cells.begin(), line.cells.end(),
-                                      [](const auto& cell) { return cell.has_value(); }));
+                        std::count_if(line.cells.begin(), line.cells.end(), IsDrawn));
                 EXPECT_EQ(cells.size(), values);
             }
     }
