@@ -13,14 +13,15 @@ import sys
 
 from distributed import Client, LocalCluster
 
-from designspec import Library, RoadWork, outcomes_frame, road_works
+from designspec import Library, outcomes_frame, road_works, run_works
 
 
-def spread(client, works):
-    """The outcomes, in the order of the works. A worker that goes has its share done again, up to
-    three times; equal works are done once."""
-    futures = client.map(RoadWork.run, works, retries=3)
-    return client.gather(futures)
+def spread(client, works, at_once=50):
+    """The outcomes, in the order of the works, of which so many are handed out together. A worker
+    that goes has its share done again, up to three times."""
+    shares = [works[i : i + at_once] for i in range(0, len(works), at_once)]
+    futures = client.map(run_works, shares, retries=3, pure=False)
+    return [outcome for share in client.gather(futures) for outcome in share]
 
 
 def arguments():

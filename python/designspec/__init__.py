@@ -15,7 +15,7 @@ from ._library import Library
 from ._specification import MODES, Finding, Specification, read
 from ._table import SpeedTable
 from ._verify import ROAD_TYPES, RoadFinding, RoadReport, Unchecked, verify
-from ._work import RoadOutcome, RoadWork, outcomes_frame, road_works
+from ._work import RoadOutcome, RoadWork, outcomes_frame, road_works, run_works
 
 __all__ = [
     "MODES",
@@ -42,5 +42,6 @@ __all__ = [
     "outcomes_frame",
     "read",
     "road_works",
+    "run_works",
     "verify",
 ]

@@ -66,6 +66,11 @@ def road_works(
     return [RoadWork(os.fspath(file), text, options) for file in files for text in texts]
 
 
+def run_works(works: Iterable[RoadWork]) -> List[RoadOutcome]:
+    """The outcomes of several: what an engine hands out is worth more than its own time."""
+    return [one.run() for one in works]
+
+
 def outcomes_frame(outcomes: Iterable[RoadOutcome]) -> pandas.DataFrame:
     """A row for each: file, specification, errors, cause, and a column for each rule that was told
     of any, with its count."""

@@ -72,7 +72,7 @@ def test_what_cannot_be_read_is_a_row_with_its_cause(roads):
 
 def test_a_cluster_finds_what_one_process_finds(roads, client):
     works = works_of(roads)
-    frame = outcomes_frame(verify_roads.spread(client, works))
+    frame = outcomes_frame(verify_roads.spread(client, works, at_once=3))
     pandas.testing.assert_frame_equal(frame, alone(works))
 
 
