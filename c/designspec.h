@@ -40,8 +40,12 @@
 #define DESIGNSPEC_API
 #endif
 
+/* In C++ as well a constant may have any value that the caller gives it. */
 #ifdef __cplusplus
+#define DESIGNSPEC_INT : int
 extern "C" {
+#else
+#define DESIGNSPEC_INT
 #endif
 
 typedef struct designspec_library designspec_library;
@@ -50,7 +54,7 @@ typedef struct designspec_table designspec_table;
 typedef struct designspec_differences designspec_differences;
 typedef struct designspec_road_check designspec_road_check;
 
-typedef enum designspec_status {
+typedef enum designspec_status DESIGNSPEC_INT {
     DESIGNSPEC_OK = 0,
     DESIGNSPEC_NO_ANSWER = 1,   /* the question was right, and there is no answer to it */
     DESIGNSPEC_WRONG_CALL = 2,  /* the caller's mistake: a handle, a path, a mode, a value */
@@ -207,7 +211,7 @@ DESIGNSPEC_API designspec_status designspec_set_number(designspec_specification*
 DESIGNSPEC_API designspec_status designspec_remove_row(designspec_specification* specification,
                                                        const char* path);
 
-typedef enum designspec_kind {
+typedef enum designspec_kind DESIGNSPEC_INT {
     DESIGNSPEC_INTEGER = 0,
     DESIGNSPEC_DECIMAL = 1,
     DESIGNSPEC_FLAG = 2, /* 0 or 1 */
@@ -233,7 +237,7 @@ DESIGNSPEC_API int designspec_field_at(size_t index, designspec_field* field);
 /* ---- Tables by design speed, and queries ---- */
 
 /* What a speed between two of a table is answered by. */
-typedef enum designspec_mode {
+typedef enum designspec_mode DESIGNSPEC_INT {
     DESIGNSPEC_NEAREST = 0,     /* the nearer speed's value; at equal distance the higher one's */
     DESIGNSPEC_UPPER = 1,       /* the next higher speed's value */
     DESIGNSPEC_LOWER = 2,       /* the next lower speed's value */

@@ -26,7 +26,7 @@ protected:
     {
         const ReportContents contents = ContentsOf(specifications, {});
         report.emplace(contents, QSizeF(595, 842));
-        const std::string bytes = PdfOf(*report, QStringLiteral("标题"));
+        bytes = PdfOf(*report, QStringLiteral("标题"));
         pdf.processMemoryFile("report", bytes.data(), bytes.size());
         pages = QPDFPageDocumentHelper(pdf).getAllPages();
     }
@@ -40,6 +40,7 @@ protected:
 
     const CDesignSpecification one = Named(L"公路二级"), two = Named(L"城市(主干路)");
     std::optional<PaperReport> report;
+    std::string bytes; // which the document reads from
     QPDF pdf;
     std::vector<QPDFPageObjectHelper> pages;
 };
