@@ -44,7 +44,7 @@ void ForgetProblems() noexcept
     told.short_ = nullptr;
 }
 
-void KeepProblems(Problems problems)
+void KeepProblems(const Problems& problems)
 {
     for (const Problem& one : problems) {
         const bool isError = one.severity == Severity::Error;

@@ -24,7 +24,7 @@ struct CallFailure {
 
 // What this thread's call tells.
 void ForgetProblems() noexcept;
-void KeepProblems(Problems problems);
+void KeepProblems(const Problems& problems);
 // Without memory for the text a shorter one stands for it.
 void KeepError(designspec_status status, const CString& cause) noexcept;
 

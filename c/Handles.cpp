@@ -38,7 +38,7 @@ void* Handles::Add(HandleKind kind, std::shared_ptr<void> object)
     slot.kind = kind;
     slot.object = std::move(object);
     const std::uint64_t number = (std::uint64_t{slot.turn} << kPlaceBits) | (place + 1U);
-    return reinterpret_cast<void*>(number);
+    return reinterpret_cast<void*>(number); // NOLINT(performance-no-int-to-ptr): never followed
 }
 
 const Handles::Slot* Handles::SlotOf(const void* handle, HandleKind kind) const

@@ -11,19 +11,19 @@ using namespace designspec;
 
 namespace {
 
-designspec_status StatusOf(Outcome outcome)
+designspec_status StatusOf(const Outcome& outcome)
 {
-    KeepProblems(std::move(outcome.problems));
+    KeepProblems(outcome.problems);
     return outcome.done ? DESIGNSPEC_OK : DESIGNSPEC_FILE_FAILED;
 }
 
 // Hands out what was read, also when a part of it could not be.
-designspec_status Opened(std::unique_ptr<SpecificationFolder> folder, Problems problems,
+designspec_status Opened(std::unique_ptr<SpecificationFolder> folder, const Problems& problems,
                          designspec_library** library)
 {
     const bool isWhole = folder && !HasError(problems);
-    KeepProblems(std::move(problems));
-    if (folder) HandOut(library, std::make_shared<LibraryObject>(std::move(folder)));
+    KeepProblems(problems);
+    if (folder) HandOut(library, std::make_shared<LibraryObject>(LibraryObject{std::move(folder)}));
     return isWhole ? DESIGNSPEC_OK : DESIGNSPEC_FILE_FAILED;
 }
 
@@ -44,7 +44,7 @@ designspec_status OpenAt(const char* path, designspec_library** library, bool wa
     }
     Problems problems;
     auto folder = ReadSpecificationsAt(place, problems);
-    return Opened(std::move(folder), std::move(problems), library);
+    return Opened(std::move(folder), problems, library);
 }
 
 void HandOutFound(const std::shared_ptr<LibraryObject>& library, const CDesignSpecification* found,
@@ -103,7 +103,7 @@ designspec_status designspec_library_parse(const char* text, size_t size, const 
         NeedAll(text, library);
         Problems problems;
         auto folder = ReadSpecificationsIn({text, size}, TextOf(name), problems);
-        return Opened(std::move(folder), std::move(problems), library);
+        return Opened(std::move(folder), problems, library);
     });
 }
 
@@ -161,7 +161,7 @@ designspec_status designspec_library_default(designspec_library* library,
         const auto object = ObjectOf<LibraryObject>(library);
         Problems problems;
         const auto id = object->folder->Default(problems);
-        KeepProblems(std::move(problems));
+        KeepProblems(problems);
         HandOutFound(object, id ? object->folder->Find(*id) : nullptr, found);
     });
 }
@@ -241,7 +241,7 @@ designspec_status designspec_library_import(designspec_library* library, const c
         for (const TakenSpecification& one : outcome.specifications)
             came += one.how != Taken::Left && one.saved;
         if (taken) *taken = came;
-        return StatusOf(std::move(outcome));
+        return StatusOf(outcome);
     });
 }
 
