@@ -193,7 +193,7 @@ StyleImport CDSEditor::Import(const CString& path, const CStringArray& names, bo
     std::vector<CDesignSpecification> before;
     for (int i = 0; i < library.Count(); ++i)
         before.push_back(*library.Item(i));
-    const StyleImport import = CStyleEditor::Import(path, names, overwrite);
+    StyleImport import = CStyleEditor::Import(path, names, overwrite);
     for (const GUID& id : import.ids) {
         const CDesignSpecification* const taken = library.Item(id);
         if (!taken) continue;
@@ -236,7 +236,7 @@ void CDSEditor::ViewDeleted(const GUID& id)
 CString CDSEditor::RunOwn(unsigned command, const CArray<GUID>& selected)
 {
     BeginUndo();
-    const CString note = DoOwn(command, selected);
+    CString note = DoOwn(command, selected);
     EndUndo(note);
     return note;
 }

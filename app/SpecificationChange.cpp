@@ -86,7 +86,8 @@ bool StoreChanged(const CDesignSpecification& opened, const CDesignSpecification
     if (settled != CEditStore::Result::AsUsual) return settled == CEditStore::Result::Done;
     CDesignSpecification* const now = CDesignSpecifications::GetInstance()->Item(made.ID());
     CString cause;
-    const CDesignSpecification before = opened; // which may be the one in the library
+    // `opened` may be the one in the library.
+    const CDesignSpecification before = CDesignSpecification(opened);
     if (!now || !Save(*now, made, cause)) return Tell(made, cause, owner);
     ChangeLog::Tell(before, *now);
     return true;

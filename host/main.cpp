@@ -122,7 +122,7 @@ int DoOption(HostWindow& window, const QCommandLineParser& parser)
 
 QString ProjectOf(const QCommandLineParser& parser)
 {
-    const QString asked =
+    QString asked =
         parser.positionalArguments().value(0, parser.value(QStringLiteral("project")));
     if (!asked.isEmpty()) return asked;
     if (parser.isSet(QString::fromLatin1(kReportOption))) return QStringLiteral(".");

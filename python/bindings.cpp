@@ -603,7 +603,7 @@ py::tuple Verify(const std::string& path, const CDesignSpecification& specificat
                  const py::kwargs& given)
 {
     const roadcheck::CheckOptions options = OptionsOf(given);
-    const CDesignSpecification own = specification;
+    const CDesignSpecification own = CDesignSpecification(specification);
     std::vector<roadcheck::CheckedFile> files;
     {
         const py::gil_scoped_release others;

@@ -19,7 +19,7 @@ void SetGuideSection(QWidget* window, const wchar_t* heading)
 QString GuideSectionOf(const QWidget* widget)
 {
     for (; widget; widget = widget->parentWidget())
-        if (const QString section = widget->property(kSection).toString(); !section.isEmpty())
+        if (QString section = widget->property(kSection).toString(); !section.isEmpty())
             return section;
     return {};
 }
