@@ -101,4 +101,6 @@ Status RunImport(const Arguments& arguments, Teller& teller);
 Status RunNames(const Arguments& arguments, Teller& teller);
 Status RunTemplate(const Arguments& arguments, Teller& teller);
 Status RunVerify(const Arguments& arguments, Teller& teller);
+// The rules that verify holds roads against, below a heading.
+std::string RulesHelp(const char* heading);
 Status RunCheck(const Arguments& arguments, Teller& teller);

@@ -9,8 +9,6 @@
 #include "cli/Language.h"
 #include "cli/Project.h"
 #include "cli/Suggestion.h"
-#include "cli/TextTable.h"
-#include "roads/Rules.h"
 
 using namespace designspec;
 
@@ -85,18 +83,6 @@ std::string CriteriaHelp(const char* heading, bool withFields)
         if (withFields) text += FieldList(criterion, 4);
     }
     return ToUtf8(text);
-}
-
-// The rules that roads are held against, below a heading.
-std::string RulesHelp(const char* heading)
-{
-    TextTable rules(false);
-    for (const roadcheck::Rule& rule : roadcheck::Rules())
-        rules.AddRow({rule.id, roadcheck::SeverityLabel(rule.severity), rule.title});
-    std::string text = heading;
-    for (const CString& line : rules.Lines(2))
-        text += "\n" + ToUtf8(line);
-    return text;
 }
 
 // CLI11 takes a word in brackets for a list; with this before it, it does not.

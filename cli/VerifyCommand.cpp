@@ -12,6 +12,7 @@
 #include "cli/TextTable.h"
 #include "roads/ReportFile.h"
 #include "roads/RoadJson.h"
+#include "roads/Rules.h"
 
 using namespace designspec;
 using namespace roadcheck;
@@ -146,6 +147,17 @@ bool TellRoadsWithoutSpeed(const std::vector<CheckedFile>& files)
 }
 
 } // namespace
+
+std::string RulesHelp(const char* heading)
+{
+    TextTable rules(false);
+    for (const Rule& rule : Rules())
+        rules.AddRow({rule.id, SeverityLabel(rule.severity), rule.title});
+    std::string text = heading;
+    for (const CString& line : rules.Lines(2))
+        text += "\n" + ToUtf8(line);
+    return text;
+}
 
 Status RunVerify(const Arguments& arguments, Teller& teller)
 {

@@ -1,10 +1,15 @@
 #include <csignal>
 
 #include "cli/CommandLine.h"
+#include "cli/FullProgram.h"
 
 int main(int argc, char** argv)
 {
     // A write beyond the size limit of files is to fail with a message, not to end the process.
     std::signal(SIGXFSZ, SIG_IGN);
-    return RunCommandLine(argc, argv);
+    try {
+        return RunCommandLine(argc, argv);
+    } catch (const NeedsFullProgram&) {
+        return BecomeFullProgram(argv);
+    }
 }

@@ -71,6 +71,7 @@ install(FILES
     DESTINATION ${DESIGNSPEC_PACKAGE})
 
 install(TARGETS designspec_cli RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(TARGETS designspec_full RUNTIME DESTINATION ${CMAKE_INSTALL_LIBEXECDIR}/designspec)
 install(FILES cli/designspec.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 install(FILES cli/designspec.zh_CN.1
     DESTINATION ${CMAKE_INSTALL_MANDIR}/zh_CN/man1 RENAME designspec.1)

@@ -65,6 +65,8 @@ mv "$prefix" "$work/moved"
 answer=$("$work/moved/bin/designspec" --project "$source/examples/project" \
     query CircularCurveRad.SuperelevationMinRad --speed 60)
 [ "$answer" = 150 ]
+"$work/moved/bin/designspec" --project "$source/examples/project" \
+    verify "$source/examples/roads/合格.xml" >"$work/verified"
 for file in share/man/man1/designspec.1 share/man/zh_CN/man1/designspec.1 \
     share/bash-completion/completions/designspec; do
     [ -s "$work/moved/$file" ] || { echo "not installed: $file"; exit 1; }
