@@ -80,8 +80,7 @@ CXTPReportControl::CXTPReportControl(QWidget* parent)
 CXTPReportControl::~CXTPReportControl()
 {
     m_delegate->EndEdit(false);
-    // The header outlives this part of the grid and must not ask it anything more.
-    setModel(nullptr);
+    m_header->Leave();
 }
 
 void CXTPReportControl::CreateOver(QWidget* placeholder, int controlId)

@@ -28,8 +28,15 @@ void ReportHeader::ApplyColumns()
         resizeSection(i, m_control->ShownColumn(i)->GetWidth());
 }
 
+void ReportHeader::Leave()
+{
+    m_control = nullptr;
+    disconnect();
+}
+
 QSize ReportHeader::sizeHint() const
 {
+    if (!m_control) return {};
     return {QHeaderView::sizeHint().width(), m_control->GetPaintManager()->GetHeaderHeight()};
 }
 

@@ -14,6 +14,9 @@ public:
     // Takes the widths over from the columns.
     void ApplyColumns();
 
+    // Asks the control nothing more: it ends before its header does.
+    void Leave();
+
     QSize sizeHint() const override;
 
 protected:
