@@ -354,7 +354,7 @@ std::vector<std::wstring> FindFiles(const std::wstring& folder, std::wstring_vie
         if (!entry) break;
         const std::wstring name = ToWide(entry->d_name);
         if (name == L"." || name == L".." || !EndsIn(name, ending)) continue;
-        if (!IsFileName(name))
+        if (name.find(L'\\') != std::wstring::npos)
             Fail(folder, Format(L"文件名“%s”含有反斜线,无法使用", name), problems);
         else if (!wanted || wanted(name))
             names.push_back(name);
