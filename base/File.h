@@ -20,13 +20,12 @@ std::string NativePath(const std::wstring& path);
 // folder: no separator, no NUL, neither "." nor "..", not empty, at most 255 bytes.
 bool IsFileName(std::wstring_view name);
 
-// What an error number of the operating system means, for a reader.
-std::wstring ErrorText(int error);
-
 // Whether something is there, whatever it is. Nothing when that cannot be told.
 std::optional<bool> PathFileExists(const std::wstring& path, Problems& problems);
 // The same for who only wants to know of what can be seen; no problem is added.
 bool PathFileExists(const std::wstring& path);
+// Whether a folder is there that can be seen.
+bool IsFolder(const std::wstring& path);
 // Whether both paths lead to one and the same file. Nothing when that cannot be told.
 std::optional<bool> IsSameFile(const std::wstring& a, const std::wstring& b, Problems& problems);
 // True when both can be read and hold the same.
@@ -51,9 +50,9 @@ bool ReadWholeFile(const std::wstring& path, std::string& bytes, Problems& probl
 
 // Puts `bytes` in place of the file, or makes it: a temporary file in the same folder is written,
 // flushed to disk and renamed over the target. Who may do what with the file stays as it is (see
-// FileAccess.h); a new one gets that from the file at `like`, if there is one, and can be written.
-// A file that nobody may write is refused. A link is replaced, not what it leads to. After a
-// failure or a crash at any point the target holds its old content, whole, or the new one, whole,
+// linux/FileAccess.h); a new one gets that from the file at `like`, if there is one, and can be
+// written. A file that nobody may write is refused. A link is replaced, not what it leads to. After
+// a failure or a crash at any point the target holds its old content, whole, or the new one, whole,
 // when only the folder could not be flushed. A crash may leave a temporary file behind
 // (IsTemporaryFile).
 bool WriteWholeFile(const std::wstring& path, std::string_view bytes, Problems& problems,

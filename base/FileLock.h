@@ -6,6 +6,7 @@
 #include <functional>
 #include <string>
 
+#include "base/LockFile.h"
 #include "base/Problem.h"
 
 namespace designspec {
@@ -15,11 +16,6 @@ public:
     // Told once, when the lock is another's and has to be waited for; `holder` says whose.
     using Notice = std::function<void(const std::wstring& holder)>;
 
-    FileLock() = default;
-    ~FileLock() { Release(); }
-    FileLock(const FileLock&) = delete;
-    FileLock& operator=(const FileLock&) = delete;
-
     // Takes the lock that stands for the file at `path`, which is made and goes again with the
     // lock; what it holds is the name of the holder. Waits for another holder, in this process
     // too, as long as `patience`. False with a problem that names the holder when it is still held
@@ -27,15 +23,11 @@ public:
     // keeps nobody out, with a note.
     bool Take(const std::wstring& path, std::chrono::milliseconds patience, const Notice& notice,
               Problems& problems);
-    void Release();
-    bool IsTaken() const { return m_fd >= 0; }
+    void Release() { m_file.Release(); }
+    bool IsTaken() const { return m_file.IsTaken(); }
 
 private:
-    enum class Attempt { Taken, Held, Failed };
-    Attempt Try(const std::string& name, int& error);
-
-    std::string m_path;
-    int m_fd = -1;
+    LockFile m_file;
 };
 
 } // namespace designspec

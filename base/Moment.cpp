@@ -1,9 +1,9 @@
 #include "base/Moment.h"
 
 #include <algorithm>
-#include <ctime>
 
 #include "base/Format.h"
+#include "base/LocalTime.h"
 
 namespace designspec {
 
@@ -41,14 +41,6 @@ std::optional<Calendar> ReadCalendar(const std::wstring& digits)
     return read.day.ok() && isTime ? std::optional(read) : std::nullopt;
 }
 
-std::tm InUtc(Moment moment)
-{
-    const std::time_t time = moment.time_since_epoch().count();
-    std::tm broken{};
-    gmtime_r(&time, &broken);
-    return broken;
-}
-
 std::wstring Text(const std::tm& time, const wchar_t* format)
 {
     return Format(format, time.tm_year + 1900, time.tm_mon + 1, time.tm_mday, time.tm_hour,
@@ -56,6 +48,21 @@ std::wstring Text(const std::tm& time, const wchar_t* format)
 }
 
 } // namespace
+
+std::tm InUtc(Moment moment)
+{
+    const sys_days day = floor<days>(moment);
+    const year_month_day date(day);
+    const hh_mm_ss time(moment - day);
+    std::tm broken{};
+    broken.tm_year = static_cast<int>(date.year()) - 1900;
+    broken.tm_mon = static_cast<int>(static_cast<unsigned>(date.month())) - 1;
+    broken.tm_mday = static_cast<int>(static_cast<unsigned>(date.day()));
+    broken.tm_hour = static_cast<int>(time.hours().count());
+    broken.tm_min = static_cast<int>(time.minutes().count());
+    broken.tm_sec = static_cast<int>(time.seconds().count());
+    return broken;
+}
 
 Moment Now()
 {
@@ -90,10 +97,7 @@ std::wstring IsoUtc(Moment moment)
 
 std::wstring LocalTime(Moment moment)
 {
-    const std::time_t time = moment.time_since_epoch().count();
-    std::tm broken{};
-    localtime_r(&time, &broken);
-    return Text(broken, L"%04d-%02d-%02d %02d:%02d:%02d");
+    return Text(InLocalTime(moment), L"%04d-%02d-%02d %02d:%02d:%02d");
 }
 
 std::optional<Moment> ParseLocalTime(std::wstring_view text)
@@ -109,8 +113,7 @@ std::optional<Moment> ParseLocalTime(std::wstring_view text)
         broken.tm_hour = read->hour;
         broken.tm_min = read->minute;
         broken.tm_sec = read->second;
-        broken.tm_isdst = -1;
-        return Moment(seconds(std::mktime(&broken)));
+        return FromLocalTime(broken);
     }
     return std::nullopt;
 }

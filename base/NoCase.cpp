@@ -6,6 +6,8 @@
 
 #include <utf8proc.h>
 
+#include "base/CodePoint.h"
+
 namespace designspec {
 
 namespace {
@@ -24,8 +26,7 @@ public:
     {
         while (m_used == m_count) {
             if (m_rest.empty()) return -1;
-            Fold(m_rest.front());
-            m_rest.remove_prefix(1);
+            Fold(static_cast<utf8proc_int32_t>(TakeCodePoint(m_rest)));
         }
         return m_folded[m_used++];
     }
@@ -57,10 +58,12 @@ private:
 
 int CompareNoCase(std::wstring_view a, std::wstring_view b)
 {
-    while (!a.empty() && !b.empty() && a.front() == b.front()) {
-        a.remove_prefix(1);
-        b.remove_prefix(1);
-    }
+    size_t same = 0;
+    while (same < a.size() && same < b.size() && a[same] == b[same])
+        ++same;
+    if (IsWithinPair(a, same) || IsWithinPair(b, same)) --same;
+    a.remove_prefix(same);
+    b.remove_prefix(same);
     FoldedReader left(a);
     FoldedReader right(b);
     for (;;) {
@@ -81,7 +84,7 @@ NoCaseKey::NoCaseKey(std::wstring_view text)
     m_folded.reserve(text.size());
     FoldedReader reader(text);
     for (std::int32_t c = reader.Next(); c >= 0; c = reader.Next())
-        m_folded.push_back(static_cast<wchar_t>(c));
+        AppendCodePoint(static_cast<char32_t>(c), m_folded);
     m_hash = std::hash<std::wstring>()(m_folded);
 }
 

@@ -36,7 +36,7 @@ std::string NumberStart(std::wstring_view text)
 {
     std::string start;
     for (wchar_t c : text) {
-        if (c < 0 || c >= 0x80) break;
+        if (static_cast<char32_t>(c) >= 0x80) break;
         start.push_back(static_cast<char>(c));
     }
     return std::string(WithoutPlus(WithoutBlanks(start)));

@@ -6,13 +6,15 @@
 
 #include <utf8proc.h>
 
+#include "base/CodePoint.h"
+
 namespace designspec {
 
 namespace {
 
-constexpr wchar_t kEscapeFirst = 0xDC80;
-constexpr wchar_t kEscapeLast = 0xDCFF;
-constexpr wchar_t kReplacement = 0xFFFD;
+constexpr utf8proc_int32_t kEscapeFirst = 0xDC80;
+constexpr utf8proc_int32_t kEscapeLast = 0xDCFF;
+constexpr utf8proc_int32_t kReplacement = 0xFFFD;
 
 // Length of the ASCII run at the start of `text`, eight bytes at a step.
 size_t AsciiRun(std::string_view text)
@@ -64,7 +66,7 @@ std::wstring ToWide(std::string_view utf8)
             code = kEscapeFirst + (static_cast<unsigned char>(utf8.front()) - 0x80);
             length = 1;
         }
-        text.push_back(static_cast<wchar_t>(code));
+        AppendCodePoint(static_cast<char32_t>(code), text);
         utf8.remove_prefix(length);
     }
     return text;
@@ -74,7 +76,8 @@ std::string ToUtf8(std::wstring_view text)
 {
     std::string utf8;
     utf8.reserve(text.size() * 3);
-    for (wchar_t c : text) {
+    while (!text.empty()) {
+        const auto c = static_cast<utf8proc_int32_t>(TakeCodePoint(text));
         if (c >= 0 && c < 0x80) {
             utf8.push_back(static_cast<char>(c));
         } else if (c >= kEscapeFirst && c <= kEscapeLast) {
@@ -129,7 +132,7 @@ std::wstring TrimRight(std::wstring_view text, std::wstring_view set)
 
 bool IsActing(wchar_t c)
 {
-    return (c >= 0 && c < 0x20) || (c >= 0x7F && c < 0xA0) || c == 0x061C || c == 0x200E ||
+    return static_cast<char32_t>(c) < 0x20 || (c >= 0x7F && c < 0xA0) || c == 0x061C || c == 0x200E ||
            c == 0x200F || (c >= 0x2028 && c <= 0x202E) || (c >= 0x2066 && c <= 0x2069);
 }
 
@@ -156,8 +159,8 @@ std::wstring Printable(std::wstring_view text)
 int DisplayWidth(std::wstring_view text)
 {
     int width = 0;
-    for (const wchar_t c : text)
-        width += utf8proc_charwidth(c);
+    while (!text.empty())
+        width += utf8proc_charwidth(static_cast<utf8proc_int32_t>(TakeCodePoint(text)));
     return width;
 }
 

@@ -1,5 +1,6 @@
 #include "base/XmlCheck.h"
 
+#include "base/CodePoint.h"
 #include "base/Format.h"
 
 #include <algorithm>
@@ -167,8 +168,9 @@ bool IsXmlCharacter(char32_t c)
 
 bool IsXmlText(std::wstring_view text)
 {
-    return std::all_of(text.begin(), text.end(),
-                       [](wchar_t c) { return IsXmlCharacter(static_cast<char32_t>(c)); });
+    while (!text.empty())
+        if (!IsXmlCharacter(TakeCodePoint(text))) return false;
+    return true;
 }
 
 std::optional<XmlFault> CheckXml(std::string_view xml)

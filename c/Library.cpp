@@ -1,5 +1,4 @@
 // Libraries.
-#include <filesystem>
 
 #include "base/File.h"
 #include "base/Text.h"
@@ -25,12 +24,6 @@ designspec_status Opened(std::unique_ptr<SpecificationFolder> folder, const Prob
     KeepProblems(problems);
     if (folder) HandOut(library, std::make_shared<LibraryObject>(LibraryObject{std::move(folder)}));
     return isWhole ? DESIGNSPEC_OK : DESIGNSPEC_FILE_FAILED;
-}
-
-bool IsFolder(const CString& path)
-{
-    std::error_code unseen;
-    return std::filesystem::is_directory(NativePath(path), unseen);
 }
 
 designspec_status OpenAt(const char* path, designspec_library** library, bool wantsFolder)

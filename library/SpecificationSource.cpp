@@ -11,12 +11,6 @@ namespace designspec {
 
 namespace {
 
-bool IsFolder(const CString& path)
-{
-    std::error_code unseen;
-    return std::filesystem::is_directory(NativePath(path), unseen);
-}
-
 std::unique_ptr<SpecificationFolder> ReadProject(const CString& path, Problems& problems)
 {
     CString styles = StylesFolderOf(path);

@@ -1,7 +1,11 @@
 #include "library/StyleName.h"
 
 #include <algorithm>
+#include <iterator>
+#include <utility>
 
+#include "base/CodePoint.h"
+#include "base/FileSystem.h"
 #include "base/NoCase.h"
 #include "base/Text.h"
 #include "base/XmlCheck.h"
@@ -13,6 +17,13 @@ namespace {
 constexpr wchar_t kForbidden[] = L"<>/\\\":;=|,*?'";
 constexpr size_t kLongestFileName = 255;   // bytes
 constexpr size_t kAroundName = 36 + 2 + 4; // identity, braces, ".hds"
+
+bool IsStorable(char32_t c)
+{
+    return c >= U' ' && IsXmlCharacter(c) &&
+           std::none_of(std::begin(kForbidden), std::end(kForbidden),
+                        [&](wchar_t one) { return static_cast<char32_t>(one) == c; });
+}
 
 } // namespace
 
@@ -37,13 +48,17 @@ CString StyleNameProblem(const SpecificationFolder& folder, const CString& name,
 
 CString StorableName(CString name, const CString& ending)
 {
-    for (wchar_t& c : name)
-        if (c < L' ' || CString(kForbidden).find(c) != CString::npos || !IsXmlText(CString(1, c)))
-            c = L'-';
+    const CString given = std::exchange(name, {});
+    for (std::wstring_view left = given; !left.empty();) {
+        const char32_t c = TakeCodePoint(left);
+        AppendCodePoint(IsStorable(c) ? c : U'-', name);
+    }
     for (size_t at = 0; (at = name.find(L"..", at)) != CString::npos;)
         name.erase(at, 1);
-    while (!name.empty() && !FileNameProblem(name + ending).empty())
-        name.pop_back();
+    while (!name.empty() && !FileNameProblem(name + ending).empty()) {
+        const size_t last = name.size() - 1;
+        name.resize(IsWithinPair<wchar_t>(name, last) ? last - 1 : last);
+    }
     return name + ending;
 }
 
@@ -52,6 +67,8 @@ CString FileNameProblem(const CString& name)
     if (name.find_first_of(std::wstring_view(L"/\\\0", 3)) != CString::npos ||
         name.find(L"..") != CString::npos)
         return L"名称含有路径分隔符、“..”或空字符,不能用作文件名";
+    if (!std::all_of(name.begin(), name.end(), FileSystem::IsNameCharacter))
+        return L"名称含有文件名中不允许的字符,不能用作文件名";
     if (ToUtf8(name).size() + kAroundName > kLongestFileName) return L"名称过长,不能用作文件名";
     return {};
 }

@@ -1,15 +1,11 @@
 #include "roads/XmlEvents.h"
 
-#include <cerrno>
 #include <exception>
-#include <fcntl.h>
 #include <libxml/parser.h>
 #include <libxml/parserInternals.h>
 #include <memory>
-#include <sys/stat.h>
-#include <unistd.h>
 
-#include "base/File.h"
+#include "base/FileSystem.h"
 #include "base/Text.h"
 
 using namespace designspec;
@@ -37,10 +33,6 @@ public:
             const std::atomic<bool>* cancel)
         : m_path(path), m_handler(handler), m_problems(problems), m_cancel(cancel)
     {
-    }
-    ~Reading()
-    {
-        if (m_file >= 0) close(m_file);
     }
     Reading(const Reading&) = delete;
     Reading& operator=(const Reading&) = delete;
@@ -73,7 +65,7 @@ private:
     XmlHandler& m_handler;
     Problems& m_problems;
     const std::atomic<bool>* m_cancel;
-    int m_file = -1;
+    FileSystem::Input m_file;
     xmlParserCtxtPtr m_parser = nullptr;
     XmlAttributes m_attributes;
     std::vector<Open> m_open; // the wanted elements around the place
@@ -148,12 +140,9 @@ int Reading::Read(char* buffer, int length)
         Tell(0, L"已取消");
         return 0;
     }
-    ssize_t count = 0;
-    do
-        count = read(m_file, buffer, static_cast<size_t>(length));
-    while (count < 0 && errno == EINTR);
-    if (count < 0) {
-        Tell(0, L"无法读取: " + ErrorText(errno));
+    size_t count = 0;
+    if (const auto error = m_file.Read(buffer, static_cast<size_t>(length), count)) {
+        Tell(0, L"无法读取: " + FileSystem::TextOf(error));
         return 0;
     }
     return static_cast<int>(count);
@@ -188,19 +177,14 @@ xmlSAXHandler Reading::Callbacks()
 
 bool Reading::OpenFile()
 {
-    const std::string native = NativePath(m_path);
+    using Kind = FileSystem::Input::Kind;
+    if (m_path.empty()) return Tell(0, L"无法打开: 不存在"), false;
+    if (const auto error = m_file.Open(m_path))
+        return Tell(0, L"无法打开: " + FileSystem::TextOf(error)), false;
     // What is no plain file, such as a pipe, may never end or never begin.
-    m_file = native.empty() ? -1 : open(native.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
-    struct stat info = {};
-    if (m_file < 0 || fstat(m_file, &info) != 0) {
-        Tell(0, L"无法打开: " + ErrorText(native.empty() ? ENOENT : errno));
-        return false;
-    }
-    if (!S_ISREG(info.st_mode)) {
-        Tell(0, S_ISDIR(info.st_mode) ? L"无法打开: 这是文件夹" : L"无法打开: 不是普通文件");
-        return false;
-    }
-    return true;
+    if (m_file.What() == Kind::File) return true;
+    Tell(0, m_file.What() == Kind::Folder ? L"无法打开: 这是文件夹" : L"无法打开: 不是普通文件");
+    return false;
 }
 
 bool Reading::Run()

@@ -5,6 +5,7 @@
 
 #include <pugixml.hpp>
 
+#include "base/CodePoint.h"
 #include "base/Format.h"
 #include "base/Number.h"
 #include "base/Text.h"
@@ -29,9 +30,12 @@ CString Quotable(const char* utf8)
 // XML 1.0 has no place for most control characters, nor for what is no character at all.
 std::string WithoutForbidden(std::wstring_view text)
 {
-    CString allowed(text);
-    for (wchar_t& c : allowed)
-        if (!IsXmlCharacter(static_cast<char32_t>(c))) c = 0xFFFD;
+    CString allowed;
+    allowed.reserve(text.size());
+    while (!text.empty()) {
+        const char32_t c = TakeCodePoint(text);
+        AppendCodePoint(IsXmlCharacter(c) ? c : U'\xFFFD', allowed);
+    }
     return ToUtf8(allowed);
 }
 

@@ -21,6 +21,8 @@ using Folders = std::set<std::string>;
 // taken over by those above: each says for itself what it uses.
 const std::map<std::string, Folders> kMayInclude = {
     {"base", {}},
+    {"base/linux", {"base"}},
+    {"base/windows", {"base"}},
     {"platform/vmrd/VmHFCBaseU", {"base"}},
     {"platform/mfc", {"base", "platform/vmrd/VmHFCBaseU"}},
     {"platform/drawing", {"base", "platform/mfc"}},

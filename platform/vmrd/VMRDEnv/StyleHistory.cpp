@@ -5,6 +5,7 @@
 #include <optional>
 #include <tuple>
 
+#include "base/CodePoint.h"
 #include "base/File.h"
 #include "base/Format.h"
 #include "base/Text.h"
@@ -25,7 +26,8 @@ CString Escaped(const CString& user)
 {
     static constexpr std::wstring_view kNever = L"%/\\:*?\"<>|";
     CString escaped;
-    for (const wchar_t c : user.substr(0, kLongestUser)) {
+    const size_t end = std::min(user.size(), kLongestUser);
+    for (const wchar_t c : user.substr(0, IsWithinPair<wchar_t>(user, end) ? end - 1 : end)) {
         if (c < L' ' || c == 0x7F || kNever.find(c) != std::wstring_view::npos)
             escaped += Format(L"%%%02X", static_cast<int>(c));
         else

@@ -1,8 +1,7 @@
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
 
+#include "base/Process.h"
 #include "base/Text.h"
-
-#include <filesystem>
 
 using namespace designspec;
 
@@ -91,12 +90,7 @@ GUID StrToGUID(std::wstring_view text)
 
 CString GetCurPrjPath()
 {
-    if (!g_projectPath.empty()) return g_projectPath;
-    std::error_code error;
-    CString path = ToWide(std::filesystem::current_path(error).string());
-    // One that is gone has no path; in a path of the module's a backslash separates.
-    const bool isUsable = !path.empty() && path.find(L'\\') == CString::npos;
-    return isUsable ? path : L".";
+    return g_projectPath.empty() ? Process::CurrentFolder() : g_projectPath;
 }
 
 void SetCurPrjPath(const CString& path)
@@ -106,9 +100,7 @@ void SetCurPrjPath(const CString& path)
 
 CString GetInstallPath()
 {
-    if (!g_installPath.empty()) return g_installPath;
-    std::error_code error;
-    return ToWide(std::filesystem::read_symlink("/proc/self/exe", error).parent_path().string());
+    return g_installPath.empty() ? Process::ProgramFolder() : g_installPath;
 }
 
 void SetInstallPath(const CString& path)

@@ -1,4 +1,4 @@
-#include "base/FileAccess.h"
+#include "base/linux/FileAccess.h"
 
 #include <algorithm>
 #include <cerrno>
