@@ -51,6 +51,7 @@ const std::map<std::string, Folders> kMayInclude = {
     {"cli",
      {"base", "library", "model", "platform/mfc", "platform/vmrd/VMRDPub", "report", "roads",
       "sheets"}},
+    {"cli/linux", {"base", "cli"}},
     {"app/input",
      {"base", "model", "platform/mfc", "platform/vmrd/VMRDControls", "platform/vmrd/VmHFCBaseU"}},
     {"pages/framework",

@@ -1,7 +1,7 @@
 #include <csignal>
 
 #include "cli/CommandLine.h"
-#include "cli/FullProgram.h"
+#include "cli/linux/FullProgram.h"
 
 int main(int argc, char** argv)
 {

@@ -1,4 +1,4 @@
-#include "cli/FullProgram.h"
+#include "cli/linux/FullProgram.h"
 
 #include <cerrno>
 #include <filesystem>
@@ -6,7 +6,7 @@
 
 #include <unistd.h>
 
-#include "base/File.h"
+#include "base/FileSystem.h"
 #include "base/Format.h"
 #include "base/Text.h"
 #include "cli/Command.h"
@@ -40,6 +40,6 @@ int BecomeFullProgram(char** argv)
     for (const auto& program : {folder / "designspec-full", installed})
         execv(program.c_str(), argv);
     Complain(designspec::Format(L"程序“%s”无法运行: %s", designspec::ToWide(installed.native()),
-                                designspec::ErrorText(errno)));
+                                designspec::FileSystem::TextOf(errno)));
     return kFileFailed;
 }
