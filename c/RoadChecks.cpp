@@ -10,8 +10,6 @@ using namespace designspec;
 
 namespace {
 
-constexpr const char* kSeverities[] = {"error", "warning", "note"};
-
 struct ToldFinding {
     std::string road, rule, element, stationFrom, stationTo, unit, criterion, source, message;
     const roadcheck::Finding* finding;
@@ -126,7 +124,7 @@ designspec_status designspec_check_at(const designspec_road_check* check, size_t
         const roadcheck::Finding& found = *one.finding;
         *finding = {one.road.c_str(),
                     one.rule.c_str(),
-                    kSeverities[static_cast<size_t>(found.rule->severity)],
+                    roadcheck::SeverityName(found.rule->severity),
                     one.element.c_str(),
                     found.element.index,
                     found.from,

@@ -208,14 +208,11 @@ designspec_status designspec_query_superelevation(const designspec_specification
     return Call([&] {
         NeedAll(superelevation);
         const auto object = ObjectOf<SpecificationObject>(specification);
-        // One result of 0 leaves the value as it was: that is no answer either.
-        constexpr int kUnwritten = std::numeric_limits<int>::min();
-        int value = kUnwritten;
-        const int result = object->Get().SuperElevation.QuerySuperElevation(
-            maximum, speed, ModeOf(mode), tolerance, radius, value);
-        if (code) *code = result;
-        if (result != 0 || value == kUnwritten) NoAnswer();
-        *superelevation = value;
+        const auto found = AskSuperElevation(object->Get().SuperElevation, maximum, speed,
+                                             ModeOf(mode), tolerance, radius);
+        if (code) *code = found.code;
+        if (!found.superElev) NoAnswer();
+        *superelevation = *found.superElev;
     });
 }
 

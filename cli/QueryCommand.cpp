@@ -1,4 +1,3 @@
-#include <limits>
 
 #include "base/Format.h"
 #include "base/NoCase.h"
@@ -134,15 +133,14 @@ Answer QuerySuperElevation(const Arguments& arguments, const CDesignSpecificatio
                   kNeedRadius,
                   {L"--tolerance", &Arguments::tolerance, false},
                   kTakeMode});
-    // One result of 0 leaves the value as it was: that is no answer either.
-    constexpr int kUnwritten = std::numeric_limits<int>::min();
-    int value = kUnwritten;
-    Answer answer;
-    answer.code = specification.SuperElevation.QuerySuperElevation(
-        IntArgument(*arguments.maxSuper, L"最大超高"), SpeedOf(arguments), ModeOf(arguments),
+    const SuperElevationAnswer found = AskSuperElevation(
+        specification.SuperElevation, IntArgument(*arguments.maxSuper, L"最大超高"),
+        SpeedOf(arguments), ModeOf(arguments),
         IntArgument(arguments.tolerance.value_or("0"), L"车速容差"),
-        IntArgument(*arguments.radius, L"半径"), value);
-    if (answer.code == 0 && value != kUnwritten) answer.value = value;
+        IntArgument(*arguments.radius, L"半径"));
+    Answer answer;
+    answer.code = found.code;
+    if (found.superElev) answer.value = *found.superElev;
     answer.cause = CauseOf(kSuperElevationCauses, answer.code);
     return answer;
 }

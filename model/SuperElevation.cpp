@@ -1,5 +1,7 @@
 #include "model/SuperElevation.h"
 
+#include <limits>
+
 using namespace designspec;
 
 namespace {
@@ -143,4 +145,17 @@ std::span<const Field> CDSSuperElevation::Fields()
 void CDSSuperElevation::DoPropExchange(CXTPPropExchange* pPX)
 {
     ExchangeFields(pPX, this, Fields());
+}
+
+SuperElevationAnswer designspec::AskSuperElevation(const CDSSuperElevation& tables,
+                                                   int maxSuperElev, int speed,
+                                                   QueryValue::QueryMode mode, int speedTolerance,
+                                                   int radius)
+{
+    constexpr int kUnwritten = std::numeric_limits<int>::min();
+    int written = kUnwritten;
+    const int code =
+        tables.QuerySuperElevation(maxSuperElev, speed, mode, speedTolerance, radius, written);
+    if (code != 0 || written == kUnwritten) return {code, {}};
+    return {code, written};
 }

@@ -1,6 +1,8 @@
 // Superelevation tables: the superelevation that a circular curve of a given radius receives.
 #pragma once
 
+#include <optional>
+
 #include "base/Export.h"
 
 #include "model/Field.h"
@@ -60,3 +62,18 @@ public:
     static std::span<const designspec::Field> Fields();
     bool operator==(const CDSSuperElevation&) const = default;
 };
+
+namespace designspec {
+
+// What QuerySuperElevation returned, and the superelevation (%) if it wrote one: a result of 0 that
+// leaves it unwritten is no answer either.
+struct SuperElevationAnswer {
+    int code;
+    std::optional<int> superElev;
+};
+AFX_EXT_API SuperElevationAnswer AskSuperElevation(const CDSSuperElevation& tables,
+                                                   int maxSuperElev, int speed,
+                                                   QueryValue::QueryMode mode, int speedTolerance,
+                                                   int radius);
+
+} // namespace designspec

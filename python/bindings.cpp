@@ -323,12 +323,9 @@ py::object QueryGradeLength(const CDesignSpecification& specification, double gr
 py::object QuerySuperElevation(const CDesignSpecification& specification, int maximum, int speed,
                                int radius, int mode, int tolerance)
 {
-    constexpr int kUnwritten = std::numeric_limits<int>::min();
-    int value = kUnwritten;
-    const int code = specification.SuperElevation.QuerySuperElevation(maximum, speed, ModeOf(mode),
-                                                                      tolerance, radius, value);
-    const bool found = code == 0 && value != kUnwritten;
-    return found ? py::object(py::int_(value)) : py::none();
+    const auto found = designspec::AskSuperElevation(specification.SuperElevation, maximum, speed,
+                                                     ModeOf(mode), tolerance, radius);
+    return found.superElev ? py::object(py::int_(*found.superElev)) : py::none();
 }
 
 py::object QueryWidening(const CDesignSpecification& specification, const std::string& vehicle,

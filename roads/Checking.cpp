@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 #include "base/Format.h"
 #include "base/Text.h"
@@ -142,13 +141,10 @@ Limit Checking::TableSuperelevation(int speed, double radius, std::wstring& why)
         if (definition.maxSuperElev == maximum)
             for (const SuperElevSpeedRow& row : definition.rows)
                 if (row.speed == speed) mode = QueryValue::Nearest;
-    constexpr int kUnwritten = std::numeric_limits<int>::min();
-    int value = kUnwritten;
-    const int code =
-        tables.QuerySuperElevation(maximum, speed, mode, 0, WholeRadius(radius), value);
-    if (code == 0 && value != kUnwritten) {
+    const auto found = AskSuperElevation(tables, maximum, speed, mode, 0, WholeRadius(radius));
+    if (found.superElev) {
         limit.state = Limit::Given;
-        limit.value = value;
+        limit.value = *found.superElev;
     } else {
         why = Format(L"超高表(最大超高 %d%%)没有车速 %d km/h、半径 %s m 的超高", maximum, speed,
                      NumberText(radius));

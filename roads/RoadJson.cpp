@@ -21,12 +21,6 @@ Json Text(const std::wstring& text)
     return ToUtf8(text);
 }
 
-const char* SeverityName(RuleSeverity severity)
-{
-    constexpr const char* kNames[] = {"error", "warning", "note"};
-    return kNames[static_cast<size_t>(severity)];
-}
-
 Json PlaceJson(const Alignment& road, double from, double to)
 {
     return {{"from", from},

@@ -58,4 +58,10 @@ const wchar_t* SeverityLabel(RuleSeverity severity)
     return kLabels[static_cast<size_t>(severity)];
 }
 
+const char* SeverityName(RuleSeverity severity)
+{
+    constexpr const char* kNames[] = {"error", "warning", "note"};
+    return kNames[static_cast<size_t>(severity)];
+}
+
 } // namespace roadcheck

@@ -36,5 +36,7 @@ AFX_EXT_API const Rule* FindRule(std::wstring_view id);
 
 // 错误, 警告, 提示.
 AFX_EXT_API const wchar_t* SeverityLabel(RuleSeverity severity);
+// For programs: error, warning, note.
+AFX_EXT_API const char* SeverityName(RuleSeverity severity);
 
 } // namespace roadcheck

@@ -280,3 +280,26 @@ TEST(SuperElevationQuery, IsWhatWalkingTheRowsGives)
                 << round << " mode " << mode;
     }
 }
+
+TEST(AskSuperElevation, TellsAnAnswerFromAValueThatWasNotWritten)
+{
+    CDSSuperElevation tables;
+    const int maximum = tables.definitions[0].maxSuperElev;
+    auto& rows = tables.definitions[0].rows;
+    rows.RemoveAll();
+    for (const int speed : {100, 80}) {
+        SuperElevSpeedRow row;
+        row.speed = speed;
+        row.ranges.Add({250, 1000, 4});
+        rows.Add(row);
+    }
+    const auto ask = [&](int speed, QueryMode mode) {
+        return designspec::AskSuperElevation(tables, maximum, speed, mode, 0, 500);
+    };
+    EXPECT_EQ(ask(80, Nearest).code, 0);
+    EXPECT_EQ(ask(80, Nearest).superElev, 4);
+    EXPECT_EQ(ask(90, Exact).code, 0);
+    EXPECT_EQ(ask(90, Exact).superElev, std::nullopt);
+    EXPECT_EQ(ask(80, Interpolate).code, -1);
+    EXPECT_EQ(ask(80, Interpolate).superElev, std::nullopt);
+}
