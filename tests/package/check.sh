@@ -38,6 +38,26 @@ cmake --build "$work/build" -- --quiet
 "$work/build/consumer" "$source/examples/project" >"$work/answers"
 diff -u "$source/examples/answers.txt" "$work/answers"
 
+# What README shows of the library, in a program that has nothing else.
+block() { sed -n "/^\`\`\`$1\$/,/^\`\`\`\$/p" "$source/README.md" | sed '1d;$d'; }
+mkdir "$work/readme" "$work/readme/road"
+cp -r "$source/examples/project/规范" "$work/readme/road"
+{
+    printf 'cmake_minimum_required(VERSION 3.25)\nproject(mine LANGUAGES CXX)\nadd_executable(mine main.cpp)\n'
+    block cmake
+} >"$work/readme/CMakeLists.txt"
+{
+    block cpp | grep '^#include'
+    echo 'int main() {'
+    block cpp | grep -v '^#include'
+    echo 'return library.Item(L"城市道路") ? 0 : 1; }'
+} >"$work/readme/main.cpp"
+cmake -G Ninja -S "$work/readme" -B "$work/readme/build" -DCMAKE_PREFIX_PATH="$prefix" \
+    -DCMAKE_CXX_COMPILER="$compiler" -DCMAKE_CXX_FLAGS="$flags" >"$work/configure.log" ||
+    { cat "$work/configure.log"; exit 1; }
+cmake --build "$work/readme/build" -- --quiet
+(cd "$work/readme" && build/mine)
+
 # A program in C needs the header and the library alone.
 libraries=$(dirname "$(find "$prefix" -name libdesignspec-c.so)")
 read -ra use < <(PKG_CONFIG_PATH=$libraries/pkgconfig pkg-config --cflags --libs designspec-c)
