@@ -1,5 +1,7 @@
 #include "host/HostWindow.h"
 
+#include <utility>
+
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDir>
@@ -19,6 +21,7 @@
 #include "host/ModulePanel.h"
 #include "host/ProjectFolders.h"
 #include "host/ProjectMenu.h"
+#include "host/StyleGroupTree.h"
 #include "host/StyleManagerView.h"
 #include "host/ToolMenu.h"
 #include "host/TracePanel.h"
@@ -27,6 +30,7 @@
 #include "platform/mfc/GuideSection.h"
 #include "platform/mfc/MessageBox.h"
 #include "platform/mfc/QtText.h"
+#include "platform/vmrd/VMRDEnv/StyleFile.h"
 #include "platform/vmrd/VMRDEnv/Styles.h"
 #include "platform/vmrd/VMRDPrj/PrjManager.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
@@ -48,13 +52,19 @@ QString ShortList(const QStringList& names)
                                       : QObject::tr("%1 等 %2 个").arg(shown).arg(names.size());
 }
 
-// Those of the files that are dragged which a command opens.
+bool IsStyleFile(const QString& path)
+{
+    return path.endsWith(ToQString(kStyleFileEnding), Qt::CaseInsensitive);
+}
+
+// Those of the files that are dragged which can be opened.
 QStringList OpenableFiles(const QMimeData& dragged)
 {
     QStringList files;
-    for (const QUrl& url : dragged.urls())
-        if (url.isLocalFile() && CanOpenWithCommand(FromQString(url.toLocalFile()).c_str()))
-            files << url.toLocalFile();
+    for (const QUrl& url : dragged.urls()) {
+        const QString file = url.toLocalFile();
+        if (IsStyleFile(file) || CanOpenWithCommand(FromQString(file).c_str())) files << file;
+    }
     return files;
 }
 
@@ -180,6 +190,8 @@ void HostWindow::ShowNoProject()
 {
     m_styles->SetHint(tr("还没有打开项目。项目是含有“规范”文件夹的文件夹。"), tr("打开项目(&O)…"),
                       [this] { m_projects->AskOpen(); });
+    if (!m_toImport.isEmpty())
+        m_noteBar->Show(tr("打开或新建项目后导入: %1").arg(ShortList(m_toImport)));
 }
 
 bool HostWindow::OpenProject(const QString& folder)
@@ -198,6 +210,8 @@ bool HostWindow::OpenProject(const QString& folder)
     m_watcher.Watch(CurrentStylesFolder());
     Reload();
     m_styles->SelectOne();
+    m_hasProject = true;
+    OfferImport();
     return true;
 }
 
@@ -226,14 +240,28 @@ void HostWindow::LoadModules()
     m_styles->SelectOne();
 }
 
-void HostWindow::OpenFile(const QString& path)
+void HostWindow::OpenFiles(const QStringList& paths)
 {
-    const CString file = FromQString(QFileInfo(path).absoluteFilePath());
-    if (CanOpenWithCommand(file.c_str()))
-        OpenWithCommand(file.c_str());
-    else
-        m_errorBar->Show(tr("没有已加载的模块能打开这种文件: %1").arg(path), tr("模块(&M)"),
-                         [this] { ShowModules(); });
+    for (const QString& path : paths) {
+        const QString file = QFileInfo(path).absoluteFilePath();
+        if (CanOpenWithCommand(FromQString(file).c_str()))
+            OpenWithCommand(FromQString(file).c_str());
+        else if (IsStyleFile(file) && !m_styles->Groups().Editors().empty())
+            m_toImport << file;
+        else
+            m_errorBar->Show(tr("没有已加载的模块能打开这种文件: %1").arg(path), tr("模块(&M)"),
+                             [this] { ShowModules(); });
+    }
+    OfferImport();
+}
+
+// Not at once: whoever has dropped the files waits until they are taken.
+void HostWindow::OfferImport()
+{
+    if (m_toImport.isEmpty()) return;
+    if (!m_hasProject) return ShowNoProject();
+    QMetaObject::invokeMethod(
+        this, [this] { m_styles->Offer(std::exchange(m_toImport, {})); }, Qt::QueuedConnection);
 }
 
 // What was said of the command before has been read, or never will be.
@@ -316,8 +344,7 @@ void HostWindow::dropEvent(QDropEvent* event)
 {
     event->setDropAction(Qt::CopyAction);
     event->accept();
-    for (const QString& file : OpenableFiles(*event->mimeData()))
-        OpenFile(file);
+    OpenFiles(OpenableFiles(*event->mimeData()));
 }
 
 void HostWindow::changeEvent(QEvent* event)

@@ -26,9 +26,10 @@ public:
     bool NewProject(const QString& folder);
     // Loads the modules of the start list.
     void LoadModules();
-    // Hands the file to the command of a module that opens such files. A message when there is
-    // none.
-    void OpenFile(const QString& path);
+    // Each goes to the command of a module that opens such files; styles are offered for import as
+    // soon as control is back at the event loop, or once a project is open. A message when nothing
+    // opens such a file.
+    void OpenFiles(const QStringList& paths);
 
     Guide& Help() { return *m_guide; }
     StyleManagerView& Styles() { return *m_styles; }
@@ -53,6 +54,7 @@ private:
     void Connect();
 
     void ShowNoProject();
+    void OfferImport();
     void ShowError(const TraceLine& line);
     void ShowFailure(const QString& text);
     void BeginCommand();
@@ -61,6 +63,8 @@ private:
 
     TraceLog m_log;
     HostModules m_modules;
+    bool m_hasProject = false;
+    QStringList m_toImport; // files that wait to be offered
     LibraryWatcher m_watcher{&HostWindow::IsOwnFile};
     bool m_changeUntold = false; // what the watcher has seen waits to be told
     int m_errors = 0;            // since the error bar was shown

@@ -150,6 +150,13 @@ int WriteSnapshots(HostWindow& window, const SnapshotOptions& options)
     CStyleEditor* shown = nullptr;
     CStyle* shownStyle = nullptr;
     const auto take = [&album](QWidget* one, const QString& name) { album.Take(one, name); };
+    const auto takeAsking = [&album](QWidget* one) { album.Take(one, one->windowTitle()); };
+    VisitModals(
+        [&] {
+            window.OpenFiles(options.open);
+            QApplication::processEvents();
+        },
+        {takeAsking});
     for (CStyleEditor* editor : view.Groups().Editors()) {
         const CStyles* const styles = editor->GetStyles();
         CStyle* const style = styles ? FindStyle(*styles, options.spec) : nullptr;

@@ -234,6 +234,13 @@ void StyleCommands::ImportProject()
     Import(paths);
 }
 
+void StyleCommands::ImportFrom(const QStringList& paths)
+{
+    if (!Styles()) return;
+    emit Begun();
+    Import(paths);
+}
+
 void StyleCommands::Import(const QStringList& paths)
 {
     const auto files = ReadFiles(paths);

@@ -29,6 +29,8 @@ public:
     // given.
     void Run(unsigned command, const Selection& selected);
 
+    // As kCommandImportStyles, with the files chosen already.
+    void ImportFrom(const QStringList& paths);
     // Takes back what Undoable told of.
     void Undo();
 

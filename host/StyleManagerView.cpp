@@ -5,6 +5,7 @@
 #include <set>
 
 #include <QContextMenuEvent>
+#include <QFileInfo>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
@@ -15,10 +16,12 @@
 #include <QToolBar>
 #include <QVBoxLayout>
 
+#include "base/File.h"
 #include "host/ControlIds.h"
 #include "host/StyleFilterBar.h"
 #include "host/StyleGroupTree.h"
 #include "host/StyleListModel.h"
+#include "platform/mfc/QtText.h"
 #include "platform/vmrd/VMRDPrj/PrjManager.h"
 
 using namespace designspec;
@@ -258,6 +261,39 @@ void StyleManagerView::SelectOne()
     const CStyle* const standard = editor ? editor->GetStyles()->DefaultItem() : nullptr;
     if (standard) SelectAll({standard->ID()}, standard->ID());
     if (Selected().empty()) m_table->selectRow(0);
+}
+
+// Null where no group has such styles as the file holds.
+CStyleEditor* StyleManagerView::EditorOf(const QString& file, CArray<GUID>& ids) const
+{
+    for (CStyleEditor* const editor : m_groups->Editors()) {
+        CStringArray names;
+        const CStyles* const styles = editor->GetStyles();
+        if (styles && styles->StyleNames(FromQString(file).c_str(), names, ids) && !ids.empty())
+            return editor;
+    }
+    return nullptr;
+}
+
+void StyleManagerView::Offer(const QStringList& files)
+{
+    const QString own =
+        QFileInfo(QString::fromStdString(NativePath(CurrentStylesFolder()))).canonicalFilePath();
+    QStringList others;
+    StyleCommands::Selection listed;
+    CStyleEditor* shown = nullptr;
+    for (const QString& file : files) {
+        const bool isOwn = QFileInfo(QFileInfo(file).path()).canonicalFilePath() == own;
+        if (!isOwn) others << file;
+        CArray<GUID> ids;
+        if (isOwn || m_groups->Editors().size() > 1)
+            if (CStyleEditor* const editor = EditorOf(file, ids)) shown = editor;
+        if (isOwn) listed.insert(listed.end(), ids.begin(), ids.end());
+    }
+    if (shown) m_groups->Select(shown);
+    Select(listed);
+    if (!listed.empty()) m_table->setFocus();
+    if (!others.isEmpty()) m_commands->ImportFrom(others);
 }
 
 void StyleManagerView::SetHint(const QString& text, const QString& caption,

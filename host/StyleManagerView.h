@@ -31,6 +31,10 @@ public:
     void SetHint(const QString& text, const QString& caption = {},
                  std::function<void()> action = {});
 
+    // Offers the styles of the files for import, in the first group that has such. A file of the
+    // project's own shows its styles in the list.
+    void Offer(const QStringList& files);
+
     StyleGroupTree& Groups() { return *m_groups; }
     StyleCommands& Commands() { return *m_commands; }
     StyleActions& Actions() { return *m_actions; }
@@ -56,6 +60,7 @@ private:
     void Connect();
 
     void ShowGroups();
+    CStyleEditor* EditorOf(const QString& file, CArray<GUID>& ids) const;
     void ShowEditor(CStyleEditor* editor);
     void Refresh();
     void Filter();

@@ -7,6 +7,8 @@
 
 #include <QCommandLineParser>
 #include <QDeadlineTimer>
+#include <QFileInfo>
+#include <QIcon>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTemporaryFile>
@@ -64,7 +66,8 @@ void DoWithoutDisplay()
 void UseSettingsIn(const QTemporaryDir& folder)
 {
     QSettings::setDefaultFormat(QSettings::IniFormat);
-    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, folder.path());
+    for (const auto format : {QSettings::IniFormat, QSettings::NativeFormat}) // Qt's own as well
+        QSettings::setPath(format, QSettings::UserScope, folder.path());
 }
 
 bool HasDisplay()
@@ -81,6 +84,10 @@ void AddOptions(QCommandLineParser& parser)
     parser.addPositionalArgument(QStringLiteral("PROJECT"),
                                  QObject::tr("项目文件夹 (含有“规范”); 没有时打开上次的项目"),
                                  QStringLiteral("[PROJECT]"));
+    parser.addPositionalArgument(
+        QStringLiteral("FILE"),
+        QObject::tr("要打开的文件: .hds 文件可以导入项目, 其余用已加载的模块打开"),
+        QStringLiteral("[FILE...]"));
     parser.addOption({QString::fromLatin1(kSnapshotOption),
                       QObject::tr("把每个窗口的图片写入 DIR, 不需要显示器"),
                       QStringLiteral("DIR")});
@@ -97,8 +104,8 @@ void AddOptions(QCommandLineParser& parser)
                       QStringLiteral("NAME")});
     parser.addOption({QStringLiteral("theirs"), QObject::tr("图片中别人同时存入样式库的文件"),
                       QStringLiteral("FILE")});
-    parser.addOption({QString::fromLatin1(kOpenOption),
-                      QObject::tr("用已加载的模块打开文件; 可重复"), QStringLiteral("FILE")});
+    parser.addOption(
+        {QString::fromLatin1(kOpenOption), QObject::tr("同 FILE; 可重复"), QStringLiteral("FILE")});
 }
 
 // What opens over the window goes by its frame, which it has once it can be seen.
@@ -109,6 +116,15 @@ void WaitForFrame(const QWidget& window)
         QApplication::processEvents(QEventLoop::AllEvents, 50);
 }
 
+// Those that are named as such, and those that stand where a project could.
+QStringList FilesOf(const QCommandLineParser& parser)
+{
+    QStringList files = parser.values(QString::fromLatin1(kOpenOption));
+    for (const QString& named : parser.positionalArguments())
+        if (QFileInfo(named).isFile()) files << named;
+    return files;
+}
+
 // Does what needs no user, and gives the status to end with.
 int DoOption(HostWindow& window, const QCommandLineParser& parser)
 {
@@ -116,15 +132,17 @@ int DoOption(HostWindow& window, const QCommandLineParser& parser)
     if (parser.isSet(QString::fromLatin1(kReportOption)))
         return WriteReport(window, {parser.value(QString::fromLatin1(kReportOption)), specs,
                                     parser.value(QStringLiteral("compare"))});
-    return WriteSnapshots(window, {parser.value(QString::fromLatin1(kSnapshotOption)),
-                                   specs.value(0), parser.value(QStringLiteral("theirs"))});
+    return WriteSnapshots(window,
+                          {parser.value(QString::fromLatin1(kSnapshotOption)), specs.value(0),
+                           parser.value(QStringLiteral("theirs")), FilesOf(parser)});
 }
 
 QString ProjectOf(const QCommandLineParser& parser)
 {
-    QString asked =
-        parser.positionalArguments().value(0, parser.value(QStringLiteral("project")));
-    if (!asked.isEmpty()) return asked;
+    for (const QString& named : parser.positionalArguments())
+        if (!QFileInfo(named).isFile()) return named;
+    if (QString asked = parser.value(QStringLiteral("project")); !asked.isEmpty())
+        return asked;
     if (parser.isSet(QString::fromLatin1(kReportOption))) return QStringLiteral(".");
     return RecentProjects().List().value(0);
 }
@@ -150,8 +168,6 @@ int RunWithoutUser(const QCommandLineParser& parser)
     const QString project = ProjectOf(parser);
     const bool opened = !project.isEmpty() && window.OpenProject(project);
     window.LoadModules();
-    for (const QString& file : parser.values(QString::fromLatin1(kOpenOption)))
-        window.OpenFile(file);
     if (!opened) {
         std::fprintf(stderr, "没有可以打开的项目: %s\n", qUtf8Printable(project));
         return 3;
@@ -168,11 +184,10 @@ int RunDesktop(const QCommandLineParser& parser, bool hasChineseFont)
     const QString project = ProjectOf(parser);
     if (!project.isEmpty()) window.OpenProject(project);
     window.LoadModules();
-    const QStringList files = parser.values(QString::fromLatin1(kOpenOption));
+    const QStringList files = FilesOf(parser);
     window.show();
     if (!files.isEmpty()) WaitForFrame(window);
-    for (const QString& file : files)
-        window.OpenFile(file);
+    window.OpenFiles(files);
     return QApplication::exec();
 }
 
@@ -195,6 +210,8 @@ int main(int argc, char** argv)
     QCoreApplication::setOrganizationName(QStringLiteral("roadhost"));
     QCoreApplication::setApplicationName(QStringLiteral("roadhost"));
     QCoreApplication::setApplicationVersion(QStringLiteral(DESIGNSPEC_VERSION));
+    QGuiApplication::setDesktopFileName(QStringLiteral("roadhost"));
+    QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/host/roadhost.svg")));
     const bool chinese = SetAppearance();
 
     QCommandLineParser parser;

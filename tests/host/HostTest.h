@@ -4,6 +4,7 @@
 #include <memory>
 
 #include <QLabel>
+#include <QListWidget>
 #include <QSettings>
 #include <QTableView>
 #include <QTest>
@@ -85,6 +86,31 @@ protected:
         std::filesystem::copy(other.Native() / "规范" / file, project.Native() / "规范" / file);
         VMRDPub::SetCurPrjPath(project.Path());
         return ToWide(file);
+    }
+
+    // A file outside the project that holds a style of that name.
+    CString StyleFile(const CString& name) const
+    {
+        const CString path = ToWide((settings.Native() / (ToUtf8(name) + ".hds")).string());
+        const TemporaryFolder other;
+        VMRDPub::SetCurPrjPath(other.Path());
+        CFakeStyles elsewhere;
+        elsewhere.Add(name);
+        EXPECT_TRUE(elsewhere.Export(path.c_str(), {}, nullptr));
+        VMRDPub::SetCurPrjPath(project.Path());
+        return path;
+    }
+    // Takes what the dialog of an import offers, which are these.
+    static ModalAction Import(const CStringArray& offered)
+    {
+        return [=](QWidget* window) {
+            const auto* const list = Control<QListWidget>(window, ControlId::ImportNames);
+            CStringArray names;
+            for (int i = 0; i < list->count(); ++i)
+                names.push_back(FromQString(list->item(i)->text()));
+            EXPECT_EQ(names, offered);
+            Click(window, IDOK);
+        };
     }
 
     QTableView* Table() const { return Control<QTableView>(host.get(), ControlId::Styles); }

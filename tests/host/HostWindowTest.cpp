@@ -473,6 +473,85 @@ TEST_F(HostWindowTest, WithoutAProjectItSaysWhatToDo)
     Click(host.get(), ControlId::HintButton);
 }
 
+TEST_F(HostWindowTest, StylesThatAreOpenedAreOfferedForImport)
+{
+    Have({L"甲"});
+    Start();
+    const QString file = ToQString(StyleFile(L"乙"));
+    {
+        ExpectModal dialog(Import({L"乙"}));
+        host->OpenFiles({file});
+    }
+    EXPECT_EQ(Listed(), (CStringArray{L"甲", L"乙"}));
+    EXPECT_EQ(Selected(), CStringArray{L"乙"});
+    EXPECT_EQ(BarText(ControlId::NoteBar), L"已导入: 新增 1 个, 覆盖 0 个。");
+    EXPECT_EQ(HdsFiles("规范"), 2u);
+}
+
+TEST_F(HostWindowTest, WhatIsOfferedCanBeDeclined)
+{
+    Have({L"甲"});
+    Start();
+    const QString file = ToQString(StyleFile(L"乙"));
+    {
+        ExpectModal dialog([](QWidget* window) { PressKey(window, Qt::Key_Escape); });
+        host->OpenFiles({file});
+    }
+    EXPECT_EQ(Listed(), CStringArray{L"甲"});
+    EXPECT_EQ(HdsFiles("规范"), 1u);
+    // It is not offered again.
+    Key(Qt::Key_F5);
+    QTest::qWait(50);
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+TEST_F(HostWindowTest, WithoutAProjectStylesWaitUntilOneIsOpened)
+{
+    const QString file = ToQString(StyleFile(L"乙"));
+    host = std::make_unique<HostWindow>();
+    host->LoadModules();
+    Show();
+    host->OpenFiles({file});
+    EXPECT_EQ(BarText(ControlId::NoteBar), L"打开或新建项目后导入: " + FromQString(file));
+    {
+        ExpectModal folder(ChooseFile(project.Path()));
+        ExpectModal dialog(Import({L"乙"}));
+        Key(Qt::Key_O, Qt::ControlModifier);
+    }
+    EXPECT_EQ(Listed(), CStringArray{L"乙"});
+}
+
+TEST_F(HostWindowTest, AFileOfTheProjectItselfIsShownInTheList)
+{
+    Have({L"甲", L"乙"});
+    Start();
+    ASSERT_EQ(Selected(), CStringArray{L"甲"});
+    for (const CString& name : FilesIn("规范"))
+        if (name.starts_with(L"乙"))
+            host->OpenFiles({ToQString(project.Path() + L"/规范/" + name)});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Selected() == CStringArray{L"乙"}; }));
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr) << "there is nothing to import";
+}
+
+TEST_F(HostWindowTest, AStyleFileThatCannotBeReadIsTold)
+{
+    Start();
+    settings.Write("broken.hds", "<x");
+    const CString file = ToWide((settings.Native() / "broken.hds").string());
+    host->OpenFiles({ToQString(file)});
+    ASSERT_TRUE(WaitForBar(ControlId::ErrorBar));
+    EXPECT_TRUE(BarText(ControlId::ErrorBar).starts_with(L"无法导入: " + file + L"\n"))
+        << ToUtf8(BarText(ControlId::ErrorBar));
+}
+
+TEST_F(HostWindowTest, WithoutTheirModuleStylesCannotBeOpened)
+{
+    QSettings().setValue(QStringLiteral("modulesAtStart"), QStringList());
+    Start();
+    host->OpenFiles({QStringLiteral("a.hds")});
+    EXPECT_EQ(BarText(ControlId::ErrorBar), L"没有已加载的模块能打开这种文件: a.hds");
+}
+
 TEST(ProjectFolders, RememberTheLastTenOnce)
 {
     QSettings().clear();

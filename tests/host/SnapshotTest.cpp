@@ -39,6 +39,17 @@ TEST_F(SnapshotTest, EveryWindowOfHostAndEditorGetsItsPicture)
     }
 }
 
+TEST_F(SnapshotTest, WhatAsksAboutFilesThatAreOpenedComesFirst)
+{
+    Have({L"甲"});
+    Start();
+    const CString file = StyleFile(L"乙");
+    EXPECT_EQ(WriteSnapshots(*host, {Folder(), {}, {}, {ToQString(file)}}), 0);
+    EXPECT_EQ(Pictures().value(0), QStringLiteral("01-导入.png"));
+    EXPECT_EQ(Pictures().value(1), QStringLiteral("02-样式管理器.png"));
+    EXPECT_EQ(Listed(), CStringArray{L"甲"}) << "the answer is no";
+}
+
 TEST_F(SnapshotTest, AWindowIsPicturedWithItsTitleAMenuHasNone)
 {
     Have({L"甲"});

@@ -101,6 +101,20 @@ TEST_F(ToolMenuTest, FilesThatACommandOpensCanBeDropped)
     EXPECT_EQ(BarText(ControlId::ErrorBar), L"");
 }
 
+TEST_F(ToolMenuTest, StylesThatAreDroppedAreOfferedForImport)
+{
+    Have({L"甲"});
+    Start();
+    const QStringList dropped = {ToQString(StyleFile(L"乙")), ToQString(StyleFile(L"丙"))};
+    {
+        ExpectModal dialog(Import({L"乙", L"丙"}));
+        EXPECT_TRUE(Drop(dropped));
+        EXPECT_EQ(QApplication::activeModalWidget(), nullptr) << "whoever drops does not wait";
+    }
+    EXPECT_EQ(Selected(), (CStringArray{L"丙", L"乙"}));
+    EXPECT_EQ(BarText(ControlId::NoteBar), L"已导入: 新增 2 个, 覆盖 0 个。");
+}
+
 TEST_F(ToolMenuTest, OtherFilesCannotBeDropped)
 {
     StartWithCommands();
@@ -133,10 +147,10 @@ TEST_F(ToolMenuTest, ARoadThatIsDroppedOpensItsWindow)
 TEST_F(ToolMenuTest, AFileThatNothingOpensIsTold)
 {
     StartWithCommands();
-    host->OpenFile(QStringLiteral("1.tst"));
+    host->OpenFiles({QStringLiteral("1.tst")});
     EXPECT_EQ(Opened(), FromQString(QDir::currentPath()) + L"/1.tst");
     EXPECT_EQ(BarText(ControlId::ErrorBar), L"");
-    host->OpenFile(QStringLiteral("1.txt"));
+    host->OpenFiles({QStringLiteral("1.txt")});
     EXPECT_EQ(BarText(ControlId::ErrorBar), L"没有已加载的模块能打开这种文件: 1.txt");
     Click(Control(host.get(), ControlId::ErrorBar), ControlId::BarAction);
     EXPECT_TRUE(Control(host.get(), ControlId::Modules)->isVisible());
