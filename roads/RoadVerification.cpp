@@ -1,11 +1,10 @@
 #include "roads/RoadVerification.h"
 
 #include <algorithm>
-#include <exception>
 #include <mutex>
-#include <thread>
 
 #include "base/Format.h"
+#include "base/SideBySide.h"
 #include "roads/Checking.h"
 #include "roads/RoadFileReading.h"
 
@@ -92,32 +91,14 @@ CheckRoadFiles(const std::vector<std::wstring>& paths, const std::vector<std::ws
                const std::function<void(size_t)>& onDone, const std::atomic<bool>* cancel)
 {
     std::vector<CheckedFile> files(paths.size());
-    std::atomic<size_t> next = 0;
     size_t done = 0;
     std::mutex telling;
-    std::exception_ptr failure;
-    const auto work = [&] {
-        try {
-            for (size_t i = next++; i < paths.size(); i = next++) {
-                files[i] = CheckRoadFile(paths[i], alignments, specification, options, cancel);
-                const std::lock_guard lock(telling);
-                ++done;
-                if (onDone) onDone(done);
-            }
-        } catch (...) {
-            const std::lock_guard lock(telling);
-            failure = std::current_exception();
-            next = paths.size();
-        }
-    };
-    {
-        std::vector<std::jthread> threads;
-        const size_t wanted = std::min(paths.size(), static_cast<size_t>(std::max(jobs, 1)));
-        for (size_t i = 1; i < wanted; ++i)
-            threads.emplace_back(work);
-        work();
-    }
-    if (failure) std::rethrow_exception(failure);
+    SideBySide(paths.size(), static_cast<size_t>(std::max(jobs, 1)), [&](size_t i) {
+        files[i] = CheckRoadFile(paths[i], alignments, specification, options, cancel);
+        const std::lock_guard lock(telling);
+        ++done;
+        if (onDone) onDone(done);
+    });
     TellMissing(alignments, files);
     return files;
 }
