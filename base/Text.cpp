@@ -16,23 +16,34 @@ constexpr utf8proc_int32_t kEscapeFirst = 0xDC80;
 constexpr utf8proc_int32_t kEscapeLast = 0xDCFF;
 constexpr utf8proc_int32_t kReplacement = 0xFFFD;
 
-// Length of the ASCII run at the start of `text`, eight bytes at a step.
+// Length of the ASCII run at the start of `text`, 32 bytes at a step.
 size_t AsciiRun(std::string_view text)
 {
     size_t i = 0;
-    for (; i + 8 <= text.size(); i += 8) {
-        std::uint64_t word;
-        std::memcpy(&word, text.data() + i, sizeof word);
-        if (word & 0x8080808080808080U) break;
+    for (std::uint64_t words[4]; i + sizeof words <= text.size(); i += sizeof words) {
+        std::memcpy(words, text.data() + i, sizeof words);
+        if ((words[0] | words[1] | words[2] | words[3]) & 0x8080808080808080U) break;
     }
     while (i < text.size() && static_cast<signed char>(text[i]) >= 0)
         ++i;
     return i;
 }
 
+bool IsContinuation(char c)
+{
+    return (c & 0xC0) == 0x80;
+}
+
 // Decodes one character; 0 when the bytes at the start of `text` are not UTF-8.
 size_t DecodeOne(std::string_view text, utf8proc_int32_t& code)
 {
+    // Chinese, nearly always: three bytes that can be nothing else.
+    const int first = static_cast<unsigned char>(text.front());
+    if (first > 0xE0 && first < 0xED && text.size() >= 3 && IsContinuation(text[1]) &&
+        IsContinuation(text[2])) {
+        code = (first & 0x0F) << 12 | (text[1] & 0x3F) << 6 | (text[2] & 0x3F);
+        return 3;
+    }
     const auto length = utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
                                          static_cast<utf8proc_ssize_t>(text.size()), &code);
     return length > 0 ? static_cast<size_t>(length) : 0;
@@ -54,10 +65,11 @@ std::wstring ToWide(std::string_view utf8)
     std::wstring text;
     // Each character but has one first byte; Chinese text would else take three times its room.
     text.reserve(static_cast<size_t>(
-        std::count_if(utf8.begin(), utf8.end(), [](char c) { return (c & 0xC0) != 0x80; })));
+        std::count_if(utf8.begin(), utf8.end(), [](char c) { return !IsContinuation(c); })));
     while (!utf8.empty()) {
         const size_t run = AsciiRun(utf8);
-        text.append(utf8.begin(), utf8.begin() + static_cast<std::ptrdiff_t>(run));
+        for (const char c : utf8.substr(0, run))
+            text.push_back(static_cast<wchar_t>(c));
         utf8.remove_prefix(run);
         if (utf8.empty()) break;
         utf8proc_int32_t code = 0;

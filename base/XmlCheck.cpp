@@ -16,6 +16,16 @@ std::uint8_t IsControl(char c)
     return (byte < 0x20) & (byte != '\t') & (byte != '\n') & (byte != '\r');
 }
 
+// A text that has any is the exception, so there is no branch: the processor then takes many bytes
+// at a step.
+bool HasControls(std::string_view xml)
+{
+    std::uint8_t any = 0;
+    for (char c : xml)
+        any = static_cast<std::uint8_t>(any | IsControl(c));
+    return any != 0;
+}
+
 // One walk over the markup, from "<" to "<".
 class Walk {
 public:
@@ -38,14 +48,10 @@ private:
         if (!m_fault || offset < m_fault->offset) m_fault = XmlFault{offset, cause};
     }
 
-    // Bare control characters. A text that has any is the exception, so the first look has no
-    // branch in it: the processor then takes many bytes at a step.
+    // Bare control characters.
     void CheckControls()
     {
-        std::uint8_t any = 0;
-        for (char c : m_xml)
-            any = static_cast<std::uint8_t>(any | IsControl(c));
-        if (any == 0) return;
+        if (!HasControls(m_xml)) return;
         const auto found = std::find_if(m_xml.begin(), m_xml.end(), IsControl);
         const auto at = static_cast<size_t>(found - m_xml.begin());
         Fault(at, *found ? L"含有 XML 不允许的控制字符" : L"含有空字符(NUL)");
@@ -153,10 +159,8 @@ private:
 
 bool HasMarkupToCheck(std::string_view xml)
 {
-    std::uint8_t any = 0;
-    for (char c : xml) // no branch: the processor then takes many bytes at a step
-        any = static_cast<std::uint8_t>(any | IsControl(c) | (c == '&') | (c == '!'));
-    return any != 0;
+    constexpr size_t kNone = std::string_view::npos;
+    return xml.find('&') != kNone || xml.find('!') != kNone || HasControls(xml);
 }
 
 bool IsXmlCharacter(char32_t c)

@@ -6,6 +6,7 @@
 #include "base/File.h"
 #include "base/Format.h"
 #include "base/NoCase.h"
+#include "base/SideBySide.h"
 #include "base/Text.h"
 #include "library/SpecificationFiles.h"
 #include "library/SpecificationReading.h"
@@ -387,27 +388,51 @@ Outcome SpecificationFolder::Load()
     return outcome;
 }
 
+namespace {
+
+// A file of the folder, read.
+struct ReadFile {
+    std::optional<KnownFiles::Content> content; // null: not even its bytes could be read
+    ReadDocument document{{}, false};
+    Problems problems;
+};
+
+ReadFile ReadOne(const StyleFolder& files, const CString& file)
+{
+    ReadFile read;
+    CXTPPropExchangeXMLNode root(true, kStyleLibraryRoot);
+    if (!files.Read(file, root, read.content, read.problems)) return read;
+    const auto all = [](const CString&) { return true; };
+    read.document = ReadSpecifications(root, files.PathOf(file), all, read.problems);
+    for (ReadSpecification& one : read.document.specifications)
+        one.section = {}; // the document is not needed any more
+    return read;
+}
+
+} // namespace
+
+// The files are read side by side, and taken in one after the other: what happens, and what is told
+// of it, does not depend on the threads.
 Outcome SpecificationFolder::Read(CStringArray& files)
 {
+    constexpr size_t kFilesOfOneThread = 16;
     Clear();
     Outcome outcome;
     files = m_files.Files(outcome.problems);
-    for (const CString& file : files) {
-        const CString path = m_files.PathOf(file);
-        CXTPPropExchangeXMLNode root(true, kStyleLibraryRoot);
-        if (!m_files.Load(file, root, outcome.problems)) {
-            m_saving->AddUnread(file);
-            continue;
-        }
-        const auto all = [](const CString&) { return true; };
-        ReadDocument document = ReadSpecifications(root, path, all, outcome.problems);
-        if (!document.isAll) m_saving->AddUnread(file);
-        for (auto& one : document.specifications) {
+    std::vector<ReadFile> read(files.size());
+    SideBySide(files.size(), ThreadsFor(files.size(), kFilesOfOneThread),
+               [&](size_t i) { read[i] = ReadOne(m_files, files[i]); });
+    for (size_t i = 0; i < files.size(); ++i) {
+        const CString path = m_files.PathOf(files[i]);
+        Append(outcome.problems, std::move(read[i].problems));
+        if (read[i].content) m_files.Know(files[i], std::move(*read[i].content));
+        if (!read[i].document.isAll) m_saving->AddUnread(files[i]);
+        for (ReadSpecification& one : read[i].document.specifications) {
             const bool hasID = one.hasID;
             // Two files of one folder should not hold the same specification, nor one no name.
             const TakenSpecification taken =
                 TakeIn(std::move(one), path, true, Severity::Error, outcome.problems);
-            m_saving->AddLoaded({taken.id, file, hasID});
+            m_saving->AddLoaded({taken.id, files[i], hasID});
         }
     }
     outcome.done = !HasError(outcome.problems);

@@ -3,6 +3,7 @@
 #include "base/Format.h"
 #include "base/Text.h"
 #include "library/StyleName.h"
+#include "model/Criteria.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
 
 namespace designspec {
@@ -31,6 +32,19 @@ bool AddOddities(const CXTPPropExchange& style, const CString& path, const CStri
     return hasID;
 }
 
+// What loading makes a specification of. It takes out all rows first: here there are none, but
+// room for them.
+CDesignSpecification WithoutRows()
+{
+    CDesignSpecification blank;
+    for (const CriterionInfo& criterion : Criteria())
+        for (const Field& field : criterion.fields)
+            if (field.HasRows())
+                for (int i = field.RowCount(criterion.get(blank)); i > 0; --i)
+                    field.RemoveRow(criterion.get(blank), i - 1);
+    return blank;
+}
+
 // Without a specification when that one is passed over or refused.
 ReadSpecification Read(CXTPPropExchange style, const CString& path,
                        const std::function<bool(const CString&)>& wanted, Problems& problems)
@@ -48,7 +62,7 @@ ReadSpecification Read(CXTPPropExchange style, const CString& path,
         return {};
     }
     // A copy: a new identity for each, which the file's own then replaces, takes its time.
-    static const CDesignSpecification blank;
+    static const CDesignSpecification blank = WithoutRows();
     auto specification = std::make_unique<CDesignSpecification>(blank);
     specification->DoPropExchange(&style);
     const Problems unreadable = style.TakeProblems();

@@ -57,7 +57,7 @@ void ExchangeRows(CXTPPropExchange* pPX, void* object, const Field& field)
 void ExchangeText(CXTPPropExchange* pPX, const Field& field, CString& text)
 {
     PX_String(pPX, field.key, text);
-    if (pPX->IsLoading() && !field.isKey) text = Trim(text);
+    if (pPX->IsLoading() && !field.isKey && !text.empty()) text = Trim(text);
 }
 
 void ExchangeInt(CXTPPropExchange* pPX, const Field& field, std::int32_t& value)

@@ -40,7 +40,7 @@ std::string WithoutForbidden(std::wstring_view text)
 }
 
 // Names are nearly always ASCII; those are compared without making a string.
-bool SameName(const char* name, std::wstring_view key)
+inline bool SameName(const char* name, std::wstring_view key)
 {
     size_t same = 0; // characters; a byte that is not ASCII is below 0, and no character is that
     while (same < key.size() && static_cast<signed char>(name[same]) == key[same])
@@ -49,12 +49,13 @@ bool SameName(const char* name, std::wstring_view key)
     return key[same] >= 0x80 && ToUtf8(key) == name;
 }
 
+// Behind the last child there is one without a name, as a text has none.
 pugi::xml_node FindChild(pugi::xml_node parent, std::wstring_view key)
 {
-    pugi::xml_node child = parent.first_child();
-    while (child && !SameName(child.name(), key))
-        child = child.next_sibling();
-    return child;
+    for (pugi::xml_node child = parent.first_child();; child = child.next_sibling()) {
+        const char* const name = child.name();
+        if (SameName(name, key) || (*name == 0 && !child)) return child;
+    }
 }
 
 // The text of a value that is in the document, and the name in front of it; both null for one that
@@ -206,7 +207,11 @@ CXTPPropExchangeEnumerator CXTPPropExchange::GetEnumerator(const wchar_t* path) 
 void CXTPPropExchange::MoveToNext()
 {
     const pugi::xml_node node(m_node);
-    m_node = node.next_sibling(node.name()).internal_object();
+    const char* const name = node.name();
+    pugi::xml_node next = node.next_sibling();
+    while (next && std::strcmp(next.name(), name) != 0)
+        next = next.next_sibling();
+    m_node = next.internal_object();
     if (m_node) ++m_document->found;
 }
 
@@ -242,8 +247,8 @@ bool CXTPPropExchange::ReadNumber(std::wstring_view key, T& value,
     const Stored stored = FindValue(pugi::xml_node(m_node), m_compact, key, m_document->joined);
     if (!stored.text) return false;
     ++m_document->found;
-    if (IsBlankText(stored.text)) return false;
-    return parse(stored.text, value) || Refuse(key, stored.text, stored.name, kind);
+    return parse(stored.text, value) ||
+           (!IsBlankText(stored.text) && Refuse(key, stored.text, stored.name, kind));
 }
 
 bool CXTPPropExchange::Refuse(std::wstring_view key, const char* text, const char* name,

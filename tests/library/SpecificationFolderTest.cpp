@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/Format.h"
 #include "tests/support/LibraryTest.h"
 
 namespace fs = std::filesystem;
@@ -213,4 +214,38 @@ TEST_F(SpecificationFolderTest, ImportIsFalseWhenAFileResists)
     EXPECT_FALSE(Library().Folder().Import(path, {}, true).done);
     Reload();
     EXPECT_EQ(Names(), L"b"); // what could be saved is
+}
+
+// So many that several threads read them. Each is of one name, so that the order in which they were
+// taken in shows in their names, and every seventh is left out with an error.
+TEST_F(SpecificationFolderTest, ManyFilesAreTakenInAndToldOfInTheirOrder)
+{
+    constexpr int kMany = 150;
+    const auto isBroken = [](int i) { return i % 7 == 3; };
+    const auto fileOf = [](int i) { return Format(L"规范/%03d.hds", i); };
+    for (int i = 0; i < kMany; ++i) {
+        CString style = ToWide(Style("a", kIdA, i));
+        const CString id = Format(L"%08X-0000-4000-8000-00000000000A", i + 1);
+        style.replace(style.find(ToWide(kIdA)), id.size(), id);
+        if (isBroken(i)) style.insert(style.find(L"MaxLen=\"") + 8, L"x");
+        m_project.Write(ToUtf8(fileOf(i)), Envelope(ToUtf8(style)));
+    }
+    for (int turn = 0; turn < 10; ++turn) {
+        m_trace.Clear();
+        Library().Update();
+        std::vector<CString> told;
+        int taken = 0;
+        for (int i = 0; i < kMany; ++i) {
+            const bool isNamed = taken > 0 || isBroken(i);
+            if (isNamed) told.push_back(m_project.Path(fileOf(i)));
+            if (isBroken(i)) continue;
+            EXPECT_EQ(At(taken).BeelineLen.MaxLen, i);
+            EXPECT_EQ(At(taken).Name(), taken == 0 ? L"a" : Format(L"a(%d)", taken));
+            ++taken;
+        }
+        EXPECT_EQ(Library().Count(), taken);
+        ASSERT_EQ(m_trace.Lines().size(), told.size());
+        for (size_t i = 0; i < told.size(); ++i)
+            EXPECT_EQ(m_trace.Lines()[i].file, told[i]);
+    }
 }

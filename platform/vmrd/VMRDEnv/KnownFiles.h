@@ -2,9 +2,11 @@
 // was written by somebody else.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "platform/mfc/String.h"
@@ -14,8 +16,21 @@ namespace designspec {
 
 class KnownFiles {
 public:
-    // `ids` are those of the styles in it.
-    void Set(const CString& file, std::string_view bytes, std::vector<GUID> ids = {});
+    // What tells one content of a file from another.
+    struct Content {
+        // `ids` are those of the styles in it.
+        explicit Content(std::string_view bytes, std::vector<GUID> ids = {});
+        bool IsOf(std::string_view bytes) const;
+
+        size_t size;
+        std::uint64_t fingerprint;
+        std::vector<GUID> ids;
+    };
+    void Set(const CString& file, Content content) { m_files[file] = std::move(content); }
+    void Set(const CString& file, std::string_view bytes, std::vector<GUID> ids = {})
+    {
+        Set(file, Content(bytes, std::move(ids)));
+    }
     void SetGone(const CString& file) { m_files[file] = std::nullopt; }
     void Clear() { m_files.clear(); }
 
@@ -28,10 +43,6 @@ public:
     CStringArray Names() const;
 
 private:
-    struct Content {
-        size_t size, hash; // tell two contents apart
-        std::vector<GUID> ids;
-    };
     const Content* ContentOf(const CString& file) const;
 
     // Nothing: there is no such file. Each save asks for every name in the folder.

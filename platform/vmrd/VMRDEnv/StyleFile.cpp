@@ -17,14 +17,14 @@ CString GroupPath(const CString& groupName)
     CString path;
     for (const CString& level : SplitText(groupName, L"/\\")) {
         if (!path.empty()) path += L'/';
-        path += Format(L"Group[@Name=\"%s\"]", level);
+        path += L"Group[@Name=\"" + level + L"\"]";
     }
     return path;
 }
 
 CString StylesPath(const CString& library)
 {
-    return Format(L"%s/Styles[@Name=\"%s\"]", GroupPath(library), library);
+    return GroupPath(library) + L"/Styles[@Name=\"" + library + L"\"]";
 }
 
 bool CreateStylesNode(const CString& path, const CString& groupName, const CString& library,

@@ -195,12 +195,27 @@ CStringArray StyleFolder::Strangers(Problems& problems) const
 
 bool StyleFolder::Load(const CString& file, CXTPPropExchangeXMLNode& root, Problems& problems)
 {
+    std::optional<KnownFiles::Content> content;
+    const bool loaded = Read(file, root, content, problems);
+    if (content) Know(file, std::move(*content));
+    return loaded;
+}
+
+bool StyleFolder::Read(const CString& file, CXTPPropExchangeXMLNode& root,
+                       std::optional<KnownFiles::Content>& content, Problems& problems) const
+{
+    const CString path = PathOf(file);
     std::string bytes;
-    if (!ReadWholeFile(PathOf(file), bytes, problems)) return false;
-    const bool loaded = root.LoadFromBytes(bytes, PathOf(file));
-    m_known.Set(file, bytes, Identities(root, m_library));
+    if (!ReadWholeFile(path, bytes, problems)) return false;
+    const bool loaded = root.LoadFromBytes(bytes, path);
+    content.emplace(bytes, Identities(root, m_library));
     if (!loaded) Append(problems, root.TakeProblems());
     return loaded;
+}
+
+void StyleFolder::Know(const CString& file, KnownFiles::Content content)
+{
+    m_known.Set(file, std::move(content));
 }
 
 bool StyleFolder::Save(const CString& file, const CXTPPropExchangeXMLNode& root, Problems& problems)

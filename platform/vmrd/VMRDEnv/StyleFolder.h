@@ -94,6 +94,13 @@ public:
     CStringArray Strangers(Problems& problems) const;
 
     bool Load(const CString& file, CXTPPropExchangeXMLNode& root, Problems& problems);
+    // The same in two steps: the first one can be taken for several files at a time, each on one
+    // thread; what it found is told the folder by the second one. `content` is null for a file that
+    // could not be read at all.
+    AFX_EXT_PRIVATE bool Read(const CString& file, CXTPPropExchangeXMLNode& root,
+                              std::optional<KnownFiles::Content>& content,
+                              Problems& problems) const;
+    AFX_EXT_PRIVATE void Know(const CString& file, KnownFiles::Content content);
     // Makes the folder when there is none, but not the project's. Whole or not at all. The first
     // time, what is left there of writes that were killed goes.
     bool Save(const CString& file, const CXTPPropExchangeXMLNode& root, Problems& problems);

@@ -1,5 +1,8 @@
 #include "platform/vmrd/VMRDEnv/KnownFiles.h"
 
+#include <algorithm>
+#include <string>
+
 #include <gtest/gtest.h>
 
 using namespace designspec;
@@ -26,6 +29,26 @@ TEST(KnownFilesTest, TellsTwoContentsApart)
     known.Set(L"甲.hds", "");
     EXPECT_TRUE(known.Held(L"甲.hds", ""));
     EXPECT_FALSE(known.Held(L"甲.hds", "250"));
+}
+
+TEST(KnownFilesTest, TellsLongContentsApartByEachByte)
+{
+    for (const size_t size : {31U, 32U, 33U, 64U, 100U}) {
+        std::string bytes;
+        for (size_t i = 0; i < size; ++i)
+            bytes.push_back(static_cast<char>(i * 7));
+        KnownFiles known;
+        known.Set(L"甲.hds", bytes);
+        for (size_t i = 0; i < size; ++i) {
+            std::string other = bytes;
+            other[i] = static_cast<char>(other[i] ^ 0x40);
+            EXPECT_FALSE(known.Held(L"甲.hds", other)) << size << ": " << i;
+        }
+        std::string turned = bytes;
+        std::rotate(turned.begin(), turned.begin() + 8, turned.end());
+        EXPECT_FALSE(known.Held(L"甲.hds", turned)) << size;
+        EXPECT_TRUE(known.Held(L"甲.hds", bytes)) << size;
+    }
 }
 
 TEST(KnownFilesTest, KnowsTheStylesOfTheLastContent)
