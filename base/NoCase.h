@@ -10,16 +10,39 @@ namespace designspec {
 int CompareNoCase(std::wstring_view a, std::wstring_view b);
 bool EqualNoCase(std::wstring_view a, std::wstring_view b);
 
+// A text to be looked for among keys, folded; nearly always without memory of its own.
+class NoCaseText {
+public:
+    explicit NoCaseText(std::wstring_view text);
+    NoCaseText(const NoCaseText&) = delete;
+    NoCaseText& operator=(const NoCaseText&) = delete;
+
+    std::wstring_view Folded() const { return m_folded; }
+    size_t HashCode() const { return m_hash; }
+
+private:
+    wchar_t m_room[64]; // for as many characters, each of which folds to one
+    std::wstring m_more;
+    std::wstring_view m_folded; // in one of them
+    size_t m_hash;
+};
+
+// That of a text which is folded already.
+size_t HashOfFolded(std::wstring_view folded);
+
 // A text made ready once to be compared with many others.
 class NoCaseKey {
 public:
     NoCaseKey() : NoCaseKey(std::wstring_view()) {}
-    explicit NoCaseKey(std::wstring_view text);
+    explicit NoCaseKey(std::wstring_view text) : NoCaseKey(NoCaseText(text)) {}
+    explicit NoCaseKey(const NoCaseText& text) : m_hash(text.HashCode()), m_folded(text.Folded()) {}
     // What EqualNoCase says of the two texts.
     bool operator==(const NoCaseKey&) const = default;
 
     // The text with its case folded; a text that begins or ends it does so folded.
     const std::wstring& Folded() const { return m_folded; }
+    size_t HashCode() const { return m_hash; }
+
     struct Hash {
         size_t operator()(const NoCaseKey& key) const { return key.m_hash; }
     };

@@ -17,12 +17,22 @@ struct SpecificationList::Entry {
 
     size_t number;
     std::unique_ptr<CDesignSpecification> item;
-    NoCaseKey name; // under which it is to be found
-    GUID id = {};
+    // By which it is to be found.
+    ByName::value_type* name = nullptr;
+    ByID::value_type* id = nullptr;
     Connection connection;
 };
 
 namespace {
+
+// Entries by their number, and so in the list's order.
+constexpr auto IsBefore = [](const auto& entry, size_t number) { return entry->number < number; };
+
+// As the pool's strings are made of it.
+std::wstring_view FoldedName(const CDesignSpecification& specification)
+{
+    return specification.NameKey().Folded();
+}
 
 CString Numbered(const CString& name, int number)
 {
@@ -31,12 +41,25 @@ CString Numbered(const CString& name, int number)
 
 } // namespace
 
-// Those of that name or identity; null when there is none.
-template <class Map, class Key>
-const SpecificationList::Entries* SpecificationList::FindIn(const Map& map, const Key& key)
+void SpecificationList::Entries::Insert(Entry& entry)
 {
+    m_all.insert(std::lower_bound(m_all.begin(), m_all.end(), entry.number, IsBefore), &entry);
+    m_first = m_all.front()->item.get();
+}
+
+void SpecificationList::Entries::Erase(const Entry& entry)
+{
+    m_all.erase(std::lower_bound(m_all.begin(), m_all.end(), entry.number, IsBefore));
+    m_first = m_all.empty() ? nullptr : m_all.front()->item.get();
+}
+
+// Those of that name or identity, if there are any.
+template <class Map, class Key>
+const SpecificationList::Entries& SpecificationList::FindIn(const Map& map, const Key& key)
+{
+    static const Entries none;
     const auto found = map.find(key);
-    return found == map.end() || found->second.empty() ? nullptr : &found->second;
+    return found == map.end() ? none : found->second;
 }
 
 SpecificationList::SpecificationList() = default;
@@ -51,28 +74,30 @@ CDesignSpecification* SpecificationList::Item(int index) const
 
 CDesignSpecification* SpecificationList::Find(const GUID& id) const
 {
-    const Entries* const found = FindIn(m_byID, id);
-    return found ? found->begin()->second->item.get() : nullptr;
+    return FindIn(m_byID, id).First();
 }
 
 CDesignSpecification* SpecificationList::FindLast(const GUID& id) const
 {
-    const Entries* const found = FindIn(m_byID, id);
-    return found ? found->rbegin()->second->item.get() : nullptr;
+    const Entries& found = FindIn(m_byID, id);
+    return found.IsEmpty() ? nullptr : found.All().back()->item.get();
 }
 
-CDesignSpecification* SpecificationList::Find(const wchar_t* name) const
+CDesignSpecification* SpecificationList::Find(const wchar_t* wanted) const
 {
-    const Entries* const found = FindIn(m_byName, NoCaseKey(name));
-    return found ? found->begin()->second->item.get() : nullptr;
+    const std::wstring_view name(wanted);
+    // Going through a few is quicker than folding and hashing a name that stands there as it is.
+    constexpr size_t kFew = 12;
+    if (m_items.size() <= kFew)
+        for (const auto& entry : m_items)
+            if (entry->name->first == name) return entry->item.get();
+    return FindIn(m_byName, NoCaseText(name)).First();
 }
 
 SpecificationList::Entry*
 SpecificationList::EntryOf(const CDesignSpecification& specification) const
 {
-    const Entries* const found = FindIn(m_byID, specification.ID());
-    if (!found) return nullptr;
-    for (const auto& [number, entry] : *found)
+    for (Entry* const entry : FindIn(m_byID, specification.ID()).All())
         if (entry->item.get() == &specification) return entry;
     return nullptr;
 }
@@ -81,9 +106,7 @@ int SpecificationList::IndexOf(const CDesignSpecification& specification) const
 {
     const Entry* const entry = EntryOf(specification);
     if (!entry) return -1;
-    const auto at =
-        std::lower_bound(m_items.begin(), m_items.end(), entry->number,
-                         [](const auto& item, size_t number) { return item->number < number; });
+    const auto at = std::lower_bound(m_items.begin(), m_items.end(), entry->number, IsBefore);
     return static_cast<int>(at - m_items.begin());
 }
 
@@ -104,10 +127,12 @@ CDesignSpecification& SpecificationList::Add(std::unique_ptr<CDesignSpecificatio
 void SpecificationList::Enter(Entry& entry)
 {
     CDesignSpecification& item = *entry.item;
-    entry.name = item.NameKey();
-    entry.id = item.ID();
-    m_byName[entry.name].emplace(entry.number, &entry);
-    m_byID[entry.id].emplace(entry.number, &entry);
+    auto& name = *m_byName.try_emplace(ByName::key_type(FoldedName(item), &m_pool)).first;
+    auto& id = *m_byID.try_emplace(item.ID()).first;
+    name.second.Insert(entry);
+    entry.name = &name;
+    id.second.Insert(entry);
+    entry.id = &id;
     entry.connection = item.ConnectIdentity([this, &entry] { Follow(entry); });
 }
 
@@ -116,8 +141,8 @@ std::unique_ptr<CDesignSpecification> SpecificationList::TakeOut(int index)
     const auto at = m_items.begin() + index;
     const std::unique_ptr<Entry> entry = std::move(*at);
     m_items.erase(at);
-    Leave(entry->name, entry->number);
-    Leave(entry->id, entry->number);
+    if (entry->name) LeaveName(*entry->name, *entry);
+    if (entry->id) LeaveID(*entry->id, *entry);
     return std::move(entry->item);
 }
 
@@ -134,44 +159,39 @@ void SpecificationList::Clear()
 void SpecificationList::Follow(Entry& entry)
 {
     const CDesignSpecification& item = *entry.item;
-    if (!(entry.name == item.NameKey())) {
-        NoCaseKey name = item.NameKey();
-        m_byName[name].emplace(entry.number, &entry);
-        std::swap(entry.name, name);
-        Leave(name, entry.number);
+    if (FoldedName(item) != entry.name->first) {
+        auto& name = *m_byName.try_emplace(ByName::key_type(FoldedName(item), &m_pool)).first;
+        name.second.Insert(entry);
+        LeaveName(*std::exchange(entry.name, &name), entry);
     }
-    if (!item.HasID(entry.id)) {
-        GUID id = item.ID();
-        m_byID[id].emplace(entry.number, &entry);
-        std::swap(entry.id, id);
-        Leave(id, entry.number);
+    if (!item.HasID(entry.id->first)) {
+        auto& id = *m_byID.try_emplace(item.ID()).first;
+        id.second.Insert(entry);
+        LeaveID(*std::exchange(entry.id, &id), entry);
     }
 }
 
-void SpecificationList::Leave(const NoCaseKey& name, size_t number)
+void SpecificationList::LeaveName(ByName::value_type& name, const Entry& entry)
 {
-    const auto found = m_byName.find(name);
-    if (found == m_byName.end()) return;
-    found->second.erase(number);
-    if (!found->second.empty()) return;
-    m_byName.erase(found);
-    FreeNumberOf(name.Folded());
+    name.second.Erase(entry);
+    if (!name.second.IsEmpty()) return;
+    const std::wstring left(name.first);
+    m_byName.erase(m_byName.find(name.first));
+    FreeNumberOf(left);
 }
 
-void SpecificationList::Leave(const GUID& id, size_t number)
+void SpecificationList::LeaveID(ByID::value_type& id, const Entry& entry)
 {
-    const auto found = m_byID.find(id);
-    if (found == m_byID.end()) return;
-    found->second.erase(number);
-    if (found->second.empty()) m_byID.erase(found);
+    id.second.Erase(entry);
+    if (id.second.IsEmpty()) m_byID.erase(m_byID.find(id.first));
 }
 
 // Names
 
 bool SpecificationList::IsTaken(const CString& name, const CDesignSpecification& by) const
 {
-    const Entries* const found = FindIn(m_byName, NoCaseKey(name));
-    return found && (found->size() > 1 || found->begin()->second->item.get() != &by);
+    const Entries& found = FindIn(m_byName, NoCaseText(name));
+    return !found.IsEmpty() && (found.All().size() > 1 || found.First() != &by);
 }
 
 void SpecificationList::MakeNameUnique(CDesignSpecification& specification)

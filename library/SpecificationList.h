@@ -2,9 +2,8 @@
 // identity without a search, whatever they were called when they came.
 #pragma once
 
-#include <cstring>
-#include <map>
 #include <memory>
+#include <memory_resource>
 #include <set>
 #include <unordered_map>
 #include <vector>
@@ -41,7 +40,33 @@ public:
 
 private:
     struct Entry;
-    using Entries = std::map<size_t, Entry*>; // by number, and so in the list's order
+    // Those of one name or identity, in the list's order: nearly always one.
+    class Entries {
+    public:
+        bool IsEmpty() const { return m_all.empty(); }
+        const std::vector<Entry*>& All() const { return m_all; }
+        CDesignSpecification* First() const { return m_first; } // null when there is none
+        void Insert(Entry& entry);
+        void Erase(const Entry& entry);
+
+    private:
+        std::vector<Entry*> m_all;
+        CDesignSpecification* m_first = nullptr;
+    };
+    // By the folded name; found by a text that is folded as well, whose hash is known.
+    struct Hash {
+        using is_transparent = void;
+        size_t operator()(const std::pmr::wstring& folded) const { return HashOfFolded(folded); }
+        size_t operator()(const NoCaseText& name) const { return name.HashCode(); }
+    };
+    struct Equal {
+        using is_transparent = void;
+        bool operator()(const auto& a, const auto& b) const { return Folded(a) == Folded(b); }
+        static std::wstring_view Folded(const std::pmr::wstring& folded) { return folded; }
+        static std::wstring_view Folded(const auto& name) { return name.Folded(); }
+    };
+    using ByName = std::pmr::unordered_map<std::pmr::wstring, Entries, Hash, Equal>;
+    using ByID = std::pmr::unordered_map<GUID, Entries, GuidHash>;
 
     // Which of NAME(1), NAME(2) … are taken: all below `next`, but for those in `freed`, which are
     // looked at again.
@@ -50,20 +75,22 @@ private:
         std::set<int> freed;
     };
 
-    template <class Map, class Key> static const Entries* FindIn(const Map& map, const Key& key);
+    template <class Map, class Key> static const Entries& FindIn(const Map& map, const Key& key);
     Entry* EntryOf(const CDesignSpecification& specification) const;
     void Enter(Entry& entry);
     void Follow(Entry& entry);
-    void Leave(const NoCaseKey& name, size_t number);
-    void Leave(const GUID& id, size_t number);
+    void LeaveName(ByName::value_type& name, const Entry& entry);
+    void LeaveID(ByID::value_type& id, const Entry& entry);
     bool IsTaken(const CString& name, const CDesignSpecification& by) const;
     int FreeNumber(const CDesignSpecification& specification);
     void FreeNumberOf(const std::wstring& name);
 
     std::vector<std::unique_ptr<Entry>> m_items; // their numbers rise
     size_t m_nextNumber = 0;
-    std::unordered_map<NoCaseKey, Entries, NoCaseKey::Hash> m_byName;
-    std::unordered_map<GUID, Entries, GuidHash> m_byID;
+    // What is searched stands close together, not among the specifications: on few pages.
+    std::pmr::unsynchronized_pool_resource m_pool;
+    ByName m_byName{&m_pool};
+    ByID m_byID{&m_pool};
     std::unordered_map<std::wstring, Numbers> m_numbers; // by folded name
 };
 

@@ -1,10 +1,49 @@
 #include "base/NoCase.h"
 
+#include <algorithm>
+#include <cstdint>
+#include <cwchar>
+#include <iterator>
+#include <random>
+
 #include <gtest/gtest.h>
+#include <utf8proc.h>
 
 #include "base/Text.h"
 
 using namespace designspec;
+
+namespace {
+
+// Character by character as Unicode says, without any short way.
+std::wstring FullyFolded(const std::wstring& text)
+{
+    std::wstring folded;
+    for (const wchar_t c : text) {
+        utf8proc_int32_t to[8] = {};
+        int boundary = 0;
+        const auto count = utf8proc_decompose_char(static_cast<utf8proc_int32_t>(c), to,
+                                                   std::ssize(to), UTF8PROC_CASEFOLD, &boundary);
+        if (count < 0)
+            folded.push_back(c); // no character
+        else
+            folded.append(to, to + count);
+    }
+    return folded;
+}
+
+void ExpectFolded(const std::wstring& text)
+{
+    const std::wstring expected = FullyFolded(text);
+    const NoCaseText asked(text);
+    const NoCaseKey key(text);
+    ASSERT_EQ(asked.Folded(), expected) << ToUtf8(text);
+    ASSERT_EQ(key.Folded(), expected);
+    ASSERT_EQ(asked.HashCode(), HashOfFolded(expected));
+    ASSERT_EQ(NoCaseKey::Hash()(key), asked.HashCode());
+}
+
+} // namespace
 
 TEST(NoCase, ComparesIgnoringCase)
 {
@@ -47,4 +86,41 @@ TEST(NoCaseKey, BeginsAndEndsAsItsTextDoes)
 {
     EXPECT_EQ(NoCaseKey(L"STRASSE(1)").Folded(), NoCaseKey(L"straße").Folded() + L"(1)");
     EXPECT_EQ(NoCaseKey::Hash()(NoCaseKey(L"Road")), NoCaseKey::Hash()(NoCaseKey(L"ROAD")));
+}
+
+TEST(NoCaseText, FoldsEachCharacterAsUnicodeSays)
+{
+    constexpr auto kLast = std::min<std::uint32_t>(0x10FFFF, WCHAR_MAX);
+    for (std::uint32_t code = 1; code <= kLast; ++code) {
+        const auto c = static_cast<wchar_t>(code);
+        ExpectFolded({c});
+        ExpectFolded({L'A', c, L'规'});
+        if (HasFatalFailure()) return;
+    }
+}
+
+TEST(NoCaseText, FoldsNamesOfAnyLength)
+{
+    std::mt19937 random(20241122);
+    const std::wstring_view plain = L"JTG D20-2017z 城市道路设计规范(1)㐀ꓽ";
+    const std::wstring_view any = L"JTG D20城市ＡＢİßΟΣẞﬃὈ𐐀";
+    for (int i = 0; i < 20000; ++i) {
+        const std::wstring_view from = i % 2 == 0 ? plain : any;
+        std::wstring text(random() % 150, L' ');
+        for (wchar_t& c : text)
+            c = from[random() % from.size()];
+        ExpectFolded(text);
+        if (HasFatalFailure()) return;
+    }
+}
+
+TEST(NoCaseText, TellsNamesApartThatAreNearlyTheSame)
+{
+    const std::wstring name = L"城市道路设计规范1234567890";
+    for (size_t i = 0; i < name.size(); ++i) {
+        std::wstring other = name;
+        ++other[i];
+        EXPECT_NE(NoCaseText(other).HashCode(), NoCaseText(name).HashCode()) << i;
+        EXPECT_NE(NoCaseText(name.substr(0, i)).HashCode(), NoCaseText(name).HashCode()) << i;
+    }
 }
