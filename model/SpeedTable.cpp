@@ -1,8 +1,9 @@
 #include "model/SpeedTable.h"
 
+#include <bit>
 #include <cmath>
 #include <limits>
-#include <utility>
+#include <type_traits>
 
 #include "platform/xtp/PropExchange.h"
 
@@ -30,6 +31,11 @@ struct Neighbours {
     Step above = ~Step{0}; // the lowest speed at or above the asked one; none if it is below
     Step below = 0;        // the highest speed below the asked one; none if it is not below
 
+    void Take(Step otherAbove, Step otherBelow)
+    {
+        above = std::min(above, otherAbove);
+        below = std::max(below, otherBelow);
+    }
     bool HasExact() const { return Difference(above) == 0; }
     bool HasAbove() const { return Difference(above) >= 0; }
     bool HasBelow() const { return Difference(below) < 0; }
@@ -38,19 +44,25 @@ struct Neighbours {
 // One pass over the table as it stands, whatever its order: the answer is that of a sorted copy,
 // and nothing is allocated. Steps are compared as unsigned numbers: those of the speeds below are
 // then greater than all others, so that the greatest step is the nearest below and the least one
-// the nearest above.
+// the nearest above. Every other entry is compared by itself: a comparison waits for the one
+// before.
 template <class T>
 Neighbours FindNeighbours(const GrowArray<SpeedEntry<T>>& table, std::int32_t speed)
 {
     Neighbours found;
+    Neighbours others;
     const Step asked = static_cast<Step>(speed) << kPlaceBits;
+    const auto stepOf = [&table, asked](Step place) {
+        return (static_cast<Step>(table.entries[place].speed) << kPlaceBits) - asked + place;
+    };
     const auto count = static_cast<Step>(table.count);
-    for (Step place = 0; place < count; ++place) {
-        const Step step =
-            (static_cast<Step>(table.entries[place].speed) << kPlaceBits) - asked + place;
-        found.above = std::min(found.above, step);
-        found.below = std::max(found.below, step);
+    Step place = 0;
+    for (; place + 1 < count; place += 2) {
+        found.Take(stepOf(place), stepOf(place));
+        others.Take(stepOf(place + 1), stepOf(place + 1));
     }
+    if (place < count) found.Take(stepOf(place), stepOf(place));
+    found.Take(others.above, others.below);
     return found;
 }
 
@@ -58,8 +70,10 @@ Neighbours FindNeighbours(const GrowArray<SpeedEntry<T>>& table, std::int32_t sp
 // speed, and a processor that guesses wrong loses more time than the whole query takes.
 template <class V> V Choose(bool second, V first, V other)
 {
-    const V both[] = {first, other};
-    return both[second];
+    using Bits = std::conditional_t<sizeof(V) == 8, std::uint64_t, std::uint32_t>;
+    const Bits mask = Bits{0} - Bits{second};
+    return std::bit_cast<V>((std::bit_cast<Bits>(first) & ~mask) |
+                            (std::bit_cast<Bits>(other) & mask));
 }
 
 // The nearer neighbour; the one above at equal distance. The distance of one that is not there is
@@ -110,15 +124,14 @@ T Interpolate(const GrowArray<SpeedEntry<T>>& table, const Neighbours& found, st
     const SpeedEntry<T>& below = table.entries[Place(found.below)];
     const SpeedEntry<T>& above = table.entries[Place(found.above)];
     const bool isBetween = found.HasBelow() & (Difference(found.above) > 0);
-    const SpeedEntry<T>& end = *Choose(found.HasAbove(), &below, &above);
-    const T between = Between(below, above, speed);
-    return *Choose(isBetween, &end.value, &between);
+    const T end = Choose(found.HasAbove(), below.value, above.value);
+    return Choose(isBetween, end, Between(below, above, speed));
 }
 
 // Leaves `value` when there is no answer.
-template <class T> bool Answer(bool answers, const T& answer, T& value)
+template <class T> bool Answer(bool answers, T answer, T& value)
 {
-    value = *Choose(answers, &std::as_const(value), &answer);
+    value = Choose(answers, value, answer);
     return answers;
 }
 
@@ -128,9 +141,7 @@ bool Query(const GrowArray<SpeedEntry<T>>& table, std::int32_t speed, QueryValue
 {
     if (table.IsEmpty()) return false;
     const Neighbours found = FindNeighbours(table, speed);
-    const auto valueOf = [&table](Step step) -> const T& {
-        return table.entries[Place(step)].value;
-    };
+    const auto valueOf = [&table](Step step) { return table.entries[Place(step)].value; };
     switch (mode) {
     case QueryValue::Nearest:
         return Answer(true, valueOf(Nearest(found)), value);
