@@ -6,35 +6,45 @@ namespace designspec {
 
 void FileOrigins::Add(const Origin& origin)
 {
-    m_byID[origin.id].push_back(origin);
-    m_byFile[origin.file].push_back(origin.id);
+    auto& file = *m_byFile.try_emplace(origin.file).first;
+    file.second.push_back(origin.id);
+    m_byID[origin.id].push_back({&file, origin.hasID});
 }
 
-const std::vector<Origin>& FileOrigins::Of(const GUID& id) const
+const std::vector<FileOrigins::Place>& FileOrigins::PlacesOf(const GUID& id) const
 {
-    static const std::vector<Origin> none;
+    static const std::vector<Place> none;
     const auto found = m_byID.find(id);
     return found == m_byID.end() ? none : found->second;
 }
 
-const Origin* FileOrigins::LastOf(const GUID& id) const
+std::vector<Origin> FileOrigins::Of(const GUID& id) const
 {
-    const std::vector<Origin>& its = Of(id);
-    return its.empty() ? nullptr : &its.back();
+    std::vector<Origin> origins;
+    for (const Place& place : PlacesOf(id))
+        origins.push_back({id, place.file->first, place.hasID});
+    return origins;
+}
+
+std::optional<Origin> FileOrigins::LastOf(const GUID& id) const
+{
+    const std::vector<Place>& its = PlacesOf(id);
+    if (its.empty()) return std::nullopt;
+    return Origin{id, its.back().file->first, its.back().hasID};
 }
 
 bool FileOrigins::Has(const GUID& id, const CString& file) const
 {
-    const std::vector<Origin>& its = Of(id);
+    const std::vector<Place>& its = PlacesOf(id);
     return std::any_of(its.begin(), its.end(),
-                       [&](const Origin& origin) { return origin.file == file; });
+                       [&](const Place& place) { return place.file->first == file; });
 }
 
 bool FileOrigins::HasElsewhere(const GUID& id, const CString& file) const
 {
-    const std::vector<Origin>& its = Of(id);
+    const std::vector<Place>& its = PlacesOf(id);
     return std::any_of(its.begin(), its.end(),
-                       [&](const Origin& origin) { return origin.file != file; });
+                       [&](const Place& place) { return place.file->first != file; });
 }
 
 std::vector<GUID> FileOrigins::In(const CString& file) const
@@ -43,12 +53,19 @@ std::vector<GUID> FileOrigins::In(const CString& file) const
     return found == m_byFile.end() ? std::vector<GUID>() : found->second;
 }
 
-void FileOrigins::LeaveFile(const GUID& id, const CString& file)
+// Nothing points to a file any more that it takes out.
+void FileOrigins::LeaveFile(const GUID& id, ByFile::value_type& file)
 {
-    const auto found = m_byFile.find(file);
-    if (found == m_byFile.end()) return;
-    std::erase(found->second, id);
-    if (found->second.empty()) m_byFile.erase(found);
+    std::erase(file.second, id);
+    if (file.second.empty()) m_byFile.erase(m_byFile.find(file.first));
+}
+
+void FileOrigins::RemovePlaces(const GUID& id, const ByFile::value_type& file)
+{
+    const auto found = m_byID.find(id);
+    if (found == m_byID.end()) return;
+    std::erase_if(found->second, [&](const Place& place) { return place.file == &file; });
+    if (found->second.empty()) m_byID.erase(found);
 }
 
 void FileOrigins::Move(const GUID& id, const CString& file, const CString& to)
@@ -59,29 +76,28 @@ void FileOrigins::Move(const GUID& id, const CString& file, const CString& to)
 
 void FileOrigins::Remove(const GUID& id, const CString& file)
 {
-    LeaveFile(id, file);
-    const auto found = m_byID.find(id);
-    if (found == m_byID.end()) return;
-    std::erase_if(found->second, [&](const Origin& origin) { return origin.file == file; });
-    if (found->second.empty()) m_byID.erase(found);
+    const auto found = m_byFile.find(file);
+    if (found == m_byFile.end()) return;
+    RemovePlaces(id, *found);
+    LeaveFile(id, *found);
 }
 
 void FileOrigins::Remove(const GUID& id)
 {
-    for (const Origin& origin : Of(id))
-        LeaveFile(id, origin.file);
-    m_byID.erase(id);
+    while (!PlacesOf(id).empty()) {
+        ByFile::value_type& file = *PlacesOf(id).back().file;
+        RemovePlaces(id, file);
+        LeaveFile(id, file);
+    }
 }
 
 void FileOrigins::RemoveFile(const CString& file)
 {
-    for (const GUID& id : In(file)) {
-        const auto found = m_byID.find(id);
-        if (found == m_byID.end()) continue; // twice in that file
-        std::erase_if(found->second, [&](const Origin& origin) { return origin.file == file; });
-        if (found->second.empty()) m_byID.erase(found);
-    }
-    m_byFile.erase(file);
+    const auto found = m_byFile.find(file);
+    if (found == m_byFile.end()) return;
+    for (const GUID& id : found->second)
+        RemovePlaces(id, *found);
+    m_byFile.erase(found);
 }
 
 void FileOrigins::Clear()

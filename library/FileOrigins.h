@@ -1,6 +1,7 @@
 // Which file of the folder each specification was loaded from or saved to last.
 #pragma once
 
+#include <optional>
 #include <unordered_map>
 #include <vector>
 
@@ -18,8 +19,8 @@ class FileOrigins {
 public:
     void Add(const Origin& origin);
     // Those of a specification, the last one behind; none when it has no file.
-    const std::vector<Origin>& Of(const GUID& id) const;
-    const Origin* LastOf(const GUID& id) const;
+    std::vector<Origin> Of(const GUID& id) const;
+    std::optional<Origin> LastOf(const GUID& id) const;
     bool Has(const GUID& id, const CString& file) const;
     // Whether it stands in another file as well.
     bool HasElsewhere(const GUID& id, const CString& file) const;
@@ -34,10 +35,18 @@ public:
     void Clear();
 
 private:
-    void LeaveFile(const GUID& id, const CString& file);
+    // The name of a file is long, and stands once.
+    using ByFile = std::unordered_map<CString, std::vector<GUID>>;
+    struct Place {
+        ByFile::value_type* file;
+        bool hasID;
+    };
+    const std::vector<Place>& PlacesOf(const GUID& id) const;
+    void RemovePlaces(const GUID& id, const ByFile::value_type& file);
+    void LeaveFile(const GUID& id, ByFile::value_type& file);
 
-    std::unordered_map<GUID, std::vector<Origin>, GuidHash> m_byID;
-    std::unordered_map<CString, std::vector<GUID>> m_byFile;
+    std::unordered_map<GUID, std::vector<Place>, GuidHash> m_byID;
+    ByFile m_byFile;
 };
 
 } // namespace designspec

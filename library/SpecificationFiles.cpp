@@ -48,7 +48,7 @@ void SpecificationFiles::Forget()
 
 CString SpecificationFiles::FileOf(const CDesignSpecification& specification) const
 {
-    const Origin* const origin = m_origins.LastOf(specification.ID());
+    const auto origin = m_origins.LastOf(specification.ID());
     return origin ? origin->file : CString();
 }
 

@@ -50,8 +50,8 @@ private:
         void Erase(const Entry& entry);
 
     private:
+        CDesignSpecification* m_first = nullptr; // beside the name: it is what is asked for
         std::vector<Entry*> m_all;
-        CDesignSpecification* m_first = nullptr;
     };
     // By the folded name; found by a text that is folded as well, whose hash is known.
     struct Hash {
@@ -87,8 +87,9 @@ private:
 
     std::vector<std::unique_ptr<Entry>> m_items; // their numbers rise
     size_t m_nextNumber = 0;
-    // What is searched stands close together, not among the specifications: on few pages.
-    std::pmr::unsynchronized_pool_resource m_pool;
+    // What is searched stands close together, not among the specifications: on few pages. Larger
+    // pieces of memory would leave more of it unused.
+    std::pmr::unsynchronized_pool_resource m_pool{{.max_blocks_per_chunk = 64}};
     ByName m_byName{&m_pool};
     ByID m_byID{&m_pool};
     std::unordered_map<std::wstring, Numbers> m_numbers; // by folded name

@@ -26,7 +26,7 @@ protected:
 TEST_F(FileOriginsTest, ASpecificationThatWasNeverSavedHasNoFile)
 {
     EXPECT_TRUE(m_origins.Of(m_a).empty());
-    EXPECT_EQ(m_origins.LastOf(m_a), nullptr);
+    EXPECT_FALSE(m_origins.LastOf(m_a));
     EXPECT_FALSE(m_origins.Has(m_a, L"甲.hds"));
     EXPECT_FALSE(m_origins.HasElsewhere(m_a, L"甲.hds"));
     EXPECT_TRUE(m_origins.In(L"甲.hds").empty());
@@ -37,7 +37,7 @@ TEST_F(FileOriginsTest, TheLastFileCounts)
     m_origins.Add({m_a, L"甲.hds"});
     m_origins.Add({m_a, L"乙.hds", false});
     EXPECT_EQ(FilesOf(m_origins.Of(m_a)), (CStringArray{L"甲.hds", L"乙.hds"}));
-    ASSERT_NE(m_origins.LastOf(m_a), nullptr);
+    ASSERT_TRUE(m_origins.LastOf(m_a));
     EXPECT_EQ(m_origins.LastOf(m_a)->file, L"乙.hds");
     EXPECT_FALSE(m_origins.LastOf(m_a)->hasID);
     EXPECT_TRUE(m_origins.Has(m_a, L"甲.hds"));
@@ -86,4 +86,24 @@ TEST_F(FileOriginsTest, ForgetsAFileWithAllThatItHeld)
     EXPECT_TRUE(m_origins.In(L"甲.hds").empty());
     m_origins.Clear();
     EXPECT_TRUE(m_origins.Of(m_b).empty());
+}
+
+TEST_F(FileOriginsTest, OneThatStandsTwiceInAFileLeavesItAltogether)
+{
+    const auto addTwice = [&] {
+        m_origins.Add({m_a, L"甲.hds"});
+        m_origins.Add({m_a, L"甲.hds"});
+        m_origins.Add({m_a, L"乙.hds"});
+    };
+    addTwice();
+    m_origins.Remove(m_a);
+    EXPECT_TRUE(m_origins.Of(m_a).empty());
+    EXPECT_TRUE(m_origins.In(L"甲.hds").empty());
+    addTwice();
+    m_origins.RemoveFile(L"甲.hds");
+    EXPECT_EQ(FilesOf(m_origins.Of(m_a)), CStringArray{L"乙.hds"});
+    addTwice();
+    m_origins.Remove(m_a, L"甲.hds");
+    EXPECT_TRUE(m_origins.In(L"甲.hds").empty());
+    EXPECT_EQ(m_origins.In(L"乙.hds"), (std::vector<GUID>{m_a, m_a}));
 }
