@@ -35,6 +35,7 @@ template <class Make> auto MakeQuestions(Make make)
 void AddSpeedQueries();
 void AddCompoundQueries();
 void AddNamedQueries();
+void AddArrays();
 void AddFiles();
 void AddMemory();
 void AddCommand();

@@ -8,6 +8,7 @@
 #include <libxml/parser.h>
 #include <malloc.h>
 #include <pugixml.hpp>
+#include <sched.h>
 #include <unistd.h>
 
 #include "bench/TemporaryProject.h"
@@ -32,11 +33,36 @@ CDesignSpecifications& Loaded()
     return library;
 }
 
+// While it lives, this thread and those that it begins share one core.
+class OneCore {
+public:
+    OneCore()
+    {
+        Require(sched_getaffinity(0, sizeof m_before, &m_before) == 0, "the cores are not known");
+        cpu_set_t one;
+        CPU_ZERO(&one);
+        CPU_SET(static_cast<size_t>(sched_getcpu()), &one);
+        Require(sched_setaffinity(0, sizeof one, &one) == 0, "a core cannot be chosen");
+    }
+    ~OneCore() { sched_setaffinity(0, sizeof m_before, &m_before); }
+    OneCore(const OneCore&) = delete;
+    OneCore& operator=(const OneCore&) = delete;
+
+private:
+    cpu_set_t m_before;
+};
+
 void UpdateLibrary(benchmark::State& state)
 {
     auto& library = Loaded();
     for (auto _ : state)
         library.Update();
+}
+
+void OnOneCore(benchmark::State& state, void (*run)(benchmark::State&))
+{
+    const OneCore one;
+    run(state);
 }
 
 void ReadWithPugixml(benchmark::State& state)
@@ -167,10 +193,22 @@ void AddFiles()
     const auto add = [](const char* name, auto* run) {
         return benchmark::RegisterBenchmark(name, run)->Unit(benchmark::kMillisecond);
     };
-    add("Update/1,000 files/designspec", UpdateLibrary);
-    add("Update/1,000 files/pugixml", ReadWithPugixml);
-    add("Update/1,000 files/libxml2", ReadWithLibxml2);
-    add("Update/1,000 files/ElementTree", ReadWithElementTree)->UseManualTime()->Iterations(1);
+    // On the clock: the library reads on several threads.
+    const auto addUpdate = [](const std::string& way, auto* run) {
+        const auto addRow = [&](const std::string& row, auto runRow) {
+            return benchmark::RegisterBenchmark(("Update/" + row + '/' + way).c_str(), runRow)
+                ->Unit(benchmark::kMillisecond)
+                ->UseRealTime();
+        };
+        addRow("1,000 files on one core", [run](auto& state) { OnOneCore(state, run); });
+        addRow("1,000 files", run);
+    };
+    addUpdate("designspec", UpdateLibrary);
+    addUpdate("pugixml", ReadWithPugixml);
+    addUpdate("libxml2", ReadWithLibxml2);
+    add("Update/1,000 files on one core/ElementTree", ReadWithElementTree)
+        ->UseManualTime()
+        ->Iterations(1);
     add("Save/one specification/designspec", SaveOne)->UseRealTime();
     add("Save/one specification/fopen and fwrite", WritePlainly)->UseRealTime();
     add("Save/one specification/write, fsync, rename", WriteFlushAndRename)->UseRealTime();

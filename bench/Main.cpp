@@ -9,6 +9,7 @@ int main(int argc, char** argv)
     AddSpeedQueries();
     AddCompoundQueries();
     AddNamedQueries();
+    AddArrays();
     AddFiles();
     AddMemory();
     AddCommand();

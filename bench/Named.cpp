@@ -1,6 +1,7 @@
-// A query by the name of a specification, in libraries of several sizes, beside an index of names
+// A query by the name of a specification, in libraries of several sizes, beside indexes of names
 // kept at hand.
 #include <map>
+#include <unordered_map>
 
 #include <benchmark/benchmark.h>
 
@@ -19,6 +20,12 @@ struct NoCase {
     }
 };
 using Index = std::map<CString, const CDesignSpecification*, NoCase>;
+
+// Knows names as they are once their case is folded, and is asked for such: it folds nothing.
+struct Hash : std::hash<std::wstring_view> {
+    using is_transparent = void;
+};
+using FoldedIndex = std::unordered_map<CString, const CDesignSpecification*, Hash, std::equal_to<>>;
 
 // Fills the library with so many specifications, none of which has a file.
 CDesignSpecifications& Fill(int count)
@@ -68,15 +75,29 @@ void AskIndex(benchmark::State& state, int count)
     });
 }
 
+void AskFoldedIndex(benchmark::State& state, int count)
+{
+    const auto& library = Fill(count);
+    FoldedIndex index;
+    for (int i = 0; i < count; ++i)
+        index[NoCaseKey(library.Item(i)->Name()).Folded()] = library.Item(i);
+    Measure(state, count, [&](const wchar_t* name) {
+        const auto found = index.find(std::wstring_view(name));
+        return found == index.end() ? nullptr : found->second;
+    });
+}
+
 } // namespace
 
 void AddNamedQueries()
 {
-    for (int count : {1, 10, 1000}) {
+    for (int count : {1, 10, 1000, 10000}) {
         const std::string row = "Query by name/library of " + std::to_string(count) + '/';
         benchmark::RegisterBenchmark((row + "designspec").c_str(),
                                      [count](auto& state) { AskLibrary(state, count); });
         benchmark::RegisterBenchmark((row + "std::map of names").c_str(),
                                      [count](auto& state) { AskIndex(state, count); });
+        benchmark::RegisterBenchmark((row + "std::unordered_map of folded names").c_str(),
+                                     [count](auto& state) { AskFoldedIndex(state, count); });
     }
 }

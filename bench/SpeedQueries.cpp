@@ -72,19 +72,39 @@ public:
         m_speeds = MakeQuestions([](auto number) { return number(20, 120); });
     }
 
+    // Many questions at a time, as far as the processor can: none needs the answer of another.
     template <class Way> void Add(const char* wayName) const
+    {
+        AddEach<Way>(m_group, wayName, [this](auto& state, const auto& ways, QueryMode mode) {
+            Measure(state, ways, mode, [](int speed, T) { return speed; });
+        });
+    }
+    // Each question waits for the answer of the one before.
+    template <class Way> void AddDependent(const char* wayName) const
+    {
+        const std::string group = std::string(m_group) + ", each after the other";
+        AddEach<Way>(group, wayName, [this](auto& state, const auto& ways, QueryMode mode) {
+            int none = 0; // what nobody knows before it runs
+            benchmark::DoNotOptimize(none);
+            Measure(state, ways, mode, [none](int speed, T value) {
+                return speed + (static_cast<int>(value) & none);
+            });
+        });
+    }
+
+private:
+    template <class Way, class Run>
+    void AddEach(const std::string& group, const char* wayName, Run run) const
     {
         const auto& ways = WaysOf<Way, T>(m_tables);
         for (const auto& [mode, modeName] : kModes) {
             CheckAnswers(ways, mode, wayName);
-            const std::string name = std::string(m_group) + '/' + modeName + '/' + wayName;
-            benchmark::RegisterBenchmark(name.c_str(), [this, &ways, mode = mode](auto& state) {
-                Measure(state, ways, mode);
-            });
+            const std::string name = group + '/' + modeName + '/' + wayName;
+            benchmark::RegisterBenchmark(
+                name.c_str(), [run, &ways, mode = mode](auto& state) { run(state, ways, mode); });
         }
     }
 
-private:
     template <class Ways>
     void CheckAnswers(const Ways& ways, QueryMode mode, const char* wayName) const
     {
@@ -101,19 +121,23 @@ private:
         }
     }
 
-    // Each pass asks the next table at the next speeds.
-    template <class Ways>
-    void Measure(benchmark::State& state, const Ways& ways, QueryMode mode) const
+    // Each pass asks the next table at the next speeds; `speedAfter` makes the speed to ask for of
+    // the one that is next and the answer before.
+    template <class Ways, class SpeedAfter>
+    void Measure(benchmark::State& state, const Ways& ways, QueryMode mode,
+                 SpeedAfter speedAfter) const
     {
+        T before = 0;
         size_t table = 0;
         size_t first = 0;
         while (state.KeepRunningBatch(kQuestionsAtOneTable)) {
             const auto& way = ways[table];
             for (size_t i = first; i < first + kQuestionsAtOneTable; ++i) {
                 T value = 0;
-                bool answered = way.Query(m_speeds[i], mode, value);
+                bool answered = way.Query(speedAfter(m_speeds[i], before), mode, value);
                 benchmark::DoNotOptimize(answered);
                 benchmark::DoNotOptimize(value);
+                before = value;
             }
             table = (table + 1) % ways.size();
             first = (first + kQuestionsAtOneTable) % kQuestions;
@@ -134,7 +158,10 @@ template <class T> void AddGroup(const char* group)
     asking.template Add<CopyAndSort<T, StdSort>>("copy and std::sort");
     asking.template Add<SpeedMap<T>>("std::map");
     asking.template Add<SortedVector<T>>("sorted vector");
+    asking.template Add<BranchFreeSearch<T>>("branch-free search");
     asking.template Add<SqlTable<T>>("SQLite");
+    asking.template AddDependent<Exported<T>>("designspec");
+    asking.template AddDependent<BranchFreeSearch<T>>("branch-free search");
 }
 
 } // namespace

@@ -1,6 +1,8 @@
 #include "bench/SpeedTableWays.h"
 
 #include <algorithm>
+#include <bit>
+#include <cstdint>
 #include <cstdlib>
 #include <type_traits>
 
@@ -67,6 +69,15 @@ bool ChooseAt(const SpeedEntry<T>* first, const SpeedEntry<T>* at, const SpeedEn
         return true;
     }
     return Choose(at[-1], *at, speed, mode, value);
+}
+
+// The second one or the first one, without a branch.
+template <class T> T OneOf(bool isSecond, T first, T second)
+{
+    using Bits = std::conditional_t<sizeof(T) == 8, std::uint64_t, std::uint32_t>;
+    const Bits mask = Bits{0} - Bits{isSecond};
+    return std::bit_cast<T>((std::bit_cast<Bits>(first) & ~mask) |
+                            (std::bit_cast<Bits>(second) & mask));
 }
 
 template <class T> bool SlowerFirst(const SpeedEntry<T>& a, const SpeedEntry<T>& b)
@@ -150,6 +161,52 @@ template <class T> bool SortedVector<T>::Query(int speed, QueryMode mode, T& val
 }
 
 template <class T>
+BranchFreeSearch<T>::BranchFreeSearch(const SpeedTable<T>& table)
+    : m_entries(table.begin(), table.end())
+{
+    std::sort(m_entries.begin(), m_entries.end(), SlowerFirst<T>);
+}
+
+template <class T> bool BranchFreeSearch<T>::Query(int speed, QueryMode mode, T& value) const
+{
+    if (m_entries.empty()) return false;
+    const SpeedEntry<T>* const first = m_entries.data();
+    const SpeedEntry<T>* const last = first + m_entries.size() - 1;
+    const SpeedEntry<T>* at = first; // the first one not below the speed
+    for (size_t left = m_entries.size(); left > 1; left -= left / 2)
+        at += static_cast<size_t>(at[left / 2 - 1].speed < speed) * (left / 2);
+    at += static_cast<size_t>(at->speed < speed);
+    const SpeedEntry<T>& above = *std::min(at, last);
+    const SpeedEntry<T>& below = *(at - static_cast<size_t>(at > first));
+    const bool isExact = above.speed == speed;
+    const bool hasAbove = at <= last;
+    const bool hasBelow = (at > first) | isExact;
+    const auto answer = [&value](bool answers, T its) {
+        value = OneOf(answers, value, its);
+        return answers;
+    };
+    switch (mode) {
+    case QueryValue::Nearest: {
+        const bool isAbove = above.speed - speed <= speed - below.speed;
+        return answer(
+            true, OneOf(isExact | (hasAbove & (!hasBelow | isAbove)), below.value, above.value));
+    }
+    case QueryValue::Upper:
+        return answer(hasAbove, above.value);
+    case QueryValue::Lower:
+        return answer(hasBelow, OneOf(isExact, below.value, above.value));
+    case QueryValue::Interpolate: {
+        const bool isBetween = hasAbove & hasBelow & !isExact;
+        const SpeedEntry<T> high{above.speed + !isBetween, above.value}; // no division by zero
+        const T end = OneOf(hasAbove, below.value, above.value);
+        return answer(true, OneOf(isBetween, end, Between(below, high, speed)));
+    }
+    default:
+        return mode == QueryValue::Exact ? answer(isExact, above.value) : true;
+    }
+}
+
+template <class T>
 SqlTable<T>::SqlTable(const SpeedTable<T>& table)
     : m_database(OpenInMemory()), m_atOrBelow(NoStatement()), m_atOrAbove(NoStatement()),
       m_exact(NoStatement())
@@ -205,5 +262,7 @@ template class SpeedMap<int>;
 template class SpeedMap<double>;
 template class SortedVector<int>;
 template class SortedVector<double>;
+template class BranchFreeSearch<int>;
+template class BranchFreeSearch<double>;
 template class SqlTable<int>;
 template class SqlTable<double>;

@@ -53,6 +53,17 @@ private:
     std::vector<SpeedEntry<T>> m_entries;
 };
 
+// An array sorted once. Neither its search nor its answer has a branch that the speed decides, so
+// that no processor guesses wrong.
+template <class T> class AFX_EXT_CLASS BranchFreeSearch {
+public:
+    explicit BranchFreeSearch(const SpeedTable<T>& table);
+    bool Query(int speed, QueryValue::QueryMode mode, T& value) const;
+
+private:
+    std::vector<SpeedEntry<T>> m_entries;
+};
+
 // A table in an in-memory database, with the speed as its key and statements prepared once. A
 // query runs no statement that its mode does not need.
 template <class T> class AFX_EXT_CLASS SqlTable {
@@ -77,5 +88,7 @@ extern template class SpeedMap<int>;
 extern template class SpeedMap<double>;
 extern template class SortedVector<int>;
 extern template class SortedVector<double>;
+extern template class BranchFreeSearch<int>;
+extern template class BranchFreeSearch<double>;
 extern template class SqlTable<int>;
 extern template class SqlTable<double>;
