@@ -21,6 +21,7 @@ if(DESIGNSPEC_GUI)
         UiTools                                    # dialog resources are forms loaded at run time
         PrintSupport                               # printers, preview
         Svg)                                       # icons, sharp at every scale
+    find_program(RSVG_CONVERT rsvg-convert REQUIRED) # the program's icon in the sizes of desktops
     find_package(qpdf REQUIRED)                    # links within PDF files, which Qt cannot write
 endif()
 if(DESIGNSPEC_PYTHON)

@@ -4,7 +4,9 @@ include(CMakePackageConfigHelpers)
 set(DESIGNSPEC_PACKAGE ${CMAKE_INSTALL_LIBDIR}/cmake/designspec)
 
 install(TARGETS designspec designspec_c roadcheck EXPORT designspecTargets
-    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+    COMPONENT libdesignspec${PROJECT_VERSION_MAJOR} NAMELINK_COMPONENT libdesignspec-dev)
+set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME libdesignspec-dev)
 
 # The headers that other modules are promised, below designspec/ so that a program's own model/ or
 # base/ stays its own. Their includes of one another say so too.
@@ -50,7 +52,7 @@ list(APPEND PUBLIC_HEADERS ${MODEL_HEADERS}
     roads/Stationing.h)
 list(JOIN PUBLIC_HEADERS " " PUBLIC_HEADER_LIST)
 configure_file(cmake/InstallHeaders.cmake.in ${CMAKE_BINARY_DIR}/InstallHeaders.cmake @ONLY)
-install(SCRIPT ${CMAKE_BINARY_DIR}/InstallHeaders.cmake)
+install(SCRIPT ${CMAKE_BINARY_DIR}/InstallHeaders.cmake COMPONENT libdesignspec-dev)
 
 # For programs in C.
 install(FILES c/designspec.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
@@ -70,6 +72,7 @@ install(FILES
     ${CMAKE_BINARY_DIR}/designspecConfigVersion.cmake
     DESTINATION ${DESIGNSPEC_PACKAGE})
 
+set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME designspec)
 install(TARGETS designspec_cli RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(TARGETS designspec_full RUNTIME DESTINATION ${CMAKE_INSTALL_LIBEXECDIR}/designspec)
 install(FILES cli/designspec.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
@@ -80,3 +83,15 @@ install(FILES cli/designspec.bash-completion
     RENAME designspec)
 
 install(FILES docs/designspec.xsd docs/file-format.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+
+# Elsewhere pip installs it: docs/python.md.
+if(DESIGNSPEC_PYTHON)
+    set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME python3-designspec)
+    set(PYTHON_FOLDER lib/python3/dist-packages)
+    install(TARGETS designspec_python
+        LIBRARY DESTINATION ${PYTHON_FOLDER}/designspec EXCLUDE_FROM_ALL)
+    install(FILES ${PYTHON_SOURCES} DESTINATION ${PYTHON_FOLDER}/designspec EXCLUDE_FROM_ALL)
+    configure_file(python/METADATA.in ${CMAKE_BINARY_DIR}/METADATA @ONLY)
+    install(FILES ${CMAKE_BINARY_DIR}/METADATA
+        DESTINATION ${PYTHON_FOLDER}/designspec-${PROJECT_VERSION}.dist-info EXCLUDE_FROM_ALL)
+endif()

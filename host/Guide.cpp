@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QKeyEvent>
 
+#include "host/InstalledFolders.h"
 #include "platform/mfc/GuideSection.h"
 
 using namespace designspec;
@@ -15,8 +16,7 @@ Guide::Guide(QWidget* frame) : QObject(frame), m_frame(frame)
 
 QString Guide::File()
 {
-    return QDir::cleanPath(QCoreApplication::applicationDirPath() +
-                           QStringLiteral("/" GUIDE_FOLDER "/user-guide.zh-CN.md"));
+    return GuideFolder() + QStringLiteral("/user-guide.zh-CN.md");
 }
 
 // A dialog that waits lets only its own windows be used.

@@ -18,9 +18,12 @@
 #include "host/Appearance.h"
 #include "host/HostApplication.h"
 #include "host/HostWindow.h"
+#include "host/InstalledFolders.h"
 #include "host/ProjectFolders.h"
 #include "host/ReportOption.h"
 #include "host/Snapshot.h"
+#include "platform/mfc/QtText.h"
+#include "platform/vmrd/VMRDPub/VMRDPub.h"
 #include "platform/vmrd/VmHFCBaseU/Trace.h"
 
 using namespace designspec;
@@ -212,6 +215,7 @@ int main(int argc, char** argv)
     QCoreApplication::setApplicationVersion(QStringLiteral(DESIGNSPEC_VERSION));
     QGuiApplication::setDesktopFileName(QStringLiteral("roadhost"));
     QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/host/roadhost.svg")));
+    VMRDPub::SetInstallPath(FromQString(ModuleFolder()));
     const bool chinese = SetAppearance();
 
     QCommandLineParser parser;

@@ -16,7 +16,8 @@ class BuildCore(build_ext):
 
     def build_extension(self, ext: Extension) -> None:
         target = pathlib.Path(self.get_ext_fullpath(ext.name)).resolve()
-        build = pathlib.Path(self.build_temp).resolve()
+        # As deep as the other build folders: the compiler cache knows files by their way from there.
+        build = TREE / "build" / "pip"
         options = ["-DCMAKE_BUILD_TYPE=Release", "-DDESIGNSPEC_GUI=OFF", "-DDESIGNSPEC_TESTS=OFF"]
         options.append("-DDESIGNSPEC_BENCH=OFF")
         subprocess.run(["cmake", "-G", "Ninja", "-S", TREE, "-B", build, *options], check=True)

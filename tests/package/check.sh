@@ -88,10 +88,15 @@ done
 # The modules come with their host.
 if [ -e "$work/moved/bin/roadhost" ]; then
     for file in user-guide.zh-CN.md pictures/样式管理器.png; do
-        [ -s "$work/moved/share/doc/designspec/$file" ] || { echo "not installed: $file"; exit 1; }
+        [ -s "$work/moved/share/roadhost/guide/$file" ] || { echo "not installed: $file"; exit 1; }
     done
-    for file in DesignSpecification.arx RoadCheck.arx VMRDPrj.arx; do
-        [ -s "$work/moved/bin/$file" ] || { echo "not installed: $file"; exit 1; }
+    # It finds its modules: without them there is nothing to report.
+    "$work/moved/bin/roadhost" "$source/examples/project" --report "$work/report.html" --spec 公路二级
+    grep -q 公路二级 "$work/report.html"
+    for file in share/man/man1/roadhost.1 share/man/zh_CN/man1/roadhost.1 \
+        share/applications/roadhost.desktop share/mime/packages/roadhost.xml \
+        share/icons/hicolor/scalable/apps/roadhost.svg; do
+        [ -s "$work/moved/$file" ] || { echo "not installed: $file"; exit 1; }
     done
 fi
 
