@@ -2,28 +2,13 @@
 
 #include <cstdlib>
 #include <cstring>
-#include <vector>
 
 #include "base/Text.h"
+#include "c/Told.h"
 
 namespace designspec {
 
 namespace {
-
-// As callers get it.
-struct ToldProblem {
-    bool isError;
-    std::string file, text;
-    int line;
-};
-
-struct Told {
-    std::vector<ToldProblem> problems;
-    std::string error;            // the first one, whole
-    const char* short_ = nullptr; // in its place
-};
-
-thread_local Told told;
 
 const char* ShortText(designspec_status status)
 {
@@ -39,6 +24,7 @@ void RefuseCall(const CString& cause)
 
 void ForgetProblems() noexcept
 {
+    Told& told = ToldHere();
     told.problems.clear();
     told.error.clear();
     told.short_ = nullptr;
@@ -46,6 +32,7 @@ void ForgetProblems() noexcept
 
 void KeepProblems(const Problems& problems)
 {
+    Told& told = ToldHere();
     for (const Problem& one : problems) {
         const bool isError = one.severity == Severity::Error;
         if (isError && told.error.empty()) told.error = ToUtf8(one.Text());
@@ -60,7 +47,7 @@ void KeepError(designspec_status status, const CString& cause) noexcept
     } catch (const std::bad_alloc&) {
         status = DESIGNSPEC_NO_MEMORY;
     }
-    told.short_ = ShortText(status);
+    ToldHere().short_ = ShortText(status);
 }
 
 CString TextOf(const char* text)
@@ -101,17 +88,20 @@ const char* designspec_version(void)
 
 const char* designspec_last_error(void)
 {
+    const Told& told = ToldHere();
     return told.short_ ? told.short_ : told.error.c_str();
 }
 
 size_t designspec_last_problem_count(void)
 {
+    const Told& told = ToldHere();
     return told.problems.size() + (told.short_ ? 1 : 0);
 }
 
 int designspec_last_problem(size_t index, designspec_problem* problem)
 {
     if (!problem || index >= designspec_last_problem_count()) return 0;
+    const Told& told = ToldHere();
     if (index == told.problems.size()) {
         *problem = {1, "", 0, told.short_};
     } else {

@@ -34,7 +34,9 @@
 #define DESIGNSPEC_VERSION_MAJOR 1
 #define DESIGNSPEC_VERSION_MINOR 0
 
-#if defined(DESIGNSPEC_BUILDING)
+#if defined(DESIGNSPEC_BUILDING) && defined(_WIN32)
+#define DESIGNSPEC_API __declspec(dllexport)
+#elif defined(DESIGNSPEC_BUILDING)
 #define DESIGNSPEC_API __attribute__((visibility("default")))
 #else
 #define DESIGNSPEC_API

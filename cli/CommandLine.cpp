@@ -1,11 +1,13 @@
 #include "cli/CommandLine.h"
 
 #include <new>
+#include <sstream>
 
 #include <CLI/CLI.hpp>
 
 #include "base/Format.h"
 #include "base/Text.h"
+#include "cli/Console.h"
 #include "cli/Language.h"
 #include "cli/Project.h"
 #include "cli/Suggestion.h"
@@ -92,8 +94,9 @@ constexpr char kAsItStands = '\x01';
 std::vector<std::string> Words(int argc, const char* const* argv)
 {
     std::vector<std::string> words;
-    for (int i = argc - 1; i > 0; --i) {
-        std::string& word = words.emplace_back(argv[i]);
+    const std::vector<std::string> called = Console::Words(argc, argv);
+    for (size_t i = called.size() - 1; i > 0; --i) {
+        std::string& word = words.emplace_back(called[i]);
         if (word.starts_with('[') && word.ends_with(']')) word.insert(0, 1, kAsItStands);
     }
     return words;
@@ -118,6 +121,7 @@ public:
     CommandLine()
     {
         m_app.description(In(kDescription));
+        m_app.allow_windows_style_options(false); // "/" begins a path
         for (const HelpText& label : kLabels)
             m_app.get_formatter()->label(label.english, In(label));
         m_app.option_defaults()->group(In({"选项", "Options"}));
@@ -169,7 +173,7 @@ public:
                 return Wrong(L"--spec 只能给一次");
             if (!m_arguments.specs.empty()) m_arguments.spec = m_arguments.specs.front();
         } catch (const CLI::Success& help) {
-            if (m_app.remaining(true).empty()) return m_app.exit(help);
+            if (m_app.remaining(true).empty()) return PrintHelp(help);
             return Wrong(UnknownWord());
         } catch (const CLI::ParseError& error) {
             return Wrong(CauseOf(error));
@@ -181,6 +185,15 @@ private:
     const char* In(const HelpText& text) const
     {
         return m_language == Language::English ? text.english : text.chinese;
+    }
+
+    // Also the version.
+    Status PrintHelp(const CLI::Success& help) const
+    {
+        std::ostringstream out;
+        const int status = m_app.exit(help, out);
+        Console::Write(out.str());
+        return static_cast<Status>(status);
     }
 
     Status Wrong(const CString& cause) const
@@ -638,7 +651,7 @@ int RunCommandLine(int argc, const char* const* argv)
         Complain(L"内存不足");
         status = kFileFailed;
     }
-    if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
+    if (!Console::Flush()) {
         Complain(L"标准输出无法写入");
         return kFileFailed;
     }

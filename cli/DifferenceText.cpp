@@ -2,9 +2,8 @@
 
 #include <cstdlib>
 
-#include <unistd.h>
-
 #include "base/Text.h"
+#include "cli/Console.h"
 #include "cli/TextTable.h"
 
 using namespace designspec;
@@ -14,7 +13,7 @@ namespace {
 bool HasColours()
 {
     const char* const unwanted = std::getenv("NO_COLOR");
-    return (!unwanted || !*unwanted) && isatty(STDOUT_FILENO) != 0;
+    return (!unwanted || !*unwanted) && Console::IsOutputShown();
 }
 
 CString TextOf(const std::optional<CString>& value)

@@ -1,23 +1,25 @@
 #include "cli/Language.h"
 
+#include <algorithm>
 #include <cstdlib>
-#include <string_view>
+
+#include "cli/Console.h"
 
 namespace {
 
-std::string_view LocaleOfMessages()
+std::string LocaleOfMessages()
 {
     for (const char* const variable : {"LC_ALL", "LC_MESSAGES", "LANG"})
         if (const char* const value = std::getenv(variable); value && *value) return value;
-    return {};
+    return Console::Locale();
 }
 
 } // namespace
 
 Language HelpLanguage()
 {
-    std::string_view locale = LocaleOfMessages();
-    locale = locale.substr(0, locale.find_first_of("_.@"));
+    std::string locale = LocaleOfMessages();
+    locale.resize(std::min(locale.find_first_of("-_.@"), locale.size()));
     const bool open = locale.empty() || locale == "C" || locale == "POSIX";
     return open || locale == "zh" ? Language::Chinese : Language::English;
 }

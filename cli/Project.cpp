@@ -1,11 +1,11 @@
 #include "cli/Project.h"
 
-#include <cstdio>
-
 #include "base/File.h"
+#include "base/FileSystem.h"
 #include "base/Format.h"
 #include "base/Number.h"
 #include "base/Text.h"
+#include "cli/Console.h"
 #include "cli/TextTable.h"
 #include "library/StyleName.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
@@ -105,9 +105,9 @@ CDesignSpecification& Project::Chosen(const Arguments& arguments) const
 
 CString PathArgument(const std::string& path)
 {
-    if (path.find('\\') != std::string::npos)
-        Refuse(Format(L"路径“%s”含有反斜线,无法使用", ToWide(path)));
-    return ToWide(path);
+    CString wide = ToWide(path);
+    if (!FileSystem::IsPath(wide)) Refuse(Format(L"路径“%s”含有反斜线,无法使用", wide));
+    return wide;
 }
 
 ValuePath ParsePath(const std::string& path)
@@ -158,16 +158,15 @@ double DoubleArgument(const std::string& text, const wchar_t* what)
 
 void PrintLine(const CString& text)
 {
-    const std::string utf8 = ToUtf8(text) + '\n';
-    std::fwrite(utf8.data(), 1, utf8.size(), stdout);
+    Console::Write(ToUtf8(text) + '\n');
 }
 
 void PrintBytes(const std::string& bytes)
 {
-    std::fwrite(bytes.data(), 1, bytes.size(), stdout);
+    Console::Write(bytes);
 }
 
 void Complain(const CString& text)
 {
-    std::fprintf(stderr, "designspec: %s\n", ToUtf8(text).c_str());
+    Console::WriteError("designspec: " + ToUtf8(text) + '\n');
 }

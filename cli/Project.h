@@ -47,8 +47,8 @@ private:
     CDesignSpecification* m_default = nullptr;
 };
 
-// A path that the command line gives. "\" separates folders in the module's own paths, so a name
-// that holds one cannot be reached: kWrongCall.
+// A path that the command line gives. "\" separates folders in the module's own paths, so where a
+// name may hold one, it cannot be reached: kWrongCall.
 CString PathArgument(const std::string& path);
 
 // The path of a value, or of a criterion alone; fails with kWrongCall and the names to choose from.

@@ -1,12 +1,11 @@
 #include <algorithm>
 #include <thread>
 
-#include <unistd.h>
-
 #include "base/File.h"
 #include "base/Format.h"
 #include "base/NoCase.h"
 #include "base/Text.h"
+#include "cli/Console.h"
 #include "cli/JsonText.h"
 #include "cli/Mode.h"
 #include "cli/TextTable.h"
@@ -177,11 +176,12 @@ Status RunVerify(const Arguments& arguments, Teller& teller)
     const CDesignSpecification& specification = project.Chosen(arguments);
     if (arguments.car) options.car = ParseCar(*arguments.car, specification);
 
-    const bool shown = isatty(STDERR_FILENO) != 0;
+    const bool shown = Console::IsErrorShown();
     const auto progress = [&](size_t done) {
         if (shown && paths.size() > 1)
-            std::fprintf(stderr, done < paths.size() ? "\r%zu/%zu" : "\r\033[K", done,
-                         paths.size());
+            Console::WriteError(done < paths.size() ? "\r" + std::to_string(done) + '/' +
+                                                          std::to_string(paths.size())
+                                                    : "\r\033[K");
     };
     const std::vector<CheckedFile> files =
         CheckRoadFiles(paths, names, specification, options, jobs, progress);

@@ -4,16 +4,22 @@ find_package(PkgConfig REQUIRED)
 find_package(pugixml REQUIRED)                     # XML files: small, fast, no entities resolved
 find_package(fmt REQUIRED)                         # printf-style formats for wide text
 pkg_check_modules(utf8proc REQUIRED IMPORTED_TARGET libutf8proc) # UTF-8, case folding
-pkg_check_modules(uuid REQUIRED IMPORTED_TARGET uuid) # new identities
+if(NOT WIN32)
+    pkg_check_modules(uuid REQUIRED IMPORTED_TARGET uuid) # new identities
+endif()
 find_package(CLI11 REQUIRED)                       # the command's options and help
 find_package(nlohmann_json REQUIRED)               # --json output
 # road files: reads them as a stream, in every encoding, without what is dangerous in XML
 pkg_check_modules(libxml2 REQUIRED IMPORTED_TARGET libxml-2.0)
-pkg_check_modules(xlsxwriter REQUIRED IMPORTED_TARGET xlsxwriter) # writes workbooks: small, BSD
-pkg_check_modules(orcus REQUIRED IMPORTED_TARGET liborcus-0.17) # reads .csv cell by cell
-# how Chinese characters are said, for those who type the first letters; Qt brings it along anyway
-pkg_check_modules(icu REQUIRED IMPORTED_TARGET icu-i18n icu-uc)
-pkg_check_modules(libzip REQUIRED IMPORTED_TARGET libzip) # the archives that workbooks are
+if(DESIGNSPEC_SHEETS)
+    pkg_check_modules(xlsxwriter REQUIRED IMPORTED_TARGET xlsxwriter) # writes workbooks: small, BSD
+    pkg_check_modules(orcus REQUIRED IMPORTED_TARGET liborcus-0.17) # reads .csv cell by cell
+    pkg_check_modules(libzip REQUIRED IMPORTED_TARGET libzip) # the archives that workbooks are
+endif()
+if(DESIGNSPEC_GUI OR NOT WIN32)
+    # how Chinese characters are said, for those who type the first letters; Qt brings it along anyway
+    pkg_check_modules(icu REQUIRED IMPORTED_TARGET icu-i18n icu-uc)
+endif()
 
 if(DESIGNSPEC_GUI)
     find_package(Qt6 6.4 REQUIRED COMPONENTS

@@ -7,6 +7,10 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_L
     # g++ 12 takes an optimised std::string = "text" for an overlapping copy.
     target_compile_options(designspec_options INTERFACE -Wno-restrict)
 endif()
+if(WIN32)
+    # Visibility is not known there: libraries offer all they have.
+    target_compile_options(designspec_options INTERFACE -Wno-attributes)
+endif()
 target_include_directories(designspec_options INTERFACE ${CMAKE_SOURCE_DIR})
 
 if(DESIGNSPEC_SANITIZE)

@@ -16,8 +16,11 @@ std::unique_ptr<SpecificationFolder> ReadProject(const CString& path, Problems& 
     CString styles = StylesFolderOf(path);
     if (!IsFolder(styles)) {
         std::error_code unseen;
-        const auto itself = std::filesystem::weakly_canonical(NativePath(path), unseen);
-        if (ToWide(itself.filename().string()) != kStylesFolder) {
+        const std::string native = NativePath(path);
+        const std::filesystem::path given = std::u8string(native.begin(), native.end());
+        const auto itself = std::filesystem::weakly_canonical(given, unseen);
+        const std::u8string name = itself.filename().u8string();
+        if (ToWide({reinterpret_cast<const char*>(name.data()), name.size()}) != kStylesFolder) {
             Refuse(path, L"不是项目文件夹,其中没有“规范”文件夹", problems);
             return nullptr;
         }

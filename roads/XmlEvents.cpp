@@ -7,6 +7,7 @@
 
 #include "base/FileSystem.h"
 #include "base/Text.h"
+#include "roads/XmlEncodings.h"
 
 using namespace designspec;
 
@@ -190,6 +191,7 @@ bool Reading::OpenFile()
 bool Reading::Run()
 {
     if (!OpenFile()) return false;
+    AddXmlEncodings();
     xmlSAXHandler sax = Callbacks();
     m_parser = xmlCreateIOParserCtxt(
         &sax, this,

@@ -50,3 +50,20 @@ build() {
     fi
     cmake --build --preset "$1" -- $quiet || fail "cmake --build --preset $1 failed"
 }
+
+# run_tests PRESET [CTEST ARGUMENT...]: tells those that were skipped, and counts the others in
+# `passed` and `failed`.
+run_tests() {
+    local report=$PWD/build/$1/report.xml not_run
+    # An attribute of the one testsuite that ctest's report holds.
+    count() {
+        sed -n "s/.*[[:space:]]$1=\"\([0-9]*\)\".*/\1/p" "$report" | head -1
+    }
+    rm -f "$report"
+    ctest --preset "$1" --parallel "$(nproc)" --output-junit "$report" "${@:2}"
+    [ -f "$report" ] || fail 'ctest did not run'
+    failed=$(count failures)
+    not_run=$(($(count skipped) + $(count disabled)))
+    passed=$(($(count tests) - failed - not_run))
+    [ "$not_run" = 0 ] || echo "$not_run tests were skipped"
+}

@@ -47,8 +47,16 @@ void AppendUnit(char32_t unit, bool isLittle, std::string& bytes)
     bytes.push_back(isLittle ? high : low);
 }
 
+void AppendUtf8(char32_t code, std::string& utf8)
+{
+    utf8proc_uint8_t bytes[4];
+    const auto size = utf8proc_encode_char(static_cast<utf8proc_int32_t>(code), bytes);
+    utf8.append(reinterpret_cast<const char*>(bytes), static_cast<size_t>(size));
+}
+
 bool Append(TextEncoding to, char32_t code, std::string& bytes)
 {
+    if (to == TextEncoding::Utf8) return AppendUtf8(code, bytes), true;
     if (to == TextEncoding::Gb18030) return AppendGb18030(code, bytes);
     const bool isLittle = to == TextEncoding::Utf16LE;
     if (code < 0x10000) return AppendUnit(code, isLittle, bytes), true;
@@ -65,9 +73,7 @@ bool ConvertToUtf8(TextEncoding from, std::string_view bytes, std::string& utf8)
         char32_t code = 0;
         const int length = Take(from, bytes, code);
         if (length <= 0) return false;
-        utf8proc_uint8_t encoded[4];
-        const auto size = utf8proc_encode_char(static_cast<utf8proc_int32_t>(code), encoded);
-        utf8.append(reinterpret_cast<const char*>(encoded), static_cast<size_t>(size));
+        AppendUtf8(code, utf8);
         bytes.remove_prefix(static_cast<size_t>(length));
     }
     return true;

@@ -108,9 +108,10 @@ Error MoveOver(const std::wstring& source, const std::wstring& target)
                                    MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH));
 }
 
-// Keeps access, attributes and streams of the file that it replaces.
+// Keeps access, attributes and streams of the file that it replaces. There is none for a moment.
 Error Replace(const std::wstring& source, const std::wstring& target)
 {
+    if (const Handle free(OpenThere(target, DELETE)); !free.IsOpen()) return LastError();
     if (ReplaceFileW(target.c_str(), source.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS,
                      nullptr, nullptr)) {
         const Handle file(OpenThere(target, GENERIC_WRITE));
@@ -362,6 +363,8 @@ Error WriteNew(const std::wstring& path, const std::wstring& target, const std::
     if (!file.IsOpen()) return LastError();
     // Nobody reads it before it has the access that it should have: it is not shared yet.
     if (!model.empty()) GiveAccessOf(model, full);
+    if (Is(AttributesOf(full), FILE_ATTRIBUTE_READONLY))
+        SetFileAttributesW(full.c_str(), FILE_ATTRIBUTE_NORMAL);
     if (const Error error = WriteAll(file.Get(), bytes)) return error;
     if (!FlushFileBuffers(file.Get())) return LastError();
     return file.Close();
@@ -375,7 +378,10 @@ Error PutInPlace(const std::wstring& path, const std::wstring& target)
         const DWORD attributes = AttributesOf(to);
         const bool isPlain =
             attributes != INVALID_FILE_ATTRIBUTES && !(attributes & FILE_ATTRIBUTE_REPARSE_POINT);
-        return isPlain ? Replace(from, to) : MoveOver(from, to);
+        const Error failed = isPlain ? Replace(from, to) : MoveOver(from, to);
+        // Somebody else was replacing it.
+        const bool isBetween = failed == ERROR_FILE_NOT_FOUND && Is(AttributesOf(from), ~0U);
+        return isBetween ? ERROR_SHARING_VIOLATION : failed;
     });
     if (error == 0) GiveCase(to);
     return error;

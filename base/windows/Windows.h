@@ -1,5 +1,5 @@
-// The operating system's own interface. Its macros for names that are functions of the module are
-// taken back. Sources that include this include nothing of the module that has such a function.
+// The operating system's own interface, without its macros for names that are functions of the
+// module: each of its functions is called by the name that ends in W.
 #pragma once
 
 #define WIN32_LEAN_AND_MEAN
@@ -7,3 +7,9 @@
 #define NOMINMAX
 #endif
 #include <windows.h>
+
+#undef CopyFile
+#undef DeleteFile
+#undef GetPrivateProfileString
+#undef MoveFile
+#undef WritePrivateProfileString

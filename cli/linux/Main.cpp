@@ -1,12 +1,10 @@
-#include <csignal>
-
 #include "cli/CommandLine.h"
+#include "cli/Console.h"
 #include "cli/linux/FullProgram.h"
 
 int main(int argc, char** argv)
 {
-    // A write beyond the size limit of files is to fail with a message, not to end the process.
-    std::signal(SIGXFSZ, SIG_IGN);
+    Console::Prepare();
     try {
         return RunCommandLine(argc, argv);
     } catch (const NeedsFullProgram&) {

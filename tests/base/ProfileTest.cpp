@@ -1,9 +1,9 @@
 #include "base/Profile.h"
 
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include "base/Encoding.h"
+#include "base/File.h"
 #include "base/Text.h"
 #include "tests/support/ProblemList.h"
 #include "tests/support/TemporaryFolder.h"
@@ -177,14 +177,13 @@ TEST_F(Profile, AnOpenBracketIsASectionToTheEndOfItsLine)
 TEST_F(Profile, AValueThatIsThereAlreadyIsNotWritten)
 {
     Has("[设置]\n默认样式 = \"A\"\n");
-    struct stat before = {};
-    struct stat after = {};
-    ASSERT_EQ(stat(m_folder.Native("setting.ini").c_str(), &before), 0);
+    const CString file = m_folder.Path(L"setting.ini");
+    const CString same = m_folder.Path(L"same"); // until one of them is written
+    ASSERT_TRUE(LinkFile(file, same));
     EXPECT_TRUE(Set(L"A"));
-    ASSERT_EQ(stat(m_folder.Native("setting.ini").c_str(), &after), 0);
-    EXPECT_EQ(before.st_ino, after.st_ino);
-    EXPECT_EQ(before.st_mtim.tv_nsec, after.st_mtim.tv_nsec);
-    EXPECT_EQ(before.st_ctim.tv_nsec, after.st_ctim.tv_nsec);
+    EXPECT_EQ(IsSameFile(file, same, m_problems), true);
+    EXPECT_TRUE(Set(L"B"));
+    EXPECT_EQ(IsSameFile(file, same, m_problems), false);
 }
 
 TEST_F(Profile, AnUnreadableEncodingIsToldWithItsLineAndTheFileStays)

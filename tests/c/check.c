@@ -10,6 +10,21 @@
 
 #include "designspec.h"
 
+#ifdef _WIN32
+#include <windows.h>
+#endif
+
+/* Names of files are UTF-8 here as in the library. */
+static FILE* open_to_write(const char* path)
+{
+#ifdef _WIN32
+    wchar_t wide[1024];
+    return MultiByteToWideChar(CP_UTF8, 0, path, -1, wide, 1024) ? _wfopen(wide, L"w") : NULL;
+#else
+    return fopen(path, "w");
+#endif
+}
+
 static int failures = 0;
 
 #define EXPECT(condition)                                                                          \
@@ -300,7 +315,7 @@ static void libraries(const char* project)
     EXPECT(!designspec_last_problem(1, &problem));
 
     /* What can be read is there, what cannot is named. */
-    file = fopen(in(project, "规范/b.hds"), "w");
+    file = open_to_write(in(project, "规范/b.hds"));
     EXPECT(file && fputs("<a", file) >= 0 && fclose(file) == 0);
     EXPECT_STATUS(designspec_library_open(project, &other), DESIGNSPEC_FILE_FAILED);
     EXPECT(strstr(designspec_last_error(), "b.hds:1: "));

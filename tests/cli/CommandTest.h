@@ -15,21 +15,26 @@ using testing::Not;
 class CommandTest : public testing::Test {
 protected:
     // The language of the help, wherever the tests run.
-    CommandTest() { setenv("LC_ALL", "C.UTF-8", 1); }
+    CommandTest() { SetVariable("LC_ALL", "C.UTF-8"); }
 
     using Json = nlohmann::ordered_json;
 
-    ProcessResult Call(const Words& words, const std::function<void()>& inChild = {}) const
+    ProcessResult Call(const Words& words) const { return CallIn(m_folder.Native(), words); }
+    ProcessResult Call(const Words& words, const std::function<void()>& inChild) const
     {
-        return CallIn(m_folder.Native(), words, inChild);
+        return RunProcess(WithProgram(words), m_folder.Native(), inChild);
     }
 
-    static ProcessResult CallIn(const std::filesystem::path& folder, const Words& words,
-                                const std::function<void()>& inChild = {})
+    static ProcessResult CallIn(const std::filesystem::path& folder, const Words& words)
+    {
+        return RunProcess(WithProgram(words), folder);
+    }
+
+    static Words WithProgram(const Words& words)
     {
         Words all = {DESIGNSPEC_PROGRAM};
         all.insert(all.end(), words.begin(), words.end());
-        return RunProcess(all, folder, inChild);
+        return all;
     }
 
     // Expects that the command did it and had nothing to complain about; what it printed.

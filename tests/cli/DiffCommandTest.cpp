@@ -142,19 +142,4 @@ TEST_F(DiffCommand, SaysWhatCannotBeFound)
     Fails(3, "不是项目文件夹,其中没有“规范”文件夹", {"diff", "城市", "./夹"});
 }
 
-TEST_F(DiffCommand, ColoursOnATerminalAlone)
-{
-    const std::string program = DESIGNSPEC_PROGRAM;
-    const auto typed = [&](const std::string& before) {
-        return RunProcess(
-                   {"/usr/bin/script", "-qec", before + program + " diff 城市 干线", "/dev/null"},
-                   m_folder.Native())
-            .out;
-    };
-    EXPECT_THAT(typed(""), HasSubstr("\x1b[31m城市\x1b[0m"));
-    EXPECT_THAT(typed(""), HasSubstr("\x1b[32m干线\x1b[0m"));
-    EXPECT_THAT(typed("NO_COLOR=1 "), Not(HasSubstr("\x1b[")));
-    EXPECT_THAT(Differ({"城市", "干线"}), Not(HasSubstr("\x1b")));
-}
-
 } // namespace

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/Process.h"
+
 namespace {
 
 constexpr std::array<const char*, 3> kVariables = {"LC_ALL", "LC_MESSAGES", "LANG"};
@@ -22,20 +24,13 @@ protected:
     ~HelpLanguageTest() override
     {
         for (size_t i = 0; i < kVariables.size(); ++i)
-            Set(kVariables[i], m_before[i] ? m_before[i]->c_str() : nullptr);
-    }
-    static void Set(const char* variable, const char* value)
-    {
-        if (value)
-            setenv(variable, value, 1);
-        else
-            unsetenv(variable);
+            SetVariable(kVariables[i], m_before[i] ? m_before[i]->c_str() : nullptr);
     }
     static Language With(const char* all, const char* messages, const char* lang)
     {
-        Set("LC_ALL", all);
-        Set("LC_MESSAGES", messages);
-        Set("LANG", lang);
+        SetVariable("LC_ALL", all);
+        SetVariable("LC_MESSAGES", messages);
+        SetVariable("LANG", lang);
         return HelpLanguage();
     }
 

@@ -1,4 +1,7 @@
 // Many commands at once on one project, each a process of its own.
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <csignal>
 #include <map>
 #include <random>

@@ -59,10 +59,7 @@ protected:
         return added;
     }
 
-    static CDesignSpecification& At(int index)
-    {
-        return *Library().Item(index);
-    }
+    static CDesignSpecification& At(int index) { return *Library().Item(index); }
 
     static double MarkOf(const wchar_t* name)
     {

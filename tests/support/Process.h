@@ -1,19 +1,11 @@
-// Runs a program as a user's shell would, and takes what it says on both streams apart.
+// Runs a program as a user's shell would, and takes what it says on both streams apart; linux/ and
+// windows/ have a source each.
 #pragma once
 
-#include <array>
-#include <cerrno>
 #include <filesystem>
 #include <functional>
-#include <stdexcept>
 #include <string>
 #include <vector>
-
-#include <fcntl.h>
-#include <poll.h>
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 struct ProcessResult {
     int status = -1; // exit status; the negative signal number when a signal ended it
@@ -22,68 +14,14 @@ struct ProcessResult {
     long peak = 0; // KiB of memory that it had at once
 };
 
-namespace ProcessDetail {
+// The first word is the program's path.
+ProcessResult RunProcess(const std::vector<std::string>& words,
+                         const std::filesystem::path& folder);
+// `inChild` runs in the new process before the program. Not on Windows, where a process begins
+// with its program.
+ProcessResult RunProcess(const std::vector<std::string>& words, const std::filesystem::path& folder,
+                         const std::function<void()>& inChild);
 
-struct Pipe {
-    std::array<int, 2> ends{};
-    Pipe()
-    {
-        if (pipe2(ends.data(), O_CLOEXEC) != 0) throw std::runtime_error("no pipe");
-    }
-};
-
-// Reads both streams as they come, so that neither fills up while the other is waited for.
-inline void ReadBoth(const std::array<int, 2>& ends, const std::array<std::string*, 2>& texts)
-{
-    std::array<pollfd, 2> waiting{{{ends[0], POLLIN, 0}, {ends[1], POLLIN, 0}}};
-    while (waiting[0].fd >= 0 || waiting[1].fd >= 0) {
-        if (poll(waiting.data(), waiting.size(), -1) < 0 && errno != EINTR)
-            throw std::runtime_error("poll failed");
-        for (size_t i = 0; i < waiting.size(); ++i) {
-            if (waiting[i].fd < 0 || waiting[i].revents == 0) continue;
-            std::array<char, 4096> buffer{};
-            const ssize_t got = read(waiting[i].fd, buffer.data(), buffer.size());
-            if (got > 0)
-                texts[i]->append(buffer.data(), static_cast<size_t>(got));
-            else
-                waiting[i].fd = -1;
-        }
-    }
-}
-
-} // namespace ProcessDetail
-
-// The first word is the program's path. `inChild` runs in the new process before the program.
-inline ProcessResult RunProcess(const std::vector<std::string>& words,
-                                const std::filesystem::path& folder,
-                                const std::function<void()>& inChild = {})
-{
-    std::vector<char*> argv;
-    for (const std::string& word : words)
-        argv.push_back(const_cast<char*>(word.c_str()));
-    argv.push_back(nullptr);
-    ProcessDetail::Pipe out;
-    ProcessDetail::Pipe err;
-    const pid_t child = fork();
-    if (child < 0) throw std::runtime_error("no process");
-    if (child == 0) {
-        dup2(out.ends[1], STDOUT_FILENO);
-        dup2(err.ends[1], STDERR_FILENO);
-        if (chdir(folder.c_str()) != 0) _exit(125);
-        if (inChild) inChild();
-        execv(argv[0], argv.data());
-        _exit(127);
-    }
-    close(out.ends[1]);
-    close(err.ends[1]);
-    ProcessResult result;
-    ProcessDetail::ReadBoth({out.ends[0], err.ends[0]}, {&result.out, &result.err});
-    close(out.ends[0]);
-    close(err.ends[0]);
-    int state = 0;
-    rusage used = {};
-    if (wait4(child, &state, 0, &used) != child) throw std::runtime_error("the process is lost");
-    result.peak = used.ru_maxrss;
-    result.status = WIFEXITED(state) ? WEXITSTATUS(state) : -WTERMSIG(state);
-    return result;
-}
+// Sets a variable of the environment, for the programs that are run from now on too; null takes it
+// away.
+void SetVariable(const char* name, const char* value);

@@ -1,10 +1,10 @@
 // A folder of its own for each test; it goes with what it holds when the test ends.
 #pragma once
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <random>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -18,9 +18,12 @@ class TemporaryFolder {
 public:
     TemporaryFolder()
     {
-        std::string name = (std::filesystem::temp_directory_path() / "designspec-XXXXXX").string();
-        if (!mkdtemp(name.data())) throw std::runtime_error("no temporary folder: " + name);
-        m_path = name;
+        std::random_device random;
+        do
+            m_path =
+                std::filesystem::temp_directory_path() / ("designspec-" + std::to_string(random()));
+        while (!std::filesystem::create_directory(m_path));
+        std::filesystem::permissions(m_path, std::filesystem::perms::owner_all);
     }
     ~TemporaryFolder()
     {
@@ -32,8 +35,11 @@ public:
 
     // The folder, or something below it, as the operating system and as the module name it.
     const std::filesystem::path& Native() const { return m_path; }
-    std::filesystem::path Native(std::string_view below) const { return m_path / below; }
-    CString Path() const { return ToWide(m_path.string()); }
+    std::filesystem::path Native(std::string_view below) const
+    {
+        return m_path / std::u8string(below.begin(), below.end());
+    }
+    CString Path() const { return PathOf(m_path); }
     CString Path(std::wstring_view below) const { return Path().append(L"/").append(below); }
 
     // Makes a file, with the folders above it; returns its path.
@@ -44,7 +50,7 @@ public:
         std::ofstream stream(file, std::ios::binary);
         stream.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
         if (!stream.flush()) throw std::runtime_error("not written: " + file.string());
-        return ToWide(file.string());
+        return PathOf(file);
     }
 
     // A file's bytes; a test that reads what is not there fails with the exception.
@@ -67,5 +73,11 @@ public:
     }
 
 private:
+    static CString PathOf(const std::filesystem::path& native)
+    {
+        const std::u8string utf8 = native.generic_u8string();
+        return ToWide({reinterpret_cast<const char*>(utf8.data()), utf8.size()});
+    }
+
     std::filesystem::path m_path;
 };

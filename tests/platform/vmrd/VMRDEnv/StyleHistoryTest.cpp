@@ -104,8 +104,7 @@ TEST_F(StyleHistoryTest, HasContentThatComesAgainOnceOnTheDisk)
     EXPECT_EQ(Contents(), (Strings{"a", "b", "a"}));
     const auto versions = Versions();
     EXPECT_TRUE(fs::equivalent(Native(versions[0].file), Native(versions[2].file)));
-    EXPECT_EQ(fs::hard_link_count(Native(versions[0].file)), 2U);
-    EXPECT_EQ(fs::hard_link_count(Native(versions[1].file)), 1U);
+    EXPECT_FALSE(fs::equivalent(Native(versions[0].file), Native(versions[1].file)));
 }
 
 // The name of a file says what it held; somebody wrote into it since.
