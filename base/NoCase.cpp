@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <cstring>
 #include <iterator>
+#include <type_traits>
 
 #include <utf8proc.h>
 
@@ -89,7 +90,7 @@ bool FoldPlain(std::wstring_view text, wchar_t* folded)
 {
     bool isPlain = true;
     for (size_t i = 0; i < text.size(); ++i) {
-        const auto c = static_cast<std::uint32_t>(text[i]);
+        const std::uint32_t c = static_cast<std::make_unsigned_t<wchar_t>>(text[i]);
         isPlain &= (c < 0x80) | (c - kCaselessFirst <= kCaselessLast - kCaselessFirst);
         folded[i] = static_cast<wchar_t>(c | (std::uint32_t{c - L'A' <= L'Z' - L'A'} << 5));
     }
