@@ -90,7 +90,7 @@ bool FoldPlain(std::wstring_view text, wchar_t* folded)
 {
     bool isPlain = true;
     for (size_t i = 0; i < text.size(); ++i) {
-        const std::uint32_t c = static_cast<std::make_unsigned_t<wchar_t>>(text[i]);
+        const std::uint32_t c = std::bit_cast<std::make_unsigned_t<wchar_t>>(text[i]);
         isPlain &= (c < 0x80) | (c - kCaselessFirst <= kCaselessLast - kCaselessFirst);
         folded[i] = static_cast<wchar_t>(c | (std::uint32_t{c - L'A' <= L'Z' - L'A'} << 5));
     }
