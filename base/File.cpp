@@ -44,12 +44,6 @@ bool FlushFolderOf(const std::wstring& path, const wchar_t* what, Problems& prob
     return error == 0 || Fail(path, what, error, problems);
 }
 
-bool EndsIn(std::wstring_view name, std::wstring_view ending)
-{
-    return name.size() >= ending.size() &&
-           EqualNoCase(name.substr(name.size() - ending.size()), ending);
-}
-
 } // namespace
 
 std::string NativePath(const std::wstring& path)
@@ -118,7 +112,7 @@ std::vector<std::wstring> FindFiles(const std::wstring& folder, std::wstring_vie
     std::vector<std::wstring> names;
     if (!PathFileExists(folder, problems).value_or(false)) return names;
     const Error error = FileSystem::List(folder, [&](const std::wstring& name) {
-        if (!EndsIn(name, ending)) return;
+        if (!EndsInNoCase(name, ending)) return;
         if (name.find(L'\\') != std::wstring::npos)
             Fail(folder, Format(L"文件名“%s”含有反斜线,无法使用", name), problems);
         else if (!wanted || wanted(name))

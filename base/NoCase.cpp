@@ -82,6 +82,12 @@ bool EqualNoCase(std::wstring_view a, std::wstring_view b)
     return CompareNoCase(a, b) == 0;
 }
 
+bool EndsInNoCase(std::wstring_view text, std::wstring_view ending)
+{
+    return text.size() >= ending.size() &&
+           EqualNoCase(text.substr(text.size() - ending.size()), ending);
+}
+
 namespace {
 
 // Folds a text of ASCII and of scripts without case, character by character; false for one that

@@ -9,6 +9,7 @@ namespace designspec {
 // Order of two texts: below 0, 0 or above 0.
 int CompareNoCase(std::wstring_view a, std::wstring_view b);
 bool EqualNoCase(std::wstring_view a, std::wstring_view b);
+bool EndsInNoCase(std::wstring_view text, std::wstring_view ending);
 
 // A text to be looked for among keys, folded; nearly always without memory of its own.
 class NoCaseText {

@@ -27,9 +27,7 @@ CString Choice(const SpecificationFolder& folder)
 
 bool IsStyleFile(const std::string& word)
 {
-    const size_t length = std::size(kStyleFileEnding) - 1;
-    return word.size() >= length &&
-           EqualNoCase(ToWide(word.substr(word.size() - length)), kStyleFileEnding);
+    return EndsInNoCase(ToWide(word), kStyleFileEnding);
 }
 
 } // namespace

@@ -15,6 +15,7 @@
 #include <QVBoxLayout>
 
 #include "base/File.h"
+#include "base/NoCase.h"
 #include "host/ControlIds.h"
 #include "host/Icons.h"
 #include "host/MessageBar.h"
@@ -54,7 +55,7 @@ QString ShortList(const QStringList& names)
 
 bool IsStyleFile(const QString& path)
 {
-    return path.endsWith(ToQString(kStyleFileEnding), Qt::CaseInsensitive);
+    return EndsInNoCase(FromQString(path), kStyleFileEnding);
 }
 
 // Those of the files that are dragged which can be opened.

@@ -22,12 +22,6 @@ namespace designspec {
 
 namespace {
 
-bool HasEnding(const CString& path, const CString& ending)
-{
-    return path.size() > ending.size() &&
-           EqualNoCase(path.substr(path.size() - ending.size()), ending);
-}
-
 QByteArray Painted(const PaperReport& report, const QString& title)
 {
     QBuffer bytes;
@@ -76,9 +70,9 @@ bool WriteReport(const CString& path,
                  const std::vector<const CDesignSpecification*>& specifications,
                  const ReportOptions& options, Problems& problems)
 try {
-    if (HasEnding(path, L".html") || HasEnding(path, L".htm"))
+    if (EndsInNoCase(path, L".html") || EndsInNoCase(path, L".htm"))
         return WriteWholeFile(path, HtmlReport(specifications, options), problems);
-    if (HasEnding(path, L".pdf"))
+    if (EndsInNoCase(path, L".pdf"))
         return WriteWholeFile(path, PdfBytes(specifications, options), problems);
     AddProblem(problems, Severity::Error, path, 0, L"报告的扩展名不是 .pdf 或 .html");
     return false;

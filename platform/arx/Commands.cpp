@@ -38,10 +38,8 @@ const ModuleCommand* FindOpening(const CString& path)
 {
     return FindIf([&](const ModuleCommand& one) {
         return one.open &&
-               std::any_of(one.endings.begin(), one.endings.end(), [&](const CString& ending) {
-                   return path.size() > ending.size() &&
-                          EqualNoCase(path.substr(path.size() - ending.size()), ending);
-               });
+               std::any_of(one.endings.begin(), one.endings.end(),
+                           [&](const CString& ending) { return EndsInNoCase(path, ending); });
     });
 }
 

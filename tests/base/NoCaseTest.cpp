@@ -61,6 +61,16 @@ TEST(NoCase, ComparesIgnoringCase)
     EXPECT_EQ(CompareNoCase(L"", L""), 0);
 }
 
+TEST(NoCase, FindsAnEndingIgnoringCase)
+{
+    EXPECT_TRUE(EndsInNoCase(L"公路.HDS", L".hds"));
+    EXPECT_TRUE(EndsInNoCase(L".hds", L".hds"));
+    EXPECT_TRUE(EndsInNoCase(L"公路", L""));
+    EXPECT_FALSE(EndsInNoCase(L"hds", L".hds"));
+    EXPECT_FALSE(EndsInNoCase(L"公路.hds~", L".hds"));
+    EXPECT_FALSE(EndsInNoCase(L"", L".hds"));
+}
+
 TEST(NoCaseKey, EqualsExactlyWhereTheTextsAreEqualIgnoringCase)
 {
     const std::wstring texts[] = {L"",       L"Road", L"rOAD",   L"road ",  L"STRASSE",
