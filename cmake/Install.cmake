@@ -74,10 +74,6 @@ install(FILES
 
 set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME designspec)
 install(TARGETS designspec_cli RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-if(TARGET designspec_full)
-    install(TARGETS designspec_full
-        RUNTIME DESTINATION ${CMAKE_INSTALL_LIBEXECDIR}/designspec)
-endif()
 install(FILES cli/designspec.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 install(FILES cli/designspec.zh_CN.1
     DESTINATION ${CMAKE_INSTALL_MANDIR}/zh_CN/man1 RENAME designspec.1)

@@ -36,7 +36,7 @@ int BecomeFullProgram(char** argv)
 {
     std::error_code unreadable;
     const auto folder = std::filesystem::read_symlink("/proc/self/exe", unreadable).parent_path();
-    const auto installed = folder.parent_path() / "libexec/designspec/designspec-full";
+    const auto installed = folder.parent_path() / FULL_PROGRAM;
     for (const auto& program : {folder / "designspec-full", installed})
         execv(program.c_str(), argv);
     Complain(designspec::Format(L"程序“%s”无法运行: %s", designspec::ToWide(installed.native()),

@@ -31,7 +31,7 @@ protected:
 
     const fs::path m_prefix = fs::path(m_folder.Native()) / "前缀";
     const fs::path m_bin = m_prefix / "bin";
-    const fs::path m_libexec = m_prefix / "libexec/designspec";
+    const fs::path m_libexec = m_prefix / LIBEXEC_FOLDER / "designspec";
 };
 
 } // namespace
