@@ -1,6 +1,8 @@
 #include "base/UserName.h"
 
+#include <cerrno>
 #include <cstdlib>
+#include <vector>
 
 #include <pwd.h>
 #include <unistd.h>
@@ -13,7 +15,12 @@ namespace {
 
 std::string FindName(uid_t user)
 {
-    const passwd* const known = getpwuid(user);
+    // Into memory of this call: other threads, of other libraries, may ask at the same time.
+    std::vector<char> texts(1024);
+    passwd entry = {};
+    passwd* known = nullptr;
+    while (getpwuid_r(user, &entry, texts.data(), texts.size(), &known) == ERANGE)
+        texts.resize(2 * texts.size());
     for (const char* name :
          {known ? known->pw_name : nullptr, std::getenv("LOGNAME"), std::getenv("USER")})
         if (name && *name) return name;
