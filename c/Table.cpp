@@ -1,10 +1,7 @@
 // Tables by design speed, and queries.
 #include <cmath>
-#include <limits>
 
-#include "base/Format.h"
 #include "c/Objects.h"
-#include "model/Rules.h"
 #include "model/SpeedArrays.h"
 
 using namespace designspec;
@@ -40,34 +37,6 @@ void HandOutTable(designspec_specification* specification, ValuePath path, desig
         TableObject{ObjectOf<SpecificationObject>(specification), std::move(path)});
     object->Get();
     HandOut(table, std::move(object));
-}
-
-// The value that a table may hold of a number.
-template <class T> T CellOf(double value)
-{
-    if constexpr (std::is_same_v<T, double>) {
-        if (!std::isfinite(value)) RefuseCall(L"值不是数");
-        return value;
-    } else {
-        const bool fits = value >= 0 && value <= std::numeric_limits<T>::max();
-        if (!fits || std::trunc(value) != value) RefuseCall(Format(L"值“%g”不是整数", value));
-        return static_cast<T>(value);
-    }
-}
-
-template <class T>
-void Fill(GrowArray<SpeedEntry<T>>& table, const int32_t* speeds, const double* values,
-          size_t count)
-{
-    table.RemoveAll();
-    for (size_t i = 0; i < count; ++i) {
-        if (!IsSpeed(speeds[i])) RefuseCall(Format(L"车速“%d”不在 1 到 999 之间", speeds[i]));
-        AddSpeed(table, speeds[i], CellOf<T>(values[i]));
-    }
-    SortDescending(table);
-    for (int i = 1; i < table.count; ++i)
-        if (table[i - 1].speed == table[i].speed)
-            RefuseCall(Format(L"车速“%d”有两次", table[i].speed));
 }
 
 } // namespace
@@ -140,10 +109,8 @@ designspec_status designspec_table_set(designspec_table* table, const int32_t* s
         CDesignSpecification made = now;
         ValuePlace place;
         FindValue(made, object->path, place);
-        if (IntTable(place))
-            Fill(place.field->Of<SpeedToIntValues>(place.object), speeds, values, count);
-        else
-            Fill(place.field->Of<SpeedToDoubleValues>(place.object), speeds, values, count);
+        const CString problem = WriteTable(place, {speeds, count}, {values, count});
+        if (!problem.empty()) RefuseCall(problem);
         ChangeTo(now, made);
     });
 }

@@ -263,7 +263,7 @@ DESIGNSPEC_API designspec_status designspec_table_at(const designspec_table* tab
                                                      int32_t* speed, double* value);
 /*
  * Puts `count` speeds and values in place of all; they stand highest speed first. WRONG_CALL, and
- * nothing changed, for what the editor would refuse: a speed twice or outside 1 to 999, a value
+ * nothing changed, for what the editor would refuse: a speed twice or outside 10 to 150, a value
  * below 0, a decimal in a table of whole numbers.
  */
 DESIGNSPEC_API designspec_status designspec_table_set(designspec_table* table,

@@ -1,6 +1,12 @@
 #include "model/SpecificationValue.h"
 
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
 #include "base/Format.h"
+#include "base/Number.h"
+#include "base/Text.h"
 #include "model/Rules.h"
 
 namespace designspec {
@@ -92,6 +98,40 @@ CString WriteProblem(CDesignSpecification& specification, const ValuePath& path)
     return {};
 }
 
+CString NumberProblem(double number, double& value)
+{
+    if (!std::isfinite(number)) return Format(L"值“%s”不是数", ToWide(DoubleToText(number)));
+    value = number + 0.0; // no negative zero
+    return {};
+}
+
+CString NumberProblem(double number, std::int32_t& value)
+{
+    const bool fits = std::abs(number) <= std::numeric_limits<std::int32_t>::max();
+    if (!fits || std::trunc(number) != number)
+        return Format(L"值“%s”不是整数", ToWide(DoubleToText(number)));
+    value = static_cast<std::int32_t>(number);
+    return {};
+}
+
+template <class T>
+CString Fill(GrowArray<SpeedEntry<T>>& table, std::span<const std::int32_t> speeds,
+             std::span<const double> values)
+{
+    GrowArray<SpeedEntry<T>> made;
+    for (size_t i = 0; i < speeds.size(); ++i) {
+        T value = 0;
+        if (CString problem = NumberProblem(values[i], value); !problem.empty()) return problem;
+        AddSpeed(made, speeds[i], value);
+    }
+    SortDescending(made);
+    const auto twice = std::adjacent_find(
+        made.begin(), made.end(), [](const auto& a, const auto& b) { return a.speed == b.speed; });
+    if (twice != made.end()) return Format(L"车速 %d 不止一次", twice->speed);
+    table = made;
+    return {};
+}
+
 void RemoveRows(const Step& step, void* object, std::int32_t from)
 {
     for (std::int32_t at = from; (at = FindRow(step, object, at)) < step.field->RowCount(object);)
@@ -138,6 +178,15 @@ CString WriteValue(CDesignSpecification& specification, const ValuePath& path, c
     }
     SetValue(*field, object, value);
     return {};
+}
+
+CString WriteTable(const ValuePlace& table, std::span<const std::int32_t> speeds,
+                   std::span<const double> values)
+{
+    const Field& field = *table.field;
+    return field.kind == FieldKind::IntTable
+               ? Fill(field.Of<SpeedToIntValues>(table.object), speeds, values)
+               : Fill(field.Of<SpeedToDoubleValues>(table.object), speeds, values);
 }
 
 CString RemoveRow(CDesignSpecification& specification, const ValuePath& path)

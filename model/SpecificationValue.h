@@ -2,6 +2,8 @@
 // comes back as a text for people, empty when all is well.
 #pragma once
 
+#include <span>
+
 #include "model/ValuePath.h"
 
 namespace designspec {
@@ -22,6 +24,12 @@ AFX_EXT_API CString FindValue(CDesignSpecification& specification, const ValuePa
 // something is wrong.
 AFX_EXT_API CString WriteValue(CDesignSpecification& specification, const ValuePath& path,
                                const CString& text);
+
+// Puts speeds (km/h) and as many values in place of all that a table by design speed holds; they
+// stand highest speed first. Nothing is changed when one is not of the table's kind or a speed
+// stands twice. Whether the editor would take them is another question (NewFault).
+AFX_EXT_API CString WriteTable(const ValuePlace& table, std::span<const std::int32_t> speeds,
+                               std::span<const double> values);
 
 // Takes out the rows of the key that the path ends with.
 AFX_EXT_API CString RemoveRow(CDesignSpecification& specification, const ValuePath& path);

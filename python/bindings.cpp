@@ -17,7 +17,6 @@
 #include "model/Differences.h"
 #include "model/Findings.h"
 #include "model/PageLayout.h"
-#include "model/Rules.h"
 #include "model/SpecificationValue.h"
 #include "model/SpeedArrays.h"
 #include "platform/vmrd/VMRDPub/VMRDPub.h"
@@ -146,20 +145,24 @@ std::int32_t WholeOf(const CString& what, double number)
     return static_cast<std::int32_t>(number);
 }
 
-template <class T>
-void TableFromPython(const Field& field, GrowArray<SpeedEntry<T>>& table, const py::dict& values)
+void TextFromPython(const Field& field, void* object, const std::string& text)
 {
-    table.RemoveAll();
-    for (const auto& [key, value] : values) {
-        const std::int32_t speed = WholeOf(L"车速", NumberOf(field, key));
-        if (!IsSpeed(speed)) Refuse(Format(L"车速“%d”不在 1 到 999 之间", speed));
-        const double number = NumberOf(field, value);
-        if constexpr (std::is_same_v<T, double>)
-            AddSpeed(table, speed, number);
-        else
-            AddSpeed(table, speed, WholeOf(field.label, number));
+    Value value;
+    const CString problem = ParseValue(field, Wide(text), field.label, value);
+    if (!problem.empty()) Refuse(problem);
+    SetValue(field, object, value);
+}
+
+void TableFromPython(const ValuePlace& table, const py::dict& given)
+{
+    std::vector<std::int32_t> speeds;
+    std::vector<double> values;
+    for (const auto& [key, value] : given) {
+        speeds.push_back(WholeOf(L"车速", NumberOf(*table.field, key)));
+        values.push_back(NumberOf(*table.field, value));
     }
-    SortDescending(table);
+    const CString problem = WriteTable(table, speeds, values);
+    if (!problem.empty()) Refuse(problem);
 }
 
 void FromPython(const Field& field, void* object, const py::handle& value);
@@ -187,14 +190,10 @@ void FromPython(const Field& field, void* object, const py::handle& value)
         field.Of<double>(object) = NumberOf(field, value);
         return;
     case FieldKind::Text:
-        field.Of<CString>(object) = Wide(py::cast<std::string>(value));
-        return;
+        return TextFromPython(field, object, py::cast<std::string>(value));
     case FieldKind::IntTable:
-        return TableFromPython(field, field.Of<SpeedToIntValues>(object),
-                               py::cast<py::dict>(value));
     case FieldKind::DoubleTable:
-        return TableFromPython(field, field.Of<SpeedToDoubleValues>(object),
-                               py::cast<py::dict>(value));
+        return TableFromPython({&field, object}, py::cast<py::dict>(value));
     case FieldKind::Rows:
         break;
     }

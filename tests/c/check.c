@@ -214,18 +214,37 @@ static void queries(void)
         const double limits[] = {70, 400, 160};
         const double half[] = {70.5, 400, 160};
         const int32_t twice[] = {40, 40, 60};
-        const int32_t odd[] = {40, 1000, 60};
+        const int32_t odd[] = {40, 151, 60};
+        const double below[] = {70, -1, 160};
         EXPECT_OK(designspec_table_set(radii, mine, limits, 3));
         EXPECT_OK(designspec_table_at(radii, 0, &speed, &decimal));
         EXPECT(speed == 100 && decimal == 400);
         EXPECT_STATUS(designspec_table_set(radii, mine, half, 3), DESIGNSPEC_WRONG_CALL);
         EXPECT_STATUS(designspec_table_set(radii, twice, limits, 3), DESIGNSPEC_WRONG_CALL);
         EXPECT_STATUS(designspec_table_set(radii, odd, limits, 3), DESIGNSPEC_WRONG_CALL);
+        EXPECT(strstr(designspec_last_error(), "车速 必须大于等于 10 并且小于等于 150"));
+        EXPECT_STATUS(designspec_table_set(radii, mine, below, 3), DESIGNSPEC_WRONG_CALL);
+        EXPECT(strstr(designspec_last_error(), "值不能小于 0"));
         EXPECT_OK(designspec_table_count(radii, &count));
         EXPECT(count == 3);
         EXPECT_OK(designspec_table_set(radii, NULL, NULL, 0));
         EXPECT_STATUS(designspec_query_integer(radii, 60, DESIGNSPEC_NEAREST, &whole),
                       DESIGNSPEC_NO_ANSWER);
+    }
+    {
+        /* A table that is not in use can be filled before it is. */
+        const int32_t mine[] = {80, 60};
+        const double limits[] = {2000, 1000};
+        const char* const unused = "TransitionCurveMinLen.NoTCBySuperelevation";
+        EXPECT_OK(designspec_table_free(radii));
+        EXPECT_OK(designspec_table_of(one, "TransitionCurveMinLen.NoTCByMinRad", &radii));
+        EXPECT_OK(designspec_set_number(one, unused, 1));
+        EXPECT_OK(designspec_table_set(radii, NULL, NULL, 0));
+        EXPECT_STATUS(designspec_set_number(one, unused, 0), DESIGNSPEC_WRONG_CALL);
+        EXPECT_OK(designspec_table_set(radii, mine, limits, 2));
+        EXPECT_OK(designspec_set_number(one, unused, 0));
+        EXPECT_OK(designspec_query_integer(radii, 80, DESIGNSPEC_EXACT, &whole));
+        EXPECT(whole == 2000);
     }
     /* A table keeps alive what it stands on. */
     EXPECT_OK(designspec_specification_free(one));

@@ -1,5 +1,7 @@
 #include "model/SpecificationValue.h"
 
+#include <cmath>
+
 #include <gtest/gtest.h>
 
 #include "base/Format.h"
@@ -110,6 +112,30 @@ TEST_F(SpecificationValue, RowsAreAddedInTheirOrder)
               (SuperElevDefinition{5, {{55, {{9, 10, 1}}}}}));
     EXPECT_EQ(Write(L"CurveWidening.ranges[9~10].widenings[Bus].widening", L"2"), L"");
     EXPECT_EQ(m_specification.CurveWidening.ranges[9], (WideningRange{9, 10, {{L"Bus", 2}}}));
+}
+
+TEST_F(SpecificationValue, ATableIsWrittenWhole)
+{
+    const auto write = [this](const CString& path, const std::vector<std::int32_t>& speeds,
+                              const std::vector<double>& values) {
+        ValuePlace place;
+        EXPECT_EQ(FindValue(m_specification, Path(path), place), L"");
+        return WriteTable(place, speeds, values);
+    };
+    EXPECT_EQ(write(L"LonGradMinLen.MinLens", {40, 100, 60}, {70, 400, 160}), L"");
+    const SpeedToIntValues written{{100, 400}, {60, 160}, {40, 70}};
+    EXPECT_EQ(m_specification.LonGradMinLen.MinLens, written);
+    EXPECT_EQ(write(L"LonGradMinLen.MinLens", {40, 60}, {70, 0.5}), L"值“0.5”不是整数");
+    EXPECT_EQ(write(L"LonGradMinLen.MinLens", {40}, {3e9}), L"值“3e+09”不是整数");
+    EXPECT_EQ(write(L"LonGradMinLen.MinLens", {40}, {NAN}), L"值“nan”不是整数");
+    EXPECT_EQ(write(L"LonGradMinLen.MinLens", {40, 60, 40}, {1, 2, 3}), L"车速 40 不止一次");
+    EXPECT_EQ(m_specification.LonGradMinLen.MinLens, written);
+
+    EXPECT_EQ(write(L"LonGrad.MaxGradLimitedValues", {80}, {INFINITY}), L"值“inf”不是数");
+    EXPECT_EQ(write(L"LonGrad.MaxGradLimitedValues", {80}, {5.5}), L"");
+    EXPECT_EQ(m_specification.LonGrad.MaxGradLimitedValues, (SpeedToDoubleValues{{80, 5.5}}));
+    EXPECT_EQ(write(L"LonGrad.MaxGradLimitedValues", {}, {}), L"");
+    EXPECT_TRUE(m_specification.LonGrad.MaxGradLimitedValues.IsEmpty());
 }
 
 TEST_F(SpecificationValue, OthersOfTheLastKeyGo)

@@ -112,9 +112,12 @@ def test_what_the_editor_refuses_changes_nothing():
     for path, value in [
         ("CircularCurveRad.MaxRad", 0.5),
         ("CircularCurveRad.MaxRad", float("nan")),
-        ("CircularCurveRad.SuperelevationMinRad", {0: 10}),
+        ("CircularCurveRad.SuperelevationMinRad", {9: 10}),
+        ("CircularCurveRad.SuperelevationMinRad", {151: 10}),
+        ("CircularCurveRad.SuperelevationMinRad", {60: float("inf")}),
         ("CircularCurveRad.SuperelevationMinRad", {60: 10.5}),
         ("CircularCurveRad.SuperelevationMinRad", {60: -1}),
+        ("CircularCurveRad.MaxRadCriterion", "a\x01b"),
         ("LonGradMaxLen.rows", [{"NoSuch": 1}]),
     ]:
         criterion, field = path.split(".")
@@ -164,6 +167,17 @@ def test_tables_are_dicts_arrays_and_series():
     other.LonGrad.MaxGradLimitedValues = {80: 5.5}
     assert other.LonGrad.MaxGradLimitedValues.to_series()[80] == 5.5
     assert "设超高最小半径 (m)" in table._repr_html_()
+
+
+def test_a_table_with_an_odd_speed_of_a_file_can_be_changed_beside_it():
+    text = Specification("甲").to_text().replace(b'speed="80"', b'speed="160"')
+    one = Specification.from_text(text)
+    table = one.CircularCurveRad.SuperelevationMinRad
+    assert list(table)[0] == 160
+    table[60] = 160
+    assert table[60] == 160 and table[160] == 250
+    with pytest.raises(RefusedError, match="车速"):
+        table[170] = 260
 
 
 @pytest.mark.parametrize(
