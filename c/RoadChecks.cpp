@@ -35,14 +35,12 @@ designspec_check_options KnownOptions(const designspec_check_options* given)
     return options;
 }
 
-roadcheck::CheckOptions OptionsOf(const designspec_check_options* given)
+roadcheck::CheckOptions OptionsOf(const designspec_check_options* given,
+                                  const CDesignSpecification& specification)
 {
     const designspec_check_options known = KnownOptions(given);
-    if (known.road_type < 0 || known.road_type >= CDSMaxResultantGrad::kRoadTypes)
-        RefuseCall(L"没有这种道路类型");
-    if (known.speed < 0) RefuseCall(L"车速小于 0");
     roadcheck::CheckOptions options;
-    if (known.speed > 0) options.speeds.push_back({{}, known.speed});
+    if (known.speed != 0) options.speeds.push_back({{}, known.speed});
     options.mode = ModeOf(known.mode);
     options.roadType = static_cast<CDSMaxResultantGrad::RoadType>(known.road_type);
     options.plateau = known.plateau != 0;
@@ -50,6 +48,8 @@ roadcheck::CheckOptions OptionsOf(const designspec_check_options* given)
     if (known.max_super >= 0) options.maxSuper = known.max_super;
     if (known.turns_about_edge) options.axis = roadcheck::RunoffAxis::Edge;
     if (known.vehicle) options.car = TextOf(known.vehicle);
+    if (const CString problem = OptionsProblem(options, specification); !problem.empty())
+        RefuseCall(problem);
     return options;
 }
 
@@ -85,15 +85,16 @@ designspec_status designspec_check_file(const designspec_specification* specific
         NeedAll(check);
         const auto limits = ObjectOf<SpecificationObject>(specification);
         auto object = std::make_shared<RoadCheckObject>();
-        object->files.push_back(
-            roadcheck::CheckRoadFile(TextOf(file), {}, limits->Get(), OptionsOf(options)));
-        roadcheck::CheckedFile& checked = object->files.front();
+        object->files.push_back(roadcheck::CheckRoadFile(TextOf(file), {}, limits->Get(),
+                                                         OptionsOf(options, limits->Get())));
+        const roadcheck::CheckedFile& checked = object->files.front();
         KeepProblems(checked.problems);
         if (checked.roads.empty()) return DESIGNSPEC_FILE_FAILED;
-        const auto hasSpeed = [](const roadcheck::CheckedRoad& one) { return one.hasSpeed; };
-        if (std::none_of(checked.roads.begin(), checked.roads.end(), hasSpeed))
+        const Problems unchecked = RoadsWithoutSpeed(checked);
+        if (unchecked.size() == checked.roads.size())
             RefuseCall(L"文件没有给出设计车速, 请在选项中给出(speed)");
-        const bool isWhole = !HasError(checked.problems);
+        KeepProblems(unchecked);
+        const bool isWhole = !HasError(checked.problems) && unchecked.empty();
         TellFindings(*object);
         HandOut(check, std::move(object));
         return isWhole ? DESIGNSPEC_OK : DESIGNSPEC_FILE_FAILED;

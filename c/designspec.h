@@ -377,8 +377,10 @@ typedef struct designspec_finding {
 
 /*
  * Holds the alignments of a road file (LandXML) against a specification; `options` NULL: as init
- * leaves them. FILE_FAILED when the file cannot be read; where it could only in part, there is a
- * check all the same. Ends with designspec_check_free.
+ * leaves them. FILE_FAILED when the file cannot be read; where it could only in part, or one of
+ * several alignments has no design speed, there is a check of the rest all the same. WRONG_CALL
+ * when there is no design speed at all, and for a vehicle that the specification does not have.
+ * Ends with designspec_check_free.
  */
 DESIGNSPEC_API designspec_status
 designspec_check_file(const designspec_specification* specification, const char* file,

@@ -18,12 +18,7 @@ using namespace roadcheck;
 
 namespace {
 
-int DesignSpeed(const std::string& text)
-{
-    const int speed = IntArgument(text, L"设计车速");
-    if (speed < 1 || speed > 1000) Refuse(Format(L"设计车速“%d”不在 1 到 1000 km/h 之间", speed));
-    return speed;
-}
+constexpr wchar_t kSpeed[] = L"设计车速";
 
 double Station(const std::wstring& text)
 {
@@ -36,12 +31,12 @@ SpeedChoice ParseSpeed(const std::string& word)
 {
     const std::wstring text = ToWide(word);
     const size_t first = text.find(L':');
-    if (first == std::wstring::npos) return {{}, DesignSpeed(word)};
+    if (first == std::wstring::npos) return {{}, IntArgument(word, kSpeed)};
     const size_t second = text.find(L':', first + 1);
     if (second == std::wstring::npos) Refuse(Format(L"--speed “%s”不是 V 或 FROM:TO:V", text));
     const double from = Station(text.substr(0, first));
     const double to = Station(text.substr(first + 1, second - first - 1));
-    return {SpeedChoice::Stretch{from, to}, DesignSpeed(ToUtf8(text.substr(second + 1)))};
+    return {SpeedChoice::Stretch{from, to}, IntArgument(ToUtf8(text.substr(second + 1)), kSpeed)};
 }
 
 CDSMaxResultantGrad::RoadType ParseRoadType(const std::string& word)
@@ -60,17 +55,6 @@ RunoffAxis ParseAxis(const std::string& word)
     if (word == "centre" || word == "center") return RunoffAxis::Centre;
     if (word == "edge") return RunoffAxis::Edge;
     Refuse(Format(L"没有超高旋转轴“%s”。可选: centre edge", ToWide(word)));
-}
-
-// A misspelt vehicle would leave every curve unchecked.
-CString ParseCar(const std::string& word, const CDesignSpecification& specification)
-{
-    CString choices;
-    for (const CString& car : VehiclesOf(specification)) {
-        if (EqualNoCase(car, ToWide(word))) return car;
-        choices += L" " + car;
-    }
-    Refuse(Format(L"没有车型“%s”。可选:%s", ToWide(word), choices));
 }
 
 CheckOptions OptionsOf(const Arguments& arguments)
@@ -174,7 +158,9 @@ Status RunVerify(const Arguments& arguments, Teller& teller)
 
     Project project(arguments, teller);
     const CDesignSpecification& specification = project.Chosen(arguments);
-    if (arguments.car) options.car = ParseCar(*arguments.car, specification);
+    if (arguments.car) options.car = ToWide(*arguments.car);
+    if (const CString problem = OptionsProblem(options, specification); !problem.empty())
+        Refuse(problem);
 
     const bool shown = Console::IsErrorShown();
     const auto progress = [&](size_t done) {

@@ -575,9 +575,8 @@ roadcheck::CheckOptions OptionsOf(const py::kwargs& given)
 {
     roadcheck::CheckOptions options;
     options.mode = ModeOf(py::cast<int>(given["mode"]));
-    const int type = py::cast<int>(given["road_type"]);
-    if (type < 0 || type >= CDSMaxResultantGrad::kRoadTypes) Refuse(L"没有这种道路类型");
-    options.roadType = static_cast<CDSMaxResultantGrad::RoadType>(type);
+    options.roadType =
+        static_cast<CDSMaxResultantGrad::RoadType>(py::cast<int>(given["road_type"]));
     options.plateau = py::cast<bool>(given["plateau"]);
     options.snow = py::cast<bool>(given["snow"]);
     if (!given["max_super"].is_none()) options.maxSuper = py::cast<int>(given["max_super"]);
@@ -599,6 +598,8 @@ py::tuple Verify(const std::string& path, const CDesignSpecification& specificat
                  const py::kwargs& given)
 {
     const roadcheck::CheckOptions options = OptionsOf(given);
+    if (const CString problem = OptionsProblem(options, specification); !problem.empty())
+        Refuse(problem);
     const CDesignSpecification own = CDesignSpecification(specification);
     std::vector<roadcheck::CheckedFile> files;
     {
@@ -607,9 +608,11 @@ py::tuple Verify(const std::string& path, const CDesignSpecification& specificat
     }
     const roadcheck::CheckedFile& file = files.front();
     Check(!file.roads.empty(), file.problems);
-    for (const roadcheck::CheckedRoad& one : file.roads)
-        if (!one.hasSpeed) Refuse(Format(L"路线“%s”没有设计车速, 请给出 speed", one.road.name));
-    return py::make_tuple(roadcheck::JsonReport(files), ToList(file.problems));
+    const Problems unchecked = RoadsWithoutSpeed(file);
+    if (unchecked.size() == file.roads.size()) Refuse(L"文件没有给出设计车速, 请给出 speed");
+    Problems problems = file.problems;
+    problems.insert(problems.end(), unchecked.begin(), unchecked.end());
+    return py::make_tuple(roadcheck::JsonReport(files), ToList(problems));
 }
 
 } // namespace

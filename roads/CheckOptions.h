@@ -36,4 +36,10 @@ struct CheckOptions {
 // The design vehicles that the specification has a widening for, in their order there.
 AFX_EXT_API std::vector<CString> VehiclesOf(const CDesignSpecification& specification);
 
+// Why options that come from outside cannot be used: a speed that no road is designed for, a road
+// type that there is not, a vehicle that the specification does not have, which would leave every
+// curve unchecked. Empty when they can.
+AFX_EXT_API CString OptionsProblem(const CheckOptions& options,
+                                   const CDesignSpecification& specification);
+
 } // namespace roadcheck

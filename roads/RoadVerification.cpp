@@ -12,6 +12,16 @@ using namespace designspec;
 
 namespace roadcheck {
 
+Problems RoadsWithoutSpeed(const CheckedFile& file)
+{
+    Problems problems;
+    for (const CheckedRoad& one : file.roads)
+        if (!one.hasSpeed)
+            AddProblem(problems, Severity::Error, file.path, 0,
+                       Format(L"路线“%s”没有设计车速", one.road.name));
+    return problems;
+}
+
 FindingCounts CountFindings(const std::vector<Finding>& findings)
 {
     FindingCounts counts;

@@ -20,6 +20,9 @@ struct CheckedFile {
     std::vector<CheckedRoad> roads;
 };
 
+// The roads that have no design speed, each as an error of its file.
+AFX_EXT_API designspec::Problems RoadsWithoutSpeed(const CheckedFile& file);
+
 // How many findings there are of each severity.
 struct FindingCounts {
     int errors = 0, warnings = 0, notes = 0;

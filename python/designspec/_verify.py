@@ -163,7 +163,8 @@ def verify(
     max_super: the table of superelevations to take (%). edge: the carriageway turns about its edge.
     vehicle: design vehicle; without it no widening is told.
 
-    FileError when the file cannot be read; RefusedError when there is no design speed.
+    FileError when the file cannot be read; RefusedError when there is no design speed at all. What
+    could be read or checked only in part has errors among the problems of its report.
     """
     if road_type not in ROAD_TYPES:
         raise ValueError(f"road_type is one of {', '.join(ROAD_TYPES)}, not {road_type!r}")

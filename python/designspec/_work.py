@@ -30,7 +30,9 @@ class RoadWork:
         or a call that is refused: that is the outcome."""
         limits = Specification.from_text(self.specification)
         try:
-            return RoadOutcome(self, limits.name, verify(self.file, limits, **self.options))
+            report = verify(self.file, limits, **self.options)
+            cause = "\n".join(str(one) for one in report.problems if one.is_error)
+            return RoadOutcome(self, limits.name, report, cause)
         except FileError as error:
             return RoadOutcome(self, limits.name, cause=str(error))
         except Error as error:
@@ -46,7 +48,7 @@ class RoadOutcome:
     """Its name."""
     report: Union[RoadReport, None] = None
     cause: str = ""
-    """Why there is no report; empty: there is one."""
+    """Why there is no report, or not all of the file in it; empty: there is one of all."""
 
     def counts(self) -> Dict[str, int]:
         """How many findings there are, by rule."""

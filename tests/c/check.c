@@ -386,6 +386,45 @@ static void differences(void)
     EXPECT_OK(designspec_specification_free(right));
 }
 
+/* Two roads, of which one has a design speed. */
+static const char two_roads[] =
+    "<LandXML xmlns='http://www.landxml.org/schema/LandXML-1.2' version='1.2'>"
+    "<Units><Metric linearUnit='meter' areaUnit='squareMeter' volumeUnit='cubicMeter' "
+    "temperatureUnit='celsius' pressureUnit='HPA'/></Units>"
+    "<Alignments><Alignment name='a' length='50' staStart='0'>"
+    "<CoordGeom><Curve rot='cw' radius='20' length='50' crvType='arc'/></CoordGeom></Alignment>"
+    "<Alignment name='b' length='50' staStart='0'>"
+    "<CoordGeom><Curve rot='cw' radius='20' length='50' crvType='arc'/></CoordGeom></Alignment>"
+    "</Alignments><Roadways><Roadway name='a' alignmentRefs='a'><Speeds>"
+    "<DesignSpeed speed='60' staStart='0' staEnd='50'/></Speeds></Roadway></Roadways></LandXML>";
+
+static void roads_without_speed(const char* project)
+{
+    designspec_specification* limits = NULL;
+    designspec_road_check* check = NULL;
+    designspec_check_options options;
+    designspec_finding finding;
+    size_t i = 0;
+    FILE* file = open_to_write(in(project, "two.xml"));
+    EXPECT(file && fputs(two_roads, file) >= 0 && fclose(file) == 0);
+    EXPECT_OK(designspec_specification_new("甲", &limits));
+    EXPECT_STATUS(designspec_check_file(limits, in(project, "two.xml"), NULL, &check),
+                  DESIGNSPEC_FILE_FAILED);
+    EXPECT(strstr(designspec_last_error(), "two.xml: 路线“b”没有设计车速"));
+    for (i = 0; designspec_check_at(check, i, &finding) == DESIGNSPEC_OK; ++i)
+        EXPECT(strcmp(finding.road, "a") == 0);
+    EXPECT(i > 0);
+    EXPECT_OK(designspec_check_free(check));
+    designspec_check_options_init(&options);
+    options.speed = 40;
+    EXPECT_OK(designspec_check_file(limits, in(project, "two.xml"), &options, &check));
+    EXPECT_OK(designspec_check_free(check));
+    options.speed = -1;
+    EXPECT_STATUS(designspec_check_file(limits, in(project, "two.xml"), &options, &check),
+                  DESIGNSPEC_WRONG_CALL);
+    EXPECT_OK(designspec_specification_free(limits));
+}
+
 static void road_checks(const char* road)
 {
     designspec_specification* limits = NULL;
@@ -419,6 +458,13 @@ static void road_checks(const char* road)
     EXPECT_OK(designspec_check_count(check, &more));
     EXPECT(more > count);
     EXPECT_OK(designspec_check_free(check));
+    options.vehicle = "马车";
+    EXPECT_STATUS(designspec_check_file(limits, road, &options, &check), DESIGNSPEC_WRONG_CALL);
+    EXPECT(strstr(designspec_last_error(), "没有车型“马车”"));
+    designspec_check_options_init(&options);
+    options.road_type = 7;
+    EXPECT_STATUS(designspec_check_file(limits, road, &options, &check), DESIGNSPEC_WRONG_CALL);
+    designspec_check_options_init(&options);
     options.mode = (designspec_mode)9;
     EXPECT_STATUS(designspec_check_file(limits, road, &options, &check), DESIGNSPEC_WRONG_CALL);
     designspec_check_options_init(&options);
@@ -440,6 +486,7 @@ int main(int argc, char** argv)
     libraries(argv[1]);
     differences();
     road_checks(argv[2]);
+    roads_without_speed(argv[1]);
     printf("%d\n", failures);
     return failures;
 }

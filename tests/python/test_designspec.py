@@ -290,6 +290,39 @@ def test_roads_are_held_against_specifications():
     assert pickle.loads(pickle.dumps(report)) == report
 
 
+def test_what_cannot_be_asked_of_a_road_is_refused():
+    limits = Specification("甲")
+    road = os.path.join(ROADS, "违规.xml")
+    for options in (
+        {"vehicle": "马车"},
+        {"speed": 0},
+        {"speed": [(0, 100, 1001)]},
+    ):
+        with pytest.raises(RefusedError):
+            designspec.verify(road, limits, **options)
+
+
+def test_a_road_without_a_speed_is_told_and_the_rest_is_checked(tmp_path):
+    with open(os.path.join(ROADS, "违规.xml"), encoding="utf-8") as file:
+        text = file.read()
+    line = '<CoordGeom><Line length="100"/></CoordGeom>'
+    more = f'<Alignment name="支路" length="100" staStart="0">{line}</Alignment></Alignments>'
+    both, none = tmp_path / "both.xml", tmp_path / "none.xml"
+    both.write_text(text.replace("</Alignments>", more), encoding="utf-8")
+    none.write_text(text.replace("DesignSpeed", "NoSpeed"), encoding="utf-8")
+    limits = Specification("甲")
+    whole = designspec.verify(os.path.join(ROADS, "违规.xml"), limits)
+    report = designspec.verify(both, limits)
+    assert report.findings == whole.findings and whole.problems == []
+    assert [str(one) for one in report.problems if one.is_error] == [
+        f"{both}: 路线“支路”没有设计车速"
+    ]
+    (outcome,) = designspec.run_works(designspec.road_works([both], [limits]))
+    assert outcome.report == report and outcome.cause.endswith("没有设计车速")
+    with pytest.raises(RefusedError):
+        designspec.verify(none, limits)
+
+
 def test_specifications_are_values():
     one = Specification("甲")
     one.CircularCurveRad.MaxRad = 9000

@@ -25,4 +25,17 @@ TEST(RoadVerification, ChecksNothingWithoutASpeed)
     EXPECT_TRUE(checked.report.unchecked.empty());
 }
 
+TEST(RoadVerification, NamesTheRoadsWithoutASpeed)
+{
+    CheckedFile file;
+    file.path = L"a.xml";
+    file.roads = {CheckRoad(RoadOf({Arc(1, 9)}), {}, AtSpeed(60)),
+                  CheckRoad(RoadOf({Arc(1, 9)}), {}, {})};
+    file.roads[1].road.name = L"支路";
+    const designspec::Problems problems = RoadsWithoutSpeed(file);
+    ASSERT_EQ(problems.size(), 1U);
+    EXPECT_EQ(problems[0].Text(), L"a.xml: 路线“支路”没有设计车速");
+    EXPECT_TRUE(HasError(problems));
+}
+
 } // namespace roadcheck
