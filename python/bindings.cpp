@@ -219,12 +219,21 @@ py::object GetField(CDesignSpecification& specification, const std::string& path
     return ToPython(*place.field, place.object);
 }
 
-void SetField(CDesignSpecification& specification, const std::string& path, const py::object& value)
-{
+// All of the fields or none of them. The fields are the keys.
+void SetFields(CDesignSpecification& specification, const py::dict& values)
+try {
     CDesignSpecification made = specification;
-    const ValuePlace place = FieldPlace(made, path);
-    FromPython(*place.field, place.object, value);
+    std::vector<ValuePlace> places;
+    for (const auto& [path, value] : values) {
+        const ValuePlace place = places.emplace_back(FieldPlace(made, py::cast<std::string>(path)));
+        FromPython(*place.field, place.object, value);
+    }
+    for (const auto& [field, object] : places)
+        if (field->isUsed && !field->isUsed(object) && field->RowCount(object) > 0)
+            Refuse(Format(L"%s 在当前条件下不用,也不会保存", CString(field->key)));
     ChangeTo(specification, made);
+} catch (const py::cast_error&) {
+    throw py::type_error("a value is not of its field's type");
 }
 
 // A single value of any depth.
@@ -314,6 +323,7 @@ QueryArray(CDesignSpecification& specification, const std::string& path,
 py::object QueryGradeLength(const CDesignSpecification& specification, double gradient, int speed,
                             int mode)
 {
+    if (!std::isfinite(gradient)) Refuse(L"坡度不是数");
     int value = 0;
     const bool found = specification.LonGradMaxLen.QueryVal(gradient, speed, ModeOf(mode), value);
     return found ? py::object(py::int_(value)) : py::none();
@@ -637,7 +647,7 @@ PYBIND11_MODULE(_designspec, module)
         .def("same",
              [](const CDesignSpecification& a, const CDesignSpecification& b) { return a == b; })
         .def("get_field", &GetField)
-        .def("set_field", &SetField)
+        .def("set_fields", &SetFields)
         .def("get", &GetValueAt)
         .def("set", &SetValueAt)
         .def("query", &QueryTable)

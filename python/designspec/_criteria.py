@@ -39,9 +39,17 @@ class Criterion:
         return {key: core.get_field(f"{self._name}.{key}") for key in self.fields()}
 
     def update(self, values: Dict[str, Any]) -> None:
-        """Sets the fields that `values` has, one after the other."""
-        for key, value in values.items():
-            setattr(self, key, value)
+        """Sets the fields that `values` has, all of them or, where one is refused, none."""
+        core: _designspec.Specification = getattr(self, "_core")
+        core.set_fields(dict(self._field_value(*one) for one in values.items()))
+
+    @classmethod
+    def _field_value(cls, name: str, value: Any) -> Tuple[str, Any]:
+        """The path of a field, and the value as the core takes it."""
+        kinds = {key: kind for key, _, _, kind in FIELDS[cls._name][1]}
+        if name not in kinds:
+            raise AttributeError(f"{cls._name} has no field {name}")
+        return f"{cls._name}.{name}", table_dict(value) if kinds[name].endswith("_table") else value
 
     def __eq__(self, other: object) -> bool:
         return type(self) is type(other) and self.to_dict() == other.to_dict()  # type: ignore[attr-defined]
@@ -62,8 +70,7 @@ def _field_property(criterion: str, key: str, label: str, unit: str, kind: str) 
         return core.get_field(path)
 
     def put(self: Criterion, value: Any) -> None:
-        core: _designspec.Specification = getattr(self, "_core")
-        core.set_field(path, table_dict(value) if kind.endswith("_table") else value)
+        self.update({key: value})
 
     means = {
         "rows": "rows within rows: a list of dicts, which is a copy; assign it to change it",

@@ -24,6 +24,7 @@ class Library(Mapping[str, Specification]):
 
     @property
     def folder(self) -> str:
+        """What it was opened with."""
         return self._core.path()
 
     @property
@@ -42,6 +43,7 @@ class Library(Mapping[str, Specification]):
         return Specification._of(found) if found else None
 
     def set_default(self, name: str) -> None:
+        """Makes one, by its name or GUID, the project's default."""
         self._core.set_default(name)
 
     def save(self, specification: Specification) -> None:
@@ -55,6 +57,8 @@ class Library(Mapping[str, Specification]):
         return Specification._of(self._core.add(specification._core))
 
     def rename(self, name: str, new_name: str) -> None:
+        """Gives one another name, and saves it. RefusedError for a name that another one has, or
+        that the editor would not take."""
         self._core.rename(name, new_name)
 
     def remove(self, name: str) -> None:

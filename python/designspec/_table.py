@@ -28,6 +28,14 @@ def mode_number(mode: str) -> int:
         raise ValueError(f"mode is one of {', '.join(MODES)}, not {mode!r}") from None
 
 
+def whole_speed(speed: Any) -> int:
+    """A speed of whatever type; ValueError when it is no whole number."""
+    whole = int(speed)
+    if whole != speed:
+        raise ValueError("speeds are whole numbers")
+    return whole
+
+
 def table_dict(values: Any) -> Dict[int, Number]:
     """A mapping of speeds and values, a pandas Series, or a pair of arrays, as a dict.
 
@@ -42,9 +50,7 @@ def table_dict(values: Any) -> Dict[int, Number]:
         if len(speeds) != len(limits):
             raise ValueError("as many values as speeds are needed")
         pairs = list(zip(speeds, limits))
-    made = {int(speed): float(value) for speed, value in pairs}
-    if any(int(speed) != speed for speed, _ in pairs):
-        raise ValueError("speeds are whole numbers")
+    made = {whole_speed(speed): float(value) for speed, value in pairs}
     if len(made) != len(pairs):
         raise ValueError("a speed stands twice")
     return {speed: int(value) if value.is_integer() else value for speed, value in made.items()}
@@ -66,7 +72,7 @@ class SpeedTable(MutableMapping[int, Number]):
 
     def assign(self, values: Any) -> None:
         """Puts other speeds and values in place of all: a mapping, a Series, a pair of arrays."""
-        self._core.set_field(self.path, table_dict(values))
+        self._core.set_fields({self.path: table_dict(values)})
 
     def to_numpy(self) -> Tuple[npt.NDArray[np.int32], npt.NDArray[np.float64]]:
         """Speeds and values, lowest speed first, as NumPy's interp takes them."""
@@ -90,14 +96,12 @@ class SpeedTable(MutableMapping[int, Number]):
         speeds an array of floats, with NaN for no answer; other threads go on meanwhile."""
         number = mode_number(mode)
         if np.ndim(speed) == 0:
-            whole = int(speed)
-            if whole != speed:
-                raise ValueError("speeds are whole numbers")
-            return self._core.query(self.path, whole, number)
+            return self._core.query(self.path, whole_speed(speed), number)
         speeds = np.asarray(speed)
-        whole_speeds = speeds.astype(np.int32, casting="unsafe", copy=False)
-        if speeds.dtype.kind not in "iu" and not np.array_equal(whole_speeds, speeds):
-            raise ValueError("speeds are whole numbers")
+        with np.errstate(invalid="ignore"):
+            whole_speeds = speeds.astype(np.int32, casting="unsafe", copy=False)
+        if not np.can_cast(speeds.dtype, np.int32) and not np.array_equal(whole_speeds, speeds):
+            raise ValueError("speeds are whole numbers of 32 bits")
         return self._core.query_many(self.path, whole_speeds, number)
 
     def __getitem__(self, speed: int) -> Number:
@@ -106,12 +110,12 @@ class SpeedTable(MutableMapping[int, Number]):
     def __setitem__(self, speed: int, value: Number) -> None:
         values = self.to_dict()
         values[speed] = value
-        self._core.set_field(self.path, values)
+        self._core.set_fields({self.path: values})
 
     def __delitem__(self, speed: int) -> None:
         values = self.to_dict()
         del values[speed]
-        self._core.set_field(self.path, values)
+        self._core.set_fields({self.path: values})
 
     def __iter__(self) -> Iterator[int]:
         return iter(self.to_dict())
@@ -149,4 +153,4 @@ def table_repr(heading: str, corner: str, columns: Any, lines: Any) -> str:
     return f"{title}<table><tr>{head}</tr>{rows}</table>" if lines else title
 
 
-__all__ = ["MODES", "Number", "SpeedTable", "mode_number", "table_dict", "table_repr"]
+__all__ = ["MODES", "Number", "SpeedTable", "mode_number", "table_dict", "table_repr", "whole_speed"]

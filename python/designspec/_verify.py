@@ -7,10 +7,12 @@ import os
 from dataclasses import asdict, dataclass, field
 from typing import TYPE_CHECKING, Any, Dict, List, Optional, Sequence, Tuple, Union
 
+import numpy as np
+
 from . import _designspec
 from ._errors import Problem
 from ._specification import Specification
-from ._table import mode_number
+from ._table import mode_number, whole_speed
 
 if TYPE_CHECKING:
     import pandas
@@ -104,9 +106,9 @@ Speed = Union[None, int, Sequence[Tuple[float, float, int]]]
 def _speeds(speed: Speed) -> List[Tuple[Optional[float], Optional[float], int]]:
     if speed is None:
         return []
-    if isinstance(speed, int):
-        return [(None, None, speed)]
-    return [(float(start), float(end), int(value)) for start, end, value in speed]
+    if isinstance(speed, (int, float, np.number)):
+        return [(None, None, whole_speed(speed))]
+    return [(float(start), float(end), whole_speed(value)) for start, end, value in speed]
 
 
 def _finding(alignment: str, one: Dict[str, Any]) -> RoadFinding:

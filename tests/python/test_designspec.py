@@ -123,8 +123,14 @@ def test_what_the_editor_refuses_changes_nothing():
         criterion, field = path.split(".")
         with pytest.raises(RefusedError):
             setattr(getattr(one, criterion), field, value)
-    with pytest.raises(TypeError):
-        one.CircularCurveRad.MaxRad = "x"
+    for path, value in [
+        ("CircularCurveRad.MaxRad", "x"),
+        ("CircularCurveRad.MaxRadCriterion", 5),
+        ("LonGradMaxLen.rows", [5]),
+    ]:
+        criterion, field = path.split(".")
+        with pytest.raises(TypeError):
+            setattr(getattr(one, criterion), field, value)
     with pytest.raises(RefusedError):
         one.set("CircularCurveRad.MaxRad", "x")
     with pytest.raises(RefusedError):
@@ -138,6 +144,45 @@ def test_what_the_editor_refuses_changes_nothing():
     assert one.to_dict() == before
     with pytest.raises(RefusedError):
         Specification("a/b")
+
+
+def test_fields_that_go_together_are_set_together():
+    one = Specification()
+    curves = one.TransitionCurveMinLen
+    radii = dict(curves.NoTCByMinRad)
+    curves.NoTCBySuperelevation = True
+    assert curves.NoTCByMinRad == {}
+    with pytest.raises(RefusedError):  # a table that is not in use
+        curves.NoTCByMinRad = radii
+    with pytest.raises(RefusedError):  # in use, and empty
+        curves.NoTCBySuperelevation = False
+    curves.update({"NoTCByMinRad": radii, "NoTCBySuperelevation": False})
+    assert curves == Specification().TransitionCurveMinLen
+    with pytest.raises(RefusedError):
+        curves.update({"NoTCByMinRad": {80: 1}, "MinLen": {80: -1}})
+    assert curves.NoTCByMinRad == radii
+    with pytest.raises(AttributeError):
+        curves.update({"NoSuch": 1})
+
+
+def test_texts_are_as_files_keep_them():
+    one = Specification()
+    one.CircularCurveRad.MaxRadCriterion = " 《规范》\n"
+    assert one.CircularCurveRad.MaxRadCriterion == "《规范》"
+    assert pickle.loads(pickle.dumps(one)) == one
+
+
+def test_all_that_is_public_says_what_it_is():
+    named = [getattr(designspec, name) for name in designspec.__all__]
+    classes = [one for one in named if isinstance(one, type)]
+    classes += designspec._criteria.CRITERIA.values()
+    members = {one.__qualname__: one for one in named if callable(one)}
+    for one in classes:
+        for name, member in vars(one).items():
+            if callable(member) or isinstance(member, (property, classmethod)):
+                members[f"{one.__name__}.{name}"] = member
+    silent = [name for name, one in members.items() if not one.__doc__ and "._" not in name]
+    assert silent == [] and len(members) > 100
 
 
 def test_tables_are_dicts_arrays_and_series():
@@ -209,8 +254,9 @@ def test_queries_take_arrays_of_every_kind_and_shape():
     assert table.query(np.array([], dtype=int)).size == 0
     assert list(table.query(np.array([80, 1, 60, 1])[::2])) == [6, 7]
     assert list(table.query(pandas.Series([80, 60]))) == [6, 7]
-    with pytest.raises(ValueError):
-        table.query([80.5])
+    for wrong in ([80.5], [2**32 + 80], np.array([2**31], dtype=np.uint32), [np.nan]):
+        with pytest.raises(ValueError):
+            table.query(wrong)
     with pytest.raises(ValueError):
         table.query(80.5)
     with pytest.raises(ValueError):
@@ -221,6 +267,8 @@ def test_criteria_with_a_query_of_their_own():
     one = Specification()
     assert one.LonGradMaxLen.query(6, 60, mode="exact") == 400
     assert one.LonGradMaxLen.query(5.8, 60, mode="exact") is None
+    with pytest.raises(RefusedError):
+        one.LonGradMaxLen.query(float("nan"), 60)
     assert one.SuperElevation.query(6, 80, 250) == 6
     assert one.SuperElevation.query(9, 80, 250) is None
     assert one.CurveWidening.query("普通汽车", 220) == 0.4
@@ -282,6 +330,10 @@ def test_roads_are_held_against_specifications():
     assert clean.errors == 0
     slow = designspec.verify(os.path.join(ROADS, "违规.xml"), limits, speed=20)
     assert slow.errors < report.errors
+    for same in (np.int64(20), 20.0, [(0, 2300, 20.0)]):
+        assert designspec.verify(slow.file, limits, speed=same).errors == slow.errors
+    with pytest.raises(ValueError):
+        designspec.verify(slow.file, limits, speed=20.5)
     with pytest.raises(designspec.FileError) as error:
         designspec.verify("/no/such.xml", limits)
     assert error.value.file == "/no/such.xml"
