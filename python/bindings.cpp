@@ -656,7 +656,9 @@ PYBIND11_MODULE(_designspec, module)
         .def("query_superelevation", &QuerySuperElevation)
         .def("query_widening", &QueryWidening)
         .def("pages", &Pages)
-        .def("findings", &FindingsOf);
+        .def("findings", &FindingsOf)
+        .def(py::pickle([](const CDesignSpecification& one) { return py::bytes(FileTextOf(one)); },
+                        [](const py::bytes& text) { return FromText(text, "text").at(0); }));
     module.def("from_text", &FromText);
     module.def("from_file", &FromFile);
     module.def("fields", &AllFields);

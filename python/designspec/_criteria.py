@@ -126,6 +126,7 @@ def _criterion_class(name: str) -> type:
 
 
 CRITERIA = {name: _criterion_class(name) for name in FIELDS}
+globals().update(CRITERIA)  # where pickles look for them
 
 
 class HasCriteria:

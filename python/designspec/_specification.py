@@ -2,13 +2,15 @@
 
 from __future__ import annotations
 
+import os
 from dataclasses import dataclass
 from html import escape
-from typing import Any, Dict, List, Tuple
+from typing import Any, Dict, List, Tuple, Union
 
 from . import _designspec
 from ._criteria import FIELDS, Criterion, HasCriteria
 from ._table import MODES, table_repr
+
 
 @dataclass(frozen=True)
 class Finding:
@@ -104,9 +106,9 @@ class Specification(HasCriteria):
         return "".join(parts)
 
 
-def read(path: str) -> List[Specification]:
+def read(path: Union[str, os.PathLike[str]]) -> List[Specification]:
     """Those that a file (.hds) or a project's folder holds. FileError when one cannot be read."""
-    return [Specification._of(one) for one in _designspec.from_file(str(path))]
+    return [Specification._of(one) for one in _designspec.from_file(os.fspath(path))]
 
 
 __all__ = ["FIELDS", "MODES", "Criterion", "Finding", "Specification", "read"]

@@ -393,6 +393,18 @@ def test_specifications_are_values():
     assert one.name == "丙"
 
 
+def test_tables_and_criteria_are_pickled_with_what_they_stand_on():
+    one = Specification("甲")
+    table, criterion = pickle.loads(
+        pickle.dumps((one.CircularCurveRad.SuperelevationMinRad, one.CircularCurveRad))
+    )
+    assert table == one.CircularCurveRad.SuperelevationMinRad and table.unit == "m"
+    assert criterion == one.CircularCurveRad
+    table[60] = criterion.MaxRad = 160
+    assert criterion.SuperelevationMinRad[60] == 160
+    assert one.CircularCurveRad.SuperelevationMinRad[60] == 150
+
+
 def test_libraries_are_pickled_by_their_folder(library):
     again = pickle.loads(pickle.dumps(library))
     assert set(again) == {"甲", "乙"} and again.folder == library.folder

@@ -2,10 +2,11 @@
 
 from __future__ import annotations
 
+import pathlib
 from typing import Optional
 
 import numpy as np
-from designspec import Differences, Library, RoadReport, Specification, diff, verify
+from designspec import Differences, Library, RoadReport, Specification, diff, read, verify
 
 
 def changed(standard: Specification) -> Differences:
@@ -18,6 +19,10 @@ def changed(standard: Specification) -> Differences:
     length: Optional[int] = other.LonGradMaxLen.query(5.0, 80, mode="exact")
     assert length == 600
     return diff(standard, other)
+
+
+def of_file(path: pathlib.Path) -> Specification:
+    return read(path)[0]
 
 
 def first(library: Library) -> Specification:
