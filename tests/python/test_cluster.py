@@ -1,5 +1,6 @@
 """The example that spreads roads over processes, whole and with a worker that goes."""
 
+import concurrent.futures
 import os
 import pathlib
 import subprocess
@@ -10,7 +11,7 @@ import pandas
 import pytest
 from distributed import Client, LocalCluster
 
-from designspec import RoadWork, Specification, outcomes_frame, road_works
+from designspec import RoadWork, Specification, outcomes_frame, road_works, run_works
 
 SOURCE = pathlib.Path(os.environ["DESIGNSPEC_SOURCE"])
 EXAMPLE = SOURCE / "examples" / "cluster" / "verify_roads.py"
@@ -76,20 +77,23 @@ def test_a_cluster_finds_what_one_process_finds(roads, client):
     pandas.testing.assert_frame_equal(frame, alone(works))
 
 
-def slow_run(work):
-    time.sleep(0.2)
-    return work.run()
+def slow_runs(works):
+    time.sleep(0.4)
+    return run_works(works)
 
 
-def test_the_share_of_a_worker_that_goes_is_done_once_by_another(roads, client):
+def test_the_share_of_a_worker_that_goes_is_done_once_by_another(roads, client, monkeypatch):
+    monkeypatch.setattr(verify_roads, "run_works", slow_runs)
     works = works_of(roads) * 2
-    futures = client.map(slow_run, works, retries=3, pure=False)
-    while not any(one.done() for one in futures):
-        time.sleep(0.05)
-    before = client.run(os.getpid)
-    os.kill(next(iter(before.values())), 9)
-    frame = outcomes_frame(client.gather(futures))
-    assert set(client.run(os.getpid).values()) != set(before.values())
+    begun = client.run(os.getpid)
+    with concurrent.futures.ThreadPoolExecutor() as other:
+        spreading = other.submit(verify_roads.spread, client, works, at_once=2)
+        while not any("slow_runs" in str(tasks) for tasks in client.processing().values()):
+            time.sleep(0.05)
+        time.sleep(0.6)  # a share is done, others are under way, more are waiting
+        os.kill(next(iter(begun.values())), 9)
+        frame = outcomes_frame(spreading.result())
+    assert set(client.run(os.getpid).values()) != set(begun.values())
     pandas.testing.assert_frame_equal(frame, alone(works))
 
 
