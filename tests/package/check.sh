@@ -67,11 +67,30 @@ cc -std=c99 -Wall -Wextra -Wpedantic -Werror $flags "$source/examples/consumer-c
 "$work/consumer-c" "$source/examples/project" >"$work/answers"
 diff -u "$source/examples/answers.txt" "$work/answers"
 
+# What README shows of it: 200 m is between the limits of 60 and 80 km/h.
+{
+    block c | grep '^#include'
+    echo 'int main(void) {'
+    block c | grep -v '^#include'
+    echo 'return radius == 200 ? 0 : 1; }'
+} >"$work/readme/mine.c"
+command=$(sed -n 's/.*`\(cc -std=c99 mine.c .*\)`.*/\1/p' "$source/README.md")
+(
+    cd "$work/readme"
+    export PKG_CONFIG_PATH=$libraries/pkgconfig LD_LIBRARY_PATH=$libraries
+    eval "$command $flags" && ./a.out
+)
+
 # The same questions in Python, where its package is built, get the same answers.
 if [ -d "$build/python/designspec" ]; then
     PYTHONPATH=$build/python /usr/bin/python3 -B "$source/examples/consumer-python/main.py" \
         "$source/examples/project" >"$work/answers"
     diff -u "$source/examples/answers.txt" "$work/answers"
+    {
+        block python
+        echo 'raise SystemExit(radius != 200)'
+    } >"$work/readme/mine.py"
+    (cd "$work/readme" && PYTHONPATH=$build/python /usr/bin/python3 -B mine.py)
 fi
 
 # The command finds the library beside it, wherever both have been put.
