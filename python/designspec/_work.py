@@ -26,17 +26,19 @@ class RoadWork:
     """What verify takes besides: speed, mode, ..."""
 
     def run(self) -> RoadOutcome:
-        """Holds the road against the specification. Raises nothing for a file that cannot be read,
-        or a call that is refused: that is the outcome."""
-        limits = Specification.from_text(self.specification)
+        """Holds the road against the specification. Raises nothing for a file or a specification
+        that cannot be read, or a call that is refused: that is the outcome."""
+        name = ""
         try:
+            limits = Specification.from_text(self.specification)
+            name = limits.name
             report = verify(self.file, limits, **self.options)
             cause = "\n".join(str(one) for one in report.problems if one.is_error)
-            return RoadOutcome(self, limits.name, report, cause)
+            return RoadOutcome(self, name, report, cause)
         except FileError as error:
-            return RoadOutcome(self, limits.name, cause=str(error))
+            return RoadOutcome(self, name, cause=str(error))
         except Error as error:
-            return RoadOutcome(self, limits.name, cause=f"{self.file}: {error}")
+            return RoadOutcome(self, name, cause=f"{self.file}: {error}")
 
 
 @dataclass(frozen=True)
@@ -45,7 +47,7 @@ class RoadOutcome:
 
     work: RoadWork
     specification: str
-    """Its name."""
+    """Its name; empty: it could not be read."""
     report: Union[RoadReport, None] = None
     cause: str = ""
     """Why there is no report, or not all of the file in it; empty: there is one of all."""

@@ -3,6 +3,7 @@
 import concurrent.futures
 import os
 import pathlib
+import pickle
 import subprocess
 import sys
 import time
@@ -50,10 +51,14 @@ def alone(works):
 
 
 def test_a_piece_of_work_is_a_plain_value(roads):
-    (work, *_) = works_of(roads)
+    work = next(one for one in works_of(roads) if "违规" in one.file)
     assert isinstance(work.file, str) and isinstance(work.specification, bytes)
-    assert not hasattr(work, "__dict__") or set(vars(work)) == {"file", "specification", "options"}
-    assert RoadWork(work.file, work.specification, work.options) == work
+    assert set(vars(work)) == {"file", "specification", "options"}
+    again = pickle.loads(pickle.dumps(work))
+    assert again == work
+    outcome = again.run()
+    assert outcome.report.findings and outcome == work.run()
+    assert pickle.loads(pickle.dumps(outcome)) == outcome
 
 
 def test_what_cannot_be_read_is_a_row_with_its_cause(roads):
@@ -69,6 +74,8 @@ def test_what_cannot_be_read_is_a_row_with_its_cause(roads):
     assert (rest[clean & (rest["specification"] == "严")]["radius-min"] > 0).all()
     refused = RoadWork(str(roads / "合格-0.xml"), Specification().to_text(), {"max_super": 6})
     assert refused.run().cause == ""
+    unreadable = RoadWork(str(roads / "合格-0.xml"), b"<StyleLibrary>\n<Group").run()
+    assert unreadable.report is None and ":2: " in unreadable.cause
 
 
 def test_a_cluster_finds_what_one_process_finds(roads, client):
