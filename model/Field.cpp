@@ -17,6 +17,8 @@ CXTPPropExchange RowsSection(const CXTPPropExchange& section, const Field& field
 
 void LoadRows(CXTPPropExchange row, void* object, const Field& field)
 {
+    // No more than the file has: an array that grows by itself has room for eight.
+    field.ReserveRows(object, row.CountFromHere());
     for (; row.IsSectionExists(); row.MoveToNext())
         ExchangeFields(&row, field.InsertRow(object, field.RowCount(object)), field.RowFields());
 }

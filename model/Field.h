@@ -30,6 +30,7 @@ struct RowArray {
     std::span<const Field> (*fields)(); // of a record, in their order in files
     std::int32_t (*count)(const void* array);
     void* (*at)(void* array, std::int32_t index);
+    void (*reserve)(void* array, std::int32_t count);
     void* (*insert)(void* array, std::int32_t index); // an empty record
     void (*removeAt)(void* array, std::int32_t index);
     void (*swap)(void* array, std::int32_t a, std::int32_t b);
@@ -86,6 +87,11 @@ struct Field {
     {
         return Row(const_cast<void*>(object), index);
     }
+    // Makes room for that many rows in all, and for no more.
+    void ReserveRows(void* object, std::int32_t count) const
+    {
+        rows->reserve(member(object), count);
+    }
     // An empty row before that one.
     void* InsertRow(void* object, std::int32_t index) const
     {
@@ -140,6 +146,7 @@ inline constexpr RowArray kArrayOf = {
     [](void* array, std::int32_t index) -> void* {
         return &(*static_cast<GrowArray<Record>*>(array))[index];
     },
+    [](void* array, std::int32_t count) { static_cast<GrowArray<Record>*>(array)->Reserve(count); },
     [](void* array, std::int32_t index) -> void* {
         return &static_cast<GrowArray<Record>*>(array)->Insert(index, {});
     },

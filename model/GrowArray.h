@@ -74,6 +74,12 @@ template <class T> struct GrowArray {
         count = static_cast<std::int32_t>(left - entries);
     }
 
+    // Makes room for that many entries in all, and for no more, when there is room for fewer.
+    void Reserve(std::int32_t entriesInAll)
+    {
+        if (entriesInAll > capacity) Reallocate(entriesInAll);
+    }
+
     // Empties the array and keeps the buffer.
     void RemoveAll()
     {

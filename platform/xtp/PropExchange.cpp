@@ -49,6 +49,15 @@ inline bool SameName(const char* name, std::wstring_view key)
     return key[same] >= 0x80 && ToUtf8(key) == name;
 }
 
+pugi::xml_node NextOfName(pugi::xml_node node)
+{
+    const char* const name = node.name();
+    do
+        node = node.next_sibling();
+    while (node && std::strcmp(node.name(), name) != 0);
+    return node;
+}
+
 // Behind the last child there is one without a name, as a text has none.
 pugi::xml_node FindChild(pugi::xml_node parent, std::wstring_view key)
 {
@@ -206,13 +215,16 @@ CXTPPropExchangeEnumerator CXTPPropExchange::GetEnumerator(const wchar_t* path) 
 
 void CXTPPropExchange::MoveToNext()
 {
-    const pugi::xml_node node(m_node);
-    const char* const name = node.name();
-    pugi::xml_node next = node.next_sibling();
-    while (next && std::strcmp(next.name(), name) != 0)
-        next = next.next_sibling();
-    m_node = next.internal_object();
+    m_node = NextOfName(pugi::xml_node(m_node)).internal_object();
     if (m_node) ++m_document->found;
+}
+
+int CXTPPropExchange::CountFromHere() const
+{
+    int count = 0;
+    for (pugi::xml_node node(m_node); node; node = NextOfName(node))
+        ++count;
+    return count;
 }
 
 CXTPPropExchange CXTPPropExchangeEnumerator::GetNext()

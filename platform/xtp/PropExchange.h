@@ -50,6 +50,8 @@ public:
 
     // Goes on to the next section of the same name beside this one; at the end it does not exist.
     void MoveToNext();
+    // How many of them there are, this one included; 0 for one that does not exist.
+    int CountFromHere() const;
     // All sections that stand at a path, in document order: where several are called as a step
     // says, the way leads through each of them.
     CXTPPropExchangeEnumerator GetEnumerator(const wchar_t* path) const;

@@ -112,6 +112,16 @@ TEST(CurveWidening, WhatIsMissingKeepsItsDefaultSaveTheRanges)
     EXPECT_EQ(part.ranges, (GrowArray<WideningRange>{{0, 5, {{L"x", 0}, {L"", 0}}}}));
 }
 
+TEST(CurveWidening, ALoadedOneHasNoMoreRoomThanItsFileTakes)
+{
+    const auto loaded = Loaded<CDSCurveWidening>(Stored(CDSCurveWidening()));
+    for (const WideningRange& range : loaded.ranges) {
+        EXPECT_EQ(range.widenings.count, 3);
+        EXPECT_EQ(range.widenings.capacity, 3);
+        EXPECT_EQ(range.widenings.growBy, 8);
+    }
+}
+
 TEST(CurveWideningQuery, ARangeHoldsItsUpperBoundByDefault)
 {
     const CDSCurveWidening criterion;

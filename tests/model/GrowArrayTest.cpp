@@ -195,6 +195,21 @@ TEST(GrowArray, EmptyingKeepsTheBuffer)
     EXPECT_EQ(table.entries, buffer);
 }
 
+TEST(GrowArray, MakesRoomForAsManyAsAreToCome)
+{
+    SpeedToIntValues table{{80, 250}};
+    table.Reserve(8); // there is room for them
+    EXPECT_EQ(table.capacity, 8);
+    table.Reserve(11);
+    EXPECT_EQ(table.capacity, 11);
+    table.Reserve(-1);
+    EXPECT_EQ(table.capacity, 11);
+    EXPECT_EQ(table, (SpeedToIntValues{{80, 250}}));
+    while (table.count < 12)
+        table.Add({});
+    EXPECT_EQ(table.capacity, 22); // from there on as ever
+}
+
 TEST(GrowArray, AnEntryOfItsOwnMayBeAddedWhileItGrows)
 {
     GrowArray<std::wstring> texts;

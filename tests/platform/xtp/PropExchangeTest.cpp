@@ -417,6 +417,19 @@ TEST_F(PropExchange, ASectionMovesOverThoseOfItsNameAndEndsBehindThem)
     EXPECT_FALSE(section.IsSectionExists());
 }
 
+TEST_F(PropExchange, CountsTheSectionsOfItsNameFromASectionOn)
+{
+    const CXTPPropExchange root = Loaded("<A/><B/>text<A/><A/>");
+    CXTPPropExchange section = root.FindSection(L"A");
+    const size_t found = root.FoundCount();
+    EXPECT_EQ(section.CountFromHere(), 3);
+    EXPECT_EQ(root.FoundCount(), found); // counted, not read
+    section.MoveToNext();
+    EXPECT_EQ(section.CountFromHere(), 2);
+    EXPECT_EQ(root.FindSection(L"B").CountFromHere(), 1);
+    EXPECT_EQ(root.FindSection(L"C").CountFromHere(), 0);
+}
+
 TEST_F(PropExchange, TheEnumeratorOutlivesTheSectionItGave)
 {
     CXTPPropExchangeXMLNode root(false, kRoot);
