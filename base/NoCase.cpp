@@ -1,5 +1,6 @@
 #include "base/NoCase.h"
 
+#include <algorithm>
 #include <bit>
 #include <cstdint>
 #include <cstring>
@@ -90,17 +91,64 @@ bool EndsInNoCase(std::wstring_view text, std::wstring_view ending)
 
 namespace {
 
-// Folds a text of ASCII and of scripts without case, character by character; false for one that
-// holds any other. No branch: the processor then takes several characters at a step.
-bool FoldPlain(std::wstring_view text, wchar_t* folded)
+// Texts are folded and summed up in blocks, of which the last one may overlap the one before: no
+// step is for a single character.
+constexpr size_t kBlock = 16 / sizeof(wchar_t);
+
+template <class Take> void ForEachBlock(std::wstring_view text, const Take& take)
 {
-    bool isPlain = true;
-    for (size_t i = 0; i < text.size(); ++i) {
-        const std::uint32_t c = std::bit_cast<std::make_unsigned_t<wchar_t>>(text[i]);
-        isPlain &= (c < 0x80) | (c - kCaselessFirst <= kCaselessLast - kCaselessFirst);
-        folded[i] = static_cast<wchar_t>(c | (std::uint32_t{c - L'A' <= L'Z' - L'A'} << 5));
+    if (text.size() < kBlock) {
+        wchar_t filled[kBlock] = {};
+        std::copy(text.begin(), text.end(), filled);
+        return take(filled, 0);
     }
-    return isPlain;
+    const size_t last = text.size() - kBlock;
+    for (size_t at = 0; at < last; at += kBlock)
+        take(text.data() + at, at);
+    take(text.data() + last, last);
+}
+
+// Two sums side by side, as each step of one waits for the one before.
+class Sums {
+public:
+    explicit Sums(size_t size) : m_sums{size, 0} {}
+
+    void Take(const wchar_t* block)
+    {
+        std::uint64_t words[2];
+        std::memcpy(words, block, sizeof words);
+        for (int i = 0; i < 2; ++i)
+            m_sums[i] = std::rotl((m_sums[i] ^ words[i]) * kFactor, 29);
+    }
+    size_t Hash() const
+    {
+        return static_cast<size_t>((m_sums[0] ^ std::rotl(m_sums[1], 32)) * kFactor >> 7);
+    }
+
+private:
+    static constexpr std::uint64_t kFactor = 0x9E3779B97F4A7C15;
+    std::uint64_t m_sums[2];
+};
+
+// Folds a block of ASCII and of scripts without case, character by character; not 0 for one that
+// holds any other. No branch: the processor then takes several characters at a step.
+std::uint32_t FoldPlain(const wchar_t* block, wchar_t* folded)
+{
+    using Character = std::make_unsigned_t<wchar_t>;
+    Character characters[kBlock]; // a copy: the two blocks could overlap
+    std::memcpy(characters, block, sizeof characters);
+    std::uint32_t others[kBlock];
+    for (size_t i = 0; i < kBlock; ++i) {
+        const std::uint32_t c = characters[i];
+        others[i] = std::uint32_t{c >= 0x80} &
+                    std::uint32_t{c - kCaselessFirst > kCaselessLast - kCaselessFirst};
+        characters[i] = static_cast<Character>(c | (std::uint32_t{c - L'A' <= L'Z' - L'A'} << 5));
+    }
+    std::memcpy(folded, characters, sizeof characters);
+    std::uint32_t other = 0;
+    for (const std::uint32_t one : others)
+        other |= one;
+    return other;
 }
 
 std::wstring FoldAny(std::wstring_view text)
@@ -115,32 +163,32 @@ std::wstring FoldAny(std::wstring_view text)
 
 } // namespace
 
-// Two sums side by side, as each step of one waits for the one before.
 size_t HashOfFolded(std::wstring_view folded)
 {
-    constexpr std::uint64_t kFactor = 0x9E3779B97F4A7C15;
-    std::uint64_t sums[2] = {folded.size(), 0};
-    std::uint64_t words[2];
-    constexpr size_t kStep = sizeof words / (sizeof(wchar_t));
-    for (; folded.size() >= kStep; folded.remove_prefix(kStep)) {
-        std::memcpy(words, folded.data(), sizeof words);
-        for (int i = 0; i < 2; ++i)
-            sums[i] = std::rotl((sums[i] ^ words[i]) * kFactor, 29);
-    }
-    for (const wchar_t c : folded)
-        sums[0] = std::rotl((sums[0] ^ static_cast<std::uint64_t>(c)) * kFactor, 29);
-    return static_cast<size_t>((sums[0] ^ std::rotl(sums[1], 32)) * kFactor >> 7);
+    Sums sums(folded.size());
+    ForEachBlock(folded, [&](const wchar_t* block, size_t) { sums.Take(block); });
+    return sums.Hash();
 }
 
 NoCaseText::NoCaseText(std::wstring_view text)
 {
-    if (text.size() <= std::size(m_room) && FoldPlain(text, m_room)) {
-        m_folded = std::wstring_view(m_room, text.size());
-    } else {
-        m_more = FoldAny(text);
-        m_folded = m_more;
-    }
+    if (text.size() <= std::size(m_room) && FoldIntoRoom(text)) return;
+    m_more = FoldAny(text);
+    m_folded = m_more;
     m_hash = HashOfFolded(m_folded);
+}
+
+bool NoCaseText::FoldIntoRoom(std::wstring_view text)
+{
+    Sums sums(text.size());
+    std::uint32_t other = 0;
+    ForEachBlock(text, [&](const wchar_t* block, size_t at) {
+        other |= FoldPlain(block, m_room + at);
+        sums.Take(m_room + at);
+    });
+    m_folded = std::wstring_view(m_room, text.size());
+    m_hash = sums.Hash();
+    return other == 0;
 }
 
 } // namespace designspec

@@ -22,6 +22,8 @@ public:
     size_t HashCode() const { return m_hash; }
 
 private:
+    bool FoldIntoRoom(std::wstring_view text);
+
     wchar_t m_room[64]; // for as many characters, each of which folds to one
     std::wstring m_more;
     std::wstring_view m_folded; // in one of them
