@@ -18,7 +18,7 @@ struct SpecificationList::Entry {
     size_t number;
     std::unique_ptr<CDesignSpecification> item;
     // By which it is to be found.
-    ByName::value_type* name = nullptr;
+    ByName::Node* name = nullptr;
     ByID::value_type* id = nullptr;
     Connection connection;
 };
@@ -28,7 +28,6 @@ namespace {
 // Entries by their number, and so in the list's order.
 constexpr auto IsBefore = [](const auto& entry, size_t number) { return entry->number < number; };
 
-// As the pool's strings are made of it.
 std::wstring_view FoldedName(const CDesignSpecification& specification)
 {
     return specification.NameKey().Folded();
@@ -53,13 +52,27 @@ void SpecificationList::Entries::Erase(const Entry& entry)
     m_first = m_all.empty() ? nullptr : m_all.front()->item.get();
 }
 
-// Those of that name or identity, if there are any.
-template <class Map, class Key>
-const SpecificationList::Entries& SpecificationList::FindIn(const Map& map, const Key& key)
+namespace {
+
+// Those that there are, if there are any.
+template <class Entries> const Entries& OrNone(const Entries* found)
 {
     static const Entries none;
-    const auto found = map.find(key);
-    return found == map.end() ? none : found->second;
+    return found ? *found : none;
+}
+
+} // namespace
+
+const SpecificationList::Entries& SpecificationList::Called(const NoCaseText& name) const
+{
+    const ByName::Node* const found = m_byName.Find(name);
+    return OrNone(found ? &found->value : nullptr);
+}
+
+const SpecificationList::Entries& SpecificationList::Called(const GUID& id) const
+{
+    const auto found = m_byID.find(id);
+    return OrNone(found == m_byID.end() ? nullptr : &found->second);
 }
 
 SpecificationList::SpecificationList() = default;
@@ -74,12 +87,12 @@ CDesignSpecification* SpecificationList::Item(int index) const
 
 CDesignSpecification* SpecificationList::Find(const GUID& id) const
 {
-    return FindIn(m_byID, id).First();
+    return Called(id).First();
 }
 
 CDesignSpecification* SpecificationList::FindLast(const GUID& id) const
 {
-    const Entries& found = FindIn(m_byID, id);
+    const Entries& found = Called(id);
     return found.IsEmpty() ? nullptr : found.All().back()->item.get();
 }
 
@@ -90,14 +103,14 @@ CDesignSpecification* SpecificationList::Find(const wchar_t* wanted) const
     constexpr size_t kFew = 12;
     if (m_items.size() <= kFew)
         for (const auto& entry : m_items)
-            if (entry->name->first == name) return entry->item.get();
-    return FindIn(m_byName, NoCaseText(name)).First();
+            if (entry->name->Folded() == name) return entry->item.get();
+    return Called(NoCaseText(name)).First();
 }
 
 SpecificationList::Entry*
 SpecificationList::EntryOf(const CDesignSpecification& specification) const
 {
-    for (Entry* const entry : FindIn(m_byID, specification.ID()).All())
+    for (Entry* const entry : Called(specification.ID()).All())
         if (entry->item.get() == &specification) return entry;
     return nullptr;
 }
@@ -127,9 +140,9 @@ CDesignSpecification& SpecificationList::Add(std::unique_ptr<CDesignSpecificatio
 void SpecificationList::Enter(Entry& entry)
 {
     CDesignSpecification& item = *entry.item;
-    auto& name = *m_byName.try_emplace(ByName::key_type(FoldedName(item), &m_pool)).first;
+    auto& name = m_byName.Enter(FoldedName(item));
     auto& id = *m_byID.try_emplace(item.ID()).first;
-    name.second.Insert(entry);
+    name.value.Insert(entry);
     entry.name = &name;
     id.second.Insert(entry);
     entry.id = &id;
@@ -148,7 +161,7 @@ std::unique_ptr<CDesignSpecification> SpecificationList::TakeOut(int index)
 
 void SpecificationList::Clear()
 {
-    m_byName.clear();
+    m_byName.Clear();
     m_byID.clear();
     m_numbers.clear();
     m_items.clear();
@@ -159,9 +172,9 @@ void SpecificationList::Clear()
 void SpecificationList::Follow(Entry& entry)
 {
     const CDesignSpecification& item = *entry.item;
-    if (FoldedName(item) != entry.name->first) {
-        auto& name = *m_byName.try_emplace(ByName::key_type(FoldedName(item), &m_pool)).first;
-        name.second.Insert(entry);
+    if (FoldedName(item) != entry.name->Folded()) {
+        auto& name = m_byName.Enter(FoldedName(item));
+        name.value.Insert(entry);
         LeaveName(*std::exchange(entry.name, &name), entry);
     }
     if (!item.HasID(entry.id->first)) {
@@ -171,12 +184,12 @@ void SpecificationList::Follow(Entry& entry)
     }
 }
 
-void SpecificationList::LeaveName(ByName::value_type& name, const Entry& entry)
+void SpecificationList::LeaveName(ByName::Node& name, const Entry& entry)
 {
-    name.second.Erase(entry);
-    if (!name.second.IsEmpty()) return;
-    const std::wstring left(name.first);
-    m_byName.erase(m_byName.find(name.first));
+    name.value.Erase(entry);
+    if (!name.value.IsEmpty()) return;
+    const std::wstring left(name.Folded());
+    m_byName.Erase(name);
     FreeNumberOf(left);
 }
 
@@ -190,7 +203,7 @@ void SpecificationList::LeaveID(ByID::value_type& id, const Entry& entry)
 
 bool SpecificationList::IsTaken(const CString& name, const CDesignSpecification& by) const
 {
-    const Entries& found = FindIn(m_byName, NoCaseText(name));
+    const Entries& found = Called(NoCaseText(name));
     return !found.IsEmpty() && (found.All().size() > 1 || found.First() != &by);
 }
 

@@ -8,6 +8,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "base/NoCaseMap.h"
 #include "model/DesignSpecification.h"
 #include "platform/windows/GuidHash.h"
 
@@ -53,19 +54,7 @@ private:
         CDesignSpecification* m_first = nullptr; // beside the name: it is what is asked for
         std::vector<Entry*> m_all;
     };
-    // By the folded name; found by a text that is folded as well, whose hash is known.
-    struct Hash {
-        using is_transparent = void;
-        size_t operator()(const std::pmr::wstring& folded) const { return HashOfFolded(folded); }
-        size_t operator()(const NoCaseText& name) const { return name.HashCode(); }
-    };
-    struct Equal {
-        using is_transparent = void;
-        bool operator()(const auto& a, const auto& b) const { return Folded(a) == Folded(b); }
-        static std::wstring_view Folded(const std::pmr::wstring& folded) { return folded; }
-        static std::wstring_view Folded(const auto& name) { return name.Folded(); }
-    };
-    using ByName = std::pmr::unordered_map<std::pmr::wstring, Entries, Hash, Equal>;
+    using ByName = NoCaseMap<Entries>;
     using ByID = std::pmr::unordered_map<GUID, Entries, GuidHash>;
 
     // Which of NAME(1), NAME(2) … are taken: all below `next`, but for those in `freed`, which are
@@ -75,11 +64,12 @@ private:
         std::set<int> freed;
     };
 
-    template <class Map, class Key> static const Entries& FindIn(const Map& map, const Key& key);
+    const Entries& Called(const NoCaseText& name) const;
+    const Entries& Called(const GUID& id) const;
     Entry* EntryOf(const CDesignSpecification& specification) const;
     void Enter(Entry& entry);
     void Follow(Entry& entry);
-    void LeaveName(ByName::value_type& name, const Entry& entry);
+    void LeaveName(ByName::Node& name, const Entry& entry);
     void LeaveID(ByID::value_type& id, const Entry& entry);
     bool IsTaken(const CString& name, const CDesignSpecification& by) const;
     int FreeNumber(const CDesignSpecification& specification);
@@ -90,7 +80,7 @@ private:
     // What is searched stands close together, not among the specifications: on few pages. Larger
     // pieces of memory would leave more of it unused.
     std::pmr::unsynchronized_pool_resource m_pool{{.max_blocks_per_chunk = 64}};
-    ByName m_byName{&m_pool};
+    ByName m_byName;
     ByID m_byID{&m_pool};
     std::unordered_map<std::wstring, Numbers> m_numbers; // by folded name
 };
