@@ -23,7 +23,12 @@ Value GetValue(const Field& field, const void* object)
 
 void SetValue(const Field& field, void* object, const Value& value)
 {
-    std::visit([&]<class T>(const T& one) { field.Of<T>(object) = one; }, value);
+    if (const auto* whole = std::get_if<std::int32_t>(&value))
+        field.Of<std::int32_t>(object) = *whole;
+    else if (const auto* decimal = std::get_if<double>(&value))
+        field.Of<double>(object) = *decimal;
+    else
+        field.Of<CString>(object) = std::get<CString>(value);
 }
 
 CString ValueText(const Value& value)

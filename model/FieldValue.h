@@ -1,14 +1,25 @@
 // The single values behind fields, whatever their kind.
 #pragma once
 
+#include <compare>
 #include <variant>
 
 #include "model/Field.h"
 
 namespace designspec {
 
+// Never held. g++ 12 takes a variant of numbers and texts for one that always holds something, and
+// ends the program where memory ends while a text is copied; not so with this beside them.
+struct NoValue {
+    NoValue() = default;
+    NoValue(const NoValue&) noexcept {}
+    NoValue& operator=(const NoValue&) noexcept { return *this; }
+    std::strong_ordering operator<=>(const NoValue&) const { return std::strong_ordering::equal; }
+    bool operator==(const NoValue&) const { return true; }
+};
+
 // A whole number or a BOOL, a decimal, a text.
-using Value = std::variant<std::int32_t, double, CString>;
+using Value = std::variant<std::int32_t, double, CString, NoValue>;
 
 AFX_EXT_API Value GetValue(const Field& field, const void* object);
 AFX_EXT_API void SetValue(const Field& field, void* object, const Value& value);
