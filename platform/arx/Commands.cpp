@@ -38,8 +38,9 @@ const ModuleCommand* FindOpening(const CString& path)
 {
     return FindIf([&](const ModuleCommand& one) {
         return one.open &&
-               std::any_of(one.endings.begin(), one.endings.end(),
-                           [&](const CString& ending) { return EndsInNoCase(path, ending); });
+               std::any_of(one.endings.begin(), one.endings.end(), [&](const CString& ending) {
+                   return path.size() > ending.size() && EndsInNoCase(path, ending);
+               });
     });
 }
 
