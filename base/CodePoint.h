@@ -44,4 +44,14 @@ template <class Unit> bool IsWithinPair(std::basic_string_view<Unit> text, size_
     return false;
 }
 
+// As many characters from the beginning, or all.
+template <class Unit>
+std::basic_string_view<Unit> FirstCharacters(std::basic_string_view<Unit> text, size_t count)
+{
+    std::basic_string_view<Unit> rest = text;
+    while (count-- > 0 && !rest.empty())
+        TakeCodePoint(rest);
+    return text.substr(0, text.size() - rest.size());
+}
+
 } // namespace designspec

@@ -1,5 +1,6 @@
 #include "library/SpecificationReading.h"
 
+#include "base/CodePoint.h"
 #include "base/Format.h"
 #include "base/Text.h"
 #include "library/StyleName.h"
@@ -52,8 +53,8 @@ ReadSpecification Read(CXTPPropExchange style, const CString& path,
     const CString name = style.Attribute(L"Name");
     if (const size_t size = ToUtf8(name).size(); size > kLongestName) {
         AddProblem(problems, Severity::Error, path, style.Line(),
-                   Format(L"样式“%s…”未载入: 名称过长(%d 字节,最多 %d 字节)", name.substr(0, 20),
-                          size, kLongestName));
+                   Format(L"样式“%s…”未载入: 名称过长(%d 字节,最多 %d 字节)",
+                          CString(FirstCharacters<wchar_t>(name, 20)), size, kLongestName));
         return {};
     }
     if (!wanted(name)) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/CodePoint.h"
 #include "base/Format.h"
 #include "base/Text.h"
 
@@ -15,7 +16,8 @@ CString Short(const std::optional<CString>& value)
 {
     if (!value) return L"无";
     const CString text = Printable(*value);
-    return text.size() <= kLongestValue ? text : text.substr(0, kLongestValue) + L"…";
+    const CString start(FirstCharacters<wchar_t>(text, kLongestValue));
+    return start.size() == text.size() ? text : start + L"…";
 }
 
 } // namespace

@@ -22,9 +22,9 @@ constexpr size_t kQuoteLimit = 60; // characters of a wrong value that a problem
 // The start of a value, as a problem quotes it.
 CString Quotable(const char* utf8)
 {
-    CString text = ToWide(std::string_view(utf8).substr(0, kQuoteLimit * 4 + 4));
-    if (text.size() > kQuoteLimit) text.replace(kQuoteLimit, CString::npos, L"…");
-    return text;
+    const CString text = ToWide(std::string_view(utf8).substr(0, kQuoteLimit * 4 + 4));
+    const CString start(FirstCharacters<wchar_t>(text, kQuoteLimit));
+    return start.size() == text.size() ? text : start + L"…";
 }
 
 // XML 1.0 has no place for most control characters, nor for what is no character at all.

@@ -59,6 +59,15 @@ TEST(CodePoint, NoTextIsPartedWithinAPair)
     EXPECT_FALSE(IsWithinPair(std::u32string_view(U"\xD83D\xDE00"), 1));
 }
 
+TEST(CodePoint, TheFirstOnesAreWhole)
+{
+    const std::u16string_view text = u"a\U00020BB7b";
+    const size_t units[] = {0, 1, 3, 4, 4};
+    for (size_t count = 0; count < std::size(units); ++count)
+        EXPECT_EQ(FirstCharacters(text, count), text.substr(0, units[count]));
+    EXPECT_EQ(FirstCharacters(std::u32string_view(U"a\U00020BB7b"), 2), U"a\U00020BB7");
+}
+
 // What follows holds whatever the width of wchar_t.
 
 TEST(CodePoint, BeyondThePlaneOfAllGoesThroughUtf8)
