@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <string>
 
 #include "base/FileSystem.h"
@@ -30,7 +31,7 @@ public:
     static std::string HolderOf(const std::wstring& path);
 
 private:
-    std::wstring m_path;
+    std::filesystem::path m_path; // as the system takes it
     std::intptr_t m_file = -1;
 };
 

@@ -31,12 +31,12 @@ bool KnowsNoLocks(int error)
 
 // The holder removes the file before it lets go of it: a lock of a file that is no longer at the
 // path keeps nobody out.
-bool IsAt(const std::string& path, int fd)
+bool IsAt(const char* path, int fd)
 {
     struct stat named = {};
     struct stat opened = {};
-    return stat(path.c_str(), &named) == 0 && fstat(fd, &opened) == 0 &&
-           named.st_dev == opened.st_dev && named.st_ino == opened.st_ino;
+    return stat(path, &named) == 0 && fstat(fd, &opened) == 0 && named.st_dev == opened.st_dev &&
+           named.st_ino == opened.st_ino;
 }
 
 } // namespace
@@ -45,10 +45,9 @@ bool IsAt(const std::string& path, int fd)
 LockFile::Attempt LockFile::Try(const std::wstring& path, const std::string& name,
                                 FileSystem::Error& error)
 {
-    const std::string native = NativePath(path);
-    m_path = path;
+    m_path = NativePath(path);
     const int fd =
-        open(native.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0666);
+        open(m_path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0666);
     if (fd < 0) {
         error = errno;
         return Attempt::Failed;
@@ -58,7 +57,7 @@ LockFile::Attempt LockFile::Try(const std::wstring& path, const std::string& nam
         close(fd);
         return error == EAGAIN || error == EACCES ? Attempt::Held : Attempt::Failed;
     }
-    if (error == 0 && !IsAt(native, fd)) {
+    if (error == 0 && !IsAt(m_path.c_str(), fd)) {
         close(fd);
         return Attempt::Held; // its holder has just let go
     }
@@ -75,8 +74,7 @@ void LockFile::Release()
     if (m_file < 0) return;
     const int fd = static_cast<int>(std::exchange(m_file, -1));
     // The folder may have gone and come anew, with a lock of somebody else's.
-    const std::string native = NativePath(m_path);
-    if (IsAt(native, fd)) unlink(native.c_str());
+    if (IsAt(m_path.c_str(), fd)) unlink(m_path.c_str());
     close(fd);
 }
 

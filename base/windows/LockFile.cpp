@@ -21,12 +21,12 @@ HANDLE HandleOf(std::intptr_t file)
 
 // A file that somebody has deleted stays until the last who had it open lets go of it, and cannot
 // be opened until then.
-HANDLE Open(const std::wstring& path, DWORD access, DWORD disposition)
+HANDLE Open(const wchar_t* path, DWORD access, DWORD disposition)
 {
     constexpr int kTimes = 20;
     constexpr std::chrono::milliseconds kPause{10};
     for (int i = 1;; ++i) {
-        const HANDLE file = CreateFileW(path.c_str(), access, kShareAll, nullptr, disposition,
+        const HANDLE file = CreateFileW(path, access, kShareAll, nullptr, disposition,
                                         FILE_FLAG_OPEN_REPARSE_POINT, nullptr);
         const bool mayPass = file == INVALID_HANDLE_VALUE && LastError() == ERROR_ACCESS_DENIED;
         if (!mayPass || i == kTimes) return file;
@@ -49,14 +49,19 @@ bool KnowsNoLocks(FileSystem::Error error)
 
 // The holder deletes the file before it lets go of it: a lock of a file that is no longer at the
 // path keeps nobody out.
-bool IsAt(const std::wstring& path, HANDLE file)
+bool IsAt(const wchar_t* path, HANDLE file)
 {
-    FileSystem::Identity named;
+    const HANDLE there = CreateFileW(path, 0, kShareAll, nullptr, OPEN_EXISTING,
+                                     FILE_FLAG_OPEN_REPARSE_POINT, nullptr);
+    if (there == INVALID_HANDLE_VALUE) return false;
+    BY_HANDLE_FILE_INFORMATION named{};
     BY_HANDLE_FILE_INFORMATION opened{};
-    return FileSystem::Identify(path, named) == 0 && GetFileInformationByHandle(file, &opened) &&
-           named == FileSystem::Identity{opened.dwVolumeSerialNumber,
-                                         std::uint64_t{opened.nFileIndexHigh} << 32 |
-                                             opened.nFileIndexLow};
+    const bool isKnown =
+        GetFileInformationByHandle(there, &named) && GetFileInformationByHandle(file, &opened);
+    CloseHandle(there);
+    return isKnown && named.dwVolumeSerialNumber == opened.dwVolumeSerialNumber &&
+           named.nFileIndexHigh == opened.nFileIndexHigh &&
+           named.nFileIndexLow == opened.nFileIndexLow;
 }
 
 bool IsLink(HANDLE file)
@@ -68,11 +73,12 @@ bool IsLink(HANDLE file)
 
 } // namespace
 
+// Nothing that could throw stands behind the opening of the file.
 LockFile::Attempt LockFile::Try(const std::wstring& path, const std::string& name,
                                 FileSystem::Error& error)
 {
-    m_path = path;
-    const HANDLE file = Open(WindowsPath(path), GENERIC_READ | GENERIC_WRITE, OPEN_ALWAYS);
+    m_path = WindowsPath(path);
+    const HANDLE file = Open(m_path.c_str(), GENERIC_READ | GENERIC_WRITE, OPEN_ALWAYS);
     if (file == INVALID_HANDLE_VALUE) {
         error = LastError();
         return Attempt::Failed;
@@ -83,7 +89,7 @@ LockFile::Attempt LockFile::Try(const std::wstring& path, const std::string& nam
         return error == ERROR_LOCK_VIOLATION || error == ERROR_IO_PENDING ? Attempt::Held
                                                                           : Attempt::Failed;
     }
-    if (error == 0 && !IsAt(path, file)) {
+    if (error == 0 && !IsAt(m_path.c_str(), file)) {
         CloseHandle(file);
         return Attempt::Held; // its holder has just let go
     }
@@ -99,13 +105,13 @@ void LockFile::Release()
     if (!IsTaken()) return;
     const HANDLE file = HandleOf(std::exchange(m_file, -1));
     // The folder may have gone and come anew, with a lock of somebody else's.
-    if (IsAt(m_path, file)) DeleteFileW(WindowsPath(m_path).c_str());
+    if (IsAt(m_path.c_str(), file)) DeleteFileW(m_path.c_str());
     CloseHandle(file);
 }
 
 std::string LockFile::HolderOf(const std::wstring& path)
 {
-    const HANDLE file = Open(WindowsPath(path), GENERIC_READ, OPEN_EXISTING);
+    const HANDLE file = Open(WindowsPath(path).c_str(), GENERIC_READ, OPEN_EXISTING);
     if (file == INVALID_HANDLE_VALUE) return {};
     char text[512] = {};
     DWORD size = 0;
