@@ -4,6 +4,7 @@
 #include <thread>
 #include <utility>
 
+#include "base/TemporaryName.h"
 #include "base/Text.h"
 #include "base/windows/FullPath.h"
 #include "base/windows/Windows.h"
@@ -65,19 +66,22 @@ bool Is(DWORD attributes, DWORD what)
 
 // What looks into files as they appear, such as a search for viruses, keeps others from them for a
 // moment.
-template <class Work> Error Patiently(Work work)
+template <class Work> Error Patiently(int times, Work work)
 {
-    constexpr int kTimes = 40;
     constexpr std::chrono::milliseconds kPause{25};
     for (int i = 1;; ++i) {
         const Error error = work();
         const bool mayPass = error == ERROR_SHARING_VIOLATION || error == ERROR_LOCK_VIOLATION ||
                              error == ERROR_ACCESS_DENIED ||
-                             error == ERROR_UNABLE_TO_REMOVE_REPLACED;
-        if (!mayPass || i == kTimes) return error;
+                             error == ERROR_UNABLE_TO_REMOVE_REPLACED ||
+                             error == ERROR_UNABLE_TO_MOVE_REPLACEMENT;
+        if (!mayPass || i == times) return error;
         std::this_thread::sleep_for(kPause);
     }
 }
+
+constexpr int kTimes = 40;         // until it fails
+constexpr int kTimesUntouched = 8; // until those who read a file are left with the old one
 
 // Gives the file the access list of another one, as far as the system lets the caller.
 void GiveAccessOf(const std::wstring& model, const std::wstring& path)
@@ -88,6 +92,17 @@ void GiveAccessOf(const std::wstring& model, const std::wstring& path)
     if (size > 0 &&
         GetFileSecurityW(model.c_str(), DACL_SECURITY_INFORMATION, list.data(), size, &size))
         SetFileSecurityW(path.c_str(), DACL_SECURITY_INFORMATION, list.data());
+}
+
+// Gives the new file those attributes of an old one that a user sets, if there was an old one.
+void GiveAttributes(DWORD attributes, const std::wstring& path)
+{
+    constexpr DWORD kSet = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE |
+                           FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
+    const DWORD given = attributes == INVALID_FILE_ATTRIBUTES ? 0 : attributes & kSet;
+    // The access list may have made it read-only.
+    if (given != 0 || Is(AttributesOf(path), FILE_ATTRIBUTE_READONLY))
+        SetFileAttributesW(path.c_str(), given != 0 ? given : FILE_ATTRIBUTE_NORMAL);
 }
 
 Error WriteAll(HANDLE file, std::string_view bytes)
@@ -108,31 +123,38 @@ Error MoveOver(const std::wstring& source, const std::wstring& target)
                                    MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH));
 }
 
-// Keeps access, attributes and streams of the file that it replaces. There is none for a moment.
-Error Replace(const std::wstring& source, const std::wstring& target)
+// Who has the file open goes on reading the old one, which needs a name of its own for that. There
+// is none by the right name for a moment.
+Error Exchange(const std::wstring& source, const std::wstring& target)
 {
     if (const Handle free(OpenThere(target, DELETE)); !free.IsOpen()) return LastError();
-    if (ReplaceFileW(target.c_str(), source.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS,
-                     nullptr, nullptr)) {
-        const Handle file(OpenThere(target, GENERIC_WRITE));
-        if (file.IsOpen()) FlushFileBuffers(file.Get());
-        return 0;
+    const std::wstring old = source.substr(0, source.find_last_of(L'\\') + 1) + TemporaryName();
+    if (!ReplaceFileW(target.c_str(), source.c_str(), old.c_str(), REPLACEFILE_IGNORE_MERGE_ERRORS,
+                      nullptr, nullptr)) {
+        const Error error = LastError();
+        if (error != ERROR_UNABLE_TO_MOVE_REPLACEMENT_2) return error;
+        // The old one has its new name by then. It goes back unless somebody else's is there.
+        if (const Error failed = MoveOver(source, target)) {
+            if (!MoveFileExW(old.c_str(), target.c_str(), MOVEFILE_WRITE_THROUGH) &&
+                Is(AttributesOf(target), ~0U))
+                DeleteFileW(old.c_str());
+            return failed;
+        }
     }
-    const Error error = LastError();
-    // The old file is gone by then.
-    const bool isHalfDone =
-        error == ERROR_UNABLE_TO_MOVE_REPLACEMENT || error == ERROR_UNABLE_TO_MOVE_REPLACEMENT_2;
-    return isHalfDone ? MoveOver(source, target) : error;
+    DeleteFileW(old.c_str());
+    const Handle file(OpenThere(target, GENERIC_WRITE));
+    if (file.IsOpen()) FlushFileBuffers(file.Get());
+    return 0;
 }
 
-// Names differ by case, files do not: one that is replaced may keep the old name's.
-void GiveCase(const std::wstring& path)
+// Names differ by case, files do not: the one that is there may be shown by another.
+bool HasOtherCase(const std::wstring& path)
 {
     WIN32_FIND_DATAW found;
     const HANDLE search = FindFirstFileW(path.c_str(), &found);
-    if (search == INVALID_HANDLE_VALUE) return;
+    if (search == INVALID_HANDLE_VALUE) return false;
     FindClose(search);
-    if (!path.ends_with(std::wstring(L"\\") + found.cFileName)) MoveOver(path, path);
+    return !path.ends_with(std::wstring(L"\\") + found.cFileName);
 }
 
 Error MakeFolders(const std::wstring& path, bool& isNew)
@@ -363,8 +385,7 @@ Error WriteNew(const std::wstring& path, const std::wstring& target, const std::
     if (!file.IsOpen()) return LastError();
     // Nobody reads it before it has the access that it should have: it is not shared yet.
     if (!model.empty()) GiveAccessOf(model, full);
-    if (Is(AttributesOf(full), FILE_ATTRIBUTE_READONLY))
-        SetFileAttributesW(full.c_str(), FILE_ATTRIBUTE_NORMAL);
+    GiveAttributes(attributes, full);
     if (const Error error = WriteAll(file.Get(), bytes)) return error;
     if (!FlushFileBuffers(file.Get())) return LastError();
     return file.Close();
@@ -374,16 +395,17 @@ Error PutInPlace(const std::wstring& path, const std::wstring& target)
 {
     const std::wstring from = WindowsPath(path);
     const std::wstring to = WindowsPath(target);
-    const Error error = Patiently([&] {
-        const DWORD attributes = AttributesOf(to);
-        const bool isPlain =
-            attributes != INVALID_FILE_ATTRIBUTES && !(attributes & FILE_ATTRIBUTE_REPARSE_POINT);
-        const Error failed = isPlain ? Replace(from, to) : MoveOver(from, to);
-        // Somebody else was replacing it.
-        const bool isBetween = failed == ERROR_FILE_NOT_FOUND && Is(AttributesOf(from), ~0U);
-        return isBetween ? ERROR_SHARING_VIOLATION : failed;
-    });
-    if (error == 0) GiveCase(to);
+    // What is moved over a file may be shown by the old name's case, and does not lose it again.
+    Error error = ERROR_ACCESS_DENIED;
+    if (!HasOtherCase(to)) error = Patiently(kTimesUntouched, [&] { return MoveOver(from, to); });
+    const bool isUsed = error == ERROR_ACCESS_DENIED || error == ERROR_SHARING_VIOLATION;
+    if (isUsed && !Is(AttributesOf(to), FILE_ATTRIBUTE_REPARSE_POINT))
+        error = Patiently(kTimes, [&] {
+            const Error failed = Exchange(from, to);
+            const bool isBetween = failed == ERROR_FILE_NOT_FOUND && Is(AttributesOf(from), ~0U);
+            return isBetween ? MoveOver(from, to) : failed; // somebody else was replacing it
+        });
+    if (error == 0 && HasOtherCase(to)) MoveOver(to, to);
     return error;
 }
 
@@ -401,7 +423,7 @@ Error Move(const std::wstring& source, const std::wstring& target)
     const std::wstring from = WindowsPath(source);
     const std::wstring to = WindowsPath(target);
     if (from.empty() || to.empty()) return kInvalidName;
-    return Patiently([&] { return MoveOver(from, to); });
+    return Patiently(kTimes, [&] { return MoveOver(from, to); });
 }
 
 Error Link(const std::wstring& source, const std::wstring& target)
@@ -420,7 +442,7 @@ Error Remove(const std::wstring& path)
     if (Is(attributes, FILE_ATTRIBUTE_DIRECTORY)) return isLink ? RemoveFolder(path) : kIsFolder;
     if (Is(attributes, FILE_ATTRIBUTE_READONLY))
         SetFileAttributesW(full.c_str(), FILE_ATTRIBUTE_NORMAL);
-    return Patiently([&] { return ErrorUnless(DeleteFileW(full.c_str())); });
+    return Patiently(kTimes, [&] { return ErrorUnless(DeleteFileW(full.c_str())); });
 }
 
 Error RemoveFolder(const std::wstring& path)
