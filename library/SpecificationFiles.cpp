@@ -72,8 +72,12 @@ bool SpecificationFiles::Save(const CDesignSpecification& specification, const S
     const auto held = Hold(problems);
     if (!held) return false;
     FindStrangers(specification.ID());
+    // Where files ignore case, it may be the old one, which is known by the old name.
+    const bool isOld =
+        !how.oldFile.empty() &&
+        IsSameFile(m_files.PathOf(how.oldFile), m_files.PathOf(file), problems).value_or(false);
     return MoveOthersOut(file, specification.ID(), problems) &&
-           (how.isKept || KeepOthers(file, problems)) &&
+           (how.isKept || KeepOthers(isOld ? how.oldFile : file, problems)) &&
            Write(specification, how.oldFile, problems) &&
            SetOthersAside(specification.ID(), file, problems);
 }
