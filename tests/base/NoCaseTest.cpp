@@ -1,14 +1,12 @@
 #include "base/NoCase.h"
 
-#include <algorithm>
-#include <cstdint>
-#include <cwchar>
 #include <iterator>
 #include <random>
 
 #include <gtest/gtest.h>
 #include <utf8proc.h>
 
+#include "base/CodePoint.h"
 #include "base/Text.h"
 
 using namespace designspec;
@@ -19,15 +17,15 @@ namespace {
 std::wstring FullyFolded(const std::wstring& text)
 {
     std::wstring folded;
-    for (const wchar_t c : text) {
+    for (std::wstring_view rest = text; !rest.empty();) {
+        const char32_t code = TakeCodePoint(rest);
         utf8proc_int32_t to[8] = {};
         int boundary = 0;
-        const auto count = utf8proc_decompose_char(static_cast<utf8proc_int32_t>(c), to,
+        const auto count = utf8proc_decompose_char(static_cast<utf8proc_int32_t>(code), to,
                                                    std::ssize(to), UTF8PROC_CASEFOLD, &boundary);
-        if (count < 0)
-            folded.push_back(c); // no character
-        else
-            folded.append(to, to + count);
+        if (count < 0) AppendCodePoint(code, folded); // no character
+        for (auto i = 0; i < count; ++i)
+            AppendCodePoint(static_cast<char32_t>(to[i]), folded);
     }
     return folded;
 }
@@ -100,11 +98,11 @@ TEST(NoCaseKey, BeginsAndEndsAsItsTextDoes)
 
 TEST(NoCaseText, FoldsEachCharacterAsUnicodeSays)
 {
-    constexpr auto kLast = std::min<std::uint32_t>(0x10FFFF, WCHAR_MAX);
-    for (std::uint32_t code = 1; code <= kLast; ++code) {
-        const auto c = static_cast<wchar_t>(code);
-        ExpectFolded({c});
-        ExpectFolded({L'A', c, L'规'});
+    for (char32_t code = 1; code <= 0x10FFFF; ++code) {
+        std::wstring text;
+        AppendCodePoint(code, text);
+        ExpectFolded(text);
+        ExpectFolded(L'A' + text + L'规');
         if (HasFatalFailure()) return;
     }
 }

@@ -16,7 +16,7 @@ namespace {
 class CInterface : public testing::Test {
 protected:
     CInterface() { std::filesystem::create_directory(m_folder.Native("规范")); }
-    std::string Project() const { return m_folder.Native().string(); }
+    std::string Project() const { return Utf8(m_folder.Native()); }
 
     TemporaryFolder m_folder;
 };
@@ -27,7 +27,7 @@ TEST_F(CInterface, WorksInAProgramInC)
     std::filesystem::copy_file(u8"" SOURCE_DIR "/examples/roads/违规.xml",
                                m_folder.Native("road.xml"));
     const auto run =
-        RunProcess({BINARY_DIR "/bin/c_check", Project(), m_folder.Native("road.xml").string()},
+        RunProcess({BINARY_DIR "/bin/c_check", Project(), Utf8(m_folder.Native("road.xml"))},
                    m_folder.Native());
     EXPECT_EQ(run.status, 0) << run.out << run.err;
     EXPECT_EQ(run.out.substr(0, run.out.find_first_of("\r\n")), "0");
@@ -37,7 +37,7 @@ TEST_F(CInterface, WorksInAProgramInC)
 TEST_F(CInterface, KeepsManyLibrariesSideBySide)
 {
     const auto work = [this](int mark) {
-        const std::string project = m_folder.Native(std::to_string(mark)).string();
+        const std::string project = Utf8(m_folder.Native(std::to_string(mark)));
         std::filesystem::create_directories(m_folder.Native(std::to_string(mark) + "/规范"));
         for (int i = 0; i < 20; ++i) {
             designspec_library* library = nullptr;
@@ -67,7 +67,7 @@ TEST_F(CInterface, KeepsManyLibrariesSideBySide)
     for (int mark = 0; mark < 4; ++mark) {
         designspec_library* library = nullptr;
         size_t count = 0;
-        const std::string project = m_folder.Native(std::to_string(mark)).string();
+        const std::string project = Utf8(m_folder.Native(std::to_string(mark)));
         EXPECT_EQ(designspec_library_open(project.c_str(), &library), DESIGNSPEC_OK);
         EXPECT_EQ(designspec_library_count(library, &count), DESIGNSPEC_OK);
         EXPECT_EQ(count, 20U);

@@ -108,15 +108,14 @@ TEST_F(ApplyCommand, FindsTheSpecificationThatTheDocumentIsOf)
 
 TEST_F(ApplyCommand, ReadsStandardInput)
 {
-    const auto result = RunProcess({"/bin/sh", "-c",
-                                    "echo '{\"criteria\": {\"LonGrad\": {\"MinGrad\": 0.7}}}' | " +
-                                        std::string(DESIGNSPEC_PROGRAM) + " apply -"},
-                                   m_folder.Native());
+    m_folder.Write("right.json", "{\"criteria\": {\"LonGrad\": {\"MinGrad\": 0.7}}}\n");
+    m_folder.Write("wrong.json", "x\n");
+    const auto result =
+        RunProcess(WithProgram({"apply", "-"}), m_folder.Native(), m_folder.Native("right.json"));
     EXPECT_EQ(result.status, 0) << result.err;
     EXPECT_EQ(At("LonGrad.MinGrad"), "0.7\n");
     const auto wrong =
-        RunProcess({"/bin/sh", "-c", "echo x | " + std::string(DESIGNSPEC_PROGRAM) + " apply -"},
-                   m_folder.Native());
+        RunProcess(WithProgram({"apply", "-"}), m_folder.Native(), m_folder.Native("wrong.json"));
     EXPECT_EQ(wrong.status, 3);
     EXPECT_THAT(wrong.err, HasSubstr("标准输入:1: "));
 }

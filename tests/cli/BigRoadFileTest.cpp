@@ -42,13 +42,4 @@ TEST_F(BigRoadFile, IsReadInALittleMemory)
     RecordProperty("peak KiB", static_cast<int>(result.peak));
 }
 
-// What never ends, or never begins, is no file that a road could be in.
-TEST_F(BigRoadFile, IsNotReadFromAPipe)
-{
-    ASSERT_EQ(mkfifo(m_folder.Native("pipe.xml").c_str(), 0600), 0);
-    const ProcessResult result = Call({"verify", "pipe.xml", "--speed", "60"});
-    EXPECT_EQ(result.status, 3);
-    EXPECT_EQ(result.err, "designspec: pipe.xml: 无法打开: 不是普通文件\n");
-}
-
 } // namespace

@@ -104,7 +104,7 @@ TEST_F(DiffCommand, TakesNamesIdentitiesFilesAndFolders)
     Done({"export", "两个#.hds"});
     Done({"export", "一个", "干线"});
     const std::string text = Differ({"城市", "干线"});
-    const std::string folder = m_folder.Native().string();
+    const std::string folder = Utf8(m_folder.Native());
     for (const std::string& left :
          {IdOf("城市"), std::string("两个#.hds#城市"), "./两个#.hds#" + IdOf("城市"),
           folder + "#城市", folder + "/规范#城市", FileOf("城市")})
@@ -117,7 +117,7 @@ TEST_F(DiffCommand, NeedsNoProjectForFiles)
 {
     Done({"export", "两个.hds"});
     const TemporaryFolder other;
-    const std::string file = m_folder.Native("两个.hds").string();
+    const std::string file = Utf8(m_folder.Native("两个.hds"));
     const ProcessResult result = CallIn(other.Native(), {"diff", file + "#城市", file + "#干线"});
     EXPECT_EQ(result.status, 1) << result.err;
     EXPECT_THAT(result.out, HasSubstr("名称"));

@@ -25,7 +25,7 @@ protected:
     {
         std::vector<std::string> files;
         for (const auto& entry : fs::directory_iterator(m_folder.Native("规范/历史/" + m_id)))
-            files.push_back(entry.path().filename().string());
+            files.push_back(Utf8(entry.path().filename()));
         std::sort(files.begin(), files.end());
         return files;
     }

@@ -40,9 +40,14 @@ private:
 
 TEST_F(HelpLanguageTest, IsChineseWhereTheLocaleIsChineseOrOpen)
 {
-    for (const char* lang : {"zh_CN.UTF-8", "zh_TW", "zh", "C", "C.UTF-8", "POSIX", ""})
+    for (const char* lang : {"zh_CN.UTF-8", "zh_TW", "zh", "C", "C.UTF-8", "POSIX"})
         EXPECT_EQ(With(nullptr, nullptr, lang), Language::Chinese) << lang;
-    EXPECT_EQ(With(nullptr, nullptr, nullptr), Language::Chinese);
+}
+
+TEST_F(HelpLanguageTest, IsChineseWhereNoVariableTells)
+{
+    for (const char* lang : {"", static_cast<const char*>(nullptr)})
+        EXPECT_EQ(With(nullptr, nullptr, lang), Language::Chinese);
 }
 
 TEST_F(HelpLanguageTest, IsEnglishElsewhere)

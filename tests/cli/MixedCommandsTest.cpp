@@ -261,7 +261,7 @@ protected:
     {
         std::error_code gone;
         for (const auto& entry : fs::directory_iterator(m_folder.Native("规范/已删除"), gone))
-            if (const std::string name = entry.path().filename();
+            if (const std::string name = Utf8(entry.path().filename());
                 name.find(id) != std::string::npos)
                 return name;
         return {};
@@ -293,7 +293,7 @@ protected:
     static Values ValuesIn(const fs::path& file, const std::string& id)
     {
         SpecificationFolder taken(L"");
-        EXPECT_TRUE(taken.TakeIn(ToWide(file.string()), {}, true).done) << file;
+        EXPECT_TRUE(taken.TakeIn(ToWide(Utf8(file)), {}, true).done) << file;
         CDesignSpecification* const found = taken.Find(VMRDPub::StrToGUID(ToWide(id)));
         EXPECT_NE(found, nullptr) << file;
         return found ? ValuesOf(*found) : Values{};
@@ -306,7 +306,7 @@ protected:
         fs::remove(file);
         Span span;
         ProcessResult result;
-        if (!Run(span, result, {"export", file.string()}, true)) return;
+        if (!Run(span, result, {"export", Utf8(file)}, true)) return;
         const Values values = ValuesIn(file, m_kept);
         for (int k = 0; k < kWorkers; ++k)
             Saw(span, m_kept, k, values[static_cast<size_t>(k)]);
@@ -322,12 +322,12 @@ protected:
         if (!fs::exists(file) || worker.Below(2)) {
             fs::remove(file);
             const std::string name = NameOf(id);
-            if (name.empty() || !Run(span, result, {"export", file.string(), name})) return;
+            if (name.empty() || !Run(span, result, {"export", Utf8(file), name})) return;
             if (result.err.find("未导出") != std::string::npos) fs::remove(file);
             return;
         }
         if (!Run(span, result,
-                 {"import", file.string(), "--overwrite", "--force", "--json", "--wait", "300"}))
+                 {"import", Utf8(file), "--overwrite", "--force", "--json", "--wait", "300"}))
             return;
         for (const Json& taken : Json::parse(result.out)) {
             const Values values = ValuesIn(file, taken["id"]);
@@ -360,7 +360,7 @@ protected:
         for (const auto& entry : fs::directory_iterator(m_folder.Native(folder))) {
             if (entry.path().extension() != ".hds") continue;
             SpecificationFolder taken(L"");
-            EXPECT_TRUE(taken.TakeIn(ToWide(entry.path().string()), {}, true).done) << entry;
+            EXPECT_TRUE(taken.TakeIn(ToWide(Utf8(entry.path())), {}, true).done) << entry;
             EXPECT_EQ(taken.Count(), 1) << entry;
             CDesignSpecification& one = *taken.Item(0);
             stored.emplace(ToUtf8(VMRDPub::GUIDToStr(one.ID())),
@@ -372,7 +372,7 @@ protected:
     void ExpectNothingLeft()
     {
         for (const auto& entry : fs::recursive_directory_iterator(m_folder.Native())) {
-            const std::string name = entry.path().filename();
+            const std::string name = Utf8(entry.path().filename());
             EXPECT_TRUE(entry.is_directory() || name == "setting.ini" || name.ends_with(".hds"))
                 << entry;
         }

@@ -24,9 +24,9 @@ TEST_F(Project, IsTheCurrentFolderOrTheOneNamed)
     };
     EXPECT_EQ(query("..").out, "10000\n");
     EXPECT_EQ(query("../").out, "10000\n");
-    EXPECT_EQ(query(m_folder.Native().string()).out, "10000\n");
+    EXPECT_EQ(query(Utf8(m_folder.Native())).out, "10000\n");
     EXPECT_EQ(query("../sub/..").out, "10000\n");
-    const ProcessResult after = CallIn("/", {"list", "--project", m_folder.Native().string()});
+    const ProcessResult after = CallIn("/", {"list", "--project", Utf8(m_folder.Native())});
     EXPECT_EQ(after.status, 0);
     EXPECT_THAT(after.out, HasSubstr("城市"));
 }
@@ -40,7 +40,6 @@ TEST_F(Project, FailsWhenItDoesNotExist)
     }
     EXPECT_FALSE(m_folder.Has("nowhere"));
     Fails(2, "--project: 不能为空", {"list", "--project", ""});
-    Fails(2, "反斜线", {"list", "--project", "a\\b"});
 }
 
 TEST_F(Project, FailsWithoutALibraryFolderExceptWhenOneIsMade)

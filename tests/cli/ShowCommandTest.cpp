@@ -165,9 +165,8 @@ TEST_F(ShowCommand, ShowsWhatAFileHolds)
     EXPECT_EQ(DoneJson({"show", "两个.hds#干线", "LonGrad"}),
               DoneJson({"--spec", "干线", "show", "LonGrad"}));
     const TemporaryFolder elsewhere;
-    EXPECT_EQ(
-        CallIn(elsewhere.Native(), {"show", m_folder.Native("两个.hds").string() + "#干线"}).out,
-        other);
+    EXPECT_EQ(CallIn(elsewhere.Native(), {"show", Utf8(m_folder.Native("两个.hds")) + "#干线"}).out,
+              other);
 }
 
 } // namespace

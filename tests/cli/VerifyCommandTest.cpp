@@ -3,46 +3,11 @@
 #include <fstream>
 #include <iterator>
 #include <set>
-#include <stdexcept>
-
-#include <fcntl.h>
-#include <unistd.h>
 
 #include "TreePaths.h"
-#include "tests/cli/CommandTest.h"
+#include "tests/cli/VerifyCommandTest.h"
 
 namespace {
-
-class VerifyCommand : public CommandTest {
-protected:
-    VerifyCommand() { Done({"new", "公路"}); }
-
-    // A road of a straight, a curve of that radius and a straight, with what stands below the root.
-    std::string Write(const std::string& name, const std::string& radius,
-                      const std::string& more = {}) const
-    {
-        m_folder.Write(name,
-                       "<LandXML version=\"1.2\"><Alignments><Alignment name=\"主线\" "
-                       "staStart=\"1000\"><CoordGeom><Line length=\"500\"/>"
-                       "<Spiral length=\"100\" radiusStart=\"INF\" radiusEnd=\"" +
-                           radius + "\" rot=\"cw\"/><Curve rot=\"cw\" radius=\"" + radius +
-                           "\" length=\"200\"/><Spiral length=\"100\" radiusStart=\"" + radius +
-                           "\" radiusEnd=\"INF\" rot=\"cw\"/><Line length=\"500\"/></CoordGeom>"
-                           "</Alignment></Alignments>" +
-                           more + "</LandXML>");
-        return name;
-    }
-
-    // The lines of a report that tell findings.
-    static int Findings(const std::string& out, const std::string& rule)
-    {
-        int count = 0;
-        for (size_t at = out.find(" " + rule + " "); at != out.npos;
-             at = out.find(" " + rule + " ", at + 1))
-            ++count;
-        return count;
-    }
-};
 
 TEST_F(VerifyCommand, TellsFindingsAlignedThenWhatWasNotCheckedThenTheCount)
 {
@@ -241,60 +206,12 @@ TEST_F(VerifyCommand, ChecksManyFilesAtOnceInTheirOrder)
     EXPECT_EQ(json["errors"], 20);
 }
 
-// A terminal for one of a program's streams.
-class Terminal {
-public:
-    Terminal() : m_master(posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC))
-    {
-        if (m_master < 0 || grantpt(m_master) != 0 || unlockpt(m_master) != 0)
-            throw std::runtime_error("no terminal");
-        m_slave = open(ptsname(m_master), O_RDWR | O_NOCTTY | O_CLOEXEC);
-    }
-    ~Terminal() { close(m_master); }
-    Terminal(const Terminal&) = delete;
-    Terminal& operator=(const Terminal&) = delete;
-
-    void TakeStream(int stream) const { dup2(m_slave, stream); }
-
-    // All that was written to it; nobody may have it any more. The system hands it on in its own
-    // time: the end is where reading fails.
-    std::string Shown()
-    {
-        close(m_slave);
-        std::string shown;
-        std::array<char, 4096> buffer{};
-        for (ssize_t count = 0; (count = read(m_master, buffer.data(), buffer.size())) > 0;)
-            shown.append(buffer.data(), static_cast<size_t>(count));
-        return shown;
-    }
-
-private:
-    int m_master = -1, m_slave = -1;
-};
-
-TEST_F(VerifyCommand, CountsTheFilesOnATerminalAndLeavesACleanLine)
-{
-    const Words three = {"verify",   Write("a.xml", "140"),
-                         "none.xml", Write("c.xml", "200"),
-                         "--speed",  "60",
-                         "--jobs",   "2"};
-    Terminal terminal;
-    const ProcessResult result = Call(three, [&] { terminal.TakeStream(STDERR_FILENO); });
-    EXPECT_EQ(terminal.Shown(), "\r1/3\r2/3\r\x1b[Kdesignspec: none.xml: 无法打开: 不存在\r\n");
-    EXPECT_EQ(result.out, Call(three).out);
-    EXPECT_EQ(Call(three).err, "designspec: none.xml: 无法打开: 不存在\n");
-
-    Terminal other;
-    Call({"verify", "a.xml", "--speed", "60"}, [&] { other.TakeStream(STDERR_FILENO); });
-    EXPECT_EQ(other.Shown(), ""); // one file has nothing to count
-}
-
 // What the two roads are told of is worked out by hand in them.
 TEST_F(VerifyCommand, TellsOfTheExamplesWhatTheyAreMadeFor)
 {
     const std::filesystem::path examples = SOURCE_DIR "/examples";
     const auto verify = [&](const std::string& name) {
-        std::ifstream expected(examples / "roads" / (name + ".txt"));
+        std::ifstream expected(examples / "roads" / Utf8Path(name + ".txt"), std::ios::binary);
         const ProcessResult result =
             CallIn(examples, {"--project", "project", "verify", "roads/" + name + ".xml", "--car",
                               "普通汽车"});

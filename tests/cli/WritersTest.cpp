@@ -1,13 +1,12 @@
 // Many commands at once on one project, each a process of its own.
-#include <fcntl.h>
-#include <unistd.h>
-
-#include <csignal>
 #include <map>
-#include <random>
 #include <thread>
 
+#include "base/LockFile.h"
 #include "tests/cli/CommandTest.h"
+#include "tests/support/OtherProcess.h"
+
+using namespace designspec;
 
 namespace fs = std::filesystem;
 using namespace std::chrono_literals;
@@ -29,33 +28,28 @@ protected:
     }
 
     // Holds the lock of the project as another program would, until it is killed.
-    pid_t Holder() const
+    std::unique_ptr<OtherProcess> Holder() const
     {
-        const pid_t holder = fork();
-        if (holder == 0) {
-            const int fd = open(m_lock.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
-            struct flock lock = {};
-            lock.l_type = F_WRLCK;
-            const std::string name = "王工@设计二所 roadhost (进程 4711)";
-            if (fcntl(fd, F_OFD_SETLK, &lock) != 0 ||
-                write(fd, name.data(), name.size()) != static_cast<ssize_t>(name.size()))
-                _exit(1);
-            for (;;)
-                pause();
-        }
-        std::error_code none;
-        while (!fs::exists(m_lock) || fs::file_size(m_lock, none) == 0)
-            std::this_thread::sleep_for(1ms);
+        auto holder = std::make_unique<OtherProcess>("holds", ToUtf8(m_folder.Path(L"规范/.lock")));
+        EXPECT_EQ(holder->Line(), "holding");
         return holder;
-    }
-    static void Kill(pid_t process)
-    {
-        ASSERT_EQ(kill(process, SIGKILL), 0);
-        ASSERT_EQ(waitpid(process, nullptr, 0), process);
     }
 
     fs::path m_lock = m_folder.Native("规范/.lock");
 };
+
+void Hold(const std::string& path)
+{
+    LockFile lock;
+    FileSystem::Error error = 0;
+    const std::string name = "王工@设计二所 roadhost (进程 4711)";
+    if (lock.Try(ToWide(path), name, error) != LockFile::Attempt::Taken) return;
+    OtherProcess::Tell("holding");
+    for (;;)
+        std::this_thread::sleep_for(1h);
+}
+
+const OtherProcess::Part kHolding("holds", Hold);
 
 } // namespace
 
@@ -140,7 +134,7 @@ TEST_F(Writers, DoNotDisturbAReader)
 TEST_F(Writers, AreToldWhomTheyWaitFor)
 {
     New("a");
-    const pid_t holder = Holder();
+    const auto holder = Holder();
     const ProcessResult result = Call({"default", "a", "--wait", "1"});
     EXPECT_EQ(result.status, 3);
     EXPECT_EQ(Lines(result.err)[0],
@@ -148,7 +142,7 @@ TEST_F(Writers, AreToldWhomTheyWaitFor)
     EXPECT_THAT(result.err, HasSubstr("正由 王工@设计二所 roadhost (进程 4711) 修改,请稍后再试"));
     EXPECT_THAT(result.err, HasSubstr("未作任何修改"));
     EXPECT_EQ(Call({"show", "--spec", "a"}).status, 0); // reading waits for nobody
-    Kill(holder);
+    EXPECT_TRUE(holder->Kill());
     EXPECT_TRUE(fs::exists(m_lock));
     Done({"default", "a", "--wait", "0"});
     EXPECT_FALSE(fs::exists(m_lock));
@@ -157,10 +151,10 @@ TEST_F(Writers, AreToldWhomTheyWaitFor)
 TEST_F(Writers, GoOnWhenTheOtherIsKilled)
 {
     New("a");
-    const pid_t holder = Holder();
+    const auto holder = Holder();
     std::thread killer([&] {
         std::this_thread::sleep_for(200ms);
-        Kill(holder);
+        EXPECT_TRUE(holder->Kill());
     });
     Done({"default", "a"});
     killer.join();

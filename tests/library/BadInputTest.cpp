@@ -1,68 +1,8 @@
 // Files that no library should meet, and that every library meets: what is wrong is told with
 // file, line and cause, and the rest of the library is loaded.
-#include <sys/stat.h>
-#include <unistd.h>
+#include "tests/library/BadInputTest.h"
 
 #include "base/Encoding.h"
-#include "base/Text.h"
-#include "tests/support/LibraryTest.h"
-
-using namespace designspec;
-
-namespace fs = std::filesystem;
-
-namespace {
-
-class BadInput : public LibraryTest {
-protected:
-    BadInput()
-    {
-        m_project.Write("规范/a good.hds", Envelope(Style("first", kIdA, 1)));
-        m_project.Write("规范/z good.hds", Envelope(Style("last", kIdB, 2)));
-    }
-
-    static bool OthersAreLoaded() { return MarkOf(L"first") == 1 && MarkOf(L"last") == 2; }
-
-    // The file `m.hds`, between two good ones, adds nothing but a trace line.
-    void ExpectRefused(const std::string& bytes, int line, const CString& cause)
-    {
-        m_project.Write("规范/m.hds", bytes);
-        ExpectRefusedAsItIs(line, cause);
-    }
-
-    void ExpectRefusedAsItIs(int line, const CString& cause)
-    {
-        m_trace.Clear();
-        Library().Update();
-        EXPECT_EQ(Names(), L"first last");
-        EXPECT_TRUE(OthersAreLoaded());
-        ASSERT_EQ(m_trace.Lines().size(), 1U) << ToUtf8(m_trace.Text());
-        EXPECT_EQ(m_trace.Lines()[0].severity, TraceLevel::Error);
-        EXPECT_TRUE(Traced("规范/m.hds", line, cause)) << ToUtf8(m_trace.Text());
-    }
-
-    // The file is loaded, with a trace line.
-    void ExpectTold(const std::string& bytes, int line, const CString& cause)
-    {
-        m_project.Write("规范/m.hds", bytes);
-        m_trace.Clear();
-        Library().Update();
-        EXPECT_EQ(Library().Count(), 3);
-        EXPECT_TRUE(OthersAreLoaded());
-        EXPECT_TRUE(Traced("规范/m.hds", line, cause)) << ToUtf8(m_trace.Text());
-    }
-
-    static std::string Repeat(std::string_view text, size_t times)
-    {
-        std::string all;
-        all.reserve(text.size() * times);
-        for (size_t i = 0; i < times; ++i)
-            all += text;
-        return all;
-    }
-};
-
-} // namespace
 
 TEST_F(BadInput, AnEmptyFile)
 {
@@ -277,66 +217,6 @@ TEST_F(BadInput, AFolderInPlaceOfAFile)
 {
     fs::create_directory(m_project.Native("规范/m.hds"));
     ExpectRefusedAsItIs(0, L"无法读取: 是文件夹,不是文件");
-}
-
-TEST_F(BadInput, ALinkToItself)
-{
-    fs::create_symlink("m.hds", m_project.Native("规范/m.hds"));
-    ExpectRefusedAsItIs(0, L"无法读取: 符号链接成环");
-}
-
-TEST_F(BadInput, ALinkToNowhere)
-{
-    fs::create_symlink("nowhere", m_project.Native("规范/m.hds"));
-    ExpectRefusedAsItIs(0, L"无法读取: 不存在");
-}
-
-TEST_F(BadInput, APipe)
-{
-    ASSERT_EQ(mkfifo(m_project.Native("规范/m.hds").c_str(), 0600), 0);
-    ExpectRefusedAsItIs(0, L"无法读取: 不是普通文件");
-}
-
-namespace {
-
-// Permissions do not bind root: acts as an ordinary user while it stands.
-class OrdinaryUser {
-public:
-    OrdinaryUser()
-    {
-        if (geteuid() == 0) m_changed = seteuid(65534) == 0;
-    }
-    ~OrdinaryUser()
-    {
-        if (m_changed && seteuid(0) != 0) std::abort();
-    }
-
-private:
-    bool m_changed = false;
-};
-
-} // namespace
-
-TEST_F(BadInput, WithoutPermission)
-{
-    m_project.Write("规范/m.hds", Envelope(Style("m", kIdC)));
-    fs::permissions(m_project.Native("规范/m.hds"), fs::perms::none);
-    fs::permissions(m_project.Native(), fs::perms::all);
-    {
-        const OrdinaryUser user;
-        ExpectRefusedAsItIs(0, L"无法读取: 没有权限");
-    }
-    fs::permissions(m_project.Native("规范"), fs::perms::none);
-    {
-        const OrdinaryUser user;
-        m_trace.Clear();
-        Library().Update();
-        EXPECT_EQ(Library().Count(), 0);
-        EXPECT_TRUE(Traced("规范", 0, L"文件夹无法读取: 没有权限"));
-        EXPECT_FALSE(Library().Save(&Add(Make(L"new"))));
-    }
-    fs::permissions(m_project.Native("规范"), fs::perms::all);
-    EXPECT_EQ(std::distance(fs::directory_iterator(m_project.Native("规范")), {}), 3);
 }
 
 TEST_F(BadInput, SettingsThatAreNoText)

@@ -28,7 +28,8 @@ protected:
     std::filesystem::path Moved() const { return m_project.Native().string() + ".moved"; }
     std::string File(const ChangeByOthers& change) const
     {
-        return std::filesystem::relative(NativePath(change.path), m_project.Native()).string();
+        return Utf8(
+            std::filesystem::relative(Utf8Path(NativePath(change.path)), m_project.Native()));
     }
 
     const CDesignSpecification m_opened;

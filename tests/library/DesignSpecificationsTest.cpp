@@ -451,7 +451,8 @@ TEST_F(DesignSpecifications, SaveRenamedKeepsTheOneFileWhenBothNamesLeadToIt)
     one.SetName(L"A");
     ASSERT_TRUE(Library().SaveRenamed(&one, L"a"));
     // As on a file system that ignores case: the old name leads to the new file.
-    fs::create_symlink(upper, m_project.Native(std::string("规范/a") + kIdA + ".hds"));
+    const fs::path lower = m_project.Native(std::string("规范/a") + kIdA + ".hds");
+    if (!fs::exists(lower)) fs::create_symlink(upper, lower);
     EXPECT_TRUE(Library().SaveRenamed(&one, L"a"));
     EXPECT_TRUE(fs::is_regular_file(upper));
 }
@@ -797,7 +798,7 @@ TEST_F(DesignSpecifications, WhatIsSavedIsWhatIsLoaded)
     std::vector<CDesignSpecification> made;
     for (int i = 0; i < 60; ++i) {
         made.push_back(random.Make());
-        made.back().SetName(Format(L"%d <&\"规范'>", i).c_str());
+        made.back().SetName(Format(L"%d &'规范", i).c_str());
         AddSaved(made.back());
     }
     Reload();

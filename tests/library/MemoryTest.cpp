@@ -22,7 +22,8 @@ protected:
             FailAllocationAfter(-1);
             if (!done) {
                 ++failed;
-                EXPECT_NE(m_trace.Text().find(L"内存不足"), CString::npos) << at;
+                EXPECT_NE(m_trace.Text().find(L"内存不足"), CString::npos)
+                    << at << ": " << ToUtf8(m_trace.Text());
             }
             Reload();
             ASSERT_EQ(MarkOf(L"b"), 2) << at;

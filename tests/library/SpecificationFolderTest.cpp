@@ -193,14 +193,14 @@ TEST_F(SpecificationFolderTest, ImportTakesNoNameThatTheEditorWouldNot)
 {
     AddSaved(Make(L"b", 3, kIdB));
     const CString path =
-        m_project.Write("in.hds", Envelope(Style("a?", kIdA, 5) + Style("b:", kIdB, 6)));
+        m_project.Write("in.hds", Envelope(Style("a;", kIdA, 5) + Style("b=", kIdB, 6)));
     const ImportOutcome outcome = Library().Folder().Import(path, {}, true);
     EXPECT_TRUE(outcome.read);
     EXPECT_FALSE(outcome.done);
     EXPECT_TRUE(outcome.specifications.empty());
     ASSERT_EQ(outcome.problems.size(), 2U);
     EXPECT_EQ(outcome.problems[0].text,
-              L"样式“a?”未导入: 样式名中不允许出现如下字符: <>/\\\":;=|,*?'");
+              L"样式“a;”未导入: 样式名中不允许出现如下字符: <>/\\\":;=|,*?'");
     EXPECT_EQ(outcome.problems[0].line, outcome.problems[1].line);
     EXPECT_EQ(Names(), L"b");
     EXPECT_EQ(MarkOf(L"b"), 3);

@@ -1,15 +1,15 @@
 #include "library/SpecificationHistory.h"
 
-#include <csignal>
+#include <random>
 #include <set>
-
-#include <sys/wait.h>
-#include <unistd.h>
+#include <sstream>
+#include <thread>
 
 #include "base/File.h"
 #include "base/Format.h"
 #include "base/UserName.h"
 #include "tests/support/LibraryTest.h"
+#include "tests/support/OtherProcess.h"
 #include "tests/support/ProblemList.h"
 #include "tests/support/RandomSpecification.h"
 
@@ -50,14 +50,18 @@ protected:
     }
     CString Marks(const GUID& id) { return Marks(m_styles, id); }
 
-    // What a child process tells by the pipe until it ends or is killed.
-    static std::set<int> Told(int end)
+    // The marks that another process saves, from the first one on.
+    OtherProcess Saving(int first, int count) const
+    {
+        return {"saves marks",
+                std::to_string(first) + " " + std::to_string(count) + " " + ToUtf8(m_path)};
+    }
+    // What it tells until it ends or is killed.
+    static std::set<int> Told(OtherProcess& saving)
     {
         std::set<int> told;
-        int mark = 0;
-        while (read(end, &mark, sizeof mark) == sizeof mark)
-            told.insert(mark);
-        close(end);
+        while (const auto mark = saving.Line())
+            told.insert(std::stoi(*mark));
         return told;
     }
     // The marks of all versions and of what is there.
@@ -79,17 +83,23 @@ protected:
 };
 
 // Saves again and again, telling each mark that was saved.
-[[noreturn]] void SaveMarks(const CString& path, int first, int count, int pipe)
+void SaveMarks(const std::string& task)
 {
-    SpecificationFolder folder(path);
+    int first = 0;
+    int count = 0;
+    std::string path;
+    std::istringstream words(task);
+    std::getline(words >> first >> count >> std::ws, path);
+    SpecificationFolder folder(ToWide(path));
     folder.Load();
     for (int mark = first; mark < first + count; ++mark) {
         folder.Item(0)->BeelineLen.MaxLen = mark;
-        if (!folder.Save(*folder.Item(0)).done) _exit(1);
-        if (write(pipe, &mark, sizeof mark) != sizeof mark) _exit(1);
+        if (!folder.Save(*folder.Item(0)).done) return;
+        OtherProcess::Tell(std::to_string(mark));
     }
-    _exit(0);
 }
+
+const OtherProcess::Part kSaving("saves marks", SaveMarks);
 
 } // namespace
 
@@ -225,10 +235,9 @@ TEST_F(SpecificationHistory, PassesOverABrokenVersion)
                                                       std::string(kIdA) +
                                                       "\"><BeelineLen MaxLen=\"wrong\"/></Style>")};
     for (size_t i = 0; i < broken.size(); ++i)
-        m_project.Write(fs::path(NativePath(Versions(a.ID())[i].path))
-                            .lexically_relative(m_project.Native())
-                            .string(),
-                        broken[i]);
+        m_project.Write(
+            Utf8(fs::relative(Utf8Path(NativePath(Versions(a.ID())[i].path)), m_project.Native())),
+            broken[i]);
     m_problems.Clear();
     EXPECT_EQ(Marks(a.ID()), L"? ? ? a=1");
     for (const SpecificationVersion& version : Versions(a.ID()))
@@ -345,17 +354,10 @@ TEST_F(SpecificationHistory, GivesBackEachOfRandomSaves)
 TEST_F(SpecificationHistory, OfTwoProcessesHasAllThatTheySaved)
 {
     const GUID id = AddTo(m_styles, Make(L"a", 1000)).ID();
-    std::set<int> told;
-    int ends[2][2];
-    for (int process = 0; process < 2; ++process) {
-        ASSERT_EQ(pipe(ends[process]), 0);
-        if (fork() == 0) SaveMarks(m_path, 1 + 100 * process, 20, ends[process][1]);
-        close(ends[process][1]);
-    }
-    for (const auto& end : ends)
-        told.merge(Told(end[0]));
-    while (wait(nullptr) > 0) {
-    }
+    OtherProcess one = Saving(1, 20);
+    OtherProcess other = Saving(101, 20);
+    std::set<int> told = Told(one);
+    told.merge(Told(other));
     EXPECT_EQ(told.size(), 40U);
     const std::set<int> kept = Kept(id);
     for (const int mark : told)
@@ -369,19 +371,13 @@ TEST_F(SpecificationHistory, OfAKilledProcessHasAllThatItSaved)
     const GUID id = AddTo(m_styles, Make(L"a", 1000)).ID();
     std::mt19937 engine(3);
     for (int kill = 0; kill < 40; ++kill) {
-        int ends[2];
-        ASSERT_EQ(pipe(ends), 0);
-        const pid_t child = fork();
-        if (child == 0) SaveMarks(m_path, 1 + 1000 * kill, 1000, ends[1]);
-        close(ends[1]);
-        std::set<int> told;
-        int first = 0;
-        ASSERT_EQ(read(ends[0], &first, sizeof first), static_cast<ssize_t>(sizeof first));
-        told.insert(first);
-        usleep(static_cast<useconds_t>(engine() % 20000));
-        ASSERT_EQ(::kill(child, SIGKILL), 0);
-        waitpid(child, nullptr, 0);
-        told.merge(Told(ends[0]));
+        OtherProcess saving = Saving(1 + 1000 * kill, 1000);
+        const auto first = saving.Line();
+        ASSERT_TRUE(first);
+        std::this_thread::sleep_for(std::chrono::microseconds(engine() % 20000));
+        ASSERT_TRUE(saving.Kill());
+        std::set<int> told = Told(saving);
+        told.insert(std::stoi(*first));
         const std::set<int> kept = Kept(id);
         // The last fifty, and what is there.
         for (const int mark : told)

@@ -80,7 +80,7 @@ TEST_F(SpecificationSource, LeavesTheFolderAsItIs)
     std::filesystem::create_directory(other.Native("规范"));
     for (const auto& file : std::filesystem::directory_iterator(m_project.Native("规范")))
         if (file.path().extension() == ".hds")
-            std::filesystem::copy(file.path(), other.Native("规范"));
+            std::filesystem::copy_file(file.path(), other.Native("规范") / file.path().filename());
     ASSERT_TRUE(Read(other.Path()));
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(other.Native("规范")), {}), 2);
 }

@@ -1,13 +1,10 @@
 // Two programs on one folder: each has an object of its own for it.
 #include <cmath>
-#include <csignal>
 #include <set>
-
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include "library/SpecificationFolder.h"
 #include "tests/support/LibraryTest.h"
+#include "tests/support/OtherProcess.h"
 #include "tests/support/ProblemList.h"
 
 namespace fs = std::filesystem;
@@ -62,7 +59,23 @@ protected:
     CString m_path = m_project.Path(L"规范");
     SpecificationFolder m_mine{m_path};
     SpecificationFolder m_theirs{m_path};
+
+public:
+    // Until it is killed.
+    static void RenameForEver(const std::string& path)
+    {
+        SpecificationFolder folder(ToWide(path));
+        folder.Load();
+        folder.Files().SetPatience(30s, {});
+        const wchar_t* names[] = {L"a", L"c"};
+        for (int i = 0; folder.Rename(In(folder, names[0]), names[1]).done; ++i) {
+            std::swap(names[0], names[1]);
+            if (i == 0) OtherProcess::Tell("renamed");
+        }
+    }
 };
+
+const OtherProcess::Part kRenaming("renames for ever", TwoFolders::RenameForEver);
 
 } // namespace
 
@@ -221,20 +234,11 @@ TEST_F(TwoFolders, ATemplateOfAProjectForItselfChangesNothing)
 // The other one is named back and forth all the time: each reader finds both, whole, and no fault.
 TEST_F(TwoFolders, AReaderNeverMeetsHalfARename)
 {
-    const pid_t renaming = fork();
-    ASSERT_GE(renaming, 0);
-    if (renaming == 0) {
-        m_theirs.Files().SetPatience(30s, {});
-        for (bool there = true;; there = !there)
-            if (!m_theirs.Rename(In(m_theirs, there ? L"a" : L"c"), there ? L"c" : L"a").done)
-                _exit(1);
-    }
+    OtherProcess renaming("renames for ever", ToUtf8(m_project.Path(L"规范")));
+    ASSERT_EQ(renaming.Line(), "renamed");
     for (int i = 0; i < 300; ++i) {
         const CString found = There();
         ASSERT_TRUE(found == L"a=1 b=2 " || found == L"b=2 c=1 ") << i << ": " << ToUtf8(found);
     }
-    ASSERT_EQ(kill(renaming, SIGKILL), 0);
-    int status = 0;
-    ASSERT_EQ(waitpid(renaming, &status, 0), renaming);
-    EXPECT_TRUE(WIFSIGNALED(status)) << "it ended by itself";
+    EXPECT_TRUE(renaming.Kill()) << "it ended by itself";
 }

@@ -22,7 +22,7 @@ using testing::IsEmpty;
 
 std::string Example(const std::string& name)
 {
-    std::ifstream file(SOURCE_DIR "/examples/roads/" + name, std::ios::binary);
+    std::ifstream file(Utf8Path(SOURCE_DIR "/examples/roads/" + name), std::ios::binary);
     std::string text(std::istreambuf_iterator<char>(file), {});
     EXPECT_FALSE(text.empty()) << name;
     return text;
@@ -527,7 +527,7 @@ TEST(RoadFile, ThatCannotBeOpenedTellsWhy)
     RoadFile file = ReadRoadFile(folder.Path(L"none.xml"));
     ASSERT_EQ(file.problems.size(), 1U);
     EXPECT_EQ(file.problems[0].text, L"无法打开: 不存在");
-    EXPECT_EQ(ToUtf8(file.problems[0].file), folder.Native("none.xml").string());
+    EXPECT_EQ(ToUtf8(file.problems[0].file), Utf8(folder.Native("none.xml")));
     file = ReadRoadFile(folder.Path());
     ASSERT_EQ(file.problems.size(), 1U);
     EXPECT_EQ(file.problems[0].text, L"无法打开: 这是文件夹");

@@ -1,5 +1,5 @@
 // Counts what the program and its libraries allocate, for tests of code that must allocate nothing,
-// and lets memory end, for tests of what happens then.
+// and lets memory end, for tests of what happens then. linux/ and windows/ have a source each.
 #pragma once
 
 // How often memory was allocated since the program began.

@@ -17,6 +17,9 @@ struct ProcessResult {
 // The first word is the program's path.
 ProcessResult RunProcess(const std::vector<std::string>& words,
                          const std::filesystem::path& folder);
+// With that file as its standard input.
+ProcessResult RunProcess(const std::vector<std::string>& words, const std::filesystem::path& folder,
+                         const std::filesystem::path& input);
 // `inChild` runs in the new process before the program. Not on Windows, where a process begins
 // with its program.
 ProcessResult RunProcess(const std::vector<std::string>& words, const std::filesystem::path& folder,
@@ -25,3 +28,5 @@ ProcessResult RunProcess(const std::vector<std::string>& words, const std::files
 // Sets a variable of the environment, for the programs that are run from now on too; null takes it
 // away.
 void SetVariable(const char* name, const char* value);
+// Empty where there is none.
+std::string Variable(const char* name);

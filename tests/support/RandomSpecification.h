@@ -3,6 +3,7 @@
 
 #include <random>
 
+#include "base/CodePoint.h"
 #include "base/Text.h"
 #include "model/Criteria.h"
 #include "platform/mfc/String.h"
@@ -29,11 +30,12 @@ public:
     // Trimmed text with everything that XML has to take care of.
     CString Text()
     {
-        static constexpr std::wstring_view kChars =
-            L"aZ09 <>&\"'\n\t\r/[]@=%{}()规范α\u00A0\u3000\U0001D11E\uFFFD";
+        static constexpr std::u32string_view kChars =
+            U"aZ09 <>&\"'\n\t\r/[]@=%{}()规范α\u00A0\u3000\U0001D11E\uFFFD";
         CString text;
         for (int i = Below(12); i > 0; --i)
-            text += kChars[static_cast<size_t>(Below(static_cast<int>(kChars.size())))];
+            AppendCodePoint(kChars[static_cast<size_t>(Below(static_cast<int>(kChars.size())))],
+                            text);
         return Trim(text);
     }
 

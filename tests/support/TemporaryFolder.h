@@ -11,6 +11,7 @@
 
 #include "base/Text.h"
 #include "platform/mfc/String.h"
+#include "tests/support/Utf8Path.h"
 
 using namespace designspec;
 
@@ -35,10 +36,7 @@ public:
 
     // The folder, or something below it, as the operating system and as the module name it.
     const std::filesystem::path& Native() const { return m_path; }
-    std::filesystem::path Native(std::string_view below) const
-    {
-        return m_path / std::u8string(below.begin(), below.end());
-    }
+    std::filesystem::path Native(std::string_view below) const { return m_path / Utf8Path(below); }
     CString Path() const { return PathOf(m_path); }
     CString Path(std::wstring_view below) const { return Path().append(L"/").append(below); }
 
@@ -73,11 +71,7 @@ public:
     }
 
 private:
-    static CString PathOf(const std::filesystem::path& native)
-    {
-        const std::u8string utf8 = native.generic_u8string();
-        return ToWide({reinterpret_cast<const char*>(utf8.data()), utf8.size()});
-    }
+    static CString PathOf(const std::filesystem::path& native) { return ToWide(Utf8(native)); }
 
     std::filesystem::path m_path;
 };

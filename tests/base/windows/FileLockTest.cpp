@@ -1,70 +1,63 @@
-// Locks between programs. This program is run once more to be the other one.
+// Locks between programs, by LockFileEx.
 #include "tests/base/FileLockTest.h"
 
 #include <fstream>
 
-#include "base/windows/Windows.h"
-#include "tests/support/Process.h"
+#include "tests/support/OtherProcess.h"
 
 namespace {
 
-constexpr wchar_t kLock[] = L"DESIGNSPEC_TEST_LOCK";
-
-// Runs the test `Holder.Holds` of this program, which takes the lock and keeps it.
-class Holder {
-public:
-    explicit Holder(const CString& path)
-    {
-        SetEnvironmentVariableW(kLock, path.c_str());
-        wchar_t program[MAX_PATH];
-        GetModuleFileNameW(nullptr, program, MAX_PATH);
-        std::wstring line = L"\"" + std::wstring(program) + L"\" --gtest_filter=Holder.Holds";
-        STARTUPINFOW start{};
-        start.cb = sizeof start;
-        EXPECT_TRUE(CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr,
-                                   nullptr, &start, &m_process));
-        SetEnvironmentVariableW(kLock, nullptr);
-    }
-    ~Holder()
-    {
-        CloseHandle(m_process.hThread);
-        CloseHandle(m_process.hProcess);
-    }
-    Holder(const Holder&) = delete;
-    Holder& operator=(const Holder&) = delete;
-
-    void Kill()
-    {
-        EXPECT_TRUE(TerminateProcess(m_process.hProcess, 1));
-        WaitForSingleObject(m_process.hProcess, INFINITE);
-    }
-
-private:
-    PROCESS_INFORMATION m_process{};
-};
-
-} // namespace
-
-TEST(Holder, Holds)
+void Hold(const std::string& path)
 {
-    wchar_t path[MAX_PATH];
-    if (GetEnvironmentVariableW(kLock, path, MAX_PATH) == 0) return; // nobody's other program
     FileLock lock;
     Problems problems;
-    ASSERT_TRUE(lock.Take(path, 0ms, {}, problems));
+    if (!lock.Take(ToWide(path), 0ms, {}, problems)) return;
+    OtherProcess::Tell("holding");
     std::this_thread::sleep_for(60s);
 }
 
+// Takes the lock eighty times, and counts each time.
+void Count(const std::string& path)
+{
+    const std::filesystem::path counter(ToWide(path + "-count"));
+    for (int i = 0; i < 80; ++i) {
+        FileLock lock;
+        Problems problems;
+        if (!lock.Take(ToWide(path), 60s, {}, problems)) return;
+        int count = 0;
+        std::ifstream(counter) >> count;
+        std::ofstream(counter) << count + 1;
+    }
+    OtherProcess::Tell("done");
+}
+
+const OtherProcess::Part kHolding("holds a lock", Hold);
+const OtherProcess::Part kCounting("counts", Count);
+
+} // namespace
+
 TEST_F(FileLockTest, GoesWithTheProgramThatHoldsIt)
 {
-    Holder holder(m_path);
-    WaitForTheFile();
+    OtherProcess holder("holds a lock", ToUtf8(m_path));
+    ASSERT_EQ(holder.Line(), "holding");
     FileLock lock;
     EXPECT_FALSE(Take(lock));
     EXPECT_NE(m_problems.Text().find(L"base_test (进程 "), std::wstring::npos)
         << ToUtf8(m_problems.Text());
-    holder.Kill();
+    EXPECT_TRUE(holder.Kill());
     EXPECT_TRUE(Take(lock, 5s));
+}
+
+TEST_F(FileLockTest, LetsOneProgramInAtATime)
+{
+    OtherProcess one("counts", ToUtf8(m_path));
+    OtherProcess other("counts", ToUtf8(m_path));
+    EXPECT_EQ(one.Line(), "done");
+    EXPECT_EQ(other.Line(), "done");
+    int count = 0;
+    std::ifstream(m_folder.Native(".lock-count")) >> count;
+    EXPECT_EQ(count, 160);
+    EXPECT_FALSE(std::filesystem::exists(m_native));
 }
 
 TEST_F(FileLockTest, LetsOneThreadInAtATime)

@@ -1,10 +1,12 @@
 // Paths, names and attributes, as Windows has them.
 #include "tests/base/FileTest.h"
 
+#include <set>
 #include <thread>
 
 #include "base/windows/Windows.h"
 #include "base/windows/WindowsPath.h"
+#include "tests/support/OtherProcess.h"
 
 namespace {
 
@@ -16,6 +18,18 @@ std::wstring ShownName(const std::wstring& path)
     if (search != INVALID_HANDLE_VALUE) FindClose(search);
     return found.cFileName;
 }
+
+// Writes the file forty times, each time as much of another letter.
+void WriteOften(const std::string& task)
+{
+    Problems problems;
+    for (int i = 0; i < 40; ++i)
+        if (!WriteWholeFile(ToWide(task.substr(1)), std::string(200000, task[0]), problems))
+            OtherProcess::Tell(ToUtf8(problems.back().Text()));
+    OtherProcess::Tell("done");
+}
+
+const OtherProcess::Part kWriting("writes often", WriteOften);
 
 } // namespace
 
@@ -110,7 +124,9 @@ TEST_F(File, KeepsItsAttributesWhenItIsReplaced)
 {
     const CString path = m_folder.Write("a", "old");
     ASSERT_TRUE(SetFileAttributesW(WindowsPath(path).c_str(), FILE_ATTRIBUTE_HIDDEN));
+    ASSERT_TRUE(GetFileAttributesW(WindowsPath(path).c_str()) & FILE_ATTRIBUTE_HIDDEN);
     EXPECT_TRUE(WriteWholeFile(path, "new", m_problems));
+    EXPECT_TRUE(GetFileAttributesW(WindowsPath(path).c_str()) & FILE_ATTRIBUTE_HIDDEN);
     EXPECT_EQ(m_folder.Read("a"), "new");
     EXPECT_EQ(m_folder.Count(), 1);
     ExpectSilence();
@@ -129,6 +145,25 @@ TEST_F(File, IsReplacedOnceAnotherLetsGoOfIt)
     });
     EXPECT_TRUE(WriteWholeFile(path, "new", m_problems));
     EXPECT_EQ(m_folder.Read("a"), "new");
+    ExpectSilence();
+}
+
+// As the libraries of most languages open files, and as this one does.
+TEST_F(File, ThatIsBeingReadIsReplaced)
+{
+    const CString path = m_folder.Write("a", "old");
+    const HANDLE reader = CreateFileW(WindowsPath(path).c_str(), GENERIC_READ,
+                                      FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                      nullptr, OPEN_EXISTING, 0, nullptr);
+    ASSERT_NE(reader, INVALID_HANDLE_VALUE);
+    EXPECT_TRUE(WriteWholeFile(path, "new", m_problems));
+    EXPECT_EQ(m_folder.Read("a"), "new");
+    char bytes[4] = {};
+    DWORD got = 0;
+    EXPECT_TRUE(ReadFile(reader, bytes, 3, &got, nullptr));
+    EXPECT_STREQ(bytes, "old");
+    CloseHandle(reader);
+    EXPECT_EQ(m_folder.Count(), 1);
     ExpectSilence();
 }
 
@@ -176,4 +211,29 @@ TEST_F(File, HasASecondNameUntilItIsReplaced)
     EXPECT_TRUE(WriteWholeFile(a, "two", m_problems));
     EXPECT_EQ(m_folder.Read("b"), "one");
     ExpectSilence();
+}
+
+// Where it is open, there may be none of that name for a moment.
+TEST_F(File, ThatTwoProgramsReplaceIsReadWhole)
+{
+    const CString path = m_folder.Write("规范.hds", std::string(200000, 'a'));
+    OtherProcess one("writes often", "a" + ToUtf8(path));
+    OtherProcess other("writes often", "b" + ToUtf8(path));
+    std::set<char> seen;
+    std::jthread reader([&](const std::stop_token& over) {
+        while (!over.stop_requested()) {
+            std::string bytes;
+            Problems problems;
+            if (!ReadWholeFile(path, bytes, problems)) continue;
+            ASSERT_EQ(bytes.size(), 200000U);
+            ASSERT_EQ(bytes.find_first_not_of(bytes[0]), std::string::npos);
+            seen.insert(bytes[0]);
+        }
+    });
+    EXPECT_EQ(one.Line(), "done");
+    EXPECT_EQ(other.Line(), "done");
+    reader.request_stop();
+    reader.join();
+    EXPECT_EQ(seen, (std::set<char>{'a', 'b'}));
+    EXPECT_EQ(m_folder.Count(), 1);
 }

@@ -1,11 +1,26 @@
 // The command as a program for Windows.
 #include "tests/cli/CommandTest.h"
+#include "base/File.h"
 
 namespace {
 
 class WindowsCommand : public CommandTest {
 protected:
     WindowsCommand() { std::filesystem::create_directory(m_folder.Native("规范")); }
+    // The standard library takes names of devices for the devices, and cannot delete such files.
+    ~WindowsCommand() override
+    {
+        Problems problems;
+        for (const CString& folder : {m_folder.Path(), m_folder.Path(L"规范")})
+            for (const CString& file : FindFiles(folder, L".hds", problems))
+                DeleteFile(folder + L'/' + file, problems);
+        EXPECT_TRUE(problems.empty());
+    }
+
+    bool IsThere(const std::string& below) const
+    {
+        return PathFileExists(m_folder.Path(ToWide(below)));
+    }
 };
 
 } // namespace
@@ -31,11 +46,16 @@ TEST_F(WindowsCommand, KeepsNamesThatNoFileOfItsOwnCanHave)
 {
     for (const char* name : {"CON", "NUL", "com1.hds", "甲.", "乙 ."}) {
         New(name);
-        EXPECT_TRUE(m_folder.Has(FileOf(name))) << name;
+        EXPECT_TRUE(IsThere(FileOf(name))) << name;
     }
     EXPECT_EQ(Names().size(), 5U);
-    EXPECT_EQ(Done({"check"}), "未发现异常\n");
+    EXPECT_EQ(Call({"check"}).err, "designspec: 未发现异常\n");
+    EXPECT_EQ(Done({"rename", "NUL", "LPT1"}), "");
+    EXPECT_TRUE(IsThere(FileOf("LPT1")));
+    EXPECT_EQ(Call({"remove", "com1.hds"}).status, 0);
+    EXPECT_EQ(Done({"restore", "com1.hds"}), "");
     EXPECT_EQ(Done({"export", "NUL.hds", "CON"}), "");
+    EXPECT_TRUE(IsThere("NUL.hds"));
     EXPECT_EQ(Call({"--json", "diff", "NUL.hds", "CON"}).status, 0);
 }
 
@@ -47,14 +67,23 @@ TEST_F(WindowsCommand, RenamesByCaseAlone)
     EXPECT_EQ(Names(), std::vector<std::string>{"ROAD"});
     EXPECT_EQ(IdOf("ROAD"), id);
     EXPECT_EQ(FileOf("ROAD"), "规范/ROAD" + id + ".hds");
-    EXPECT_EQ(Done({"check"}), "未发现异常\n");
+    EXPECT_EQ(Call({"check"}).err, "designspec: 未发现异常\n");
+}
+
+TEST_F(WindowsCommand, RenamesByAnotherCaseAndLeavesNoOldFile)
+{
+    New("road");
+    EXPECT_EQ(Done({"rename", "ROAD", "street"}), "");
+    Problems problems;
+    EXPECT_EQ(FindFiles(m_folder.Path(L"规范"), L".hds", problems),
+              CStringArray{ToWide(FileOf("street")).substr(3)});
 }
 
 TEST_F(WindowsCommand, TakesPathsWithBackslashesAndDrives)
 {
     New("甲");
     const std::string project = m_folder.Native().string(); // C:\…
-    EXPECT_EQ(project[1], ':');
+    EXPECT_EQ(project.substr(1, 2), ":\\");
     const auto called = CallIn(m_folder.Native().parent_path(), {"--project", project, "list"});
     EXPECT_EQ(called.status, 0) << called.err;
     EXPECT_EQ(Done({"export", ".\\导出.hds", "甲"}), "");

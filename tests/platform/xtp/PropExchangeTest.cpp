@@ -2,12 +2,15 @@
 
 #include <algorithm>
 #include <ctime>
+#include <memory>
 
 #include <gtest/gtest.h>
-#include <sys/resource.h>
+#include <libxml/parser.h>
 
+#include "base/Encoding.h"
 #include "base/File.h"
 #include "base/Text.h"
+#include "tests/support/Memory.h"
 #include "tests/support/TemporaryFolder.h"
 
 using namespace designspec;
@@ -52,14 +55,16 @@ protected:
         EXPECT_TRUE(root.LoadFromFile(path.c_str())) << Told(root);
         EXPECT_EQ(ToUtf8(root.Attribute(L"n")), ToUtf8(name));
     }
-    // What xmllint says against the bytes; empty when they are well-formed.
-    std::string Complaint(const std::string& bytes)
+    // What another parser says against the bytes; empty when they are well-formed.
+    static std::string Complaint(const std::string& bytes)
     {
-        m_folder.Write("lint.xml", bytes);
-        const std::string command = "xmllint --noout '" + m_folder.Native("lint.xml").string() +
-                                    "' > '" + m_folder.Native("lint.txt").string() + "' 2>&1";
-        const int status = std::system(command.c_str());
-        return status == 0 ? "" : "xmllint: " + m_folder.Read("lint.txt");
+        xmlResetLastError();
+        const std::unique_ptr<xmlDoc, decltype(&xmlFreeDoc)> document(
+            xmlReadMemory(bytes.data(), static_cast<int>(bytes.size()), "a.xml", nullptr,
+                          XML_PARSE_NOERROR | XML_PARSE_NOWARNING),
+            xmlFreeDoc);
+        const xmlErrorPtr error = xmlGetLastError();
+        return error ? error->message : "";
     }
 
     // What the document's problems are, taken out of it.
@@ -74,15 +79,11 @@ protected:
     TemporaryFolder m_folder;
 };
 
-std::string Encoded(const char* encoding, const std::string& utf8)
+std::string Encoded(TextEncoding encoding, const std::string& utf8)
 {
-    const TemporaryFolder folder;
-    folder.Write("in", utf8);
-    const std::string command = "iconv -f UTF-8 -t "s + encoding + " '" +
-                                folder.Native("in").string() + "' > '" +
-                                folder.Native("out").string() + "'";
-    EXPECT_EQ(std::system(command.c_str()), 0);
-    return folder.Read("out");
+    std::string bytes;
+    EXPECT_TRUE(EncodeText(utf8, encoding, bytes));
+    return bytes;
 }
 
 // Processor time that the process has used since; unlike a clock on the wall it does not count what
@@ -90,14 +91,6 @@ std::string Encoded(const char* encoding, const std::string& utf8)
 double Seconds(std::clock_t since)
 {
     return static_cast<double>(std::clock() - since) / CLOCKS_PER_SEC;
-}
-
-// What the process has held in memory at most so far, in MiB.
-long PeakMemory()
-{
-    rusage usage = {};
-    getrusage(RUSAGE_SELF, &usage);
-    return usage.ru_maxrss / 1024;
 }
 
 } // namespace
@@ -272,7 +265,9 @@ TEST_F(PropExchange, WhatXmlForbidsBecomesAReplacementCharacter)
     CString text = L"a";
     for (wchar_t c = 1; c < 0x20; ++c)
         text.push_back(c);
-    text += CString(L"\0\xD800\xDC80\xDFFF\xFFFE\xFFFF\x110000z", 8);
+    text += CString(L"\0\xDC80\xDFFF\xFFFE\xFFFF\xD800", 6);
+    text.push_back(static_cast<wchar_t>(0x110000)); // of 16 bits, once more a NUL
+    text.push_back(L'z');
     CXTPPropExchangeXMLNode root(false, kRoot);
     for (const bool compact : {true, false}) {
         root.EnableCompactMode(compact);
@@ -509,8 +504,8 @@ TEST_F(PropExchange, LinesCountAlsoInWideAndChineseEncodings)
     const std::string text =
         "<StyleLibrary>\n<!-- 规范 -->\n\n<S\n a='甲'\n b='x'/></StyleLibrary>";
     for (const std::string& bytes :
-         {text, "\xFF\xFE" + Encoded("UTF-16LE", text),
-          Encoded("GB18030", "<?xml version='1.0' encoding='GBK'?>" + text)}) {
+         {text, "\xFF\xFE" + Encoded(TextEncoding::Utf16LE, text),
+          Encoded(TextEncoding::Gb18030, "<?xml version='1.0' encoding='GBK'?>" + text)}) {
         CXTPPropExchangeXMLNode root(true, kRoot);
         ASSERT_TRUE(root.LoadFromBytes(bytes, L"a")) << Told(root);
         CXTPPropExchange section = root.GetSection(L"S");
@@ -673,7 +668,8 @@ TEST_F(PropExchange, AReferenceToAnythingButACharacterIsRefused)
 
 TEST_F(PropExchange, BytesThatAreNotInTheEncodingAreToldWithTheirLine)
 {
-    const std::string gbk = Encoded("GBK", "<StyleLibrary>\n\n<a b='规范'/></StyleLibrary>");
+    const std::string gbk =
+        Encoded(TextEncoding::Gb18030, "<StyleLibrary>\n\n<a b='规范'/></StyleLibrary>");
     ExpectRefused(gbk, 3, L"内容不符合文件的编码");
     ExpectRefused("<?xml version='1.0' encoding='utf-8'?>" + gbk, 3, L"内容不符合文件的编码");
     ExpectRefused("<?xml version='1.0' encoding='GBK'?>\n<a b='\xFF'/>", 2,
@@ -819,14 +815,14 @@ TEST_F(PropExchange, ReadsEachEncoding)
     ExpectName("\xEF\xBB\xBF" + body, L"规范");
     ExpectName(declared("utf-8"), L"规范");
     for (const char* name : {"GB2312", "gbk", "GB18030"}) {
-        ExpectName(Encoded("GB18030", declared(name)), L"规范");
+        ExpectName(Encoded(TextEncoding::Gb18030, declared(name)), L"规范");
         ExpectName("\xEF\xBB\xBF" + declared(name), L"规范"); // the mark tells more than the name
     }
     for (const char* name : {"UTF-16", "UTF-8"}) {
-        ExpectName("\xFF\xFE" + Encoded("UTF-16LE", declared(name)), L"规范");
-        ExpectName("\xFE\xFF" + Encoded("UTF-16BE", declared(name)), L"规范");
-        ExpectName(Encoded("UTF-16LE", declared(name)), L"规范");
-        ExpectName(Encoded("UTF-16BE", declared(name)), L"规范");
+        ExpectName("\xFF\xFE" + Encoded(TextEncoding::Utf16LE, declared(name)), L"规范");
+        ExpectName("\xFE\xFF" + Encoded(TextEncoding::Utf16BE, declared(name)), L"规范");
+        ExpectName(Encoded(TextEncoding::Utf16LE, declared(name)), L"规范");
+        ExpectName(Encoded(TextEncoding::Utf16BE, declared(name)), L"规范");
     }
 }
 

@@ -77,7 +77,15 @@ ProcessResult RunProcess(const std::vector<std::string>& words, const std::files
 
 ProcessResult RunProcess(const std::vector<std::string>& words, const std::filesystem::path& folder)
 {
-    return RunProcess(words, folder, {});
+    return RunProcess(words, folder, std::function<void()>());
+}
+
+ProcessResult RunProcess(const std::vector<std::string>& words, const std::filesystem::path& folder,
+                         const std::filesystem::path& input)
+{
+    return RunProcess(words, folder, std::function<void()>([&] {
+                          dup2(open(input.c_str(), O_RDONLY | O_CLOEXEC), STDIN_FILENO);
+                      }));
 }
 
 void SetVariable(const char* name, const char* value)
@@ -86,4 +94,10 @@ void SetVariable(const char* name, const char* value)
         setenv(name, value, 1);
     else
         unsetenv(name);
+}
+
+std::string Variable(const char* name)
+{
+    const char* const value = getenv(name);
+    return value ? value : "";
 }

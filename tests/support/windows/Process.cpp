@@ -48,6 +48,15 @@ void ReadAll(HANDLE pipe, std::string& text)
 
 ProcessResult RunProcess(const std::vector<std::string>& words, const std::filesystem::path& folder)
 {
+    return RunProcess(words, folder, std::filesystem::path(L"NUL"));
+}
+
+ProcessResult RunProcess(const std::vector<std::string>& words, const std::filesystem::path& folder,
+                         const std::filesystem::path& input)
+{
+    SECURITY_ATTRIBUTES handedDown{sizeof handedDown, nullptr, TRUE};
+    const HANDLE in = CreateFileW(input.c_str(), GENERIC_READ, FILE_SHARE_READ, &handedDown,
+                                  OPEN_EXISTING, 0, nullptr);
     std::wstring line;
     for (const std::string& word : words)
         line += (line.empty() ? L"" : L" ") + Quoted(word);
@@ -56,12 +65,14 @@ ProcessResult RunProcess(const std::vector<std::string>& words, const std::files
     STARTUPINFOW start{};
     start.cb = sizeof start;
     start.dwFlags = STARTF_USESTDHANDLES;
+    start.hStdInput = in;
     start.hStdOutput = out.write;
     start.hStdError = err.write;
     PROCESS_INFORMATION process{};
     if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, folder.c_str(),
                         &start, &process))
         throw std::runtime_error("no process: " + words.front());
+    CloseHandle(in);
     CloseHandle(out.write);
     CloseHandle(err.write);
     ProcessResult result;
@@ -79,5 +90,11 @@ ProcessResult RunProcess(const std::vector<std::string>& words, const std::files
 
 void SetVariable(const char* name, const char* value)
 {
-    _putenv_s(name, value ? value : "");
+    _wputenv_s(ToWide(name).c_str(), value ? ToWide(value).c_str() : L"");
+}
+
+std::string Variable(const char* name)
+{
+    const wchar_t* const value = _wgetenv(ToWide(name).c_str());
+    return value ? ToUtf8(value) : "";
 }

@@ -44,7 +44,7 @@ protected:
     {
         const CString file = Format(L"%06d-%s-00000000000000aa-00000000000000bb-a.hds", number,
                                     CompactUtc(replaced));
-        m_folder.Write(Native(file).lexically_relative(m_folder.Native()).string(), "x");
+        m_folder.Write(Utf8(Native(file).lexically_relative(m_folder.Native())), "x");
     }
 
     const GUID m_id = CoCreateGuid();
@@ -112,7 +112,7 @@ TEST_F(StyleHistoryTest, DoesNotTakeItsWordForWhatAFileHolds)
 {
     EXPECT_TRUE(Keep("a", "b"));
     EXPECT_TRUE(Keep("b", "a"));
-    m_folder.Write(Native(Versions()[0].file).lexically_relative(m_folder.Native()).string(), "?");
+    m_folder.Write(Utf8(Native(Versions()[0].file).lexically_relative(m_folder.Native())), "?");
     EXPECT_TRUE(Keep("a", "c"));
     EXPECT_EQ(Contents(), (Strings{"?", "b", "a"}));
 }
