@@ -71,7 +71,8 @@ ProcessResult RunProcess(const std::vector<std::string>& words, const std::files
     PROCESS_INFORMATION process{};
     if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, folder.c_str(),
                         &start, &process))
-        throw std::runtime_error("no process: " + words.front());
+        throw std::runtime_error("no process: " + words.front() + ": error " +
+                                 std::to_string(GetLastError()));
     CloseHandle(in);
     CloseHandle(out.write);
     CloseHandle(err.write);
