@@ -100,7 +100,7 @@ CDesignSpecification* SpecificationList::Find(const wchar_t* wanted) const
 {
     const std::wstring_view name(wanted);
     // Going through a few is quicker than folding and hashing a name that stands there as it is.
-    constexpr size_t kFew = 12;
+    constexpr size_t kFew = 4;
     if (m_items.size() <= kFew)
         for (const auto& entry : m_items)
             if (entry->name->Folded() == name) return entry->item.get();
