@@ -138,12 +138,11 @@ public:
     CurveMaking(const CriterionInfo& criterion, const TableLayout& table)
         : m_criterion(criterion), m_table(table), m_form(FormOf(criterion))
     {
-        for (const Field& field : criterion.fields)
-            if (field.IsTable()) m_fields.push_back(&field);
         for (const Value& column : table.columns)
             m_columns.push_back(NumbersOf(column));
         for (const TableLayout::Line& line : table.lines)
             m_lines.push_back(NumbersOf(line.caption));
+        FindFields();
     }
 
     std::vector<CurveChart> Charts() const
@@ -157,25 +156,36 @@ public:
     }
 
 private:
-    // The field whose table a line is; null when nobody knows the caption.
-    const Field* FieldOf(std::size_t line) const
+    // The field whose table each line is; null when nobody knows the caption.
+    void FindFields()
     {
-        std::vector<CString> labels;
-        for (const Field* const field : m_fields)
-            labels.push_back(PageCaption(*field));
-        const CString& caption = m_table.lines[line].caption;
-        const int found = CaptionIndex(labels).Find(caption);
-        if (found >= 0) return m_fields[static_cast<std::size_t>(found)];
-        // A page whose frame says the rest.
+        std::vector<const Field*> tables;
+        std::vector<CString> captions;
+        for (const Field& field : m_criterion.fields)
+            if (field.IsTable()) {
+                tables.push_back(&field);
+                captions.push_back(PageCaption(field));
+            }
+        const CaptionIndex index(captions);
+        for (const TableLayout::Line& line : m_table.lines) {
+            const int found = index.Find(line.caption);
+            m_fields.push_back(found >= 0 ? tables[static_cast<std::size_t>(found)]
+                                          : FieldOfPart(tables, line.caption));
+        }
+    }
+
+    // The one of a page whose frame says the rest of the caption.
+    static const Field* FieldOfPart(const std::vector<const Field*>& tables, const CString& caption)
+    {
         const CString part = caption.substr(0, caption.find(L'('));
-        for (const Field* const field : m_fields)
+        for (const Field* const field : tables)
             if (CString(field->label).ends_with(part)) return field;
         return nullptr;
     }
 
     CurveAxis AxisUp(std::size_t curve) const
     {
-        const Field* const field = m_form.value ? m_form.value : FieldOf(curve);
+        const Field* const field = m_form.value ? m_form.value : m_fields[curve];
         if (!field) return {QuantityIn(m_criterion.label), {}};
         CurveAxis axis = AxisOf(*field);
         if (axis.quantity.empty()) axis.quantity = QuantityIn(m_criterion.label);
@@ -190,7 +200,7 @@ private:
         }
         const CString& caption = m_table.lines[curve].caption;
         if (m_form.key) return OutOfForm(*m_form.key, caption).value_or(caption);
-        const Field* const field = FieldOf(curve);
+        const Field* const field = m_fields[curve];
         return field ? CString(field->label) : caption;
     }
 
@@ -238,7 +248,7 @@ private:
     const CriterionInfo& m_criterion;
     const TableLayout& m_table;
     const Form m_form;
-    std::vector<const Field*> m_fields; // tables by speed
+    std::vector<const Field*> m_fields; // of each line
     std::vector<Numbers> m_columns, m_lines;
 };
 
