@@ -25,6 +25,14 @@ CString FileNameFor(const CDesignSpecification& specification)
     return FileNameFor(specification.Name(), specification.ID());
 }
 
+bool HasFileName(const CString& name, const CString& folder, Problems& problems)
+{
+    const CString problem = FileNameProblem(name);
+    if (problem.empty()) return true;
+    AddProblem(problems, Severity::Error, folder, 0, Format(L"“%s”无法保存: %s", name, problem));
+    return false;
+}
+
 } // namespace
 
 SpecificationFiles::SpecificationFiles(StyleFolder& files, const SpecificationList& list)
@@ -62,12 +70,7 @@ bool SpecificationFiles::Save(const CDesignSpecification& specification, Problem
 bool SpecificationFiles::Save(const CDesignSpecification& specification, const Saving& how,
                               Problems& problems)
 {
-    const CString name = specification.Name();
-    if (const CString problem = FileNameProblem(name); !problem.empty()) {
-        AddProblem(problems, Severity::Error, m_files.Path(), 0,
-                   Format(L"“%s”无法保存: %s", name, problem));
-        return false;
-    }
+    if (!HasFileName(specification.Name(), m_files.Path(), problems)) return false;
     const CString file = FileNameFor(specification);
     const auto held = Hold(problems);
     if (!held) return false;
@@ -77,6 +80,7 @@ bool SpecificationFiles::Save(const CDesignSpecification& specification, const S
         !how.oldFile.empty() &&
         IsSameFile(m_files.PathOf(how.oldFile), m_files.PathOf(file), problems).value_or(false);
     return MoveOthersOut(file, specification.ID(), problems) &&
+           PartFromOthers(specification.ID(), problems) &&
            (how.isKept || KeepOthers(isOld ? how.oldFile : file, problems)) &&
            Write(specification, how.oldFile, problems) &&
            SetOthersAside(specification.ID(), file, problems);
@@ -176,10 +180,23 @@ bool SpecificationFiles::MoveOthersOut(const CString& file, const GUID& id, Prob
         if (its == id || m_origins.HasElsewhere(its, file)) continue;
         const CDesignSpecification* other = m_list.Find(its);
         if (!other) continue;
-        if (!FileNameProblem(other->Name()).empty() || !Write(*other, {}, problems)) return false;
+        if (!HasFileName(other->Name(), m_files.Path(), problems) || !Write(*other, {}, problems))
+            return false;
         m_origins.Move(its, file, FileNameFor(*other));
     }
     return KeepUnread(file, id, problems);
+}
+
+// Nothing tells one without an identity from the others in its file: all get files of their own.
+// That may fail, and so comes before anything of it is written.
+bool SpecificationFiles::PartFromOthers(const GUID& id, Problems& problems)
+{
+    for (const Origin& origin : m_origins.Of(id)) {
+        if (origin.hasID) continue;
+        const auto there = m_files.Has(origin.file, problems);
+        if (!there || (*there && !MoveOthersOut(origin.file, id, problems))) return false;
+    }
+    return true;
 }
 
 // Takes out of a file's document that specification and those that stand in other files too.
@@ -227,15 +244,13 @@ bool SpecificationFiles::KeepUnread(const CString& file, const GUID& id, Problem
 
 // Setting aside
 
-// The file no longer holds the specification that was loaded from it.
+// The file no longer holds the specification that was loaded from it; one without an identity has
+// parted from the others there.
 bool SpecificationFiles::TakeFrom(const Origin& origin, Problems& problems)
 {
     const auto there = m_files.Has(origin.file, problems);
     if (!there || !*there) return there.has_value();
-    // Nothing tells one without an identity from the others there: all get files of their own.
-    if (!origin.hasID)
-        return MoveOthersOut(origin.file, origin.id, problems) &&
-               m_files.SetAside(origin.file, problems);
+    if (!origin.hasID) return m_files.SetAside(origin.file, problems);
     const auto held = m_files.Holds(origin.file, origin.id, problems);
     return held && (!*held || m_files.SetAside(origin.file, origin.id, problems));
 }
@@ -265,7 +280,8 @@ bool SpecificationFiles::SetAside(const CDesignSpecification& specification, Pro
     const GUID id = specification.ID();
     // The file that it was read from may give no identity to find it by.
     const std::vector<Origin> its = m_origins.Of(id);
-    const bool moved = its.empty() || TakeFrom(its.back(), problems);
+    const bool moved =
+        its.empty() || (PartFromOthers(id, problems) && TakeFrom(its.back(), problems));
     const bool done = m_files.SetAside(id, problems) && moved;
     if (done) m_origins.Remove(id);
     return done;

@@ -48,6 +48,7 @@ private:
     void FindStrangers(const GUID& id);
     bool KeepOthers(const CString& file, Problems& problems);
     bool MoveOthersOut(const CString& file, const GUID& id, Problems& problems);
+    bool PartFromOthers(const GUID& id, Problems& problems);
     void DropKept(const CXTPPropExchangeXMLNode& root, const CString& file, const GUID& id) const;
     bool KeepUnread(const CString& file, const GUID& id, Problems& problems);
     bool TakeFrom(const Origin& origin, Problems& problems);

@@ -87,6 +87,31 @@ TEST_F(SpecificationFolderTest, RenameFromANameThatNoFileCanBearSavesTheNewOne)
     EXPECT_EQ(Names(), L"b");
 }
 
+// Two stand in one file; that which has no identity can leave it only together with the other one.
+TEST_F(SpecificationFolderTest, OneWithoutAnIdentityIsNotSavedWhileTheOtherCannotBe)
+{
+    m_project.Write("规范/foo.hds", Envelope(Style("../a", kIdA, 3) + "<Style Name='b'/>"));
+    Reload();
+    const Outcome refused = Library().Folder().Save(At(1));
+    EXPECT_FALSE(refused.done);
+    ASSERT_EQ(refused.problems.size(), 1U);
+    EXPECT_EQ(refused.problems[0].severity, Severity::Error);
+    EXPECT_EQ(refused.problems[0].text,
+              L"“../a”无法保存: 名称含有路径分隔符、“..”或空字符,不能用作文件名");
+    EXPECT_EQ(Files(), 1);
+    EXPECT_FALSE(Library().Folder().Remove(At(1)).done);
+    EXPECT_EQ(Files(), 1);
+    EXPECT_EQ(Library().Count(), 2);
+
+    EXPECT_TRUE(Library().Folder().Rename(At(0), L"a").done);
+    EXPECT_TRUE(Library().Folder().Save(At(1)).done);
+    EXPECT_FALSE(m_project.Has("规范/foo.hds"));
+    EXPECT_EQ(Files(), 2);
+    Reload();
+    EXPECT_EQ(Library().Count(), 2);
+    EXPECT_EQ(MarkOf(L"a"), 3);
+}
+
 TEST_F(SpecificationFolderTest, ImportSavesTheNewAndTheOverwritten)
 {
     CDesignSpecification& kept = AddSaved(Make(L"kept", 1, kIdA));
