@@ -130,25 +130,34 @@ private:
     std::uint64_t m_sums[2];
 };
 
-// Folds a block of ASCII and of scripts without case, character by character; not 0 for one that
-// holds any other. No branch: the processor then takes several characters at a step.
-std::uint32_t FoldPlain(const wchar_t* block, wchar_t* folded)
+// Folds a block of ASCII and of scripts without case, character by character, and tells what it
+// met. No branch: the processor then takes several characters at a step.
+struct Met {
+    std::uint32_t others = 0; // not 0: another script, which is not folded so
+    std::uint32_t capitals = 0;
+};
+
+Met FoldPlain(const wchar_t* block, wchar_t* folded)
 {
     using Character = std::make_unsigned_t<wchar_t>;
     Character characters[kBlock]; // a copy: the two blocks could overlap
     std::memcpy(characters, block, sizeof characters);
     std::uint32_t others[kBlock];
+    std::uint32_t capitals[kBlock];
     for (size_t i = 0; i < kBlock; ++i) {
         const std::uint32_t c = characters[i];
         others[i] = std::uint32_t{c >= 0x80} &
                     std::uint32_t{c - kCaselessFirst > kCaselessLast - kCaselessFirst};
-        characters[i] = static_cast<Character>(c | (std::uint32_t{c - L'A' <= L'Z' - L'A'} << 5));
+        capitals[i] = std::uint32_t{c - L'A' <= L'Z' - L'A'} << 5;
+        characters[i] = static_cast<Character>(c | capitals[i]);
     }
     std::memcpy(folded, characters, sizeof characters);
-    std::uint32_t other = 0;
-    for (const std::uint32_t one : others)
-        other |= one;
-    return other;
+    Met met;
+    for (size_t i = 0; i < kBlock; ++i) {
+        met.others |= others[i];
+        met.capitals |= capitals[i];
+    }
+    return met;
 }
 
 std::wstring FoldAny(std::wstring_view text)
@@ -181,14 +190,17 @@ NoCaseText::NoCaseText(std::wstring_view text)
 bool NoCaseText::FoldIntoRoom(std::wstring_view text)
 {
     Sums sums(text.size());
-    std::uint32_t other = 0;
+    Met met;
     ForEachBlock(text, [&](const wchar_t* block, size_t at) {
-        other |= FoldPlain(block, m_room + at);
+        const Met inBlock = FoldPlain(block, m_room + at);
+        met.others |= inBlock.others;
+        met.capitals |= inBlock.capitals;
         sums.Take(m_room + at);
     });
-    m_folded = std::wstring_view(m_room, text.size());
+    // What was just written is slow to read: a text that stays as it is, is read where it stands.
+    m_folded = met.capitals == 0 ? text : std::wstring_view(m_room, text.size());
     m_hash = sums.Hash();
-    return other == 0;
+    return met.others == 0;
 }
 
 } // namespace designspec

@@ -11,7 +11,8 @@ int CompareNoCase(std::wstring_view a, std::wstring_view b);
 bool EqualNoCase(std::wstring_view a, std::wstring_view b);
 bool EndsInNoCase(std::wstring_view text, std::wstring_view ending);
 
-// A text to be looked for among keys, folded; nearly always without memory of its own.
+// A text to be looked for among keys, folded; nearly always without memory of its own. The text
+// outlives it.
 class NoCaseText {
 public:
     explicit NoCaseText(std::wstring_view text);
@@ -26,7 +27,7 @@ private:
 
     wchar_t m_room[64]; // for as many characters, each of which folds to one
     std::wstring m_more;
-    std::wstring_view m_folded; // in one of them
+    std::wstring_view m_folded; // in one of them, or the text itself
     size_t m_hash;
 };
 

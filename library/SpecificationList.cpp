@@ -96,14 +96,24 @@ CDesignSpecification* SpecificationList::FindLast(const GUID& id) const
     return found.IsEmpty() ? nullptr : found.All().back()->item.get();
 }
 
+namespace {
+
+// Names of one library often begin alike.
+bool IsSame(std::wstring_view a, std::wstring_view b)
+{
+    return a.size() == b.size() && (a.empty() || a.back() == b.back()) && a == b;
+}
+
+} // namespace
+
 CDesignSpecification* SpecificationList::Find(const wchar_t* wanted) const
 {
     const std::wstring_view name(wanted);
     // Going through a few is quicker than folding and hashing a name that stands there as it is.
-    constexpr size_t kFew = 4;
+    constexpr size_t kFew = 12;
     if (m_items.size() <= kFew)
         for (const auto& entry : m_items)
-            if (entry->name->Folded() == name) return entry->item.get();
+            if (IsSame(entry->name->Folded(), name)) return entry->item.get();
     return Called(NoCaseText(name)).First();
 }
 
