@@ -101,7 +101,7 @@ TEST_F(SpecificationFolderTest, OneWithoutAnIdentityIsNotSavedWhileTheOtherCanno
     EXPECT_EQ(Files(), 1);
     EXPECT_FALSE(Library().Folder().Remove(At(1)).done);
     EXPECT_EQ(Files(), 1);
-    EXPECT_EQ(Library().Count(), 2);
+    ASSERT_EQ(Library().Count(), 2);
 
     EXPECT_TRUE(Library().Folder().Rename(At(0), L"a").done);
     EXPECT_TRUE(Library().Folder().Save(At(1)).done);
