@@ -130,13 +130,14 @@ private:
     std::uint64_t m_sums[2];
 };
 
-// Folds a block of ASCII and of scripts without case, character by character, and tells what it
-// met. No branch: the processor then takes several characters at a step.
+// What is in a text; 0 where there is none.
 struct Met {
-    std::uint32_t others = 0; // not 0: another script, which is not folded so
+    std::uint32_t others = 0; // neither ASCII nor of a script without case
     std::uint32_t capitals = 0;
 };
 
+// Folds a block of ASCII and of scripts without case, character by character; others stay as they
+// are. No branch: the processor then takes several characters at a step.
 Met FoldPlain(const wchar_t* block, wchar_t* folded)
 {
     using Character = std::make_unsigned_t<wchar_t>;
