@@ -1,7 +1,5 @@
 #include "c/Handles.h"
 
-#include <mutex>
-
 namespace designspec {
 
 namespace {
@@ -25,7 +23,7 @@ Handles& Handles::All()
 
 void* Handles::Add(HandleKind kind, std::shared_ptr<void> object)
 {
-    const std::unique_lock lock(m_lock);
+    const std::lock_guard lock(m_lock);
     if (m_free.empty()) {
         m_free.reserve(m_slots.size() + 1); // so that giving back cannot fail
         m_slots.emplace_back();
@@ -52,14 +50,14 @@ const Handles::Slot* Handles::SlotOf(const void* handle, HandleKind kind) const
 
 std::shared_ptr<void> Handles::Find(const void* handle, HandleKind kind) const
 {
-    const std::shared_lock lock(m_lock);
+    const std::lock_guard lock(m_lock);
     const Slot* const slot = SlotOf(handle, kind);
     return slot ? slot->object : nullptr;
 }
 
 std::shared_ptr<void> Handles::Take(const void* handle, HandleKind kind)
 {
-    const std::unique_lock lock(m_lock);
+    const std::lock_guard lock(m_lock);
     if (!SlotOf(handle, kind)) return nullptr;
     const auto place = static_cast<std::uint32_t>((NumberOf(handle) & 0xFFFFFFFFU) - 1);
     m_free.push_back(place);

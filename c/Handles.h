@@ -5,7 +5,7 @@
 
 #include <cstdint>
 #include <memory>
-#include <shared_mutex>
+#include <mutex>
 #include <vector>
 
 namespace designspec {
@@ -34,7 +34,7 @@ private:
     // Null, or the slot that the handle stands for.
     const Slot* SlotOf(const void* handle, HandleKind kind) const;
 
-    mutable std::shared_mutex m_lock;
+    mutable std::mutex m_lock;
     std::vector<Slot> m_slots;
     std::vector<std::uint32_t> m_free;
 };

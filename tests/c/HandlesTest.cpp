@@ -1,5 +1,6 @@
 #include "c/Handles.h"
 
+#include <atomic>
 #include <set>
 #include <thread>
 
@@ -51,20 +52,40 @@ TEST(Handles, AreNothingElse)
     EXPECT_EQ(handles.Find(reinterpret_cast<void*>(std::uintptr_t{1}), kKind), nullptr);
 }
 
+// Adds, finds and takes, as long as it is told to; false when it meets another one's object.
+bool FindsItsOwn(Handles& handles, int mark, int times)
+{
+    for (int i = 0; i < times; ++i) {
+        void* const handle = handles.Add(kKind, std::make_shared<int>(mark));
+        const auto found = std::static_pointer_cast<int>(handles.Find(handle, kKind));
+        if (!found || *found != mark || handles.Take(handle, kKind) != found) return false;
+    }
+    return true;
+}
+
 TEST(Handles, ServeManyThreads)
 {
     Handles handles;
-    const auto work = [&handles](int mark) {
-        for (int i = 0; i < 2000; ++i) {
-            void* const handle = handles.Add(kKind, std::make_shared<int>(mark));
-            const auto found = std::static_pointer_cast<int>(handles.Find(handle, kKind));
-            if (!found || *found != mark) return ADD_FAILURE() << "another thread's";
-            handles.Take(handle, kKind);
-        }
-    };
     std::vector<std::jthread> threads;
     for (int mark = 0; mark < 4; ++mark)
-        threads.emplace_back(work, mark);
+        threads.emplace_back([&handles, mark] { EXPECT_TRUE(FindsItsOwn(handles, mark, 2000)); });
+}
+
+// A lock may set itself up when it is taken first.
+TEST(Handles, ServeThreadsThatComeFirstTogether)
+{
+    constexpr int kThreads = 4;
+    for (int round = 0; round < 100; ++round) {
+        Handles handles;
+        std::atomic<int> waiting = kThreads;
+        std::vector<std::jthread> threads;
+        for (int mark = 0; mark < kThreads; ++mark)
+            threads.emplace_back([&handles, &waiting, mark] {
+                for (--waiting; waiting > 0;)
+                    std::this_thread::yield();
+                EXPECT_TRUE(FindsItsOwn(handles, mark, 20));
+            });
+    }
 }
 
 } // namespace
