@@ -4,7 +4,6 @@
 #include "base/windows/Windows.h"
 #include "tests/cli/CommandTest.h"
 #include "tests/support/OtherProcess.h"
-#include "tests/support/windows/Begin.h"
 
 namespace {
 
@@ -78,7 +77,9 @@ void RunInConsole(const std::string& task)
     start.dwFlags = STARTF_USESTDHANDLES;
     start.hStdOutput = start.hStdError = screen;
     PROCESS_INFORMATION process{};
-    if (!BeginProcess(ToWide(line), 0, nullptr, start, process) ||
+    std::wstring wide = ToWide(line);
+    if (!CreateProcessW(nullptr, wide.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start,
+                        &process) ||
         WaitForSingleObject(process.hProcess, kPatience) != WAIT_OBJECT_0)
         return;
     DWORD status = 0;

@@ -2,7 +2,7 @@
 
 #include <stdexcept>
 
-#include "tests/support/windows/Begin.h"
+#include "base/windows/Windows.h"
 
 namespace {
 
@@ -50,12 +50,13 @@ void OtherProcess::Begin(void* console)
     SetHandleInformation(output, HANDLE_FLAG_INHERIT, 0);
     wchar_t program[MAX_PATH];
     GetModuleFileNameW(nullptr, program, MAX_PATH);
-    const std::wstring line = L"\"" + std::wstring(program) + L"\"";
+    std::wstring line = L"\"" + std::wstring(program) + L"\"";
     Surroundings around(console);
     around.Info().hStdOutput = said;
     around.Info().hStdError = GetStdHandle(STD_ERROR_HANDLE);
     PROCESS_INFORMATION process{};
-    if (!BeginProcess(line, EXTENDED_STARTUPINFO_PRESENT, nullptr, around.Info(), process))
+    if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, EXTENDED_STARTUPINFO_PRESENT,
+                        nullptr, nullptr, &around.Info(), &process))
         throw std::runtime_error("no process");
     CloseHandle(said);
     CloseHandle(process.hThread);

@@ -5,7 +5,7 @@
 #include <thread>
 
 #include "base/Text.h"
-#include "tests/support/windows/Begin.h"
+#include "base/windows/Windows.h"
 
 using namespace designspec;
 
@@ -69,7 +69,8 @@ ProcessResult RunProcess(const std::vector<std::string>& words, const std::files
     start.hStdOutput = out.write;
     start.hStdError = err.write;
     PROCESS_INFORMATION process{};
-    if (!BeginProcess(line, 0, folder.c_str(), start, process))
+    if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, folder.c_str(),
+                        &start, &process))
         throw std::runtime_error("no process: " + words.front() + ": error " +
                                  std::to_string(GetLastError()));
     CloseHandle(in);
