@@ -62,8 +62,9 @@ bool IsTemporary(int fd)
     return fs::read_symlink("/proc/self/fd/" + std::to_string(fd), error).extension() == ".tmp";
 }
 
-// While a call of ours makes calls of its own, those do not count.
-bool g_inside = false;
+// While a call of ours makes calls of its own, those do not count. Many files are read by several
+// threads.
+thread_local bool g_inside = false;
 class Inside {
 public:
     Inside() : m_before(std::exchange(g_inside, true)) {}
