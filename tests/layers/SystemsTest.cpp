@@ -80,7 +80,7 @@ TEST(Systems, AreCalledInTheirOwnFoldersOnly)
 // In MinGW's, threads that take it first at the same time are both let in, or wait for ever.
 TEST(Systems, ShareNoSharedMutex)
 {
-    EXPECT_EQ(SourcesWith(std::regex("\\bshared_(timed_)?mutex\\b")), Files());
+    EXPECT_EQ(SourcesBelow(kOnBoth, std::regex("\\bshared_(timed_)?mutex\\b")), Files());
 }
 
 // What Windows does not have in the sources of the desktop is what the page tells.
