@@ -70,8 +70,9 @@ keys() { xdotool key --clearmodifiers --delay 20 "$@"; }
 
 start_display() { # WIDTHxHEIGHT
     local number=$work/display
-    # It must not start anew whenever its only client, xdotool, has gone.
-    Xvfb -displayfd 3 -noreset -screen 0 "$1x24" -nolisten tcp 3>"$number" \
+    # It must not start anew whenever its only client, xdotool, has gone, nor repeat a key that is let
+    # go late, where the machine has much to do.
+    Xvfb -displayfd 3 -noreset -r -screen 0 "$1x24" -nolisten tcp 3>"$number" \
         >"$work/display.log" 2>&1 &
     display_server=$!
     wait_until 'the virtual display' test -s "$number"

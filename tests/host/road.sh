@@ -35,7 +35,7 @@ wait_until 'both windows with the file' \
     eval '[ "$(xdotool search --onlyvisible --name "^道路检核 — road.xml$" | wc -l)" = 2 ]'
 
 # From the first finding to its limit; neither window is in the way of the page.
-sleep 1
+sleep 3 # until the road is checked
 keys ctrl+f Tab Down Return
 to_window '^设计规范 - 城市道路 -- 查看模式$'
 keys Escape

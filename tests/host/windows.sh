@@ -87,7 +87,7 @@ keys alt+g End alt+s Home ctrl+Return
 wait_until 'taken' has_no_window '^从其他规范取值$'
 to_window "$editor"
 keys alt+z
-sleep 0.3 # a button that a key presses stays down for a moment
+sleep 1 # a button that a key presses stays down for a moment
 keys alt+f
 to_window '^从其他规范取值$'
 keys alt+g End alt+s Home ctrl+Return
