@@ -1,8 +1,52 @@
 #include "tests/base/FileLockTest.h"
 
+#include <array>
+#include <fstream>
+
 #include "base/Process.h"
+#include "tests/support/OtherProcess.h"
 
 namespace fs = std::filesystem;
+
+namespace {
+
+void HoldFor(const std::string& path, std::chrono::milliseconds time)
+{
+    FileLock lock;
+    Problems problems;
+    if (!lock.Take(ToWide(path), 0ms, {}, problems)) return;
+    OtherProcess::Tell("holding");
+    std::this_thread::sleep_for(time);
+}
+void Hold(const std::string& path)
+{
+    HoldFor(path, 1h);
+}
+void HoldForAMoment(const std::string& path)
+{
+    HoldFor(path, 100ms);
+}
+
+// Takes the lock forty times, and counts each time.
+void Count(const std::string& path)
+{
+    const fs::path counter(ToWide(path + "-count"));
+    for (int i = 0; i < 40; ++i) {
+        FileLock lock;
+        Problems problems;
+        if (!lock.Take(ToWide(path), 60s, {}, problems)) return;
+        int count = 0;
+        std::ifstream(counter) >> count;
+        std::ofstream(counter) << count + 1;
+    }
+    OtherProcess::Tell("done");
+}
+
+const OtherProcess::Part kHolding("holds a lock", Hold);
+const OtherProcess::Part kHoldingForAMoment("holds a lock for a moment", HoldForAMoment);
+const OtherProcess::Part kCounting("counts", Count);
+
+} // namespace
 
 TEST_F(FileLockTest, LeavesNothingBehind)
 {
@@ -51,4 +95,40 @@ TEST_F(FileLockTest, NeedsItsFolder)
     EXPECT_FALSE(lock.Take(m_folder.Path(L"none/.lock"), 0ms, {}, m_problems));
     ASSERT_EQ(m_problems.Lines().size(), 1U);
     EXPECT_EQ(m_problems.Lines()[0].text, L"无法加锁: 不存在");
+}
+
+TEST_F(FileLockTest, IsWaitedFor)
+{
+    OtherProcess holder("holds a lock for a moment", ToUtf8(m_path));
+    ASSERT_EQ(holder.Line(), "holding");
+    FileLock lock;
+    EXPECT_TRUE(Take(lock, 30s));
+    EXPECT_FALSE(holder.Line()) << "it has ended";
+    EXPECT_TRUE(fs::exists(m_native)) << "ours, not the one that the other has removed";
+}
+
+TEST_F(FileLockTest, GoesWithTheProgramThatHoldsIt)
+{
+    OtherProcess holder("holds a lock", ToUtf8(m_path));
+    ASSERT_EQ(holder.Line(), "holding");
+    FileLock lock;
+    EXPECT_FALSE(Take(lock));
+    EXPECT_NE(m_problems.Text().find(L"base_test (进程 "), std::wstring::npos)
+        << ToUtf8(m_problems.Text());
+    EXPECT_TRUE(holder.Kill());
+    EXPECT_TRUE(fs::exists(m_native));
+    EXPECT_TRUE(Take(lock, 5s)); // Windows lets go of it a little later
+}
+
+TEST_F(FileLockTest, LetsOneProgramInAtATime)
+{
+    std::array<std::unique_ptr<OtherProcess>, 4> programs;
+    for (auto& program : programs)
+        program = std::make_unique<OtherProcess>("counts", ToUtf8(m_path));
+    for (auto& program : programs)
+        EXPECT_EQ(program->Line(), "done");
+    int count = 0;
+    std::ifstream(m_folder.Native(".lock-count")) >> count;
+    EXPECT_EQ(count, 160);
+    EXPECT_FALSE(fs::exists(m_native));
 }

@@ -21,12 +21,6 @@ protected:
         return lock.Take(m_path, patience, notice, m_problems);
     }
 
-    void WaitForTheFile() const
-    {
-        while (!std::filesystem::exists(m_native) || std::filesystem::file_size(m_native) == 0)
-            std::this_thread::sleep_for(1ms);
-    }
-
     TemporaryFolder m_folder;
     CString m_path = m_folder.Path(L".lock");
     std::filesystem::path m_native = m_folder.Native(".lock");

@@ -1,5 +1,6 @@
 #include "tests/support/OtherProcess.h"
 
+#include <cerrno>
 #include <csignal>
 #include <stdexcept>
 
@@ -15,7 +16,7 @@ void OtherProcess::Begin(void*)
     if (process < 0) throw std::runtime_error("no process");
     if (process == 0) {
         dup2(ends[1], STDOUT_FILENO);
-        execl("/proc/self/exe", "other", nullptr);
+        execl("/proc/self/exe", program_invocation_name, nullptr);
         _exit(127);
     }
     close(ends[1]);
