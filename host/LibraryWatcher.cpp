@@ -118,15 +118,15 @@ void LibraryWatcher::Check()
 }
 
 // Before the files are looked at, so that no change is missed between. What is watched is the
-// folder itself, wherever it is moved, and not its place.
+// folder itself, wherever it is moved, and not its place; a new one there can have the number of
+// the one before.
 void LibraryWatcher::FindFolder()
 {
-    const auto before = m_folderStamp;
     m_folderStamp = FolderStamp();
-    if (before && m_folderStamp && before->inode == m_folderStamp->inode && m_watch >= 0) return;
-    if (m_watch >= 0) inotify_rm_watch(m_events, m_watch);
-    m_watch =
+    const int watch =
         m_folderStamp ? inotify_add_watch(m_events, NativePath(m_folder).c_str(), kEvents) : -1;
+    if (m_watch >= 0 && m_watch != watch) inotify_rm_watch(m_events, m_watch);
+    m_watch = watch;
 }
 
 // What differs from what is known. A file that this process has left as it is becomes known.

@@ -212,6 +212,21 @@ TEST_F(HostWindowTest, AFolderThatWasRemovedAndMadeAgainIsWatchedOn)
     EXPECT_EQ(Listed(), (CStringArray{L"b", L"c"}));
 }
 
+// Which the file system may give the number of the one before.
+TEST_F(HostWindowTest, AFolderThatIsMadeAgainAtOnceIsWatchedOn)
+{
+    Have({L"a"});
+    const std::string file = ToUtf8(FilesIn("规范").front());
+    const std::string bytes = project.Read("规范/" + file);
+    Start();
+    std::filesystem::remove_all(project.Native("规范"));
+    Outside(file.c_str(), bytes);
+    Settle();
+    Key(Qt::Key_F5);
+    Outside(file.c_str(), bytes + "\n");
+    EXPECT_TRUE(WaitForBar(ControlId::ChangeBar)) << "in place, without a change of the folder";
+}
+
 TEST_F(HostWindowTest, AProjectThatIsMovedAwayIsTold)
 {
     Have({L"a"});
