@@ -8,8 +8,9 @@ to_window() { # TITLE
     local window
     wait_until "window '$1'" find_window "$1"
     is_active() { [ "$(xdotool getactivewindow 2>/dev/null)" = "$window" ]; }
-    is_active || xdotool windowactivate "$window"
-    wait_until "'$1' active" is_active
+    # Asked again: the manager may not know a new window yet.
+    become_active() { is_active || { xdotool windowactivate "$window" && is_active; }; }
+    wait_until "'$1' active" become_active
     wait_until "the keyboard in '$1'" has_focus "$window"
 }
 
@@ -42,3 +43,17 @@ is_on_the_screen() {
 }
 # The window manager takes a moment.
 expect_on_the_screen() { wait_until "'$1' on the screen" is_on_the_screen "$1"; }
+
+# is_over TITLE OWNER: its middle is near that of its owner.
+is_over() {
+    local middle
+    place "$(window_of "$2")"
+    middle=$((X + WIDTH / 2))
+    place "$(window_of "$1")"
+    middle=$((X + WIDTH / 2 - middle))
+    [ "${middle#-}" -le 60 ]
+}
+expect_over() {
+    expect_on_the_screen "$1"
+    wait_until "'$1' over its owner" is_over "$1" "$2"
+}

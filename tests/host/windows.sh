@@ -17,16 +17,6 @@ radius() { designspec query CircularCurveRad.SuperelevationMinRad --spec "$1" --
 radius_is() { [ "$(radius "$1")" = "$2" ]; }
 expect_radius() { wait_until "radius of $1 = $2" radius_is "$1" "$2"; }
 
-# expect_over TITLE OWNER: its middle is near that of its owner.
-expect_over() {
-    local middle
-    expect_on_the_screen "$1"
-    place "$(window_of "$2")"
-    middle=$((X + WIDTH / 2))
-    place "$(window_of "$1")"
-    near=$((X + WIDTH / 2 - middle))
-    [ "${near#-}" -le 60 ] || fail "'$1' is $near pixels beside its owner"
-}
 expect_closed() { # TITLE OWNER
     wait_until "'$1' closed" has_no_window "$1"
     to_window "$2"
