@@ -2,6 +2,7 @@
 
 #include <array>
 #include <fstream>
+#include <memory>
 
 #include "base/Process.h"
 #include "tests/support/OtherProcess.h"
