@@ -7,6 +7,8 @@
 #include <QMenuBar>
 #include <QPushButton>
 
+#include <sys/stat.h>
+
 #include "base/Text.h"
 #include "host/ProjectFolders.h"
 #include "platform/arx/Documents.h"
@@ -212,14 +214,26 @@ TEST_F(HostWindowTest, AFolderThatWasRemovedAndMadeAgainIsWatchedOn)
     EXPECT_EQ(Listed(), (CStringArray{L"b", L"c"}));
 }
 
-// Which the file system may give the number of the one before.
+// It may be given the number of the one before; here it is, where the file system does that at all.
 TEST_F(HostWindowTest, AFolderThatIsMadeAgainAtOnceIsWatchedOn)
 {
     Have({L"a"});
     const std::string file = ToUtf8(FilesIn("规范").front());
     const std::string bytes = project.Read("规范/" + file);
+    const std::filesystem::path folder = project.Native("规范");
+    const auto numberOf = [](const std::filesystem::path& path) {
+        struct stat status = {};
+        return stat(path.c_str(), &status) == 0 ? status.st_ino : 0;
+    };
+    const ino_t before = numberOf(folder);
     Start();
-    std::filesystem::remove_all(project.Native("规范"));
+    std::filesystem::remove_all(folder);
+    std::filesystem::path made;
+    for (int i = 0; i < 1000 && numberOf(made) != before; ++i) {
+        made = project.Native(std::to_string(i));
+        std::filesystem::create_directory(made);
+    }
+    std::filesystem::rename(made, folder);
     Outside(file.c_str(), bytes);
     Settle();
     Key(Qt::Key_F5);
