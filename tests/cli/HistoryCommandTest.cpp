@@ -1,5 +1,7 @@
 #include <algorithm>
 
+#include "base/Moment.h"
+#include "base/Text.h"
 #include "tests/cli/CommandTest.h"
 
 namespace fs = std::filesystem;
@@ -110,20 +112,22 @@ TEST_F(HistoryCommand, RestoresANumberOrATime)
 {
     EXPECT_EQ(Done({"restore", "城市", "--version", "1"}), "");
     EXPECT_EQ(Length(), "20\n");
-    // As if the first change had been made in May, and the second one in July.
+    // As if the changes had been made seven, five and three months ago.
     for (const std::string& file : Files()) {
-        const std::string time = file.substr(0, 6) == "000001"   ? "20260510T080000Z"
-                                 : file.substr(0, 6) == "000002" ? "20260710T080000Z"
-                                                                 : "20260910T080000Z";
+        const int months = 9 - 2 * std::stoi(file.substr(0, 6));
+        const std::string time = ToUtf8(CompactUtc(MonthsBefore(Now(), months)));
         fs::rename(
             m_folder.Native("规范/历史/" + m_id + "/" + file),
             m_folder.Native("规范/历史/" + m_id + "/" + Replaced(file, file.substr(7, 16), time)));
     }
-    EXPECT_EQ(Done({"restore", "城市", "--version", "2026-06-01"}), "");
+    const auto time = [](int monthsAgo, const std::string& as) {
+        return ToUtf8(LocalTime(MonthsBefore(Now(), monthsAgo))).substr(0, as.size());
+    };
+    EXPECT_EQ(Done({"restore", "城市", "--version", time(6, "2026-05-23")}), "");
     EXPECT_EQ(Length(), "21\n");
-    EXPECT_EQ(Done({"restore", "城市", "--version", "2026-08-01 12:00"}), "");
+    EXPECT_EQ(Done({"restore", "城市", "--version", time(4, "2026-07-23 12:00")}), "");
     EXPECT_EQ(Length(), "22\n");
-    EXPECT_EQ(Done({"restore", "城市", "--version", "2026-05-01 12:00:30"}), "");
+    EXPECT_EQ(Done({"restore", "城市", "--version", time(8, "2026-03-23 12:00:30")}), "");
     EXPECT_EQ(Length(), "20\n");
     Fails(2, "没有版本“99”。可选:\n  ", {"restore", "城市", "--version", "99"});
     Fails(2, "没有版本“2999-01-01”", {"restore", "城市", "--version", "2999-01-01"});
